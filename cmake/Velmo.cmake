@@ -1,0 +1,85 @@
+# How every floor, test executable and tool of the project is built: one place for flags and conventions.
+
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE_PROGRAM})
+endif()
+find_program(MOLD_PROGRAM mold)
+if(MOLD_PROGRAM AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  add_link_options(-fuse-ld=mold)
+endif()
+
+add_library(velmo_options INTERFACE)
+target_compile_options(velmo_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+                                               -Werror -fno-strict-overflow)
+target_compile_definitions(velmo_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_USE_QSTRINGBUILDER)
+if(VELMO_SANITIZE)
+  target_compile_options(velmo_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                 -fno-omit-frame-pointer)
+  target_link_options(velmo_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+set(VELMO_STD_PCH <algorithm> <array> <chrono> <functional> <map> <memory> <optional> <span> <string> <string_view>
+                  <unordered_map> <utility> <variant> <vector>)
+set(VELMO_QT_PCH ${VELMO_STD_PCH} <QtCore/QtCore> <QtWidgets/QtWidgets>)
+
+# velmo_library(<folder> [WIDGETS] DEPENDS <targets...>): the static library velmo_<folder> from every .cpp of the
+# current folder and those below it that have no CMakeLists.txt of their own.
+function(velmo_library name)
+  cmake_parse_arguments(LIB "WIDGETS" "" "DEPENDS;SUBFOLDERS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h *.qrc)
+  foreach(folder ${LIB_SUBFOLDERS})
+    file(GLOB more CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
+    list(APPEND sources ${more})
+  endforeach()
+  if(NOT sources)
+    add_library(velmo_${name} INTERFACE)
+    target_link_libraries(velmo_${name} INTERFACE ${LIB_DEPENDS})
+    return()
+  endif()
+  add_library(velmo_${name} STATIC ${sources})
+  set_target_properties(velmo_${name} PROPERTIES LINKER_LANGUAGE CXX)
+  target_link_libraries(velmo_${name} PUBLIC ${LIB_DEPENDS} PRIVATE velmo_options)
+  # A floor is included by its folder's name: "text/format.h". The forwarding folder holds only that one name, so that
+  # a target sees the floors it links and no others.
+  set(view ${CMAKE_BINARY_DIR}/floors/${name})
+  file(MAKE_DIRECTORY ${view})
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${view}/${name} SYMBOLIC)
+  target_include_directories(velmo_${name} PUBLIC ${view})
+  if(LIB_WIDGETS)
+    target_link_libraries(velmo_${name} PUBLIC Qt6::Widgets)
+    target_precompile_headers(velmo_${name} PRIVATE ${VELMO_QT_PCH})
+  else()
+    target_precompile_headers(velmo_${name} PRIVATE ${VELMO_STD_PCH})
+  endif()
+endfunction()
+
+# velmo_tests(<folder> [WIDGETS] DEPENDS <targets...>): the executable <folder>_tests from tests/<folder>/*.cpp,
+# offscreen when it shows widgets.
+function(velmo_tests name)
+  cmake_parse_arguments(TST "WIDGETS" "" "DEPENDS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${name}/*.cpp ${name}/*.h)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name}_tests ${sources})
+  target_link_libraries(${name}_tests PRIVATE ${TST_DEPENDS} velmo_options GTest::gmock)
+  target_include_directories(${name}_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_compile_definitions(${name}_tests PRIVATE VELMO_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/${name}")
+  if(TST_WIDGETS)
+    target_sources(${name}_tests PRIVATE support/widgets_main.cpp)
+    target_link_libraries(${name}_tests PRIVATE Qt6::Widgets)
+    target_precompile_headers(${name}_tests PRIVATE ${VELMO_QT_PCH} <gtest/gtest.h>)
+  else()
+    target_link_libraries(${name}_tests PRIVATE GTest::gtest_main)
+    target_precompile_headers(${name}_tests PRIVATE ${VELMO_STD_PCH} <gtest/gtest.h>)
+  endif()
+  include(GoogleTest)
+  gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST
+                       PROPERTIES TIMEOUT 600 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+endfunction()

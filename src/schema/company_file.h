@@ -1,0 +1,23 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "text/date_time.h"
+
+namespace velmo::schema {
+
+// The two fixed connection strings of the program; the paths in them are relative to the program's folder.
+extern const char* const plainConnectionString;
+extern const char* const shapeConnectionString;
+
+// The program's folder: the current directory when it holds "Uninstall", otherwise "velmo" in the user's data folder
+// (XDG_DATA_HOME), made when missing.
+std::filesystem::path programFolder();
+
+// Makes the file that the connection string names when it is missing, with the schema and the first rows of an empty
+// company whose financial year holds `today`; upgrades an older file on a verified copy. Leaves any other file as it
+// is. Throws store::StoreError with a sentence for the user.
+void prepareCompanyFile(const std::string& connectionString, const text::DateTime& now);
+
+}  // namespace velmo::schema

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "store/catalog.h"
+#include "store/error.h"
+#include "store/value.h"
+
+struct sqlite3;
+
+namespace velmo::store {
+
+// One open database file. Everything that is particular to SQLite stands here and in the emitter of statements.
+// Not for use from several threads at once.
+class Connection {
+ public:
+  explicit Connection(const Catalog& catalog);
+  ~Connection();
+  Connection(Connection&&) noexcept;
+  Connection& operator=(Connection&&) noexcept;
+
+  // Opens the file that a connection string names ("Provider=...;Data Source=Uninstall\Uninstall.MDB;...;Jet OLEDB:
+  // Database Password=..."), relative to the current directory, and verifies its password. Throws StoreError and
+  // leaves the file untouched when it is damaged, foreign, newer or closed to us.
+  void open(std::string_view connectionString);
+  void close();
+  bool isOpen() const;
+
+  // Runs an INSERT, UPDATE or DELETE of the dialect and returns the number of rows written.
+  std::int64_t execute(std::string_view statement);
+
+  // Everything between the construction and commit() is one durable change; leaving the scope without commit() undoes
+  // it. Recordsets that were written to inside take back their pending state with it. Scopes do not nest.
+  class Transaction {
+   public:
+    explicit Transaction(Connection& connection);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void commit();
+
+   private:
+    Connection* connection_;
+    bool open_ = true;
+  };
+
+  const Catalog& catalog() const;
+  sqlite3* handle() const;  // for the store's own files, benchmarks and tests
+
+  struct Impl;
+  Impl& impl() const { return *impl_; }
+
+ private:
+  std::unique_ptr<Impl> impl_;
+};
+
+// A typed text as a literal of a statement: quotes doubled, in single quotes. Wildcards stay wildcards.
+std::string quoted(std::string_view text);
+// #11-22-2026#, whatever the locale.
+std::string dateLiteral(const text::DateTime& date);
+
+}  // namespace velmo::store

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/catalog.h"
+#include "store/connection.h"
+#include "store/value.h"
+
+namespace velmo::store {
+
+enum class LockType { ReadOnly, Optimistic, BatchOptimistic };
+
+// AsNeeded keeps no copy of a large single-table list: the cursor walks it by key and reads rows when they are looked
+// at. A statement that cannot be walked so is read whole.
+enum class Fetch { All, AsNeeded };
+
+enum class SearchFrom { CurrentRow, NextRow };
+
+// Stable for the life of a row, shared by all clones; survives sorting and filtering.
+using Bookmark = std::int64_t;
+
+struct FieldInfo {
+  std::string name;
+  ColumnType type = ColumnType::Text;
+  bool readOnly = false;
+  bool chapter = false;
+};
+
+struct FieldValue {
+  std::string_view name;
+  Value value;
+};
+
+// A cursor (order, filter, position) over shared rows: the result of a statement, held at the client, edited row by row
+// or as a batch. Copies of a Recordset object are the same cursor; clone() makes another cursor over the same rows.
+// Field names are case-insensitive. Every operation throws StoreError on failure; reading or writing without a current
+// row is ErrorKind::Misuse.
+class Recordset {
+ public:
+  Recordset();
+  Recordset(Connection& connection, std::string_view statement, LockType lock = LockType::Optimistic,
+            Fetch fetch = Fetch::All);
+
+  void open(Connection& connection, std::string_view statement, LockType lock = LockType::Optimistic,
+            Fetch fetch = Fetch::All);
+  // A "SHAPE {...} APPEND ({...} RELATE a TO b) AS c" statement: a read-only hierarchy, see chapter().
+  void openShape(Connection& connection, std::string_view shapeStatement);
+  void close();
+  bool isOpen() const;
+  // Reads the statement again: first row, new rows appear, the sort and filter are kept.
+  void requery();
+
+  // Position. The cursor stands on a row, before the first (bof) or behind the last (eof); on an empty set both hold.
+  bool bof() const;
+  bool eof() const;
+  bool isEmpty() const;
+  void moveFirst();
+  void moveLast();
+  void moveNext();
+  void movePrevious();
+  std::int64_t recordCount() const;           // of the rows that pass the filter
+  std::int64_t position() const;              // 0-based in the present order; -1 without a current row
+  void moveTo(std::int64_t position);
+  Bookmark bookmark() const;
+  void setBookmark(Bookmark row);
+
+  // One criterion "column op literal" (= <> < <= > >= like), searched forward; a miss leaves the cursor at eof.
+  bool find(std::string_view criterion, SearchFrom from = SearchFrom::CurrentRow);
+  void setFilter(std::string_view conditions);  // "" for none; moves to the first match
+  void setSort(std::string_view columns);       // "docno asc, trandate desc"; "" restores the statement's order
+  std::string sort() const;
+  Recordset clone() const;                      // no filter, stands on the first row
+
+  // Fields of the current row.
+  const std::vector<FieldInfo>& fields() const;
+  int fieldIndex(std::string_view name) const;  // -1 when absent
+  Value value(std::string_view name) const;
+  std::string text(std::string_view name) const;       // textOf(value)
+  double number(std::string_view name) const;          // numberOf(value)
+  std::int64_t integer(std::string_view name) const;   // integerOf(value)
+  bool yes(std::string_view name) const;
+  text::DateTime date(std::string_view name) const;
+
+  // Fields of any row, for item views: no movement of the cursor. Positions are of the present order.
+  Value valueAt(std::int64_t position, int field) const;
+  Bookmark bookmarkAt(std::int64_t position) const;
+
+  // Writing. A value that does not fit its column is ErrorKind::Value and changes nothing. Optimistic locks write at
+  // update(); batches keep rows pending until updateBatch(), which writes all of them or none in one transaction.
+  void set(std::string_view name, const Value& value);
+  void setAt(std::int64_t position, int field, const Value& value);
+  void addNew();                                               // a blank current row at the end
+  void addNew(std::span<const FieldValue> values);             // inserted at once unless in a batch
+  void addNew(std::initializer_list<FieldValue> values) { addNew(std::span(values.begin(), values.size())); }
+  void update();
+  void update(std::span<const FieldValue> values);
+  void update(std::initializer_list<FieldValue> values) { update(std::span(values.begin(), values.size())); }
+  void cancelUpdate();
+  void remove();        // deletes the current row; it stays current but unreadable until a move
+  void updateBatch();
+  void cancelBatch();
+  bool isEditing() const;
+
+  // The child rows of the current row of a hierarchy, by the chapter's name; empty when it has none.
+  Recordset chapter(std::string_view name) const;
+
+  struct Impl;
+
+ private:
+  explicit Recordset(std::shared_ptr<Impl> impl);
+  std::shared_ptr<Impl> impl_;
+};
+
+}  // namespace velmo::store
