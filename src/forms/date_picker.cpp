@@ -1,0 +1,66 @@
+#include "forms/date_picker.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+#include <QWheelEvent>
+
+#include "forms/look.h"
+
+namespace velmo::forms {
+
+QDate toQDate(const text::DateTime& day) {
+  const text::DateTime::Calendar parts = day.calendar();
+  return QDate(parts.year, parts.month, parts.dayOfMonth);
+}
+
+text::DateTime fromQDate(const QDate& day) {
+  return text::DateTime::fromCalendar(day.year(), day.month(), day.day());
+}
+
+DatePicker::DatePicker(QWidget* parent) : QDateEdit(parent) {
+  setDisplayFormat(QStringLiteral("dd-MM-yyyy"));
+  setCalendarPopup(true);
+  setFont(figureFont());
+  setDateRange(QDate(1753, 1, 1), QDate(9999, 12, 31));
+  calendarWidget()->setFirstDayOfWeek(Qt::Monday);
+  calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+}
+
+text::DateTime DatePicker::day() const {
+  return fromQDate(date());
+}
+
+void DatePicker::setDay(const text::DateTime& day) {
+  setDate(toQDate(day));
+}
+
+// The calendar opens by a press on the arrow only; the keyboard makes that press.
+void DatePicker::keyPressEvent(QKeyEvent* event) {
+  const bool opensCalendar = (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier)) ||
+                             (event->key() == Qt::Key_F4 && event->modifiers() == Qt::NoModifier);
+  if (!opensCalendar) {
+    QDateEdit::keyPressEvent(event);
+    return;
+  }
+  QStyleOptionComboBox option;
+  option.initFrom(this);
+  option.editable = true;
+  const QRect arrow = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
+  QMouseEvent press(QEvent::MouseButtonPress, arrow.center(), mapToGlobal(arrow.center()), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(this, &press);
+}
+
+// Scrolling a screen past the box must not change its date.
+void DatePicker::wheelEvent(QWheelEvent* event) {
+  if (hasFocus())
+    QDateEdit::wheelEvent(event);
+  else
+    event->ignore();
+}
+
+}  // namespace velmo::forms

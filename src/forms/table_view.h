@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QTableView>
+
+namespace velmo::forms {
+
+class RecordsetModel;
+
+// A list to pick a row from: whole rows are selected, Enter and double click pick, Home and End go to the first and the
+// last row.
+class TableView : public QTableView {
+  Q_OBJECT
+
+ public:
+  explicit TableView(QWidget* parent = nullptr);
+
+  // Shows the model with the widths that its columns declare; the widest takes the room that is left.
+  void showModel(RecordsetModel& model);
+
+ Q_SIGNALS:
+  void picked(const QModelIndex& index);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+};
+
+// Row height, header, quiet stripes and grid of every table of the program.
+void dressTable(QTableView& table);
+
+}  // namespace velmo::forms
