@@ -24,7 +24,7 @@ double amountFrom(std::string_view text);
 
 // Half to even in decimal digits of the double, as the store's Round, CInt and CLng do.
 double roundHalfEven(double value, int digits = 0);
-double wholePart(double value);      // towards minus infinity
-double truncated(double value);      // towards zero
+double wholePart(double value);  // towards minus infinity
+double truncated(double value);  // towards zero
 
 }  // namespace velmo::text
