@@ -4,7 +4,8 @@
 
 namespace velmo::text {
 
-// English words of an amount of zero or more, with hundredths: "one thousand, two hundred thirty-four and 50/100".
+// English words of an amount with hundredths: "one thousand, two hundred thirty-four and 50/100". The whole part stands
+// in figures from a thousand trillions on; a negative amount is "minus " and the words of its size.
 std::string AmountInWords(double amount);
 
 }  // namespace velmo::text
