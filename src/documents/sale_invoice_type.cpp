@@ -1,0 +1,162 @@
+#include "documents/sale_invoice_type.h"
+
+#include "documents/find_sales_simple.h"
+#include "store/connection.h"
+#include "store/value.h"
+#include "text/number.h"
+
+namespace velmo::documents {
+
+namespace {
+
+using frame::above;
+using frame::below;
+using frame::DocumentValues;
+using frame::Figure;
+using frame::figureOf;
+using frame::HeaderRow;
+using frame::minus;
+using frame::Narration;
+using frame::PostedAccount;
+using frame::SaveSituation;
+
+constexpr std::string_view pointOfSale = "0";  // of InvTypeList
+
+bool toWalkIn(const DocumentValues& values) {
+  return values.PartyCodeTxt == "12001001";
+}
+bool leavesBalance(const DocumentValues& values) {
+  return values.totals.Balance != "0.00";
+}
+
+std::vector<frame::DocumentField> fields() {
+  using enum frame::FieldKind;
+  using enum frame::FieldPlace;
+  return {
+      {.name = "InvTypeList",
+       .column = "Text12",
+       .label = "Invoice Type",
+       .kind = Choice,
+       .place = Head,
+       .choices = {"P.O.S. Invoice", "Sale Invoice", "Service Invoice"},
+       .initial = "1"},
+      {.name = "D1", .column = "D1", .label = "Purchase Order No."},
+      {.name = "D1Dt", .column = "D1Date", .label = "Dated ", .place = Beside},
+      {.name = "D2", .column = "D2", .label = "Delivery Challan No."},
+      {.name = "D2Dt", .column = "D2Date", .label = "Dated ", .place = Beside},
+      {.name = "ACodeTxt", .column = "Text4", .kind = Unseen, .initial = "10001001"},
+  };
+}
+
+// The customer's order reference on a sale order of the year.
+std::string saleOrderStatement(const std::string& reference, int fyid) {
+  if (reference.empty()) return {};
+  return "Select trandate, d1 from transactions where d1 like " + store::quoted(reference) +
+         " and trantype=93 and fyid = " + std::to_string(fyid) + " and cancel = No";
+}
+
+std::vector<frame::ValidationStep> validation() {
+  return {
+      {.fails = [](const DocumentValues& v, const SaveSituation&) { return v.IncomeAcc.empty(); },
+       .text = "Select a correct income account.",
+       .control = "IncomeCode"},
+      {.fails = [](const DocumentValues& v, const SaveSituation&) { return v.PartyNameTxt.empty(); },
+       .text = "Select a correct customer. You may select Account Code '12001001' for a Walk-in (Cash) Customer.",
+       .control = "PartyCodeTxt"},
+      {.fails = [](const DocumentValues& v, const SaveSituation&) { return toWalkIn(v) && leavesBalance(v); },
+       .text = "Select a correct customer to give debit for balance amount. Debit cannot be given to a Walk-in (Cash) "
+               "Customer.",
+       .control = "PartyCodeTxt"},
+      {.fails = [](const DocumentValues& v,
+                   const SaveSituation&) { return v.field("InvTypeList") == pointOfSale && leavesBalance(v); },
+       .text = "You are saving a Point of Sale Invoice. You must receive full amount of invoice.",
+       .control = "Received"},
+      frame::locationIsListed(),
+      frame::jobIsListedOrBlank(),
+      frame::employeeIsListedOrBlank(),
+      frame::receivedWithinNetTotal("Amount received cannot be greater then the total receivable."),
+      frame::creditLimitKept(),
+  };
+}
+
+void header(const DocumentValues& values, const session::LoginContext& context, HeaderRow& row) {
+  const auto amount = [&](const std::string& shown) { return text::amountFrom(shown); };
+  row.set("PartyCode", store::integerOf(values.IncomeCode));
+  row.set("PartyCode2", store::integerOf(values.PartyCodeTxt));
+  row.set("Text11", "0");  // the mode of payment: cash
+  row.set("Discount", amount(values.totals.Discount));
+  row.set("Carriage", amount(values.totals.Carriage));
+  row.set("TrAmount", amount(values.totals.NetTotal));
+  row.set("Received", amount(values.totals.Received));
+  row.set("Balance", amount(values.totals.Balance));
+  row.set("WordsAmt", frame::amountInWordsOnly(amount(values.totals.NetTotal)));
+  row.set("InvLedger", context.InvoiceInvLedger);
+}
+
+frame::PostingTable posting() {
+  using enum Figure;
+  return {.documentName = [](const DocumentValues& values) { return "Invoice No " + values.DocNo; },
+          .rows = {
+              {.when = {above(Received)}, .account = frame::cashInHand, .debit = Received},
+              {.when = {above(Balance)}, .account = PostedAccount::Party, .debit = NetTotal},
+              {.when = {above(Received), above(Balance)}, .account = PostedAccount::Party, .credit = Received},
+              {.account = PostedAccount::Head, .narration = Narration::Lines, .credit = GTotal},
+              {.when = {above(Carriage)},
+               .account = frame::carriageOutwards,
+               .narration = Narration::Lines,
+               .credit = Carriage},
+              {.when = {below(Carriage)},
+               .account = frame::carriageOutwards,
+               .narration = Narration::Lines,
+               .debit = minus(Carriage)},
+          }};
+}
+
+frame::AgingRow openItem(const DocumentValues& values) {
+  const std::int64_t docNo = store::integerOf(values.DocNo);
+  const double received = figureOf(values.totals, Figure::Received);
+  return {.docNo = docNo,
+          .docNo2 = docNo,
+          .tranDate = values.TrDate,
+          .tranDate2 = values.TrDate,
+          .partyCode = store::integerOf(values.PartyCodeTxt),
+          .trAmount = figureOf(values.totals, Figure::NetTotal),
+          .payment = received,
+          .totPayment = received};
+}
+
+}  // namespace
+
+const frame::DocumentType& saleInvoiceType() {
+  static const frame::DocumentType type{
+      .TranType = saleInvoiceTranType,
+      .screen = "SaleInvoicesSimple",
+      .title = "SALE INVOICES",
+      .duplicateText = "This Serial No. already exists in Sale Invoices. Saving this would create duplicate values.",
+      .viewRight = 94,
+      .find = findSalesSimple(),
+      .party = {.caption = "Customer",
+                .listCondition = "Level1ID=120 or Level1ID=210",
+                .newParty = {.caption = "New Customer", .right = 12, .dialog = "ModifyCustomers"},
+                .cashCode = frame::walkInCustomer,
+                .cashRule = frame::ReceivedRule::WholeNetTotal},
+      .head =
+          frame::HeadRules{
+              .caption = "Income Account", .listCondition = "Level1ID=400", .initialCode = frame::salesIncome},
+      .fields = fields(),
+      .dateLookups = {{.from = "D1", .to = "D1Dt", .statement = saleOrderStatement}},
+      .lines = {.side = frame::StockSide::Out, .warnShort = true, .serials = true},
+      .validation = validation(),
+      .header = header,
+      .keptColumns = {"Text10"},
+      .convertedColumn = "Text10",
+      .posting = posting(),
+      .aging = frame::AgingRule{.side = frame::AgingSide::Receivable, .row = openItem},
+      .conversions = {{.name = "ConvertBttn2", .caption = "Convert D.C."},
+                      {.name = "ConvertBttn3", .caption = "Convert O.G.P."}},
+      .printSettings = "InvoiceSettings",
+  };
+  return type;
+}
+
+}  // namespace velmo::documents

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <tl/expected.hpp>
+
+#include "frame/document_type.h"
+#include "frame/document_writer.h"
+
+namespace velmo::frame {
+
+constexpr std::string_view quantityField(StockSide side) {
+  return side == StockSide::Out ? "stockout" : "stockin";
+}
+
+// From what a screen holds to what a save writes: header, ledger lines and open item. Nothing is written and no row
+// moves. A sentence when the document cannot be posted.
+tl::expected<DocumentWrite, std::string> composeDocument(const DocumentType& type, const DocumentValues& values,
+                                                         const session::LoginContext& context,
+                                                         const text::DateTime& now, const store::Recordset& sheet,
+                                                         HeaderWrite mode);
+
+// The number of the next document: one above the highest of `tran`, which is left sorted by number and on its last row.
+std::int64_t nextDocNo(store::Recordset& tran);
+
+}  // namespace velmo::frame

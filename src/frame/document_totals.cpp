@@ -1,0 +1,58 @@
+#include "frame/document_totals.h"
+
+#include "text/amount_in_words.h"
+#include "text/format.h"
+#include "text/number.h"
+
+namespace velmo::frame {
+
+namespace {
+
+constexpr std::string_view totalFormat = "0.00; (0.00)";
+
+std::string shown(double amount) {
+  return text::formatNumber(amount, totalFormat);
+}
+
+std::string numericOrZero(const std::string& typed) {
+  return text::isNumeric(typed) ? typed : "0.00";
+}
+
+}  // namespace
+
+LineSums sumLines(const store::Recordset& lines) {
+  const int gross = lines.fieldIndex("grossamt");
+  const int discount = lines.fieldIndex("discamt");
+  const int net = lines.fieldIndex("itemvalue");
+  LineSums sums;
+  for (std::int64_t row = 0, count = lines.recordCount(); row < count; ++row) {
+    sums.gross += store::numberOf(lines.valueAt(row, gross));
+    sums.discount += store::numberOf(lines.valueAt(row, discount));
+    sums.net += store::numberOf(lines.valueAt(row, net));
+  }
+  return sums;
+}
+
+DocumentTotals RecalculateTotals(const LineSums& sums, const TypedAmounts& typed, ReceivedRule rule,
+                                 std::string_view currencyName) {
+  using text::amountFrom;
+  DocumentTotals totals;
+  totals.GrTot = shown(sums.gross);
+  totals.Disc = shown(sums.discount);
+  totals.TExc = shown(sums.net);
+  totals.Discount = numericOrZero(typed.Discount);
+  totals.GTotal = shown(amountFrom(totals.TExc) - amountFrom(totals.Discount));
+  totals.Carriage = numericOrZero(typed.Carriage);
+  totals.NetTotal = shown(amountFrom(totals.GTotal) + amountFrom(totals.Carriage));
+  totals.AmtWords = std::string(currencyName) + " " + amountInWordsOnly(amountFrom(totals.NetTotal));
+  totals.Received = rule == ReceivedRule::WholeNetTotal ? totals.NetTotal : numericOrZero(typed.Received);
+  totals.Balance = shown(amountFrom(totals.NetTotal) - amountFrom(totals.Received));
+  return totals;
+}
+
+std::string amountInWordsOnly(double amount) {
+  if (amount < 0) return "minus " + amountInWordsOnly(-amount);
+  return text::AmountInWords(amount) + " only.";
+}
+
+}  // namespace velmo::frame

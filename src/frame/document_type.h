@@ -1,0 +1,121 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/aging.h"
+#include "frame/document_values.h"
+#include "frame/find_type.h"
+#include "frame/header_row.h"
+#include "frame/posting_table.h"
+#include "frame/validation.h"
+#include "session/workplace.h"
+
+class QWidget;
+
+namespace velmo::frame {
+
+enum class FieldKind {
+  Text,
+  Choice,  // one of `choices`; its index is the value
+  Unseen   // no control: the shown document's value is kept, a new one gets `initial`
+};
+
+enum class FieldPlace {
+  Head,       // beside the serial number and the date
+  Reference,  // begins a row of references
+  Beside      // behind the reference before it, in the same row
+};
+
+// A field of the document's own, and the column of `Transactions` that holds it.
+struct DocumentField {
+  std::string_view name;  // the control's
+  std::string_view column;
+  std::string_view label = {};
+  FieldKind kind = FieldKind::Text;
+  FieldPlace place = FieldPlace::Reference;
+  std::vector<std::string_view> choices = {};
+  std::string_view initial = {};  // of a new document; of a choice also what an unknown stored value means
+};
+
+// A typed reference finds the date of the document it names, when the focus leaves it.
+struct DateLookup {
+  std::string_view from;
+  std::string_view to;
+  // The statement whose first column `trandate` is wanted; "" when the text names nothing.
+  std::function<std::string(const std::string& typed, int fyid)> statement;
+};
+
+// The command that opens the master screen of a party or an item.
+struct MasterCommand {
+  std::string_view caption;
+  int right = 0;
+  std::string_view dialog;
+};
+
+struct PartyRules {
+  std::string_view caption;        // of the frame: "Customer"
+  std::string_view listCondition;  // on acclevel3
+  MasterCommand newParty;
+  // The account of parties that are not known by name: its name is written on each document.
+  std::optional<std::int64_t> cashCode = {};
+  ReceivedRule cashRule = ReceivedRule::AsTyped;  // of a document to that account
+};
+
+// The second account of a document: income or expense.
+struct HeadRules {
+  std::string_view caption;
+  std::string_view listCondition;
+  std::int64_t initialCode = 0;
+};
+
+enum class StockSide { Out, In };
+
+struct LineRules {
+  StockSide side = StockSide::Out;
+  bool purchase = false;  // purchase price and history of purchases
+  bool warnShort = false;
+  bool serials = false;
+};
+
+struct ConversionCommand {
+  std::string_view name;
+  std::string_view caption;
+};
+
+// A kind of document: everything in which its screen differs from the others.
+struct DocumentType {
+  int TranType = 0;
+  std::string_view screen;
+  std::string_view title;
+  std::string_view duplicateText;
+  int viewRight = 0;
+  FindType find;
+
+  PartyRules party;
+  std::optional<HeadRules> head = {};
+  std::vector<DocumentField> fields = {};
+  std::vector<DateLookup> dateLookups = {};
+  LineRules lines = {};
+
+  std::vector<ValidationStep> validation = {};  // after those of every document
+
+  // Writes the columns that are the document's own: accounts, amounts, InvLedger.
+  std::function<void(const DocumentValues&, const session::LoginContext&, HeaderRow&)> header;
+  std::vector<std::string_view> keptColumns = {};  // marks that a further save leaves alone
+  std::string_view convertedColumn = {};           // whose text `ConvLbl2` shows
+  std::optional<PostingTable> posting = {};
+  std::optional<AgingRule> aging = {};
+
+  std::vector<ConversionCommand> conversions = {};
+  std::string_view printSettings = {};  // screen of `SetBttn`
+
+  // Shows the print-out of LoginContext::PrintRS; the values are those on the screen.
+  std::function<void(session::Workplace&, const DocumentValues&, QWidget* parent)> print = {};
+};
+
+}  // namespace velmo::frame

@@ -1,0 +1,84 @@
+#include "frame/document_writer.h"
+
+namespace velmo::frame {
+
+namespace {
+
+std::int64_t writeHeader(const DocumentWrite& document, store::Recordset& tran) {
+  if (document.mode == HeaderWrite::Add) {
+    tran.addNew(document.header.all());
+  } else {
+    std::vector<std::string_view> kept(document.keptColumns.begin(), document.keptColumns.end());
+    kept.insert(kept.end(), {"UserAdded", "TimeAdded"});
+    tran.update(document.header.without(kept));
+  }
+  return tran.integer("tranno");
+}
+
+void removeAll(store::Recordset& rows) {
+  while (!rows.eof()) {
+    rows.remove();
+    rows.moveNext();
+  }
+}
+
+store::Value amountOrNull(const std::optional<double>& amount) {
+  return amount ? store::Value(*amount) : store::Value(store::Null{});
+}
+
+void writeLedger(store::Connection& connection, std::int64_t tranNo, const std::vector<LedgerLine>& lines) {
+  store::Recordset ledger(connection,
+                          "Select serial, tranno, acccode, accname, desc, debit, credit from subtransactions where "
+                          "tranno=" +
+                              std::to_string(tranNo) + " order by serial");
+  removeAll(ledger);
+  for (const LedgerLine& line : lines)
+    ledger.addNew({{"tranno", tranNo},
+                   {"acccode", line.accCode},
+                   {"accname", line.accName},
+                   {"desc", line.desc},
+                   {"debit", amountOrNull(line.debit)},
+                   {"credit", amountOrNull(line.credit)}});
+}
+
+void writeAging(store::Connection& connection, std::int64_t tranNo, const DocumentWrite& document) {
+  const char* const table = document.agingSide == AgingSide::Receivable ? "agingdr" : "agingcr";
+  store::Recordset openItems(connection,
+                             std::string("Select * from ") + table + " where tranno=" + std::to_string(tranNo));
+  removeAll(openItems);
+  if (!document.aging) return;
+  const AgingRow& row = *document.aging;
+  std::vector<store::FieldValue> fields{{"tranno", tranNo},
+                                        {"docno", row.docNo},
+                                        {"docno2", row.docNo2},
+                                        {"trandate", row.tranDate},
+                                        {"trandate2", row.tranDate2},
+                                        {"partycode", row.partyCode},
+                                        {"trantype", document.header.value("TranType")},
+                                        {"tramount", row.trAmount},
+                                        {"return", row.returned},
+                                        {"payment", row.payment},
+                                        {"whtaxrt", 0.0},
+                                        {"whtax", 0.0},
+                                        {"discount", 0.0},
+                                        {"AdvAdj", 0.0},
+                                        {"totpayment", row.totPayment},
+                                        {"fyid", document.header.value("FYID")}};
+  if (row.vendorInvNo) fields.push_back({"vendorInvNo", *row.vendorInvNo});
+  openItems.addNew(fields);
+}
+
+}  // namespace
+
+std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
+                           store::Recordset& sheet) {
+  store::Connection::Transaction transaction(connection);
+  const std::int64_t tranNo = writeHeader(document, tran);
+  writeLines(sheet, {.tranNo = tranNo, .locationId = document.locationId, .jobId = document.jobId});
+  if (document.ledger) writeLedger(connection, tranNo, *document.ledger);
+  if (document.agingSide) writeAging(connection, tranNo, document);
+  transaction.commit();
+  return tranNo;
+}
+
+}  // namespace velmo::frame

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+namespace velmo::frame {
+
+enum class FindCondition {
+  Number,    // equal, after a numeric test
+  OnDay,     // equal, from the date picker
+  AsTyped,   // like the text as it stands; the user may type wildcards
+  Contains,  // the text anywhere in the column
+};
+
+// A column that can be searched: an entry of `ColList`.
+struct FindColumn {
+  std::string_view caption;
+  std::string_view column;  // of the joined query: "Transactions.DocNo"
+  FindCondition condition = FindCondition::AsTyped;
+  std::string_view refusal = {};  // when the value is blank or no number
+};
+
+enum class ShownAs { Plain, Day, Amount };
+
+// A column of the result.
+struct FoundColumn {
+  std::string_view field;
+  std::string_view caption;
+  ShownAs shownAs = ShownAs::Plain;
+  int width = 100;  // device-independent pixels
+};
+
+// A Find screen: data only.
+struct FindType {
+  std::string_view screen;
+  std::string_view title;
+  int viewRight = 0;
+  std::string_view select;  // the chosen columns, as they stand between SELECT and FROM
+  std::vector<FindColumn> columns;
+  std::vector<FoundColumn> result;
+};
+
+}  // namespace velmo::frame

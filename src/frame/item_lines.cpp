@@ -1,0 +1,63 @@
+#include "frame/item_lines.h"
+
+#include "store/value.h"
+
+namespace velmo::frame {
+
+void openSheet(store::Connection& connection, store::Recordset& sheet, std::int64_t tranNo) {
+  if (sheet.isOpen()) sheet.close();
+  sheet.open(connection,
+             tranNo == 0 ? "Select * from stockflow where tranno = 0"
+                         : "Select * from stockflow where tranno = " + std::to_string(tranNo) + " order by serial",
+             store::LockType::BatchOptimistic);
+  fillSheet(sheet);
+}
+
+void fillSheet(store::Recordset& sheet) {
+  while (sheet.recordCount() < sheetRows) {
+    sheet.addNew();
+    sheet.update();
+  }
+  sheet.moveFirst();
+}
+
+std::string lineNarrations(const store::Recordset& sheet, std::string_view quantityField,
+                           std::string_view currencyCode) {
+  const int code = sheet.fieldIndex("itemcode");
+  const int name = sheet.fieldIndex("itemname");
+  const int quantity = sheet.fieldIndex(quantityField);
+  const int unit = sheet.fieldIndex("unit");
+  const int rate = sheet.fieldIndex("rate");
+  const int value = sheet.fieldIndex("itemvalue");
+  std::string narrations;
+  for (std::int64_t row = 0, count = sheet.recordCount(); row < count; ++row) {
+    if (store::textOf(sheet.valueAt(row, code)).empty()) continue;
+    const auto shown = [&](int field) { return store::textOf(sheet.valueAt(row, field)); };
+    // The words " =Rs." stand in the books whatever the company's currency.
+    narrations += "(" + shown(name) + " - " + shown(quantity) + " " + shown(unit) + " @" + std::string(currencyCode) +
+                  shown(rate) + " =Rs." + shown(value) + ") ";
+  }
+  return narrations;
+}
+
+void writeLines(store::Recordset& sheet, const LineStamp& stamp) {
+  std::int64_t serial = 0;
+  if (!sheet.isEmpty()) sheet.moveFirst();
+  while (!sheet.eof()) {
+    if (sheet.text("itemcode").empty()) {
+      sheet.remove();
+    } else {
+      ++serial;
+      sheet.update({{"serial", serial},
+                    {"tranno", stamp.tranNo},
+                    {"locationid", stamp.locationId},
+                    {"Jobid", stamp.jobId},
+                    {"Packs", 1.0},
+                    {"PackPcs", 1.0}});
+    }
+    sheet.moveNext();
+  }
+  sheet.updateBatch();
+}
+
+}  // namespace velmo::frame

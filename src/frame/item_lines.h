@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "store/recordset.h"
+
+namespace velmo::frame {
+
+// The sheet of item lines of a document: rows of `StockFlow`, batch-updated, filled up with blank rows.
+inline constexpr std::int64_t sheetRows = 500;
+
+// Reads the lines of a document (0: a new one) in their order and fills the sheet up to sheetRows; a document of more
+// lines keeps them all. The cursor stands on the first row.
+void openSheet(store::Connection& connection, store::Recordset& sheet, std::int64_t tranNo);
+void fillSheet(store::Recordset& sheet);
+
+// "(Hammer - 2 Pcs @Rs.150 =Rs.300) " for every row that has an item code, joined in their order.
+std::string lineNarrations(const store::Recordset& sheet, std::string_view quantityField,
+                           std::string_view currencyCode);
+
+struct LineStamp {
+  std::int64_t tranNo = 0;
+  std::int64_t locationId = 0;
+  std::int64_t jobId = 0;
+};
+
+// Drops the rows without an item code, numbers the others from 1 and writes the batch.
+void writeLines(store::Recordset& sheet, const LineStamp& stamp);
+
+}  // namespace velmo::frame
