@@ -1,0 +1,17 @@
+#pragma once
+
+#include <vector>
+
+#include "store/catalog.h"
+
+// The company's tables by subject. A relation stands only where no screen ever writes a key without a parent: documents
+// keep 0 or null where they name no employee, job or location, so those columns are not related.
+namespace velmo::schema {
+
+std::vector<store::Table> accountTables();    // chart of accounts and the two statements built on it
+std::vector<store::Table> documentTables();   // documents, their ledger and item lines, open invoices and bills
+std::vector<store::Table> inventoryTables();  // catalogue of goods and services
+std::vector<store::Table> peopleTables();     // parties' classification, employees, jobs, users
+std::vector<store::Table> settingTables();    // company, years, currencies, document types, help
+
+}  // namespace velmo::schema

@@ -1,0 +1,152 @@
+#include "schema/company_tables.h"
+
+namespace velmo::schema {
+
+using enum store::ColumnType;
+
+namespace {
+
+// What hangs on a document goes with it. Rows that settle a document carry the settling document's TranNo and stay.
+const store::Relation ofDocument{"TranNo", "Transactions", "TranNo", true};
+
+store::Table transactions() {
+  return {
+      .name = "Transactions",
+      .columns = {{.name = "TranNo", .type = Long, .autoNumber = true},
+                  {"DocNo", Long},
+                  {"DocNo2", Long},
+                  {"TranDate", Date},
+                  {"Nature", Text},
+                  {"EmpID", Integer},
+                  {"JobIDFrom", Integer},
+                  {"JobIDTo", Integer},
+                  {"Desc", Text},
+                  {"TranType", Integer},
+                  {"D1", Text},
+                  {"D1Date", Date},
+                  {"D2", Text},
+                  {"D2Date", Date},
+                  {"PartyCode", Long},
+                  {"PartyCode2", Long},
+                  {"Text1", Text},
+                  {"Text2", Text},
+                  {"Text3", Text},
+                  {"Text4", Text},
+                  {"Text5", Text},
+                  {"Text6", Text},
+                  {"Text7", Text},
+                  {"Text8", Text},
+                  {"Text9", Text},
+                  {"Text10", Text},
+                  {"Text11", Text},
+                  {"Text12", Text},
+                  {"Numeric1", Double},
+                  {"Numeric2", Double},
+                  {"Discount", Double},
+                  {"Tax1", Double},
+                  {"Tax2", Double},
+                  {"AdditionalTax", Double},
+                  {"Carriage", Double},
+                  {"TrAmount", Double},
+                  {"Received", Double},
+                  {"Balance", Double},
+                  {"WordsAmt", Text},
+                  {"LocationFrom", Integer},
+                  {"LocationTo", Integer},
+                  {"FYID", Integer},
+                  {"UserAdded", Byte},
+                  {"TimeAdded", Date},
+                  {"UserEdited", Byte},
+                  {"TimeEdited", Date},
+                  {"Cancel", YesNo},
+                  {"InvLedger", YesNo}},
+      .key = {"TranNo"},
+      // The first serves the screens, which walk one kind of document of one year by its number; the second serves
+      // reports and the welcome screen, which take a period of the year.
+      .indexes = {{"Transactions_TranType", {"TranType", "FYID", "DocNo"}},
+                  {"Transactions_TranDate", {"FYID", "TranDate"}}},
+  };
+}
+
+store::Table subTransactions() {
+  return {
+      .name = "SubTransactions",
+      .columns = {{.name = "Serial", .type = Long, .autoNumber = true},
+                  {"TranNo", Long},
+                  {"AccCode", Long},
+                  {"AccName", Text},
+                  {"Desc", Text},
+                  {"Debit", Double},
+                  {"Credit", Double},
+                  {"Balance", Double},
+                  {"Status", Text}},
+      .key = {"Serial"},
+      .relations = {ofDocument},
+      .indexes = {{"SubTransactions_TranNo", {"TranNo"}}, {"SubTransactions_AccCode", {"AccCode"}}},
+  };
+}
+
+store::Table stockFlow() {
+  return {
+      .name = "StockFlow",
+      .columns = {{.name = "FlowId", .type = Long, .autoNumber = true},
+                  {"TranNo", Long},
+                  {"Serial", Integer},
+                  {"ItemCode", Text},
+                  {"ItemName", Text},
+                  {"ProductSerials", Text},
+                  {"Packs", Double},
+                  {"PackPcs", Double},
+                  {"StockIn", Double},
+                  {"StockOut", Double},
+                  {"Unit", Text},
+                  {"Rate", Double},
+                  {"GrossAmt", Double},
+                  {"DiscRate", Double},
+                  {"DiscAmt", Double},
+                  {"ItemValue", Double},
+                  {"Packing", Text},
+                  {"LocationID", Integer},
+                  {"JobID", Integer},
+                  {"Balance", Double}},
+      .key = {"FlowId"},
+      .relations = {ofDocument},
+      .indexes = {{"StockFlow_TranNo", {"TranNo"}}, {"StockFlow_ItemCode", {"ItemCode"}}},
+  };
+}
+
+// Open invoices and open bills have one form; bills also name the vendor's own number.
+store::Table aging(const std::string& name, const std::vector<store::Column>& ownColumns) {
+  std::vector<store::Column> columns = {
+      {.name = "Serial", .type = Long, .autoNumber = true}, {"TranNo", Long}, {"DocNo", Long}, {"DocNo2", Long}};
+  columns.insert(columns.end(), ownColumns.begin(), ownColumns.end());
+  columns.insert(columns.end(), {{"TranDate", Date},
+                                 {"TranDate2", Date},
+                                 {"PartyCode", Long},
+                                 {"TranType", Integer},
+                                 {"TrAmount", Double},
+                                 {"Return", Double},
+                                 {"Payment", Double},
+                                 {"WHTaxRt", Double},
+                                 {"WHTax", Double},
+                                 {"Discount", Double},
+                                 {"AdvAdj", Double},
+                                 {"TotPayment", Double},
+                                 {"FYID", Integer}});
+  return {
+      .name = name,
+      .columns = std::move(columns),
+      .key = {"Serial"},
+      .relations = {ofDocument},
+      .indexes = {{name + "_TranNo", {"TranNo"}}, {name + "_PartyCode", {"PartyCode", "DocNo"}}},
+  };
+}
+
+}  // namespace
+
+std::vector<store::Table> documentTables() {
+  return {transactions(), subTransactions(), stockFlow(), aging("AgingDr", {}),
+          aging("AgingCr", {{"VendorInvNo", Text}})};
+}
+
+}  // namespace velmo::schema

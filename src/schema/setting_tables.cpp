@@ -1,0 +1,65 @@
+#include "schema/company_tables.h"
+
+namespace velmo::schema {
+
+using enum store::ColumnType;
+
+namespace {
+
+store::Table businessInfo() {
+  return {
+      .name = "BusinessInfo",
+      .columns = {{"Name", Text},
+                  {"Address", Text},
+                  {"Telephones", Text},
+                  {"Fax", Text},
+                  {"Website", Text},
+                  {"EMail", Text},
+                  {"NTN", Text},
+                  {"SalesTaxReg", Text},
+                  {"Description", Text},
+                  {"Country", Text},
+                  {"CurrencyName", Text},
+                  {"CCode", Text},
+                  {"QF", Byte},
+                  {"QTM", Integer},
+                  {"POF", Byte},
+                  {"POTM", Integer},
+                  {"DCF", Byte},
+                  {"DCTM", Integer},
+                  {"SIF", Byte},
+                  {"SITM", Integer},
+                  {"StockLocationID", Integer},
+                  {"StockMovement", Integer},
+                  {"CSerial", Byte},
+                  {"TermsPO", Memo},
+                  {"TermsQuote", Memo},
+                  {"UserID", Byte},
+                  {"FYID", Integer}},
+      .key = {},
+  };
+}
+
+}  // namespace
+
+std::vector<store::Table> settingTables() {
+  return {
+      businessInfo(),
+      {.name = "FinancialYear",
+       .columns = {{"FYID", Integer},
+                   {"FinancialYearStart", Date},
+                   {"FinancialYearEnd", Date},
+                   {"Abbreviation", Text},
+                   {"YY", Text}},
+       .key = {"FYID"}},
+      // The names of two columns end in two no-break spaces; every statement that names them writes those too.
+      {.name = "Currencies",
+       .columns =
+           {{"Serial", Integer}, {"CCode\xC2\xA0\xC2\xA0", Text}, {"Curency\xC2\xA0\xC2\xA0", Text}, {"Country", Text}},
+       .key = {"Serial"}},
+      {.name = "TranType", .columns = {{"TranType", Integer}, {"Name", Text}, {"short", Text}}, .key = {"TranType"}},
+      {.name = "HelpIndex", .columns = {{"ID", Integer}, {"Heading", Text}, {"Matter", Memo}}, .key = {"ID"}},
+  };
+}
+
+}  // namespace velmo::schema
