@@ -1,0 +1,66 @@
+#include "schema/company_file.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+#include "schema/company_schema.h"
+#include "schema/first_rows.h"
+#include "store/connection_string.h"
+#include "store/error.h"
+#include "store/file_identity.h"
+
+namespace velmo::schema {
+namespace {
+
+// The folder of the company's file under the program's folder.
+constexpr const char* dataFolder = "Uninstall";
+
+std::filesystem::path homeFolder() {
+  if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
+  const passwd* user = getpwuid(getuid());
+  if (user == nullptr || user->pw_dir == nullptr)
+    throw store::StoreError(store::ErrorKind::Missing, "Your user account has no home folder to keep the data in.");
+  return user->pw_dir;
+}
+
+// Relative paths in the variable are not valid and are passed over.
+std::filesystem::path userDataFolder() {
+  if (const char* folder = std::getenv("XDG_DATA_HOME"); folder != nullptr && *folder == '/') return folder;
+  return homeFolder() / ".local" / "share";
+}
+
+}  // namespace
+
+const char* const plainConnectionString =
+    "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=Uninstall\\Uninstall.MDB;"
+    "Jet OLEDB:System Database=MySystem.mdw;Jet OLEDB:Database Password=Zx7pK2mQ9vTr4LwB6nHs";
+
+const char* const shapeConnectionString =
+    "PROVIDER=MSDataShape;Data Provider=Microsoft.Jet.OLEDB.4.0;Data Source=Uninstall\\Uninstall.MDB;"
+    "Jet OLEDB:System Database=MySystem.mdw;Jet OLEDB:Database Password=Zx7pK2mQ9vTr4LwB6nHs";
+
+std::filesystem::path programFolder() {
+  std::error_code error;
+  const std::filesystem::path current = std::filesystem::current_path(error);
+  if (!error && std::filesystem::is_directory(current / dataFolder, error)) return current;
+  const std::filesystem::path folder = userDataFolder() / "velmo";
+  std::filesystem::create_directories(folder, error);
+  if (error)
+    throw store::StoreError(store::ErrorKind::Missing,
+                            "The folder " + folder.string() + " cannot be made: " + error.message() + ".");
+  return folder;
+}
+
+void prepareCompanyFile(const std::string& connectionString, const text::DateTime& now) {
+  const store::ConnectionString target = store::parseConnectionString(connectionString);
+  std::error_code error;
+  if (std::filesystem::exists(std::filesystem::symlink_status(target.dataSource, error)))
+    store::upgradeDatabaseFile(target.dataSource, companyCatalog(), {});
+  else
+    store::createDatabaseFile(target.dataSource, companyCatalog(), target.password, schemaVersion,
+                              [&now](store::Connection& connection) { writeFirstRows(connection, now); });
+}
+
+}  // namespace velmo::schema
