@@ -1,0 +1,55 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "session/prompts.h"
+
+namespace velmo::frame {
+
+// The columns of the item grid, in their order.
+enum class GridColumn {
+  ItemCode,
+  FlowId,  // hidden: key of the line
+  Description,
+  Quantity,
+  Unit,
+  Rate,
+  GrossAmount,
+  DiscountRate,
+  Discount,
+  NetAmount,
+  Packing
+};
+inline constexpr int gridColumnCount = 11;
+
+bool isReadOnly(GridColumn column);
+bool isFigure(GridColumn column);  // written as "0.00;(0.00)"
+
+// The cells of a line that rules look at, as plain texts.
+struct LineCells {
+  std::string itemCode;
+  std::string gross;
+  std::string discountRate;
+};
+
+struct EntryVerdict {
+  bool refused = false;
+  std::vector<session::Prompt> messages = {};  // told in this order, whether refused or not
+};
+
+// May a cell be opened for typing?
+EntryVerdict beforeEdit(GridColumn column, const LineCells& line);
+
+// May a typed text stand in a cell? The stock on hand is a question of its own, see shortBalance().
+bool acceptsEntry(GridColumn column, std::string_view typed, const LineCells& line);
+
+// A line of this code bills a service: it has no item and no stock.
+bool isServiceCode(std::string_view itemCode);
+
+// The warning that more is taken than there is. It does not refuse: a shop may sell what is still on its way.
+std::optional<session::Prompt> shortBalance(std::string_view quantity, double available);
+
+}  // namespace velmo::frame

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/connection.h"
+
+namespace velmo::frame {
+
+// The statement behind a drop list, in the pieces of which its two forms are made: all entries, and the entries whose
+// display text is like '%typed%'.
+struct PickListSource {
+  std::string select;         // "SELECT acccode, accname, (...) as Account from acclevel3"
+  std::string condition;      // what every entry fulfils
+  std::string order;          // "acccode"
+  std::string displayColumn;  // of the select: what is shown and matched
+  std::string keyColumn;      // of the select: what a choice hands on
+  std::vector<std::string> tables;
+
+  std::string statement() const;
+};
+
+// The entries of a drop list in memory, so that every keystroke is answered from there: exactly the rows, in the same
+// order, that the statement with "like '%typed%'" would give. Typed wildcards work, typed quotes are plain characters.
+//
+//   read     the statement's rows, display texts and keys each in one buffer
+//   fold     the display texts for all of Unicode, in a second buffer
+//   narrow   scan the folded buffer; a text that extends the last one is looked for among the last result only
+//
+// The entries are read again at the next reset() or narrow() after a row of the source's tables was written through
+// this connection, or after another program changed the file.
+class PickList {
+ public:
+  // Reads nothing yet. The connection outlives the list.
+  PickList(store::Connection& connection, PickListSource source);
+
+  // All entries.
+  void reset() { narrow(""); }
+  // The entries that hold the text, as typed.
+  void narrow(std::string_view typed);
+
+  int size() const;  // of the present entries
+  std::string_view display(int entry) const;
+  std::string_view key(int entry) const;
+  int indexOf(std::string_view key) const;  // -1 when it is not among the present entries; letters' case is ignored
+  const PickListSource& source() const { return source_; }
+
+ private:
+  // Texts one behind the other; text i ends at ends[i].
+  struct Texts {
+    std::string buffer;
+    std::vector<std::uint32_t> ends;
+    void clear();
+    void append(std::string_view text);
+    std::string_view at(std::size_t i) const;
+    std::uint32_t beginOf(std::size_t i) const { return i == 0 ? 0 : ends[i - 1]; }
+  };
+
+  void readWhenStale();
+  void read();
+  void selectAll();
+  template <typename Test>
+  void keepWhere(Test&& test);
+  void scanWhole(std::string_view folded);
+  void searchPlain(const std::string& folded, bool extendsLast);
+  void searchPattern(std::string_view typed);
+
+  store::Connection& connection_;
+  PickListSource source_;
+  std::optional<std::int64_t> readAt_;  // the state of the file that the entries were read in
+  Texts displays_;
+  Texts keys_;
+  Texts folded_;
+  std::vector<std::uint32_t> present_;  // the entries that pass, in order
+  bool allPresent_ = true;              // then present_ is not used
+  std::optional<std::string> lastPlain_;
+};
+
+}  // namespace velmo::frame
