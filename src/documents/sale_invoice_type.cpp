@@ -145,7 +145,7 @@ const frame::DocumentType& saleInvoiceType() {
               .caption = "Income Account", .listCondition = "Level1ID=400", .initialCode = frame::salesIncome},
       .fields = fields(),
       .dateLookups = {{.from = "D1", .to = "D1Dt", .statement = saleOrderStatement}},
-      .lines = {.side = frame::StockSide::Out, .warnShort = true, .serials = true},
+      .lines = {.stockWarning = frame::StockWarning::Shown, .serialNumbers = frame::SerialNumbers::Kept},
       .validation = validation(),
       .header = header,
       .keptColumns = {"Text10"},

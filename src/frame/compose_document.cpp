@@ -45,7 +45,7 @@ tl::expected<DocumentWrite, std::string> composeDocument(const DocumentType& typ
                          .locationId = values.LocationList.id,
                          .jobId = values.JobList.id};
   if (type.posting) {
-    const std::string narrations = lineNarrations(sheet, quantityField(type.lines.side), context.ccode);
+    const std::string narrations = lineNarrations(sheet, type.lines.quantityField, context.ccode);
     auto lines = ledgerLines(*type.posting, values, narrations);
     if (!lines) return tl::unexpected(lines.error());
     document.ledger = std::move(*lines);

@@ -1,17 +1,12 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <tl/expected.hpp>
 
 #include "frame/document_type.h"
 #include "frame/document_writer.h"
 
 namespace velmo::frame {
-
-constexpr std::string_view quantityField(StockSide side) {
-  return side == StockSide::Out ? "stockout" : "stockin";
-}
 
 // From what a screen holds to what a save writes: header, ledger lines and open item. Nothing is written and no row
 // moves. A sentence when the document cannot be posted.

@@ -11,6 +11,7 @@
 #include "frame/document_values.h"
 #include "frame/find_type.h"
 #include "frame/header_row.h"
+#include "frame/item_grid_kind.h"
 #include "frame/posting_table.h"
 #include "frame/validation.h"
 #include "session/workplace.h"
@@ -73,15 +74,6 @@ struct HeadRules {
   std::int64_t initialCode = 0;
 };
 
-enum class StockSide { Out, In };
-
-struct LineRules {
-  StockSide side = StockSide::Out;
-  bool purchase = false;  // purchase price and history of purchases
-  bool warnShort = false;
-  bool serials = false;
-};
-
 struct ConversionCommand {
   std::string_view name;
   std::string_view caption;
@@ -100,7 +92,7 @@ struct DocumentType {
   std::optional<HeadRules> head = {};
   std::vector<DocumentField> fields = {};
   std::vector<DateLookup> dateLookups = {};
-  LineRules lines = {};
+  ItemGridKind lines = {};
 
   std::vector<ValidationStep> validation = {};  // after those of every document
 

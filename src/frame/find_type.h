@@ -3,6 +3,8 @@
 #include <string_view>
 #include <vector>
 
+#include "forms/recordset_model.h"
+
 namespace velmo::frame {
 
 enum class FindCondition {
@@ -20,16 +22,6 @@ struct FindColumn {
   std::string_view refusal = {};  // when the value is blank or no number
 };
 
-enum class ShownAs { Plain, Day, Amount };
-
-// A column of the result.
-struct FoundColumn {
-  std::string_view field;
-  std::string_view caption;
-  ShownAs shownAs = ShownAs::Plain;
-  int width = 100;  // device-independent pixels
-};
-
 // A Find screen: data only.
 struct FindType {
   std::string_view screen;
@@ -37,7 +29,7 @@ struct FindType {
   int viewRight = 0;
   std::string_view select;  // the chosen columns, as they stand between SELECT and FROM
   std::vector<FindColumn> columns;
-  std::vector<FoundColumn> result;
+  std::vector<forms::TableColumn> result;
 };
 
 }  // namespace velmo::frame

@@ -1,0 +1,143 @@
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "frame/account_code_box.h"
+#include "frame/command_bar.h"
+#include "frame/document_screen.h"
+#include "frame/find_screen.h"
+#include "frame/item_grid.h"
+#include "frame/party_card.h"
+#include "frame/references_card.h"
+#include "frame/totals_panel.h"
+
+// The commands of a document screen, beside saving.
+namespace velmo::frame {
+
+namespace {
+
+constexpr MasterCommand newItem{.caption = "New Item", .right = 22, .dialog = "ModifyInventory"};
+
+}  // namespace
+
+void DocumentScreen::connectParts() {
+  connect(party_, &PartyCard::partyChanged, this, &DocumentScreen::partyChanged);
+  connect(party_, &PartyCard::employeeFound, references_, &ReferencesCard::setEmployee);
+  connect(lines_, &ItemGrid::linesChanged, this, &DocumentScreen::recalculate);
+  connect(lines_, &ItemGrid::escapePressed, this, &DocumentScreen::recalculate);
+  connect(lines_, &ItemGrid::saveRequested, this, [this] { ValidateAndSave(PrintMode::Nothing); });
+  if (IncomeCode_) {
+    connect(IncomeCode_, &AccountCodeBox::accountResolved, this,
+            [this](const Account& account) { IncomeAcc_->setText(QString::fromStdString(account.name)); });
+    connect(IncomeCode_, &AccountCodeBox::accountCleared, IncomeAcc_, &QLineEdit::clear);
+    connect(IncomeCode_, &AccountCodeBox::moveOn, lines_, &ItemGrid::focusFirstCell);
+  }
+  PrintTimer_.setObjectName("PrintTimer");
+  PrintTimer_.setSingleShot(true);
+  PrintTimer_.setInterval(0);
+  connect(&PrintTimer_, &QTimer::timeout, this, &DocumentScreen::printVoucher);
+}
+
+void DocumentScreen::connectCommands() {
+  const auto on = [this](QPushButton* button, auto command) { connect(button, &QPushButton::clicked, this, command); };
+  on(commands_->add, &DocumentScreen::addCommand);
+  on(commands_->save, [this] { ValidateAndSave(PrintMode::Nothing); });
+  on(commands_->print, [this] { ValidateAndSave(PrintMode::Document); });
+  on(commands_->voucher, [this] { ValidateAndSave(PrintMode::Voucher); });
+  on(commands_->cancel, &DocumentScreen::cancelCommand);
+  on(commands_->remove, &DocumentScreen::deleteCommand);
+  on(commands_->find, &DocumentScreen::findCommand);
+  on(commands_->retrieve, &DocumentScreen::retrieveCommand);
+  on(commands_->previous, &DocumentScreen::previousCommand);
+  on(commands_->next, &DocumentScreen::nextCommand);
+  on(commands_->settings, [this] { workplace_.screens.openDialog(type_.printSettings); });
+  on(&party_->newPartyCommand(), [this] { openMaster(type_.party.newParty); });
+  on(CI_, [this] { openMaster(newItem); });
+}
+
+// What this program does not have yet stands there disabled.
+void DocumentScreen::offerCommands() {
+  commands_->include(party_->newPartyCommand());
+  commands_->include(*CI_);
+  const session::ScreenOpener& screens = workplace_.screens;
+  if (!type_.print) commands_->forbid(*commands_->print);
+  if (!printOuts_.voucher) commands_->forbid(*commands_->voucher);
+  if (!screens.hasScreen(type_.printSettings)) commands_->forbid(*commands_->settings);
+  if (!screens.hasScreen(type_.party.newParty.dialog)) commands_->forbid(party_->newPartyCommand());
+  if (!screens.hasScreen(newItem.dialog)) commands_->forbid(*CI_);
+}
+
+void DocumentScreen::openMaster(const MasterCommand& command) {
+  if (workplace_.rights().demand(command.right)) workplace_.screens.openDialog(command.dialog);
+}
+
+void DocumentScreen::addCommand() {
+  if (AddMode_) {
+    workplace_.prompts.tell("Cannot Add",
+                            "You have already been adding a new record. To clear the changes, click on CANCEL button.");
+    return;
+  }
+  attempt("Cannot Add", [this] { ClearForNewRecord(); });
+}
+
+void DocumentScreen::cancelCommand() {
+  if (AddMode_) {
+    attempt("Cannot Cancel", [this] { ClearForNewRecord(); });
+    return;
+  }
+  workplace_.context.OpenTranNo = TranNo_->text().toLongLong();
+  ShowRecord();
+}
+
+void DocumentScreen::deleteCommand() {
+  if (AddMode_) return workplace_.prompts.tell("No Record Found", "Select a record to be deleted.");
+  if (Tran_.isEmpty()) return workplace_.prompts.tell("No Record Found", "There is no record to be deleted.");
+  const session::Answer answer = workplace_.prompts.ask(
+      {.title = "Delete Confirmation",
+       .text = "Are you sure, you want to delete this transaction, Serial No. " + Tran_.text("docno") +
+               "? Deleting this transaction will remove all the ledger entries in accounts relating to this "
+               "transaction.",
+       .buttons = session::Buttons::YesNo});
+  if (answer != session::Answer::Yes) return;
+  attempt("Cannot Delete", [this] {
+    store::Connection::Transaction transaction(workplace_.context.KORDconn);
+    Tran_.remove();  // its lines, ledger entries and open items go with it
+    transaction.commit();
+    ClearForNewRecord();
+  });
+}
+
+void DocumentScreen::findCommand() {
+  FindScreen find(
+      type_.find, type_.TranType, workplace_, [this] { ShowRecord(); }, this);
+  find.exec();
+}
+
+void DocumentScreen::retrieveCommand() {
+  if (Tran_.isEmpty()) return;
+  workplace_.context.OpenTranNo = LastSavedTranNo_;
+  ShowRecord();
+}
+
+void DocumentScreen::previousCommand() {
+  if (Tran_.isEmpty() || !workplace_.rights().demand(type_.viewRight)) return;
+  attempt("Cannot Show", [this] {
+    if (!AddMode_) Tran_.movePrevious();
+    if (Tran_.bof()) Tran_.moveFirst();
+    workplace_.context.OpenTranNo = Tran_.integer("tranno");
+    ShowRecord();
+  });
+}
+
+void DocumentScreen::nextCommand() {
+  if (Tran_.isEmpty() || !workplace_.rights().demand(type_.viewRight)) return;
+  if (AddMode_) return workplace_.prompts.tell("Last Record", "You have aleady been on the last record.");
+  attempt("Cannot Show", [this] {
+    Tran_.moveNext();
+    if (Tran_.eof()) Tran_.moveLast();
+    workplace_.context.OpenTranNo = Tran_.integer("tranno");
+    ShowRecord();
+  });
+}
+
+}  // namespace velmo::frame

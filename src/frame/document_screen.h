@@ -1,0 +1,125 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <cstdint>
+#include <string>
+
+#include "frame/document_type.h"
+#include "frame/document_writer.h"
+#include "frame/own_fields.h"
+#include "frame/print_outs.h"
+#include "session/workplace.h"
+#include "store/recordset.h"
+
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+
+namespace velmo::frame {
+
+class AccountCodeBox;
+class AccountDropList;
+class CommandBar;
+class DocumentCard;
+class ItemGrid;
+class PartyCard;
+class ReferencesCard;
+class TotalsPanel;
+
+// The screen of every business document: one document at a time, new or shown, saved by posting it. What a kind of
+// document has of its own stands in its DocumentType.
+//
+// Life: ClearForNewRecord -> (ShowRecord) -> ValidateAndSave -> PostDocument -> print-out -> ClearForNewRecord.
+// Leaving a document drops what was not saved.
+class DocumentScreen : public QWidget {
+  Q_OBJECT
+
+ public:
+  // Starts on a new document, or on LoginContext::OpenTranNo when OpenTranFlag is set. Throws StoreError when the
+  // documents cannot be read.
+  DocumentScreen(DocumentType type, session::Workplace& workplace, PrintOuts printOuts, QWidget* parent);
+  ~DocumentScreen() override;
+
+  // What stands on the screen, in the cells that are not in edit.
+  DocumentValues values() const;
+
+ public Q_SLOTS:
+  // Shows the document LoginContext::OpenTranNo. When there is none, tells so and leaves the screen as it is.
+  void ShowRecord();
+
+ private:
+  enum class PrintMode { Nothing = 0, Document = 1, Voucher = 2 };
+
+  // The widgets (document_screen_layout.cpp)
+  void buildLayout();
+  QHBoxLayout* buildTitleRow();
+  QHBoxLayout* buildCards();
+  QHBoxLayout* buildFoot();
+  QWidget* buildHead();
+  void orderTabs();
+  void connectParts();
+  void connectCommands();
+  void offerCommands();
+
+  // The life of a document
+  void ClearForNewRecord();
+  void ValidateAndSave(PrintMode mode);
+  bool isFreeDocNo();
+  bool passes(const DocumentValues& values);
+  bool PostDocument(const DocumentValues& values);
+  void afterSave(PrintMode mode, const DocumentValues& values);
+  void printDocument(const DocumentValues& values);
+  void printVoucher();
+
+  // Commands
+  void addCommand();
+  void cancelCommand();
+  void deleteCommand();
+  void findCommand();
+  void retrieveCommand();
+  void previousCommand();
+  void nextCommand();
+  void openMaster(const MasterCommand& command);
+
+  // Showing
+  bool moveToTran(std::int64_t tranNo);
+  void fillFromTran();
+  void showTranNo();
+  void showConversion(const std::string& mark);
+  void bindSheet(std::int64_t tranNo);
+  void recalculate();
+  void partyChanged();
+  // Runs a command; a failure of the store is told under the title.
+  void attempt(std::string_view title, const std::function<void()>& command);
+
+  DocumentType type_;
+  session::Workplace& workplace_;
+  PrintOuts printOuts_;
+  OwnFields fields_;
+
+  store::Recordset Tran_;
+  store::Recordset SubTran_;
+  bool AddMode_ = true;
+  std::int64_t LastSavedTranNo_ = 0;
+  QTimer PrintTimer_;
+
+  CommandBar* commands_ = nullptr;
+  AccountDropList* PartyList_ = nullptr;
+  DocumentCard* card_ = nullptr;
+  PartyCard* party_ = nullptr;
+  ReferencesCard* references_ = nullptr;
+  ItemGrid* lines_ = nullptr;
+  TotalsPanel* totals_ = nullptr;
+  AccountCodeBox* IncomeCode_ = nullptr;  // none on documents without a second account
+  QLineEdit* IncomeAcc_ = nullptr;
+  QPlainTextEdit* Desc_ = nullptr;
+  QLineEdit* TranNo_ = nullptr;
+  QLabel* ConvLbl_ = nullptr;
+  QLabel* ConvLbl2_ = nullptr;
+  QPushButton* CI_ = nullptr;
+};
+
+}  // namespace velmo::frame

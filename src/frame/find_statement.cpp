@@ -1,0 +1,38 @@
+#include "frame/find_statement.h"
+
+#include "store/connection.h"
+#include "text/number.h"
+
+namespace velmo::frame {
+
+tl::expected<std::string, std::string> findCondition(const FindColumn& column, const std::string& value,
+                                                     const text::DateTime& day) {
+  const std::string begin = " And ((" + std::string(column.column) + ") ";
+  if (column.condition == FindCondition::OnDay) return begin + "= " + store::dateLiteral(day) + ")";
+  if (value.empty()) return tl::unexpected(std::string(column.refusal));
+  switch (column.condition) {
+    case FindCondition::Number: {
+      const std::optional<double> number = text::numberFrom(value);
+      if (!number) return tl::unexpected(std::string(column.refusal));
+      return begin + "= " + text::numberText(*number) + ")";
+    }
+    case FindCondition::Contains:
+      return begin + "like " + store::quoted("%" + value + "%") + ")";
+    case FindCondition::AsTyped:
+    case FindCondition::OnDay:
+      break;
+  }
+  return begin + "like " + store::quoted(value) + ")";
+}
+
+std::string findStatement(const FindType& type, int tranType, int fyid, std::string_view condition) {
+  return "SELECT " + std::string(type.select) +
+         " FROM (((Transactions LEFT JOIN Employees ON Transactions.EmpID = Employees.EmpID) INNER JOIN StockLocation "
+         "ON Transactions.LocationFrom = StockLocation.LocationID) INNER JOIN Users ON Transactions.UserAdded = "
+         "Users.UserID) INNER JOIN Users AS Users_1 ON Transactions.UserEdited = Users_1.UserID "
+         "Where (((Transactions.TranType) = " +
+         std::to_string(tranType) + ") And ((Transactions.FYID) = " + std::to_string(fyid) + ")" +
+         std::string(condition) + ") ORDER BY Transactions.DocNo";
+}
+
+}  // namespace velmo::frame

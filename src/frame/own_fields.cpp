@@ -1,0 +1,90 @@
+#include "frame/own_fields.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "forms/look.h"
+
+namespace velmo::frame {
+
+namespace {
+
+constexpr int longestText = 255;
+
+// The index of a stored choice; a value that stands for none counts as the initial one.
+int choiceIndex(const DocumentField& field, const std::string& stored) {
+  for (std::size_t i = 0; i < field.choices.size(); ++i)
+    if (stored == std::to_string(i)) return static_cast<int>(i);
+  return std::stoi(std::string(field.initial));
+}
+
+}  // namespace
+
+OwnFields::OwnFields(const std::vector<DocumentField>& fields) : fields_(fields) {}
+
+QWidget* OwnFields::makeControl(const DocumentField& field) {
+  QWidget* control = nullptr;
+  if (field.kind == FieldKind::Choice) {
+    auto* list = new QComboBox;
+    for (const std::string_view choice : field.choices) list->addItem(shownText(choice));
+    control = list;
+  } else {
+    auto* line = new QLineEdit;
+    line->setMaxLength(longestText);
+    control = line;
+  }
+  control->setObjectName(shownText(field.name));
+  control->setAccessibleName(shownText(field.label).trimmed());
+  controls_[field.name] = control;
+  return control;
+}
+
+void OwnFields::setInitial() {
+  for (const DocumentField& field : fields_) setText(field.name, std::string(field.initial));
+}
+
+void OwnFields::show(const store::Recordset& tran) {
+  for (const DocumentField& field : fields_) setText(field.name, tran.text(field.column));
+}
+
+std::map<std::string, std::string, std::less<>> OwnFields::texts() const {
+  std::map<std::string, std::string, std::less<>> all;
+  for (const DocumentField& field : fields_) all[std::string(field.name)] = text(field.name);
+  return all;
+}
+
+std::string OwnFields::text(std::string_view name) const {
+  const auto found = controls_.find(name);
+  if (found == controls_.end()) return unseen_.at(name);
+  if (const auto* list = qobject_cast<const QComboBox*>(found->second)) return std::to_string(list->currentIndex());
+  return static_cast<const QLineEdit*>(found->second)->text().toStdString();
+}
+
+void OwnFields::setText(std::string_view name, const std::string& text) {
+  const auto field = std::ranges::find(fields_, name, &DocumentField::name);
+  const auto found = controls_.find(name);
+  if (found == controls_.end()) {
+    unseen_[field->name] = text;
+  } else if (auto* list = qobject_cast<QComboBox*>(found->second)) {
+    list->setCurrentIndex(choiceIndex(*field, text));
+  } else {
+    auto* line = static_cast<QLineEdit*>(found->second);
+    line->setText(QString::fromStdString(text));
+    line->setCursorPosition(0);
+  }
+}
+
+QWidget* captionFor(QWidget& field, const QString& text) {
+  auto* caption = new QLabel(text.trimmed());
+  caption->setBuddy(&field);
+  forms::makeCaption(*caption);
+  if (field.accessibleName().isEmpty()) field.setAccessibleName(text.trimmed().remove('&'));
+  return caption;
+}
+
+QString shownText(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace velmo::frame

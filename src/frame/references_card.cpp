@@ -1,0 +1,107 @@
+#include "frame/references_card.h"
+
+#include <QGridLayout>
+#include <QLineEdit>
+
+#include "forms/drop_combo.h"
+#include "forms/look.h"
+
+namespace velmo::frame {
+
+namespace {
+
+ListChoice choiceOf(const forms::DropCombo& list) {
+  return {.text = list.currentText().toStdString(),
+          .id = store::integerOf(list.boundValue()),
+          .matches = list.matchesEntry()};
+}
+
+}  // namespace
+
+ReferencesCard::ReferencesCard(const DocumentType& type, OwnFields& fields, session::Workplace& workplace,
+                               QWidget* parent)
+    : QFrame(parent), fields_(fields), workplace_(workplace) {
+  forms::makeCard(*this);
+  auto* grid = new QGridLayout(this);
+  forms::setGrid(*grid, forms::spacing::Normal);
+  grid->setVerticalSpacing(forms::spacing::Tight);
+  int row = -1;
+  for (const DocumentField& field : type.fields) {
+    if (field.kind == FieldKind::Unseen || field.place == FieldPlace::Head) continue;
+    QWidget* control = fields.makeControl(field);
+    const int column = field.place == FieldPlace::Beside ? 2 : 0;
+    if (column == 0) ++row;
+    grid->addWidget(captionFor(*control, shownText(field.label)), row, column);
+    grid->addWidget(control, row, column + 1);
+  }
+  jobs_ = makeList("JobList");
+  employees_ = makeList("EmpList");
+  locations_ = makeList("LocationList");
+  ++row;
+  grid->addWidget(captionFor(*jobs_, tr("Job No && Description")), row, 0);
+  grid->addWidget(jobs_, row, 1, 1, 3);
+  ++row;
+  grid->addWidget(captionFor(*employees_, tr("Employee Reference")), row, 0);
+  grid->addWidget(employees_, row, 1);
+  grid->addWidget(captionFor(*locations_, tr("Inventory Location")), row, 2);
+  grid->addWidget(locations_, row, 3);
+  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(3, 1);
+  grid->setRowStretch(row + 1, 1);
+
+  for (const DateLookup& lookup : type.dateLookups)
+    if (auto* from = findChild<QLineEdit*>(shownText(lookup.from)))
+      connect(from, &QLineEdit::editingFinished, this, [this, &lookup] { lookUpDate(lookup); });
+}
+
+forms::DropCombo* ReferencesCard::makeList(const char* name) {
+  auto* list = new forms::DropCombo;
+  list->setObjectName(name);
+  list->setMinimumContentsLength(6);
+  return list;
+}
+
+void ReferencesCard::loadLists() {
+  store::Connection& connection = workplace_.context.KORDconn;
+  const auto rows = [&](const char* statement) {
+    return store::Recordset(connection, statement, store::LockType::ReadOnly);
+  };
+  jobs_->setSource(rows("select Jobid, (JobNo & ' (' & JobDesc &')') as Job from jobs where status=no order by jobno"),
+                   "Job", "Jobid");
+  employees_->setSource(rows("Select Empid, EmpName from Employees where status=no order by empname"), "EmpName",
+                        "Empid");
+  locations_->setSource(rows("Select Locationid, LocationName from StockLocation order by LocationName"),
+                        "LocationName", "Locationid");
+}
+
+void ReferencesCard::setJob(std::int64_t id) {
+  jobs_->setBoundValue(id);
+}
+void ReferencesCard::setEmployee(std::int64_t id) {
+  employees_->setBoundValue(id);
+}
+void ReferencesCard::setLocation(std::int64_t id) {
+  locations_->setBoundValue(id);
+}
+ListChoice ReferencesCard::job() const {
+  return choiceOf(*jobs_);
+}
+ListChoice ReferencesCard::employee() const {
+  return choiceOf(*employees_);
+}
+ListChoice ReferencesCard::location() const {
+  return choiceOf(*locations_);
+}
+
+void ReferencesCard::lookUpDate(const DateLookup& lookup) {
+  const std::string statement = lookup.statement(fields_.text(lookup.from), workplace_.context.FYID);
+  if (statement.empty()) return;
+  try {
+    const store::Recordset found(workplace_.context.KORDconn, statement, store::LockType::ReadOnly);
+    if (!found.isEmpty()) fields_.setText(lookup.to, found.text("trandate"));
+  } catch (const store::StoreError& error) {
+    workplace_.prompts.tell("Cannot Find", error.what());
+  }
+}
+
+}  // namespace velmo::frame

@@ -1,0 +1,149 @@
+#include "frame/totals_panel.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+
+#include "forms/look.h"
+#include "forms/number_box.h"
+#include "session/prompts.h"
+
+namespace velmo::frame {
+
+namespace {
+
+constexpr int figureWidth = 118;  // nine digits, a point and parentheses
+
+QLabel* captionOf(QWidget& field, const QString& text) {
+  auto* caption = new QLabel(text.trimmed());
+  caption->setBuddy(&field);
+  caption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  forms::makeCaption(*caption);
+  field.setAccessibleName(text.trimmed());
+  return caption;
+}
+
+// What stands in a box between two key presses of one number: not yet a figure, but on its way to one.
+bool beginsNumber(const QString& text) {
+  return text == "-" || text == "." || text == "-.";
+}
+
+}  // namespace
+
+TotalsPanel::TotalsPanel(session::Prompts& prompts, QWidget* parent) : QFrame(parent), prompts_(prompts) {
+  forms::makeCard(*this);
+  auto* grid = new QGridLayout(this);
+  forms::setGrid(*grid, forms::spacing::Normal);
+  grid->setHorizontalSpacing(forms::spacing::Normal);
+  grid->setVerticalSpacing(forms::spacing::Tight);
+  grTot_ = addFigure(*grid, 0, 0, "GrTot", tr("Gross Amount "));
+  disc_ = addFigure(*grid, 1, 0, "Disc", tr("Discount "));
+  tExc_ = addFigure(*grid, 2, 0, "TExc", tr("Net Amount "));
+  discount_ = addAmount(*grid, 0, 2, "Discount", tr("Additonal Discount "), false);
+  gTotal_ = addFigure(*grid, 1, 2, "GTotal", tr("Gross Total "));
+  carriage_ = addAmount(*grid, 2, 2, "Carriage", tr("Carriage and Freight "), true);
+  netTotal_ = addFigure(*grid, 0, 4, "NetTotal", tr("Net Total "));
+  received_ = addAmount(*grid, 1, 4, "Received", tr("Amount Received "), false);
+  balance_ = addFigure(*grid, 2, 4, "Balance", tr("Balance "));
+  forms::makeTotal(*netTotal_);
+  forms::makeTotal(*balance_);
+  for (QWidget* total : {netTotal_, balance_}) total->setFixedWidth(figureWidth + 32);
+  received_->setFixedWidth(figureWidth + 32);
+
+  words_ = new QLabel;
+  words_->setObjectName("AmtWords");
+  words_->setAccessibleName(tr("Amount in words"));
+  words_->setWordWrap(true);
+  words_->setTextFormat(Qt::PlainText);
+  words_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  grid->addWidget(words_, 3, 0, 1, 6);
+
+  connect(carriage_, &forms::NumberBox::leftWithoutNumber, this,
+          [this] { prompts_.tell("Numeric Carriage", "Carriage must be a numeric figure."); });
+  for (forms::NumberBox* box : {discount_, carriage_, received_}) {
+    connect(box, &QLineEdit::textChanged, this, &TotalsPanel::RecalculateTotals);
+    connect(box, &forms::NumberBox::left, this, &TotalsPanel::RecalculateTotals);
+  }
+}
+
+QLineEdit* TotalsPanel::addFigure(QGridLayout& grid, int row, int column, const char* name, const QString& caption) {
+  auto* figure = new QLineEdit;
+  figure->setObjectName(name);
+  figure->setReadOnly(true);
+  figure->setFocusPolicy(Qt::NoFocus);
+  figure->setAlignment(Qt::AlignRight);
+  figure->setFont(forms::figureFont());
+  figure->setFixedWidth(figureWidth);
+  grid.addWidget(captionOf(*figure, caption), row, column);
+  grid.addWidget(figure, row, column + 1);
+  return figure;
+}
+
+forms::NumberBox* TotalsPanel::addAmount(QGridLayout& grid, int row, int column, const char* name,
+                                         const QString& caption, bool isSigned) {
+  forms::NumberBoxOptions options;
+  if (isSigned) options = {.sign = forms::Sign::Signed, .editFormat = "#0.00", .restFormat = "#0.00; (#0.00)"};
+  auto* amount = new forms::NumberBox(nullptr, options);
+  amount->setObjectName(name);
+  amount->setFixedWidth(figureWidth);
+  grid.addWidget(captionOf(*amount, caption), row, column);
+  grid.addWidget(amount, row, column + 1);
+  return amount;
+}
+
+void TotalsPanel::setSums(const LineSums& sums) {
+  sums_ = sums;
+  RecalculateTotals();
+}
+
+void TotalsPanel::setCurrencyName(const std::string& name) {
+  currencyName_ = name;
+}
+
+void TotalsPanel::setReceivedRule(ReceivedRule rule) {
+  if (std::exchange(rule_, rule) != rule) RecalculateTotals();
+}
+
+void TotalsPanel::setTyped(const TypedAmounts& typed) {
+  {
+    const QScopedValueRollback guard(recalculating_, true);
+    discount_->setText(QString::fromStdString(typed.Discount));
+    carriage_->setText(QString::fromStdString(typed.Carriage));
+    received_->setText(QString::fromStdString(typed.Received));
+  }
+  RecalculateTotals();
+}
+
+QWidget* TotalsPanel::firstBox() const {
+  return discount_;
+}
+
+void TotalsPanel::showTyped(forms::NumberBox& box, const std::string& text) {
+  const QString shown = QString::fromStdString(text);
+  if (box.text() == shown || (box.hasFocus() && beginsNumber(box.text()))) return;
+  box.setText(shown);
+  if (box.hasFocus()) box.selectAll();
+}
+
+void TotalsPanel::RecalculateTotals() {
+  if (recalculating_) return;
+  const QScopedValueRollback guard(recalculating_, true);
+  const auto textOf = [](const QLineEdit* box) { return box->text().toStdString(); };
+  totals_ = frame::RecalculateTotals(
+      sums_, {.Discount = textOf(discount_), .Carriage = textOf(carriage_), .Received = textOf(received_)}, rule_,
+      currencyName_);
+  showTyped(*discount_, totals_.Discount);
+  showTyped(*carriage_, totals_.Carriage);
+  showTyped(*received_, totals_.Received);
+  const auto show = [](QLineEdit* figure, const std::string& text) { figure->setText(QString::fromStdString(text)); };
+  show(grTot_, totals_.GrTot);
+  show(disc_, totals_.Disc);
+  show(tExc_, totals_.TExc);
+  show(gTotal_, totals_.GTotal);
+  show(netTotal_, totals_.NetTotal);
+  show(balance_, totals_.Balance);
+  words_->setText(QString::fromStdString(totals_.AmtWords));
+}
+
+}  // namespace velmo::frame

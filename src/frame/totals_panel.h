@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QFrame>
+
+#include "frame/document_totals.h"
+
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+
+namespace velmo::forms {
+class NumberBox;
+}
+
+namespace velmo::session {
+class Prompts;
+}
+
+namespace velmo::frame {
+
+// The totals of a document: three sums of the lines, the three typed amounts, and what follows from them, with the
+// amount in words below.
+class TotalsPanel : public QFrame {
+  Q_OBJECT
+
+ public:
+  TotalsPanel(session::Prompts& prompts, QWidget* parent);
+
+  void setSums(const LineSums& sums);
+  // The currency stands before the words; the rule says whether the amount received follows the net total.
+  void setCurrencyName(const std::string& name);
+  void setReceivedRule(ReceivedRule rule);
+  // The three typed amounts, as texts.
+  void setTyped(const TypedAmounts& typed);
+
+  const DocumentTotals& totals() const { return totals_; }
+  QWidget* firstBox() const;
+
+ public Q_SLOTS:
+  void RecalculateTotals();
+
+ private:
+  QLineEdit* addFigure(QGridLayout& grid, int row, int column, const char* name, const QString& caption);
+  forms::NumberBox* addAmount(QGridLayout& grid, int row, int column, const char* name, const QString& caption,
+                              bool isSigned);
+  void showTyped(forms::NumberBox& box, const std::string& text);
+
+  session::Prompts& prompts_;
+  LineSums sums_;
+  ReceivedRule rule_ = ReceivedRule::AsTyped;
+  std::string currencyName_;
+  DocumentTotals totals_;
+  bool recalculating_ = false;
+
+  QLineEdit* grTot_;
+  QLineEdit* disc_;
+  QLineEdit* tExc_;
+  forms::NumberBox* discount_;
+  QLineEdit* gTotal_;
+  forms::NumberBox* carriage_;
+  QLineEdit* netTotal_;
+  forms::NumberBox* received_;
+  QLineEdit* balance_;
+  QLabel* words_;
+};
+
+}  // namespace velmo::frame
