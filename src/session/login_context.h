@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "schema/company_schema.h"
 #include "store/connection.h"
 #include "store/recordset.h"
 #include "text/date_time.h"
@@ -12,7 +13,7 @@ namespace velmo::session {
 // The values held for the logged-in user, company and financial year. Made at login, owned by the shell, handed to
 // screens by reference; the settings screens write back into it.
 struct LoginContext {
-  explicit LoginContext(const store::Catalog& catalog) : KORDconn(catalog) {}
+  explicit LoginContext(const store::Catalog& catalog) : KORDconn(catalog, schema::schemaVersion) {}
 
   std::string ShapeConnection;  // connection string for hierarchies
   store::Connection KORDconn;   // open while the shell lives

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "session/workplace.h"
+
+class QWidget;
+
+namespace velmo::shell {
+
+// The dialog that names the program, its version and where the company's data lies.
+QWidget* makeAbout(session::Workplace& workplace, QWidget* parent);
+
+}  // namespace velmo::shell

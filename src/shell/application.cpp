@@ -1,0 +1,72 @@
+#include "shell/application.h"
+
+#include <QScreen>
+#include <filesystem>
+
+#include "forms/look.h"
+#include "schema/company_file.h"
+#include "schema/company_schema.h"
+#include "shell/brand_panel.h"
+#include "shell/login_form.h"
+#include "shell/main_shell.h"
+
+namespace velmo::shell {
+namespace {
+
+constexpr const char* programTitle = "Velmo Point of Sale";
+
+}  // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+  setApplicationName(QStringLiteral("velmo"));
+  setApplicationDisplayName(QLatin1String(programTitle));
+  setApplicationVersion(QStringLiteral("1.0.0"));
+  setDesktopFileName(QStringLiteral("velmo"));
+  setWindowIcon(programIcon());
+  // The login window closes before the main window shows.
+  setQuitOnLastWindowClosed(false);
+}
+
+int Application::run() {
+  forms::applyLook(*this, forms::desktopBrightness());
+  try {
+    const std::filesystem::path folder = schema::programFolder();
+    std::filesystem::current_path(folder);
+    schema::prepareCompanyFile(schema::plainConnectionString, clock_.now());
+    std::unique_ptr<session::LoginContext> context;
+    {
+      LoginForm login(schema::companyCatalog(), schema::plainConnectionString, prompts_);
+      if (login.exec() != QDialog::Accepted) return 0;
+      context = login.takeContext();
+    }
+    Parent shell(std::move(context), {.clock = clock_,
+                                      .prompts = prompts_,
+                                      .files = files_,
+                                      .programFolder = folder,
+                                      .screenWidth = primaryScreen()->size().width()});
+    shell.showMaximized();
+    setQuitOnLastWindowClosed(true);
+    return exec();
+  } catch (const std::exception& failure) {
+    prompts_.tell(programTitle, failure.what());
+    return 1;
+  }
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (const store::StoreError& failure) {
+    // A failure while painting would come again behind its own message box.
+    if (tellingFailure_) {
+      qWarning("%s", failure.what());
+    } else {
+      tellingFailure_ = true;
+      prompts_.tell(programTitle, failure.what());
+      tellingFailure_ = false;
+    }
+    return false;
+  }
+}
+
+}  // namespace velmo::shell

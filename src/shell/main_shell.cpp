@@ -1,0 +1,213 @@
+#include "shell/main_shell.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QProcess>
+#include <QStatusBar>
+
+#include "forms/look.h"
+#include "session/login.h"
+#include "shell/brand_panel.h"
+#include "shell/menu_actions.h"
+#include "shell/screen_windows.h"
+
+namespace velmo::shell {
+namespace {
+
+constexpr int administrator = 1;
+constexpr int welcomeRight = 2;
+constexpr int smallestScreenWidth = 1000;  // the sentence asks for 1024; a little less passes
+constexpr int reloadDelay = 1000;          // milliseconds
+constexpr int idleDelay = 5000;            // milliseconds without key or click
+
+// The screens after whose closing a shared list is read afresh.
+enum class SharedList { Items, Accounts };
+struct Reload {
+  const char* screen;
+  SharedList list;
+};
+constexpr Reload reloads[] = {
+    {"ModifyInventory", SharedList::Items},    {"ModifyServices", SharedList::Items},
+    {"ModifyAccounts", SharedList::Accounts},  {"ModifyBanks", SharedList::Accounts},
+    {"ModifyCustomers", SharedList::Accounts}, {"ModifySuppliers", SharedList::Accounts},
+};
+
+QTimer* oneShot(QObject* owner, const char* name, int delay) {
+  auto* timer = new QTimer(owner);
+  timer->setObjectName(QLatin1String(name));
+  timer->setSingleShot(true);
+  timer->setInterval(delay);
+  return timer;
+}
+
+void readAfresh(store::Recordset& list, store::Connection& connection, const char* statement) {
+  if (list.isOpen()) list.close();
+  list.open(connection, statement, store::LockType::ReadOnly, store::Fetch::AsNeeded);
+}
+
+}  // namespace
+
+Parent::Parent(std::unique_ptr<session::LoginContext> context, const Surroundings& surroundings)
+    : context_(std::move(context)),
+      surroundings_(surroundings),
+      screens_(new ScreenWindows(surroundings.catalogue, this)),
+      workplace_{*context_, surroundings.clock, surroundings.prompts, surroundings.files, *screens_},
+      itemsTimer_(oneShot(this, "InvTimer", reloadDelay)),
+      accountsTimer_(oneShot(this, "AccTimer", reloadDelay)),
+      idleTimer_(oneShot(this, "IdleTimer", idleDelay)) {
+  context_->KORDconn.open(surroundings_.connectionString);
+  context_->ShapeConnection = surroundings_.shapeString;
+  screens_->setWorkplace(workplace_);
+  buildWindow();
+  WelcomeAllowed = workplace_.rights().allows(welcomeRight);
+  if (WelcomeAllowed) screens_->openScreen("Navigation");
+  startTimers();
+  warnOfNarrowScreen(surroundings_.prompts, surroundings_.screenWidth);
+}
+
+Parent::~Parent() {
+  qApp->removeEventFilter(this);
+  delete screens_;  // the screens let go of the file before it closes
+}
+
+void Parent::buildWindow() {
+  setObjectName(QStringLiteral("Parent"));
+  setWindowTitle(QStringLiteral("Velmo Point of Sale - ") + QString::fromStdString(context_->CompanyName));
+  setWindowIcon(programIcon());
+  setCentralWidget(screens_);
+  setMinimumSize(800, 560);
+  fillMenuBar(
+      *menuBar(), [this](std::string_view screen) { return screens_->hasScreen(screen); },
+      [this](const MenuEntry& entry) { choose(entry); });
+
+  auto* bar = new QStatusBar(this);
+  bar->setObjectName(QStringLiteral("KORDStatusBar"));
+  const QString panels[] = {QStringLiteral("Velmo Point of Sale"),
+                            QString::fromStdString(session::financialYearLine(*context_))};
+  for (int i = 0; i < 2; ++i) {
+    auto* panel = new QLabel(panels[i], bar);
+    panel->setObjectName(QStringLiteral("Panel_") + QString::number(i + 1));
+    panel->setContentsMargins(forms::spacing::Normal, 0, forms::spacing::Section, 0);
+    forms::makeCaption(*panel);
+    bar->addWidget(panel);
+  }
+  setStatusBar(bar);
+}
+
+void Parent::startTimers() {
+  connect(itemsTimer_, &QTimer::timeout, this, &Parent::readItems);
+  connect(accountsTimer_, &QTimer::timeout, this, &Parent::readAccounts);
+  connect(idleTimer_, &QTimer::timeout, this, &Parent::moveLogIntoFile);
+  connect(screens_, &ScreenWindows::screenClosed, this, &Parent::screenClosed);
+  itemsTimer_->start();
+  accountsTimer_->start();
+  idleTimer_->start();
+  qApp->installEventFilter(this);
+}
+
+void Parent::readItems() {
+  readAfresh(context_->ItemsRS, context_->KORDconn, "SELECT * FROM StockLevel3 ORDER BY ItemCode");
+}
+
+void Parent::readAccounts() {
+  readAfresh(context_->AccountsRS, context_->KORDconn, "SELECT * from AccLevel3 order by acccode");
+}
+
+void Parent::moveLogIntoFile() {
+  if (context_->KORDconn.isOpen() && !context_->KORDconn.inTransaction()) context_->KORDconn.checkpoint();
+}
+
+// Keys and clicks put off the work that waits for an idle moment.
+bool Parent::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) idleTimer_->start();
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void Parent::screenClosed(const QString& name) {
+  for (const Reload& reload : reloads)
+    if (name == QLatin1String(reload.screen))
+      (reload.list == SharedList::Items ? itemsTimer_ : accountsTimer_)->start();
+}
+
+bool Parent::passes(const MenuGuard& guard) {
+  if (!guard.refusal.empty() && context_->UserID > administrator) {
+    surroundings_.prompts.tell("Not Allowed", guard.refusal);
+    return false;
+  }
+  return guard.right == 0 || workplace_.rights().demand(guard.right);
+}
+
+void Parent::choose(const MenuEntry& entry) {
+  if (!passes(entry.guard)) return;
+  switch (entry.command) {
+    case MenuCommand::OpenScreen:
+      screens_->openScreen(entry.target);
+      break;
+    case MenuCommand::OpenDialog:
+      screens_->openDialog(entry.target);
+      break;
+    case MenuCommand::ShowWelcome:
+      showWelcome();
+      break;
+    case MenuCommand::StartBackUp:
+      SkipBackUpPrompt = true;
+      startBackUpUtility();
+      close();
+      break;
+    case MenuCommand::Exit:
+      close();
+      break;
+    case MenuCommand::OpenSubmenu:
+    case MenuCommand::Separator:
+      break;
+  }
+}
+
+void Parent::showWelcome() {
+  if (WelcomeAllowed)
+    screens_->openScreen("Navigation");
+  else
+    surroundings_.prompts.tell("Not Allowed", "You do not have access to welcome screen.");
+}
+
+// A utility that is not there or does not start is no reason to stay open.
+void Parent::startBackUpUtility() {
+  const std::filesystem::path program = surroundings_.programFolder / "Back-Up Utility.exe";
+  QProcess::startDetached(QString::fromStdString(program.string()), {},
+                          QString::fromStdString(surroundings_.programFolder.string()));
+}
+
+bool Parent::confirmClosing() {
+  if (SkipBackUpPrompt) return true;
+  const session::Answer answer = surroundings_.prompts.ask({.title = "Back-Up Confirmation",
+                                                            .text = "Do you want to save back-up of your data?",
+                                                            .buttons = session::Buttons::YesNoCancel});
+  if (answer == session::Answer::Yes) startBackUpUtility();
+  return answer != session::Answer::Cancel;
+}
+
+void Parent::closeEvent(QCloseEvent* event) {
+  if (!context_->KORDconn.isOpen()) return;
+  if (!confirmClosing() || !screens_->closeAll()) {
+    SkipBackUpPrompt = false;
+    event->ignore();
+    return;
+  }
+  for (QTimer* timer : {itemsTimer_, accountsTimer_, idleTimer_}) timer->stop();
+  for (store::Recordset* list : {&context_->ItemsRS, &context_->AccountsRS})
+    if (list->isOpen()) list->close();
+  context_->KORDconn.close();
+  event->accept();
+}
+
+void warnOfNarrowScreen(session::Prompts& prompts, int screenWidth) {
+  if (screenWidth < smallestScreenWidth)
+    prompts.tell("Screen Display Resolution",
+                 "It has been detected that your screen resolution has been set lesser than the minimum requirement "
+                 "for Velmo Point of Sale. The minimum screen display settings requirement for this software is "
+                 "1024 X 768 . Kindly reset your display settings for proper visibility.");
+}
+
+}  // namespace velmo::shell

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "schema/company_file.h"
+#include "session/workplace.h"
+#include "shell/menu_tree.h"
+#include "shell/screen_catalogue.h"
+
+namespace velmo::shell {
+
+class ScreenWindows;
+
+// What the shell is given from outside; it must outlive the shell.
+struct Surroundings {
+  session::Clock& clock;
+  session::Prompts& prompts;
+  session::FileChooser& files;
+  std::filesystem::path programFolder;
+  int screenWidth = 0;  // device-independent pixels
+  std::string connectionString = schema::plainConnectionString;
+  std::string shapeString = schema::shapeConnectionString;
+  std::span<const ScreenEntry> catalogue = screenCatalogue();
+};
+
+// The main window: menu, status bar, the screens as tabs, the open file and the lists that all screens share.
+class Parent : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // Opens the file and, for those who may see it, the welcome screen. Throws store::StoreError.
+  Parent(std::unique_ptr<session::LoginContext> context, const Surroundings& surroundings);
+  ~Parent() override;
+
+  session::Workplace& workplace() { return workplace_; }
+  ScreenWindows& screens() { return *screens_; }
+
+  bool WelcomeAllowed = true;
+  bool SkipBackUpPrompt = false;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void buildWindow();
+  void startTimers();
+  void readItems();
+  void readAccounts();
+  void moveLogIntoFile();
+  void screenClosed(const QString& name);
+  void choose(const MenuEntry& entry);
+  bool passes(const MenuGuard& guard);
+  void showWelcome();
+  void startBackUpUtility();
+  bool confirmClosing();
+
+  std::unique_ptr<session::LoginContext> context_;
+  Surroundings surroundings_;
+  ScreenWindows* screens_;
+  session::Workplace workplace_;
+  QTimer* itemsTimer_;     // InvTimer
+  QTimer* accountsTimer_;  // AccTimer
+  QTimer* idleTimer_;
+};
+
+// The sentence for screens on which windows would be cut off.
+void warnOfNarrowScreen(session::Prompts& prompts, int screenWidth);
+
+}  // namespace velmo::shell

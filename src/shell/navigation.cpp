@@ -1,0 +1,118 @@
+#include "shell/navigation.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include "forms/look.h"
+#include "text/format.h"
+
+namespace velmo::shell {
+namespace {
+
+enum class LinkGroup { Sales, Purchases, CashAndBank };
+
+struct RecordLink {
+  int index;
+  const char* caption;
+  int right;
+  const char* screen;
+  LinkGroup group;
+};
+
+constexpr RecordLink recordLinks[] = {
+    {0, "Purchase", 57, "PurchaseBillsSimple", LinkGroup::Purchases},
+    {1, "Point of Sale Invoice", 95, "SaleInvoicesPOS", LinkGroup::Sales},
+    {2, "Cash Payment", 68, "CashPayments", LinkGroup::CashAndBank},
+    {3, "Outwards Gate Pass", 156, "GatePassesOut", LinkGroup::Sales},
+    {4, "Inwards Gate Pass", 152, "GatePassesIn", LinkGroup::Purchases},
+    {5, "Delivery Challan", 90, "DeliveryChallans", LinkGroup::Sales},
+    {7, "Cash Receipt", 106, "CashReceipts", LinkGroup::CashAndBank},
+    {8, "Bank Payment", 64, "BankPayments", LinkGroup::CashAndBank},
+    {9, "Bank Receipt", 102, "BankReceipts", LinkGroup::CashAndBank},
+    {10, "Sale Invoice", 93, "SaleInvoicesSimple", LinkGroup::Sales},
+};
+
+QLabel* addLabel(QLayout* layout, const char* name, const std::string& text) {
+  auto* label = new QLabel(QString::fromStdString(text), layout->parentWidget());
+  label->setObjectName(QLatin1String(name));
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  layout->addWidget(label);
+  return label;
+}
+
+}  // namespace
+
+Navigation::Navigation(session::Workplace& workplace, QWidget* parent) : QWidget(parent), workplace_(workplace) {
+  setWindowTitle(QStringLiteral("Welcome ") + QString::fromStdString(workplace_.context.UserName));
+  auto* page = new QWidget(this);
+  page->setMaximumWidth(1200);
+  auto* column = new QVBoxLayout(page);
+  forms::setGrid(*column, forms::spacing::Page, forms::spacing::Section);
+  column->addWidget(makeGreeting());
+  column->addWidget(makeLinks());
+  column->addStretch(1);
+
+  auto* scroller = new QScrollArea(this);
+  scroller->setFrameShape(QFrame::NoFrame);
+  scroller->setWidgetResizable(true);
+  auto* centring = new QWidget(scroller);
+  auto* across = new QHBoxLayout(centring);
+  forms::setGrid(*across, 0);
+  across->addStretch(1);
+  across->addWidget(page, 100);
+  across->addStretch(1);
+  scroller->setWidget(centring);
+  auto* whole = new QVBoxLayout(this);
+  forms::setGrid(*whole, 0);
+  whole->addWidget(scroller);
+}
+
+QWidget* Navigation::makeGreeting() {
+  auto* card = new QFrame(this);
+  forms::makeCard(*card);
+  auto* column = new QVBoxLayout(card);
+  forms::setGrid(*column, forms::spacing::Section + forms::spacing::Normal, forms::spacing::Tight);
+  forms::makeCaption(*addLabel(column, "LicLbl", "Business Name"));
+  forms::makeHeading(*addLabel(column, "CoTxt", workplace_.context.CompanyName));
+  addLabel(column, "DtLbl", text::formatDate(workplace_.clock.today(), "MMMM dd, yyyy"));
+  return card;
+}
+
+QWidget* Navigation::makeLinks() {
+  auto* links = new QWidget(this);
+  auto* row = new QHBoxLayout(links);
+  forms::setGrid(*row, 0, forms::spacing::Section);
+  constexpr std::pair<LinkGroup, const char*> groups[] = {
+      {LinkGroup::Sales, "Sales"}, {LinkGroup::Purchases, "Purchases"}, {LinkGroup::CashAndBank, "Cash and bank"}};
+  for (const auto& [group, caption] : groups) {
+    auto* card = new QFrame(links);
+    forms::makeCard(*card);
+    auto* column = new QVBoxLayout(card);
+    forms::setGrid(*column, forms::spacing::Section);
+    forms::makeCaption(*addLabel(column, "", std::string("New: ") + caption));
+    for (const RecordLink& link : recordLinks) {
+      if (link.group != group) continue;
+      auto* button = new QPushButton(QLatin1String(link.caption), card);
+      button->setObjectName(QStringLiteral("RecordNew_") + QString::number(link.index));
+      button->setMinimumHeight(40);
+      button->setEnabled(workplace_.screens.hasScreen(link.screen));
+      connect(button, &QPushButton::clicked, this, [this, &link] {
+        if (workplace_.rights().demand(link.right)) workplace_.screens.openScreen(link.screen);
+      });
+      column->addWidget(button);
+    }
+    column->addStretch(1);
+    row->addWidget(card, 1);
+  }
+  return links;
+}
+
+QWidget* makeNavigation(session::Workplace& workplace, QWidget* parent) {
+  return new Navigation(workplace, parent);
+}
+
+}  // namespace velmo::shell

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "session/workplace.h"
+
+class QWidget;
+
+namespace velmo::shell {
+
+enum class ScreenKind { ChildWindow, Dialog };
+
+// One screen of the program, by the name it is opened by. A dialog's widget is a QDialog.
+struct ScreenEntry {
+  std::string_view name;
+  ScreenKind kind;
+  QWidget* (*make)(session::Workplace& workplace, QWidget* parent);
+};
+
+// Every screen that this program has; what is not listed here cannot be opened.
+std::span<const ScreenEntry> screenCatalogue();
+
+}  // namespace velmo::shell

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QMdiArea>
+#include <QPointer>
+#include <map>
+#include <string>
+
+#include "session/screen_opener.h"
+#include "shell/screen_catalogue.h"
+
+class QMdiSubWindow;
+
+namespace velmo::shell {
+
+// The child windows and dialogs of the shell, by name: one tab for each open child window.
+class ScreenWindows : public QMdiArea, public session::ScreenOpener {
+  Q_OBJECT
+
+ public:
+  explicit ScreenWindows(std::span<const ScreenEntry> catalogue, QWidget* parent = nullptr);
+
+  // What the screens are handed when they are made. To be set before the first one is opened.
+  void setWorkplace(session::Workplace& workplace) { workplace_ = &workplace; }
+
+  bool openScreen(std::string_view name) override;
+  bool openDialog(std::string_view name) override;
+  bool hasScreen(std::string_view name) const override;
+
+  // The child window with this name; null when it is not open.
+  QWidget* openWindow(std::string_view name) const;
+  // Closes all child windows, as their own close buttons do; false when one of them refused.
+  bool closeAll();
+
+ Q_SIGNALS:
+  // A child window or dialog was closed.
+  void screenClosed(const QString& name);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  const ScreenEntry* entryOf(std::string_view name) const;
+  QMdiSubWindow* makeWindow(const ScreenEntry& entry);
+
+  std::span<const ScreenEntry> catalogue_;
+  session::Workplace* workplace_ = nullptr;
+  std::map<std::string, QPointer<QMdiSubWindow>, std::less<>> windows_;
+};
+
+}  // namespace velmo::shell
