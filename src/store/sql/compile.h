@@ -21,9 +21,9 @@ enum class StatementKind { Select, Insert, Update, Delete };
 struct ResultColumn {
   std::string name;
   ColumnType type = ColumnType::Text;
-  std::string table;
-  std::string tableAlias;
-  std::string column;
+  std::string table = {};
+  std::string tableAlias = {};
+  std::string column = {};
 };
 
 // A select of one table without grouping, in pieces, so that a cursor can walk it by key without reading it whole.
@@ -33,23 +33,24 @@ struct SingleTableSelect {
     bool descending = false;
   };
   std::string table;
-  std::string whereSql;             // "" when there is none; uses parameters ?1, ?2 ... of `parameters`
-  std::vector<OrderItem> order;     // plain columns of the table
+  std::string columnsSql = {};        // the select list: "Jobs"."JobID" AS "JobID", ...
+  std::string whereSql = {};          // "" when there is none; uses parameters ?1, ?2 ... of `parameters`
+  std::vector<OrderItem> order = {};  // plain columns of the table
 };
 
 struct CompiledStatement {
   StatementKind kind = StatementKind::Select;
   std::string sql;
   std::vector<Value> parameters;
-  std::vector<ResultColumn> columns;                 // of a select
-  std::vector<std::string> tables;                   // base tables read or written, canonical names
+  std::vector<ResultColumn> columns;  // of a select
+  std::vector<std::string> tables;    // base tables read or written, canonical names
   std::optional<SingleTableSelect> singleTable;
 };
 
 // Why a statement is refused: the clause, the place in the text and a sentence.
 struct CompileError {
-  std::string clause;       // "SELECT", "WHERE", "ORDER BY", ...
-  std::size_t position = 0; // byte offset into the statement
+  std::string clause;        // "SELECT", "WHERE", "ORDER BY", ...
+  std::size_t position = 0;  // byte offset into the statement
   std::size_t length = 0;
   std::string message;
 

@@ -1,0 +1,32 @@
+#include "store/catalog.h"
+
+#include <strings.h>
+
+#include <utility>
+
+namespace velmo::store {
+namespace {
+
+bool sameName(std::string_view a, std::string_view b) {
+  return a.size() == b.size() && strncasecmp(a.data(), b.data(), a.size()) == 0;
+}
+
+}  // namespace
+
+const Column* Table::find(std::string_view columnName) const {
+  for (const Column& column : columns) {
+    if (sameName(column.name, columnName)) return &column;
+  }
+  return nullptr;
+}
+
+Catalog::Catalog(std::vector<Table> tables) : tables_(std::move(tables)) {}
+
+const Table* Catalog::find(std::string_view tableName) const {
+  for (const Table& table : tables_) {
+    if (sameName(table.name, tableName)) return &table;
+  }
+  return nullptr;
+}
+
+}  // namespace velmo::store

@@ -1,0 +1,174 @@
+#include "store/sql/like.h"
+
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
+
+namespace velmo::store::sql {
+namespace {
+
+char32_t folded(char32_t character) {
+  if (character < 0x80) return character >= 'A' && character <= 'Z' ? character + 0x20 : character;
+  if (character > 0x10FFFF) return character;
+  return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(character), U_FOLD_CASE_DEFAULT));
+}
+
+// Bytes that are no UTF-8 stand for themselves, above the range of characters.
+std::vector<char32_t> foldedCharacters(std::string_view text) {
+  constexpr char32_t strayByte = 0x110000;
+  std::vector<char32_t> characters;
+  characters.reserve(text.size());
+  const auto length = static_cast<std::int32_t>(text.size());
+  for (std::int32_t at = 0; at < length;) {
+    const std::int32_t start = at;
+    UChar32 character = 0;
+    U8_NEXT(text.data(), at, length, character);
+    if (character < 0) {
+      for (std::int32_t i = start; i < at; ++i) {
+        characters.push_back(strayByte + static_cast<unsigned char>(text[static_cast<std::size_t>(i)]));
+      }
+    } else {
+      characters.push_back(folded(static_cast<char32_t>(character)));
+    }
+  }
+  return characters;
+}
+
+bool isAscii(std::string_view text) {
+  for (const char c : text) {
+    if (static_cast<unsigned char>(c) >= 0x80) return false;
+  }
+  return true;
+}
+
+char lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
+}
+
+bool containsLower(std::string_view text, std::string_view wanted) {
+  if (wanted.empty()) return true;
+  if (text.size() < wanted.size()) return false;
+  const std::size_t last = text.size() - wanted.size();
+  for (std::size_t start = 0; start <= last; ++start) {
+    std::size_t i = 0;
+    while (i < wanted.size() && lower(text[start + i]) == wanted[i]) ++i;
+    if (i == wanted.size()) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+LikePattern::LikePattern(std::string_view pattern) {
+  const std::vector<char32_t> characters = foldedCharacters(pattern);
+  for (std::size_t at = 0; at < characters.size(); ++at) {
+    switch (characters[at]) {
+      case U'%':
+        if (steps_.empty() || steps_.back().kind != Kind::AnyMany) steps_.push_back({.kind = Kind::AnyMany});
+        break;
+      case U'_':
+        steps_.push_back({.kind = Kind::AnyOne});
+        break;
+      case U'[':
+        at = readList(characters, at);
+        break;
+      default:
+        steps_.push_back({.character = characters[at]});
+    }
+  }
+  if (pattern.size() >= 2 && pattern.front() == '%' && pattern.back() == '%' &&
+      isPlainPattern(pattern.substr(1, pattern.size() - 2))) {
+    containsOnly_ = true;
+    for (const char c : pattern.substr(1, pattern.size() - 2)) contained_ += lower(c);
+  }
+}
+
+// A bracket that nothing closes is an ordinary character. Returns the place of the list's last character.
+std::size_t LikePattern::readList(const std::vector<char32_t>& pattern, std::size_t open) {
+  Step list{.kind = Kind::List};
+  std::size_t at = open + 1;
+  if (at < pattern.size() && (pattern[at] == U'!' || pattern[at] == U'^') && at + 1 < pattern.size() &&
+      pattern[at + 1] != U']') {
+    list.negated = true;
+    ++at;
+  }
+  while (at < pattern.size() && pattern[at] != U']') {
+    const bool range = at + 2 < pattern.size() && pattern[at + 1] == U'-' && pattern[at + 2] != U']';
+    list.ranges.push_back({pattern[at], range ? pattern[at + 2] : pattern[at]});
+    at += range ? 3 : 1;
+  }
+  if (at >= pattern.size()) {
+    steps_.push_back({.character = U'['});
+    return open;
+  }
+  if (!list.ranges.empty()) steps_.push_back(std::move(list));
+  return at;
+}
+
+bool LikePattern::accepts(const Step& step, char32_t character) {
+  if (step.kind == Kind::AnyOne) return true;
+  if (step.kind == Kind::Character) return step.character == character;
+  for (const Range& range : step.ranges) {
+    if (character >= range.first && character <= range.last) return !step.negated;
+  }
+  return step.negated;
+}
+
+bool LikePattern::matches(std::string_view text) const {
+  if (containsOnly_ && isAscii(text)) return containsLower(text, contained_);
+  return matchesFrom(foldedCharacters(text));
+}
+
+// Only the last % needs to be taken back, so that the work is at worst the product of the two lengths.
+bool LikePattern::matchesFrom(const std::vector<char32_t>& text) const {
+  constexpr std::size_t none = static_cast<std::size_t>(-1);
+  std::size_t step = 0;
+  std::size_t at = 0;
+  std::size_t stepAfterMany = none;
+  std::size_t retryAt = 0;
+  while (at < text.size()) {
+    if (step < steps_.size() && steps_[step].kind == Kind::AnyMany) {
+      stepAfterMany = ++step;
+      retryAt = at;
+    } else if (step < steps_.size() && accepts(steps_[step], text[at])) {
+      ++step;
+      ++at;
+    } else if (stepAfterMany != none) {
+      step = stepAfterMany;
+      at = ++retryAt;
+    } else {
+      return false;
+    }
+  }
+  while (step < steps_.size() && steps_[step].kind == Kind::AnyMany) ++step;
+  return step == steps_.size();
+}
+
+std::string foldedText(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  const auto length = static_cast<std::int32_t>(text.size());
+  for (std::int32_t at = 0; at < length;) {
+    const std::int32_t start = at;
+    UChar32 character = 0;
+    U8_NEXT(text.data(), at, length, character);
+    if (character < 0) {
+      result.append(text.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(at - start)));
+      continue;
+    }
+    char bytes[U8_MAX_LENGTH];
+    std::int32_t count = 0;
+    U8_APPEND_UNSAFE(bytes, count, static_cast<UChar32>(folded(static_cast<char32_t>(character))));
+    result.append(bytes, static_cast<std::size_t>(count));
+  }
+  return result;
+}
+
+bool likeMatches(std::string_view text, std::string_view pattern) {
+  return LikePattern(pattern).matches(text);
+}
+
+bool isPlainPattern(std::string_view pattern) {
+  return isAscii(pattern) && pattern.find_first_of("%_[") == std::string_view::npos;
+}
+
+}  // namespace velmo::store::sql
