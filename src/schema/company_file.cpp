@@ -41,6 +41,12 @@ const char* const shapeConnectionString =
     "PROVIDER=MSDataShape;Data Provider=Microsoft.Jet.OLEDB.4.0;Data Source=Uninstall\\Uninstall.MDB;"
     "Jet OLEDB:System Database=MySystem.mdw;Jet OLEDB:Database Password=Zx7pK2mQ9vTr4LwB6nHs";
 
+std::string connectionStringFor(const std::filesystem::path& file) {
+  return "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=\"" + file.string() +
+         "\";Jet OLEDB:System Database=MySystem.mdw;Jet OLEDB:Database Password=Zx7pK2mQ9vTr4LwB6nHs;"
+         "Jet OLEDB:Engine Type=5";
+}
+
 std::filesystem::path programFolder() {
   std::error_code error;
   const std::filesystem::path current = std::filesystem::current_path(error);

@@ -11,6 +11,9 @@ namespace velmo::schema {
 extern const char* const plainConnectionString;
 extern const char* const shapeConnectionString;
 
+// The plain string for a company's file that lies elsewhere: a copy, a demonstration.
+std::string connectionStringFor(const std::filesystem::path& file);
+
 // The program's folder: the current directory when it holds "Uninstall", otherwise "velmo" in the user's data folder
 // (XDG_DATA_HOME), made when missing.
 std::filesystem::path programFolder();

@@ -9,6 +9,7 @@ namespace {
 // What hangs on a document goes with it. Rows that settle a document carry the settling document's TranNo and stay.
 const store::Relation ofDocument{"TranNo", "Transactions", "TranNo", true};
 
+// The dates beside the references D1 and D2 are texts: they are kept as they were typed.
 store::Table transactions() {
   return {
       .name = "Transactions",
@@ -23,9 +24,9 @@ store::Table transactions() {
                   {"Desc", Text},
                   {"TranType", Integer},
                   {"D1", Text},
-                  {"D1Date", Date},
+                  {"D1Date", Text},
                   {"D2", Text},
-                  {"D2Date", Date},
+                  {"D2Date", Text},
                   {"PartyCode", Long},
                   {"PartyCode2", Long},
                   {"Text1", Text},

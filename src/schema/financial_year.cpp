@@ -6,9 +6,6 @@
 namespace velmo::schema {
 namespace {
 
-using store::FieldValue;
-using store::Null;
-
 struct FixedDocument {
   int tranType;
   text::DateTime date;
@@ -30,9 +27,9 @@ std::int64_t addFixedDocument(store::Connection& connection, const NewFinancialY
       {"Desc", document.description},
       {"TranType", document.tranType},
       {"D1", ""},
-      {"D1Date", Null()},
+      {"D1Date", ""},
       {"D2", ""},
-      {"D2Date", Null()},
+      {"D2Date", ""},
       {"PartyCode", 0},
       {"PartyCode2", 0},
       {"Text1", ""},
