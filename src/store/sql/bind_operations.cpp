@@ -154,8 +154,18 @@ class OperationBinder {
                     clause_);
   }
 
-  // A date beside a number is compared as a date; other kinds must be alike.
+  // A date beside a number is compared as a date, and a text that a function made as the number it spells:
+  // Left(AccCode, 5) = 12001. Other kinds must be alike.
   void makeComparable() {
+    bool number = false;
+    for (const BoundPtr& operand : operands_) {
+      number = number || operand->domain == Domain::Whole || operand->domain == Domain::Real;
+    }
+    for (BoundPtr& operand : operands_) {
+      if (!number || operand->meaning != Meaning::Call || operand->domain != Domain::Text) continue;
+      const Place place = operand->place;
+      operand = callOf("velmo_number", Domain::Real, {std::move(operand)}, place, clause_);
+    }
     bool dates = false;
     bool texts = false;
     bool numbers = false;
