@@ -9,6 +9,7 @@
 
 #include "store/catalog.h"
 #include "store/error.h"
+#include "store/file_check.h"
 #include "store/value.h"
 
 struct sqlite3;
@@ -19,7 +20,10 @@ namespace velmo::store {
 // Not for use from several threads at once.
 class Connection {
  public:
-  explicit Connection(const Catalog& catalog);
+  struct Impl;
+
+  // A file of a newer schema than `newestSchemaVersion` is refused by open().
+  explicit Connection(const Catalog& catalog, int newestSchemaVersion = anySchemaVersion);
   ~Connection();
   Connection(Connection&&) noexcept;
   Connection& operator=(Connection&&) noexcept;
@@ -28,8 +32,13 @@ class Connection {
   // Database Password=..."), relative to the current directory, and verifies its password. Throws StoreError and
   // leaves the file untouched when it is damaged, foreign, newer or closed to us.
   void open(std::string_view connectionString);
+  // Undoes an open transaction. Recordsets keep the rows they have read and refuse everything else.
   void close();
   bool isOpen() const;
+
+  // Moves what was written from the log into the file, as far as nobody reads there. For moments without work: writing
+  // itself leaves the log alone until it is large.
+  void checkpoint();
 
   // Runs an INSERT, UPDATE or DELETE of the dialect and returns the number of rows written.
   std::int64_t execute(std::string_view statement);
@@ -45,18 +54,22 @@ class Connection {
     void commit();
 
    private:
-    Connection* connection_;
+    std::shared_ptr<Impl> connection_;
     bool open_ = true;
   };
+  bool inTransaction() const;
+
+  // Grows when rows of the table were written through this connection, and for every table when another program wrote
+  // to the file: what was read at the same generation is still what is there.
+  std::int64_t generationOf(std::string_view table) const;
 
   const Catalog& catalog() const;
   sqlite3* handle() const;  // for the store's own files, benchmarks and tests
 
-  struct Impl;
-  Impl& impl() const { return *impl_; }
+  const std::shared_ptr<Impl>& impl() const { return impl_; }  // for the store's own files
 
  private:
-  std::unique_ptr<Impl> impl_;
+  std::shared_ptr<Impl> impl_;
 };
 
 // A typed text as a literal of a statement: quotes doubled, in single quotes. Wildcards stay wildcards.

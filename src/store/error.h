@@ -5,6 +5,8 @@
 
 namespace velmo::store {
 
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wshadow"  // the enumerators are reached through ErrorKind:: alone
 enum class ErrorKind {
   Statement,   // the statement is not of the dialect, or does not fit the tables
   Conflict,    // a row was changed or removed since it was read
@@ -21,6 +23,7 @@ enum class ErrorKind {
   Failed,      // anything else the store reports
   Misuse       // the operation does not fit the state: no current row, closed recordset
 };
+#pragma GCC diagnostic pop
 
 // Every failure of the store. what() is a full sentence that can be shown to the user.
 class StoreError : public std::runtime_error {

@@ -18,7 +18,9 @@ namespace velmo::store {
 enum class LockType { ReadOnly, Optimistic, BatchOptimistic };
 
 // AsNeeded keeps no copy of a large single-table list: the cursor walks it by key and reads rows when they are looked
-// at. A statement that cannot be walked so is read whole.
+// at, so that it sees what others write when it moves and takes new rows into their place of the order. A statement
+// that cannot be walked so, and a batch, are read as All. All keeps its rows, and reads a large result as its rows are
+// looked at.
 enum class Fetch { All, AsNeeded };
 
 enum class SearchFrom { CurrentRow, NextRow };
@@ -54,7 +56,8 @@ class Recordset {
   void openShape(Connection& connection, std::string_view shapeStatement);
   void close();
   bool isOpen() const;
-  // Reads the statement again: first row, new rows appear, the sort and filter are kept.
+  // What was typed and not yet written is dropped. Reads the statement again: first row, new rows appear, the sort and
+  // filter are kept.
   void requery();
 
   // Position. The cursor stands on a row, before the first (bof) or behind the last (eof); on an empty set both hold.
@@ -65,8 +68,8 @@ class Recordset {
   void moveLast();
   void moveNext();
   void movePrevious();
-  std::int64_t recordCount() const;           // of the rows that pass the filter
-  std::int64_t position() const;              // 0-based in the present order; -1 without a current row
+  std::int64_t recordCount() const;  // of the rows that pass the filter
+  std::int64_t position() const;     // 0-based in the present order; -1 without a current row
   void moveTo(std::int64_t position);
   Bookmark bookmark() const;
   void setBookmark(Bookmark row);
@@ -76,15 +79,15 @@ class Recordset {
   void setFilter(std::string_view conditions);  // "" for none; moves to the first match
   void setSort(std::string_view columns);       // "docno asc, trandate desc"; "" restores the statement's order
   std::string sort() const;
-  Recordset clone() const;                      // no filter, stands on the first row
+  Recordset clone() const;  // no filter, stands on the first row
 
   // Fields of the current row.
   const std::vector<FieldInfo>& fields() const;
   int fieldIndex(std::string_view name) const;  // -1 when absent
   Value value(std::string_view name) const;
-  std::string text(std::string_view name) const;       // textOf(value)
-  double number(std::string_view name) const;          // numberOf(value)
-  std::int64_t integer(std::string_view name) const;   // integerOf(value)
+  std::string text(std::string_view name) const;      // textOf(value)
+  double number(std::string_view name) const;         // numberOf(value)
+  std::int64_t integer(std::string_view name) const;  // integerOf(value)
   bool yes(std::string_view name) const;
   text::DateTime date(std::string_view name) const;
 
@@ -92,18 +95,23 @@ class Recordset {
   Value valueAt(std::int64_t position, int field) const;
   Bookmark bookmarkAt(std::int64_t position) const;
 
+  // Large results, for item views: the rows read so far, and more of them on demand. recordCount() reads them all.
+  bool hasMoreRows() const;
+  std::int64_t fetchedCount() const;
+  void fetchMore(int rows);
+
   // Writing. A value that does not fit its column is ErrorKind::Value and changes nothing. Optimistic locks write at
   // update(); batches keep rows pending until updateBatch(), which writes all of them or none in one transaction.
   void set(std::string_view name, const Value& value);
   void setAt(std::int64_t position, int field, const Value& value);
-  void addNew();                                               // a blank current row at the end
-  void addNew(std::span<const FieldValue> values);             // inserted at once unless in a batch
+  void addNew();                                    // a blank current row at the end
+  void addNew(std::span<const FieldValue> values);  // inserted at once unless in a batch
   void addNew(std::initializer_list<FieldValue> values) { addNew(std::span(values.begin(), values.size())); }
   void update();
   void update(std::span<const FieldValue> values);
   void update(std::initializer_list<FieldValue> values) { update(std::span(values.begin(), values.size())); }
   void cancelUpdate();
-  void remove();        // deletes the current row; it stays current but unreadable until a move
+  void remove();  // deletes the current row; it stays current but unreadable until a move
   void updateBatch();
   void cancelBatch();
   bool isEditing() const;

@@ -13,7 +13,9 @@ using Null = std::monostate;
 // What a field holds. Yes/No is bool; Byte, Integer and Long are std::int64_t; text is UTF-8.
 using Value = std::variant<Null, bool, std::int64_t, double, std::string, text::DateTime>;
 
-inline bool isNull(const Value& value) { return std::holds_alternative<Null>(value); }
+inline bool isNull(const Value& value) {
+  return std::holds_alternative<Null>(value);
+}
 
 // The text that a bound control shows: numbers with up to 15 digits, dates as "1/15/2024 2:07:09 PM", "" for null.
 std::string textOf(const Value& value);
@@ -22,6 +24,6 @@ std::string textOf(const Value& value);
 double numberOf(const Value& value);
 std::int64_t integerOf(const Value& value);  // rounded half to even
 bool isYes(const Value& value);
-text::DateTime dateOf(const Value& value);   // day 0 when the value is no date
+text::DateTime dateOf(const Value& value);  // day 0 when the value is no date
 
 }  // namespace velmo::store

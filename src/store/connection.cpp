@@ -1,0 +1,255 @@
+#include "store/connection.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "store/connection_impl.h"
+#include "store/connection_string.h"
+#include "store/sql/functions.h"
+#include "store/sql/statement_shape.h"
+#include "store/sqlite_error.h"
+
+namespace velmo::store {
+namespace {
+
+constexpr std::size_t mostShapes = 200;
+constexpr int busyTimeout = 2000;              // milliseconds that a write waits for another program
+constexpr const char* logPagesLimit = "8000";  // 32 MB; below that the log is moved into the file by checkpoint() alone
+
+}  // namespace
+
+Connection::Impl::~Impl() {
+  close();
+}
+
+void Connection::Impl::open(const std::filesystem::path& path, std::string_view password) {
+  close();
+  checkDatabaseFile(path, password, newestSchemaVersion);
+  attach(path, SQLITE_OPEN_READWRITE);
+}
+
+void Connection::Impl::attach(const std::filesystem::path& path, int openFlags) {
+  fileName = path.string();
+  const int code = sqlite3_open_v2(fileName.c_str(), &database, openFlags | SQLITE_OPEN_NOMUTEX, nullptr);
+  try {
+    if (code != SQLITE_OK) throw sqliteError(database, code, fileName);
+    sqlite3_extended_result_codes(database, 1);
+    sqlite3_busy_timeout(database, busyTimeout);
+    statements = std::make_shared<StatementCache>(database, fileName);
+    run("PRAGMA foreign_keys = ON");
+    run("PRAGMA journal_mode = WAL");
+    run("PRAGMA synchronous = FULL");
+    run((std::string("PRAGMA wal_autocheckpoint = ") + logPagesLimit).c_str());
+    run("PRAGMA cache_size = -16000");
+    sql::registerFunctions(database);
+    changes.watch(database);
+  } catch (...) {
+    close();
+    throw;
+  }
+}
+
+void Connection::Impl::close() noexcept {
+  if (database == nullptr) return;
+  if (transaction != 0) rollback();
+  for (const auto& weak : readers) {
+    if (const auto reader = weak.lock()) reader->abandonReading();
+  }
+  readers.clear();
+  shapeByKey.clear();
+  shapes.clear();
+  if (statements) statements->shut();
+  statements.reset();
+  sqlite3_close_v2(std::exchange(database, nullptr));
+}
+
+void Connection::Impl::requireOpen() const {
+  if (database == nullptr) throw StoreError(ErrorKind::Misuse, "The database is closed.");
+}
+
+BoundStatement Connection::Impl::compile(std::string_view statement) {
+  requireOpen();
+  auto refused = [&](const sql::CompileError& error) {
+    return StoreError(ErrorKind::Statement, error.describe(statement));
+  };
+  auto shape = sql::shapeOf(statement);
+  if (!shape) throw refused(shape.error());
+  if (const auto found = shapeByKey.find(shape->key); found != shapeByKey.end()) {
+    shapes.splice(shapes.begin(), shapes, found->second);
+    return {.compiled = shapes.front().compiled, .parameters = std::move(shape->parameters)};
+  }
+  auto compiled = sql::compile(statement, catalog);
+  if (!compiled) throw refused(compiled.error());
+  std::vector<Value> parameters = std::move(compiled->parameters);
+  shapes.push_front(
+      {.key = std::move(shape->key), .compiled = std::make_shared<const sql::CompiledStatement>(std::move(*compiled))});
+  shapeByKey.emplace(shapes.front().key, shapes.begin());
+  if (shapes.size() > mostShapes) {
+    shapeByKey.erase(shapes.back().key);
+    shapes.pop_back();
+  }
+  return {.compiled = shapes.front().compiled, .parameters = std::move(parameters)};
+}
+
+bool Connection::Impl::insideTransaction() const {
+  return sqlite3_get_autocommit(database) == 0;
+}
+
+PreparedStatement Connection::Impl::prepare(std::string_view sql) {
+  requireOpen();
+  return statements->take(sql);
+}
+
+void Connection::Impl::run(const char* sql) {
+  requireOpen();
+  const int code = sqlite3_exec(database, sql, nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) throw sqliteError(database, code, fileName);
+}
+
+std::int64_t Connection::Impl::write(std::string_view sql, const std::vector<Value>& parameters) {
+  finishReaders();
+  PreparedStatement statement = prepare(sql);
+  for (std::size_t i = 0; i < parameters.size(); ++i) statement.bind(static_cast<int>(i) + 1, parameters[i]);
+  while (statement.step()) {
+  }
+  return sqlite3_changes64(database);
+}
+
+void Connection::Impl::begin() {
+  if (transaction != 0) throw StoreError(ErrorKind::Misuse, "A transaction is open already.");
+  finishReaders();
+  prepare("BEGIN IMMEDIATE").step();
+  transaction = ++transactionsBegun;
+}
+
+void Connection::Impl::commit() {
+  if (!insideTransaction()) {
+    throw StoreError(ErrorKind::Failed, "The change was undone by the database because of an earlier failure.");
+  }
+  prepare("COMMIT").step();
+  transaction = 0;
+  for (const auto& weak : std::exchange(participants, {})) {
+    if (const auto participant = weak.lock()) participant->committed();
+  }
+}
+
+void Connection::Impl::rollback() noexcept {
+  for (const auto& weak : readers) {
+    if (const auto reader = weak.lock()) reader->abandonReading();
+  }
+  readers.clear();
+  // A failure here means that the database has undone the transaction by itself.
+  if (insideTransaction()) sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
+  transaction = 0;
+  for (const auto& weak : std::exchange(participants, {})) {
+    if (const auto participant = weak.lock()) participant->rolledBack();
+  }
+}
+
+void Connection::Impl::addReader(const std::shared_ptr<OpenReader>& reader) {
+  std::erase_if(readers, [](const auto& weak) { return weak.expired(); });
+  readers.push_back(reader);
+}
+
+void Connection::Impl::finishReaders() {
+  for (const auto& weak : std::exchange(readers, {})) {
+    if (const auto reader = weak.lock()) reader->finishReading();
+  }
+}
+
+Connection::Connection(const Catalog& catalog, int newestSchemaVersion)
+    : impl_(std::make_shared<Impl>(catalog, newestSchemaVersion)) {}
+
+Connection::~Connection() {
+  close();
+}
+Connection::Connection(Connection&&) noexcept = default;
+Connection& Connection::operator=(Connection&& other) noexcept {
+  if (this != &other) {
+    close();
+    impl_ = std::move(other.impl_);
+  }
+  return *this;
+}
+
+void Connection::open(std::string_view connectionString) {
+  const ConnectionString parsed = parseConnectionString(connectionString);
+  impl_->open(parsed.dataSource, parsed.password);
+}
+
+void Connection::close() {
+  if (impl_) impl_->close();
+}
+
+bool Connection::isOpen() const {
+  return impl_->database != nullptr;
+}
+
+void Connection::checkpoint() {
+  impl_->requireOpen();
+  const int code = sqlite3_wal_checkpoint_v2(impl_->database, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+  if (code != SQLITE_OK && code != SQLITE_BUSY && code != SQLITE_LOCKED) {
+    throw sqliteError(impl_->database, code, impl_->fileName);
+  }
+}
+
+std::int64_t Connection::execute(std::string_view statement) {
+  const BoundStatement bound = impl_->compile(statement);
+  if (bound.compiled->kind == sql::StatementKind::Select) {
+    throw StoreError(ErrorKind::Statement, "A SELECT is opened as a recordset and cannot be executed.");
+  }
+  return impl_->write(bound.compiled->sql, bound.parameters);
+}
+
+bool Connection::inTransaction() const {
+  return impl_->transaction != 0;
+}
+const Catalog& Connection::catalog() const {
+  return impl_->catalog;
+}
+std::int64_t Connection::generationOf(std::string_view table) const {
+  impl_->requireOpen();
+  return impl_->changes.generation(table);
+}
+
+sqlite3* Connection::handle() const {
+  return impl_->database;
+}
+
+Connection::Transaction::Transaction(Connection& connection) : connection_(connection.impl_) {
+  connection_->begin();
+}
+
+Connection::Transaction::~Transaction() {
+  if (open_ && connection_->transaction != 0) connection_->rollback();
+}
+
+void Connection::Transaction::commit() {
+  if (!open_ || connection_->transaction == 0) {
+    throw StoreError(ErrorKind::Misuse, "The transaction has ended already.");
+  }
+  connection_->commit();
+  open_ = false;
+}
+
+std::string quoted(std::string_view text) {
+  std::string literal = "'";
+  for (char c : text) {
+    if (c == '\'') literal += '\'';
+    literal += c;
+  }
+  return literal + '\'';
+}
+
+std::string dateLiteral(const text::DateTime& date) {
+  const text::DateTime::Calendar at = date.calendar();
+  auto padded = [](int number, std::size_t width) {
+    const std::string digits = std::to_string(number);
+    return std::string(width - std::min(width, digits.size()), '0') + digits;
+  };
+  return "#" + padded(at.month, 2) + "-" + padded(at.dayOfMonth, 2) + "-" + padded(at.year, 4) + "#";
+}
+
+}  // namespace velmo::store

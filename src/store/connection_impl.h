@@ -1,0 +1,91 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "store/connection.h"
+#include "store/sql/compile.h"
+#include "store/statement_cache.h"
+#include "store/table_changes.h"
+
+namespace velmo::store {
+
+// A result that is still being read from the file. Before anything is written it reads itself to the end, so that it
+// never sees half of a change.
+class OpenReader {
+ public:
+  virtual ~OpenReader() = default;
+  virtual void finishReading() = 0;
+  virtual void abandonReading() noexcept = 0;  // the file is being closed
+};
+
+// What holds client state that an undone transaction has to give back.
+class TransactionParticipant {
+ public:
+  virtual ~TransactionParticipant() = default;
+  virtual void committed() noexcept = 0;
+  virtual void rolledBack() noexcept = 0;
+};
+
+// A statement of the dialect, compiled, with the values of its literals.
+struct BoundStatement {
+  std::shared_ptr<const sql::CompiledStatement> compiled;
+  std::vector<Value> parameters;
+};
+
+// The open file behind a Connection and the recordsets opened on it, which keep it alive.
+struct Connection::Impl {
+  Impl(const Catalog& tables, int newestVersion) : catalog(tables), newestSchemaVersion(newestVersion) {}
+  ~Impl();
+
+  void open(const std::filesystem::path& path, std::string_view password);
+  void attach(const std::filesystem::path& path, int openFlags);  // without the checks of open()
+  void close() noexcept;
+  void requireOpen() const;
+
+  // Throws StoreError (Statement) with the clause and the place of what does not fit.
+  BoundStatement compile(std::string_view statement);
+  PreparedStatement prepare(std::string_view sql);
+  // Runs SQL of our own that takes no parameters and gives no rows.
+  void run(const char* sql);
+  // Runs a writing statement and returns the number of rows it wrote, cascades left out.
+  std::int64_t write(std::string_view sql, const std::vector<Value>& parameters);
+
+  void begin();
+  void commit();
+  void rollback() noexcept;
+  bool insideTransaction() const;  // as the database sees it: a full disk ends a transaction by itself
+
+  void addReader(const std::shared_ptr<OpenReader>& reader);
+  void finishReaders();
+  // Enrols for the end of the open transaction; each participant enrols once per transaction.
+  void enrol(const std::shared_ptr<TransactionParticipant>& participant) { participants.push_back(participant); }
+
+  const Catalog& catalog;
+  int newestSchemaVersion;
+  sqlite3* database = nullptr;
+  std::string fileName;
+  std::shared_ptr<StatementCache> statements;
+  TableChanges changes;
+  std::int64_t transaction = 0;  // the open one's number, counting up; 0 outside
+  std::int64_t transactionsBegun = 0;
+
+ private:
+  struct Shape {
+    std::string key;
+    std::shared_ptr<const sql::CompiledStatement> compiled;
+  };
+
+  std::vector<std::weak_ptr<OpenReader>> readers;
+  std::vector<std::weak_ptr<TransactionParticipant>> participants;
+  std::list<Shape> shapes;  // most recently used first
+  std::unordered_map<std::string_view, std::list<Shape>::iterator> shapeByKey;
+};
+
+}  // namespace velmo::store

@@ -1,0 +1,337 @@
+#include "store/keyset_cursor.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace velmo::store {
+
+KeysetCursor::KeysetCursor(const std::shared_ptr<const ResultSource>& source, KeysetQuery query)
+    : source_(std::make_shared<ResultSource>(*source)), query_(std::move(query)) {
+  // The key is read beside the fields, selected or not.
+  source_->tables.front().keyFields = {static_cast<int>(query_.keySlot())};
+  source_->tables.front().keySelected = true;
+  stand(query_.end(connection(), Direction::Forward), Where::After);
+}
+
+std::shared_ptr<Cursor> KeysetCursor::clone() const {
+  KeysetQuery query = query_;
+  query.setFilter(std::nullopt);
+  auto twin = std::make_shared<KeysetCursor>(source_, std::move(query));
+  twin->sort_ = sort_;
+  return twin;
+}
+
+Connection::Impl& KeysetCursor::connection() const {
+  return *source_->connection;
+}
+
+void KeysetCursor::requireWritable() const {
+  if (source_->lock == LockType::ReadOnly) throw readOnlyRecordset();
+  connection().requireOpen();
+}
+
+void KeysetCursor::requireRow() const {
+  if (place_.where != Where::On) throw noCurrentRow();
+}
+
+void KeysetCursor::remember() {
+  if (connection().transaction == 0 || savedFor_ == connection().transaction) return;
+  savedFor_ = connection().transaction;
+  saved_ = Saved{.place = place_, .edit = edit_, .sort = sort_, .query = query_};
+  connection().enrol(shared_from_this());
+}
+
+void KeysetCursor::rolledBack() noexcept {
+  if (!saved_) return;
+  place_ = std::move(saved_->place);
+  edit_ = std::move(saved_->edit);
+  sort_ = std::move(saved_->sort);
+  query_ = std::move(saved_->query);
+  saved_.reset();
+  savedFor_ = 0;
+  looked_ = {};
+}
+
+void KeysetCursor::stand(std::optional<WalkedRow> row, Where otherwise) {
+  place_.where = row ? Where::On : otherwise;
+  place_.row = row ? std::move(*row) : WalkedRow{};
+}
+
+// --- position
+
+void KeysetCursor::requery() {
+  remember();
+  edit_.reset();
+  looked_ = {};
+  stand(query_.end(connection(), Direction::Forward), Where::After);
+}
+
+bool KeysetCursor::isEmpty() const {
+  if (place_.where == Where::On) return false;
+  return !query_.end(connection(), Direction::Forward).has_value();
+}
+
+bool KeysetCursor::bof() const {
+  if (place_.where == Where::On) return false;
+  return place_.where == Where::Before || isEmpty();
+}
+
+bool KeysetCursor::eof() const {
+  if (place_.where == Where::On) return false;
+  return place_.where == Where::After || isEmpty();
+}
+
+void KeysetCursor::moveFirst() {
+  update();
+  remember();
+  stand(query_.end(connection(), Direction::Forward), Where::After);
+}
+
+void KeysetCursor::moveLast() {
+  update();
+  remember();
+  stand(query_.end(connection(), Direction::Backward), Where::After);
+}
+
+void KeysetCursor::moveNext() {
+  update();
+  remember();
+  if (place_.where == Where::Before) {
+    stand(query_.end(connection(), Direction::Forward), Where::After);
+  } else if (place_.where != Where::After) {
+    stand(query_.next(connection(), place_.row, Direction::Forward), Where::After);
+  }
+}
+
+void KeysetCursor::movePrevious() {
+  update();
+  remember();
+  if (place_.where == Where::After) {
+    stand(query_.end(connection(), Direction::Backward), Where::After);
+  } else if (place_.where != Where::Before) {
+    stand(query_.next(connection(), place_.row, Direction::Backward), Where::Before);
+  }
+}
+
+std::int64_t KeysetCursor::recordCount() const {
+  return query_.count(connection());
+}
+
+std::int64_t KeysetCursor::position() const {
+  return place_.where == Where::On && !(edit_ && edit_->adding) ? query_.countBefore(connection(), place_.row) : -1;
+}
+
+const WalkedRow& KeysetCursor::rowAt(std::int64_t position) const {
+  const std::int64_t changes = sqlite3_total_changes64(connection().database);
+  if (looked_.position != position || looked_.changes != changes) {
+    std::optional<WalkedRow> row = query_.at(connection(), position);
+    if (!row) throw StoreError(ErrorKind::Misuse, "There is no record at this position of the list.");
+    looked_ = {.position = position, .changes = changes, .row = std::move(*row)};
+  }
+  return looked_.row;
+}
+
+void KeysetCursor::moveTo(std::int64_t position) {
+  update();
+  remember();
+  stand(rowAt(position), Where::After);
+}
+
+Bookmark KeysetCursor::bookmark() const {
+  requireRow();
+  if (edit_ && edit_->adding) throw noCurrentRow();
+  return query_.keyOf(place_.row);
+}
+
+void KeysetCursor::setBookmark(Bookmark row) {
+  update();
+  remember();
+  std::optional<WalkedRow> found = query_.byKey(connection(), row);
+  if (!found) throw StoreError(ErrorKind::Misuse, "The marked record is not in the list any more.");
+  stand(std::move(found), Where::After);
+}
+
+bool KeysetCursor::find(std::string_view criterion, SearchFrom from) {
+  const RowTest test = RowTest::criterion(*source_, criterion);
+  update();
+  remember();
+  if (place_.where == Where::Before) {
+    stand(query_.end(connection(), Direction::Forward, &test), Where::After);
+  } else if (place_.where != Where::After) {
+    const bool stays = place_.where == Where::On && from == SearchFrom::CurrentRow &&
+                       test.passes([this](int field) { return place_.row[static_cast<std::size_t>(field)]; });
+    if (!stays) stand(query_.next(connection(), place_.row, Direction::Forward, &test), Where::After);
+  }
+  return place_.where == Where::On;
+}
+
+void KeysetCursor::setFilter(std::string_view conditions) {
+  const std::optional<RowTest> filter = RowTest::filter(*source_, conditions);
+  update();
+  remember();
+  query_.setFilter(filter);
+  looked_ = {};
+  moveFirst();
+}
+
+void KeysetCursor::setSort(std::string_view columns) {
+  const std::vector<SortItem> items = parseSort(*source_, columns);
+  update();
+  remember();
+  sort_ = columns;
+  query_.orderBy(items);
+  looked_ = {};
+}
+
+Value KeysetCursor::value(int field) const {
+  requireRow();
+  if (edit_) {
+    const auto found = std::ranges::find(edit_->changes, field, &FieldChange::field);
+    if (found != edit_->changes.end()) return found->value;
+  }
+  return place_.row[static_cast<std::size_t>(field)];
+}
+
+Value KeysetCursor::valueAt(std::int64_t position, int field) const {
+  const WalkedRow& row = rowAt(position);
+  if (place_.where == Where::On && edit_ && !edit_->adding && query_.keyOf(row) == query_.keyOf(place_.row)) {
+    return value(field);
+  }
+  return row[static_cast<std::size_t>(field)];
+}
+
+Bookmark KeysetCursor::bookmarkAt(std::int64_t position) const {
+  return query_.keyOf(rowAt(position));
+}
+
+std::shared_ptr<Cursor> KeysetCursor::chapter(std::string_view) const {
+  throw StoreError(ErrorKind::Misuse, "The recordset has no chapters.");
+}
+
+// --- writing
+
+void KeysetCursor::beginEdit() {
+  requireRow();
+  if (!edit_) edit_ = Edit{.adding = false, .changes = {}, .before = place_};
+}
+
+void KeysetCursor::change(int field, Value value) {
+  const auto found = std::ranges::find(edit_->changes, field, &FieldChange::field);
+  if (found != edit_->changes.end()) {
+    found->value = std::move(value);
+  } else {
+    edit_->changes.push_back(
+        {.field = field, .original = place_.row[static_cast<std::size_t>(field)], .value = std::move(value)});
+  }
+}
+
+void KeysetCursor::set(int field, const Value& value) {
+  requireWritable();
+  Value kept = source_->fittedFor(field, value);
+  remember();
+  beginEdit();
+  change(field, std::move(kept));
+}
+
+void KeysetCursor::setAt(std::int64_t position, int field, const Value& value) {
+  requireWritable();
+  const WalkedRow row = rowAt(position);
+  if (place_.where == Where::On && query_.keyOf(row) == query_.keyOf(place_.row)) {
+    set(field, value);
+    return;
+  }
+  const auto slot = static_cast<std::size_t>(field);
+  const std::vector<FieldChange> changes{
+      {.field = field, .original = row[slot], .value = source_->fittedFor(field, value)}};
+  remember();
+  RowWriter(*source_).update(changes, [&](int asked) { return row[static_cast<std::size_t>(asked)]; });
+}
+
+void KeysetCursor::addNew() {
+  requireWritable();
+  update();
+  remember();
+  edit_ = Edit{.adding = true, .changes = {}, .before = place_};
+  place_ = {.where = Where::On, .row = WalkedRow(query_.slotCount())};
+}
+
+void KeysetCursor::addNew(const FieldValues& values) {
+  addNew();
+  for (const auto& [field, value] : values) change(field, value);
+  try {
+    update();
+  } catch (...) {
+    cancelUpdate();
+    throw;
+  }
+}
+
+// What the store made of a written row, computed order columns and defaults included.
+void KeysetCursor::reload(const Value& key) {
+  std::optional<WalkedRow> row = query_.byKey(connection(), key);
+  if (!row) throw StoreError(ErrorKind::Conflict, "The record was deleted by another program.");
+  place_ = {.where = Where::On, .row = std::move(*row)};
+}
+
+void KeysetCursor::update() {
+  if (!edit_) return;
+  remember();
+  const RowWriter writer(*source_);
+  if (edit_->adding) {
+    writer.insert(edit_->changes);
+    edit_.reset();
+    reload(static_cast<std::int64_t>(sqlite3_last_insert_rowid(connection().database)));
+    return;
+  }
+  std::vector<FieldChange> changes = edit_->changes;
+  std::erase_if(changes, [](const FieldChange& each) { return each.value == each.original; });
+  if (!changes.empty()) {
+    writer.update(changes, [this](int slot) { return place_.row[static_cast<std::size_t>(slot)]; });
+    Value key = place_.row[query_.keySlot()];
+    for (const FieldChange& each : changes) {
+      if (query_.isKey(static_cast<std::size_t>(each.field))) key = each.value;
+    }
+    edit_.reset();
+    reload(key);
+  }
+  edit_.reset();
+}
+
+void KeysetCursor::update(const FieldValues& values) {
+  requireWritable();
+  requireRow();
+  remember();
+  const std::optional<Edit> before = edit_;
+  beginEdit();
+  for (const auto& [field, value] : values) change(field, value);
+  try {
+    update();
+  } catch (...) {
+    edit_ = before;
+    throw;
+  }
+}
+
+void KeysetCursor::cancelUpdate() {
+  if (!edit_) return;
+  remember();
+  place_ = std::move(edit_->before);
+  edit_.reset();
+}
+
+void KeysetCursor::remove() {
+  requireWritable();
+  requireRow();
+  remember();
+  if (edit_ && edit_->adding) {
+    cancelUpdate();
+    return;
+  }
+  RowWriter(*source_).remove([this](int slot) { return place_.row[static_cast<std::size_t>(slot)]; });
+  edit_.reset();
+  place_.where = Where::OnRemoved;
+}
+
+}  // namespace velmo::store

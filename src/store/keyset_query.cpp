@@ -1,0 +1,198 @@
+#include "store/keyset_query.h"
+
+#include <algorithm>
+
+#include "store/cell_table.h"
+#include "store/table_sql.h"
+
+namespace velmo::store {
+namespace {
+
+bool isNumberKey(const Table& table) {
+  if (table.key.size() != 1) return false;
+  const Column* key = table.find(table.key.front());
+  return key != nullptr &&
+         (key->type == ColumnType::Long || key->type == ColumnType::Integer || key->type == ColumnType::Byte);
+}
+
+}  // namespace
+
+std::optional<KeysetQuery> KeysetQuery::of(const ResultSource& source) {
+  const sql::CompiledStatement& statement = *source.statement.compiled;
+  if (!statement.singleTable || source.tables.size() != 1) return std::nullopt;
+  const Table* table = source.connection->catalog.find(statement.singleTable->table);
+  if (table == nullptr || !isNumberKey(*table)) return std::nullopt;
+  if (std::ranges::any_of(source.sources, [](const SourceField& field) { return field.column == nullptr; })) {
+    return std::nullopt;
+  }
+  KeysetQuery query;
+  query.table_ = table;
+  const std::string& alias = source.tables.front().alias;
+  query.from_ = quotedName(table->name) + " AS " + quotedName(alias);
+  for (const SourceField& field : source.sources) {
+    query.columns_.push_back(quotedName(alias) + "." + quotedName(field.column->name));
+    query.types_.push_back(field.column->type);
+  }
+  const Column& key = *table->find(table->key.front());
+  query.keySlot_ = query.columns_.size();
+  query.columns_.push_back(quotedName(alias) + "." + quotedName(key.name));
+  query.types_.push_back(key.type);
+  query.where_ = {.sql = statement.singleTable->whereSql, .parameters = source.statement.parameters};
+  for (const auto& item : statement.singleTable->order) {
+    const Column* column = table->find(item.column);
+    if (column == nullptr) return std::nullopt;
+    query.columns_.push_back(quotedName(alias) + "." + quotedName(column->name));
+    query.types_.push_back(column->type);
+    query.statementOrder_.push_back({.slot = query.columns_.size() - 1, .descending = item.descending});
+  }
+  query.orderBy({});
+  return query;
+}
+
+void KeysetQuery::orderBy(const std::vector<SortItem>& items) {
+  order_ = items.empty() ? statementOrder_ : std::vector<OrderColumn>{};
+  for (const SortItem& item : items) {
+    order_.push_back({.slot = static_cast<std::size_t>(item.field), .descending = item.descending});
+  }
+  // Nothing can tie behind the key. Among equals the key runs the way of the last column, as an index does.
+  const auto key = std::ranges::find_if(order_, [this](const OrderColumn& column) { return isKey(column.slot); });
+  if (key != order_.end()) {
+    order_.erase(key + 1, order_.end());
+  } else {
+    order_.push_back({.slot = keySlot_, .descending = !order_.empty() && order_.back().descending});
+  }
+}
+
+void KeysetQuery::setFilter(const std::optional<RowTest>& filter) {
+  filter_ = {};
+  if (!filter) return;
+  std::vector<Value> parameters = where_.parameters;
+  const std::size_t before = parameters.size();
+  filter_.sql = filter->sql([this](int field) { return columns_[static_cast<std::size_t>(field)]; }, parameters);
+  filter_.parameters.assign(parameters.begin() + static_cast<std::ptrdiff_t>(before), parameters.end());
+}
+
+KeysetQuery::Condition KeysetQuery::base(const RowTest* condition) const {
+  Condition all = where_;
+  auto add = [&](const std::string& sql) { all.sql = all.sql.empty() ? sql : "(" + all.sql + ") AND (" + sql + ")"; };
+  if (!filter_.sql.empty()) {
+    all.parameters.insert(all.parameters.end(), filter_.parameters.begin(), filter_.parameters.end());
+    add(filter_.sql);
+  }
+  if (condition != nullptr) {
+    add(condition->sql([this](int field) { return columns_[static_cast<std::size_t>(field)]; }, all.parameters));
+  }
+  return all;
+}
+
+// The conditions that together hold for all rows beyond this one that fit `rest`, the nearest rows first.
+std::vector<KeysetQuery::Condition> KeysetQuery::beyond(const Condition& rest, const WalkedRow& row,
+                                                        Direction direction) const {
+  std::vector<Condition> conditions;
+  auto add = [&](Condition& condition, std::size_t slot, const char* test) {
+    if (!condition.sql.empty()) condition.sql += " AND ";
+    condition.sql += columns_[slot] + test;
+  };
+  auto addValue = [&](Condition& condition, std::size_t slot, const char* test) {
+    condition.parameters.push_back(row[slot]);
+    add(condition, slot, test);
+    condition.sql += "?" + std::to_string(condition.parameters.size());
+  };
+  for (std::size_t same = order_.size(); same-- > 0;) {
+    Condition equal{.sql = rest.sql.empty() ? "" : "(" + rest.sql + ")", .parameters = rest.parameters};
+    for (std::size_t i = 0; i < same; ++i) {
+      const std::size_t slot = order_[i].slot;
+      isNull(row[slot]) ? add(equal, slot, " IS NULL") : addValue(equal, slot, " = ");
+    }
+    const std::size_t slot = order_[same].slot;
+    const bool greater = order_[same].descending == (direction == Direction::Backward);
+    // Null is less than everything.
+    if (greater) {
+      conditions.push_back(equal);
+      isNull(row[slot]) ? add(conditions.back(), slot, " IS NOT NULL") : addValue(conditions.back(), slot, " > ");
+    } else if (!isNull(row[slot])) {
+      conditions.push_back(equal);
+      addValue(conditions.back(), slot, " < ");
+      if (slot == keySlot_) continue;
+      conditions.push_back(equal);
+      add(conditions.back(), slot, " IS NULL");
+    }
+  }
+  return conditions;
+}
+
+std::string KeysetQuery::orderSql(Direction direction) const {
+  std::string sql = " ORDER BY ";
+  const char* separator = "";
+  for (const OrderColumn& column : order_) {
+    const bool descending = column.descending == (direction == Direction::Forward);
+    sql += separator + columns_[column.slot] + (descending ? " DESC" : " ASC");
+    separator = ", ";
+  }
+  return sql;
+}
+
+std::optional<WalkedRow> KeysetQuery::fetchOne(Connection::Impl& connection, const Condition& condition,
+                                               const std::string& tail) const {
+  std::string sql = "SELECT ";
+  for (std::size_t i = 0; i < columns_.size(); ++i) sql += (i == 0 ? "" : ", ") + columns_[i];
+  sql += " FROM " + from_;
+  if (!condition.sql.empty()) sql += " WHERE " + condition.sql;
+  PreparedStatement statement = connection.prepare(sql + tail);
+  for (std::size_t i = 0; i < condition.parameters.size(); ++i) {
+    statement.bind(static_cast<int>(i) + 1, condition.parameters[i]);
+  }
+  if (!statement.step()) return std::nullopt;
+  WalkedRow row;
+  row.reserve(columns_.size());
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    row.push_back(resultValue(statement.handle(), static_cast<int>(i), types_[i]));
+  }
+  return row;
+}
+
+std::int64_t KeysetQuery::fetchCount(Connection::Impl& connection, const Condition& condition) const {
+  std::string sql = "SELECT count(*) FROM " + from_;
+  if (!condition.sql.empty()) sql += " WHERE " + condition.sql;
+  PreparedStatement statement = connection.prepare(sql);
+  for (std::size_t i = 0; i < condition.parameters.size(); ++i) {
+    statement.bind(static_cast<int>(i) + 1, condition.parameters[i]);
+  }
+  statement.step();
+  return std::get<std::int64_t>(columnValue(statement.handle(), 0));
+}
+
+std::optional<WalkedRow> KeysetQuery::end(Connection::Impl& connection, Direction from,
+                                          const RowTest* condition) const {
+  return fetchOne(connection, base(condition), orderSql(from) + " LIMIT 1");
+}
+
+std::optional<WalkedRow> KeysetQuery::next(Connection::Impl& connection, const WalkedRow& row, Direction direction,
+                                           const RowTest* condition) const {
+  for (const Condition& step : beyond(base(condition), row, direction)) {
+    if (auto found = fetchOne(connection, step, orderSql(direction) + " LIMIT 1")) return found;
+  }
+  return std::nullopt;
+}
+
+std::optional<WalkedRow> KeysetQuery::byKey(Connection::Impl& connection, const Value& key) const {
+  return fetchOne(connection, {.sql = columns_[keySlot_] + " = ?1", .parameters = {key}}, "");
+}
+
+std::optional<WalkedRow> KeysetQuery::at(Connection::Impl& connection, std::int64_t position) const {
+  if (position < 0) return std::nullopt;
+  return fetchOne(connection, base(nullptr),
+                  orderSql(Direction::Forward) + " LIMIT 1 OFFSET " + std::to_string(position));
+}
+
+std::int64_t KeysetQuery::count(Connection::Impl& connection) const {
+  return fetchCount(connection, base(nullptr));
+}
+
+std::int64_t KeysetQuery::countBefore(Connection::Impl& connection, const WalkedRow& row) const {
+  std::int64_t total = 0;
+  for (const Condition& step : beyond(base(nullptr), row, Direction::Backward)) total += fetchCount(connection, step);
+  return total;
+}
+
+}  // namespace velmo::store

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "store/result_source.h"
+#include "store/row_test.h"
+#include "store/sort_order.h"
+
+namespace velmo::store {
+
+// A row of a walked table: the result's fields, then its key, then what else orders it.
+using WalkedRow = std::vector<Value>;
+
+enum class Direction { Forward, Backward };
+
+// The statements of a walk through one table in the order of some columns and, among equals, of its key. A step is a
+// few index searches: among the rows that equal this one in all but the last column of the order, then in fewer.
+class KeysetQuery {
+ public:
+  // Nothing when the statement cannot be walked: several tables, calculated columns, a key that is not one number.
+  static std::optional<KeysetQuery> of(const ResultSource& source);
+
+  void orderBy(const std::vector<SortItem>& items);  // none: the statement's own order
+  void setFilter(const std::optional<RowTest>& filter);
+
+  // The first or last row in the order; with a condition the first or last that fits it.
+  std::optional<WalkedRow> end(Connection::Impl& connection, Direction from, const RowTest* condition = nullptr) const;
+  std::optional<WalkedRow> next(Connection::Impl& connection, const WalkedRow& row, Direction direction,
+                                const RowTest* condition = nullptr) const;
+  std::optional<WalkedRow> byKey(Connection::Impl& connection, const Value& key) const;
+  std::optional<WalkedRow> at(Connection::Impl& connection, std::int64_t position) const;
+  std::int64_t count(Connection::Impl& connection) const;
+  std::int64_t countBefore(Connection::Impl& connection, const WalkedRow& row) const;
+
+  std::int64_t keyOf(const WalkedRow& row) const { return std::get<std::int64_t>(row[keySlot_]); }
+  std::size_t keySlot() const { return keySlot_; }
+  std::size_t slotCount() const { return columns_.size(); }
+  bool isKey(std::size_t slot) const { return columns_[slot] == columns_[keySlot_]; }
+
+ private:
+  struct OrderColumn {
+    std::size_t slot = 0;
+    bool descending = false;
+  };
+  // A condition with all parameters that it and what stands before it need, numbered in their order.
+  struct Condition {
+    std::string sql;
+    std::vector<Value> parameters;
+  };
+
+  std::vector<Condition> beyond(const Condition& rest, const WalkedRow& row, Direction direction) const;
+  Condition base(const RowTest* condition) const;
+  std::string orderSql(Direction direction) const;
+  std::optional<WalkedRow> fetchOne(Connection::Impl& connection, const Condition& condition,
+                                    const std::string& tail) const;
+  std::int64_t fetchCount(Connection::Impl& connection, const Condition& condition) const;
+
+  const Table* table_ = nullptr;
+  std::string from_;
+  std::vector<std::string> columns_;  // of each slot, as SQL
+  std::vector<ColumnType> types_;
+  std::size_t keySlot_ = 0;
+  Condition where_;
+  Condition filter_;
+  std::vector<OrderColumn> statementOrder_;
+  std::vector<OrderColumn> order_;
+};
+
+}  // namespace velmo::store

@@ -1,0 +1,245 @@
+#include <algorithm>
+
+#include "store/list_cursor.h"
+
+// The writing half of ListCursor: edits of the current row, new rows, deletions and batches.
+namespace velmo::store {
+
+void ListCursor::remember() {
+  Connection::Impl& connection = *source().connection;
+  if (connection.transaction == 0 || savedFor_ == connection.transaction) return;
+  savedFor_ = connection.transaction;
+  sync();
+  saved_ =
+      Saved{.rows = rows_, .place = place_, .edit = edit_, .sort = sort_, .sortItems = sortItems_, .filter = filter_};
+  connection.enrol(shared_from_this());
+}
+
+void ListCursor::rolledBack() noexcept {
+  if (!saved_) return;
+  rows_ = std::move(saved_->rows);
+  place_ = std::move(saved_->place);
+  edit_ = std::move(saved_->edit);
+  sort_ = std::move(saved_->sort);
+  sortItems_ = std::move(saved_->sortItems);
+  filter_ = std::move(saved_->filter);
+  saved_.reset();
+  savedFor_ = 0;
+}
+
+void ListCursor::requireWritable() const {
+  if (source().lock == LockType::ReadOnly) throw readOnlyRecordset();
+  source().connection->requireOpen();
+}
+
+void ListCursor::beginEdit() {
+  if (edit_) return;
+  const RowId row = currentRow();
+  edit_ = Edit{.row = row,
+               .adding = false,
+               .stateBefore = rows_->state(row),
+               .before = rows_->edits(row),
+               .positionBefore = place_.position};
+}
+
+void ListCursor::apply(RowId row, const FieldValues& values) {
+  for (const auto& [field, value] : values) rows_->edit(row, field, value);
+}
+
+void ListCursor::dropEdit() {
+  const Edit edit = std::move(*edit_);
+  edit_.reset();
+  if (!edit.adding) {
+    rows_->restore(edit.row, edit.stateBefore, edit.before);
+    return;
+  }
+  rows_->discard(edit.row);
+  sync();
+  leaveRemoved();
+  place_.position = edit.positionBefore;
+}
+
+void ListCursor::set(int field, const Value& value) {
+  requireWritable();
+  Value kept = source().fittedFor(field, value);
+  remember();
+  beginEdit();
+  rows_->edit(edit_->row, field, std::move(kept));
+}
+
+void ListCursor::setAt(std::int64_t position, int field, const Value& value) {
+  requireWritable();
+  const RowId row = rowAt(position);
+  if (hasCurrentRow() && row == currentRow()) {
+    set(field, value);
+    return;
+  }
+  Value kept = source().fittedFor(field, value);
+  remember();
+  const RowState stateBefore = rows_->state(row);
+  const RowSet::Edits before = rows_->edits(row);
+  rows_->edit(row, field, std::move(kept));
+  if (source().lock != LockType::Optimistic) return;
+  try {
+    rows_->write(row);
+  } catch (...) {
+    rows_->restore(row, stateBefore, before);
+    throw;
+  }
+}
+
+RowId ListCursor::appendRow() {
+  requireWritable();
+  if (part_ != nullptr) throw readOnlyRecordset();
+  update();
+  remember();
+  sync();
+  const std::int64_t positionBefore = place_.onRemoved ? place_.position : position();
+  const RowId row = rows_->append();
+  while (place_.seen < row) {
+    if (passes(place_.seen)) place_.view.push_back(place_.seen);
+    ++place_.seen;
+  }
+  place_.view.push_back(row);
+  place_.seen = row + 1;
+  leaveRemoved();
+  place_.position = static_cast<std::int64_t>(place_.view.size()) - 1;
+  edit_ = Edit{.row = row,
+               .adding = true,
+               .stateBefore = RowState::Gone,
+               .before = {},
+               .positionBefore = std::max<std::int64_t>(0, positionBefore)};
+  return row;
+}
+
+void ListCursor::addNew() {
+  appendRow();
+}
+
+void ListCursor::addNew(const FieldValues& values) {
+  const RowId row = appendRow();
+  try {
+    apply(row, values);
+    update();
+  } catch (...) {
+    dropEdit();
+    throw;
+  }
+}
+
+void ListCursor::update() {
+  if (!edit_) return;
+  if (source().lock == LockType::Optimistic) {
+    remember();
+    rows_->write(edit_->row);
+  }
+  edit_.reset();
+}
+
+void ListCursor::update(const FieldValues& values) {
+  requireWritable();
+  const RowId row = currentRow();
+  remember();
+  const std::optional<Edit> editBefore = edit_;
+  const RowState stateBefore = rows_->state(row);
+  const RowSet::Edits before = rows_->edits(row);
+  beginEdit();
+  try {
+    apply(row, values);
+    update();
+  } catch (...) {
+    rows_->restore(row, stateBefore, before);
+    edit_ = editBefore;
+    throw;
+  }
+}
+
+void ListCursor::cancelUpdate() {
+  if (!edit_) return;
+  remember();
+  dropEdit();
+}
+
+void ListCursor::remove() {
+  requireWritable();
+  const RowId row = currentRow();
+  remember();
+  const bool adding = edit_ && edit_->adding;
+  if (edit_ && !adding) dropEdit();
+  edit_.reset();
+  const RowState stateBefore = rows_->state(row);
+  const RowSet::Edits before = rows_->edits(row);
+  rows_->markDeleted(row);
+  if (source().lock == LockType::Optimistic && !adding) {
+    try {
+      rows_->write(row);
+    } catch (...) {
+      rows_->restore(row, stateBefore, before);
+      throw;
+    }
+  }
+  sync();
+}
+
+std::vector<RowId> ListCursor::pendingRowsInOrder() const {
+  sync();
+  std::vector<RowId> order = place_.view;
+  std::vector<bool> shown(static_cast<std::size_t>(rows_->fetched()), false);
+  for (RowId row : order) shown[static_cast<std::size_t>(row)] = true;
+  for (RowId row = 0; row < rows_->fetched(); ++row) {
+    if (!shown[static_cast<std::size_t>(row)]) order.push_back(row);
+  }
+  std::vector<RowId> pending;
+  for (RowState state : {RowState::Deleted, RowState::Modified, RowState::Inserted}) {
+    std::ranges::copy_if(order, std::back_inserter(pending), [&](RowId row) { return rows_->state(row) == state; });
+  }
+  return pending;
+}
+
+void ListCursor::writeBatch() {
+  remember();
+  for (RowId row : pendingRowsInOrder()) rows_->write(row);
+}
+
+void ListCursor::updateBatch() {
+  requireWritable();
+  update();
+  if (source().lock != LockType::BatchOptimistic || !rows_->hasPendingRows()) return;
+  Connection::Impl& connection = *source().connection;
+  if (connection.transaction == 0) {
+    connection.begin();
+    try {
+      writeBatch();
+      connection.commit();
+    } catch (...) {
+      connection.rollback();
+      throw;
+    }
+    return;
+  }
+  const std::size_t mark = rows_->undoMark();
+  connection.run("SAVEPOINT batch");
+  try {
+    writeBatch();
+  } catch (...) {
+    // When the database has undone the whole transaction by itself there is no savepoint left, and its owner is told.
+    if (connection.insideTransaction()) connection.run("ROLLBACK TO batch; RELEASE batch");
+    rows_->undoTo(mark);
+    throw;
+  }
+  connection.run("RELEASE batch");
+}
+
+void ListCursor::cancelBatch() {
+  requireWritable();
+  remember();
+  if (edit_) dropEdit();
+  if (source().lock == LockType::BatchOptimistic) {
+    for (RowId row = 0; row < rows_->fetched(); ++row) {
+      if (rows_->state(row) != RowState::Clean) rows_->discard(row);
+    }
+  }
+  moveFirst();
+}
+
+}  // namespace velmo::store

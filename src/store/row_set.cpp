@@ -1,0 +1,215 @@
+#include "store/row_set.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace velmo::store {
+namespace {
+
+constexpr RowId firstFetch = 256;  // a smaller result is read at once, so that its statement is free again
+
+bool isThereIn(RowState state) {
+  return state != RowState::Deleted && state != RowState::Gone;
+}
+
+}  // namespace
+
+RowSet::RowSet(std::shared_ptr<const ResultSource> source)
+    : source_(std::move(source)), stored_(source_->types.size()) {}
+
+std::shared_ptr<RowSet> RowSet::open(std::shared_ptr<const ResultSource> source) {
+  const BoundStatement& statement = source->statement;
+  PreparedStatement reader = source->connection->prepare(statement.compiled->sql);
+  for (std::size_t i = 0; i < statement.parameters.size(); ++i) {
+    reader.bind(static_cast<int>(i) + 1, statement.parameters[i]);
+  }
+  std::shared_ptr<RowSet> rows(new RowSet(std::move(source)));
+  rows->reader_.emplace(std::move(reader));
+  rows->fetch(firstFetch);
+  if (rows->hasMore()) rows->source_->connection->addReader(rows);
+  return rows;
+}
+
+void RowSet::fetch(RowId rows) {
+  if (!reader_) return;
+  try {
+    for (RowId i = 0; i < rows; ++i) {
+      if (!reader_->step()) {
+        reader_.reset();
+        return;
+      }
+      stored_.append(reader_->handle(), source_->types);
+      states_.push_back(RowState::Clean);
+    }
+  } catch (...) {
+    reader_.reset();
+    throw;
+  }
+}
+
+void RowSet::fetchAll() {
+  fetch(std::numeric_limits<RowId>::max());
+}
+
+Value RowSet::value(RowId row, int field) const {
+  if (static_cast<std::size_t>(field) >= source_->types.size()) return Null{};  // a chapter
+  if (state(row) == RowState::Modified || state(row) == RowState::Inserted) {
+    if (const auto found = edits_.find(row); found != edits_.end()) {
+      for (const FieldChange& change : found->second) {
+        if (change.field == field) return change.value;
+      }
+    }
+  }
+  return stored_.value(static_cast<std::size_t>(row), static_cast<std::size_t>(field));
+}
+
+int RowSet::compare(RowId left, RowId right, int field) const {
+  if (!edits_.contains(left) && !edits_.contains(right)) {
+    return stored_.compare(static_cast<std::size_t>(left), static_cast<std::size_t>(right),
+                           static_cast<std::size_t>(field));
+  }
+  return compareValues(value(left, field), value(right, field));
+}
+
+bool RowSet::hasPendingRows() const {
+  return std::ranges::any_of(states_, [](RowState state) {
+    return state == RowState::Modified || state == RowState::Inserted || state == RowState::Deleted;
+  });
+}
+
+void RowSet::setState(RowId row, RowState state) {
+  RowState& present = states_[static_cast<std::size_t>(row)];
+  if (isThereIn(present) && !isThereIn(state)) ++losses_;
+  if (!isThereIn(present) && isThereIn(state)) ++returns_;
+  present = state;
+}
+
+RowId RowSet::append() {
+  fetchAll();
+  const RowId row = fetched();
+  stored_.append();
+  states_.push_back(RowState::Gone);
+  remember(row, false);  // taken back, the row is no row at all
+  states_.back() = RowState::Inserted;
+  edits_.emplace(row, Edits{});
+  return row;
+}
+
+void RowSet::edit(RowId row, int field, Value value) {
+  remember(row, false);
+  Edits& edits = edits_[row];
+  const auto found = std::ranges::find(edits, field, &FieldChange::field);
+  if (found != edits.end()) {
+    found->value = std::move(value);
+  } else {
+    Value original = stored_.value(static_cast<std::size_t>(row), static_cast<std::size_t>(field));
+    edits.push_back({.field = field, .original = std::move(original), .value = std::move(value)});
+  }
+  if (state(row) == RowState::Clean) setState(row, RowState::Modified);
+}
+
+RowSet::Edits RowSet::edits(RowId row) const {
+  const auto found = edits_.find(row);
+  return found == edits_.end() ? Edits{} : found->second;
+}
+
+void RowSet::restore(RowId row, RowState state, Edits edits) {
+  remember(row, false);
+  setState(row, state);
+  if (edits.empty() && state != RowState::Inserted) {
+    edits_.erase(row);
+  } else {
+    edits_[row] = std::move(edits);
+  }
+}
+
+void RowSet::markDeleted(RowId row) {
+  remember(row, false);
+  setState(row, state(row) == RowState::Inserted ? RowState::Gone : RowState::Deleted);
+  edits_.erase(row);
+}
+
+void RowSet::discard(RowId row) {
+  if (state(row) == RowState::Gone) return;
+  restore(row, state(row) == RowState::Inserted ? RowState::Gone : RowState::Clean, {});
+}
+
+void RowSet::write(RowId row) {
+  const RowState present = state(row);
+  if (present == RowState::Clean || present == RowState::Gone) return;
+  const RowWriter writer(*source_);
+  const OriginalValue original = [&](int field) {
+    return stored_.value(static_cast<std::size_t>(row), static_cast<std::size_t>(field));
+  };
+  Edits changes = edits(row);
+  if (present == RowState::Deleted) {
+    writer.remove(original);
+    remember(row, false);
+    setState(row, RowState::Gone);
+    return;
+  }
+  if (present == RowState::Inserted) {
+    for (FieldChange& filledIn : writer.insert(changes)) {
+      std::erase_if(changes, [&](const FieldChange& change) { return change.field == filledIn.field; });
+      changes.push_back(std::move(filledIn));
+    }
+  } else {
+    std::erase_if(changes, [](const FieldChange& change) { return change.value == change.original; });
+    if (!changes.empty()) writer.update(changes, original);
+  }
+  remember(row, true);
+  for (const FieldChange& change : changes) {
+    stored_.set(static_cast<std::size_t>(row), static_cast<std::size_t>(change.field), change.value);
+  }
+  edits_.erase(row);
+  setState(row, RowState::Clean);
+}
+
+void RowSet::remember(RowId row, bool storedToo) {
+  Connection::Impl& connection = *source_->connection;
+  if (connection.transaction == 0) return;
+  if (undoTransaction_ != connection.transaction) {
+    forgetUndo();
+    undoTransaction_ = connection.transaction;
+    connection.enrol(shared_from_this());
+  }
+  Undo before{.row = row, .state = state(row), .edits = edits(row), .stored = {}};
+  if (storedToo) {
+    for (std::size_t i = 0; i < source_->types.size(); ++i) {
+      before.stored.push_back(stored_.value(static_cast<std::size_t>(row), i));
+    }
+  }
+  undo_.push_back(std::move(before));
+}
+
+std::size_t RowSet::undoMark() {
+  return undoTransaction_ == source_->connection->transaction ? undo_.size() : 0;
+}
+
+void RowSet::undoTo(std::size_t mark) {
+  while (undo_.size() > mark) {
+    Undo before = std::move(undo_.back());
+    undo_.pop_back();
+    for (std::size_t i = 0; i < before.stored.size(); ++i) {
+      stored_.set(static_cast<std::size_t>(before.row), i, before.stored[i]);
+    }
+    setState(before.row, before.state);
+    if (before.edits.empty() && before.state != RowState::Inserted) {
+      edits_.erase(before.row);
+    } else {
+      edits_[before.row] = std::move(before.edits);
+    }
+  }
+}
+
+void RowSet::rolledBack() noexcept {
+  undoTo(0);
+  forgetUndo();
+}
+
+void RowSet::forgetUndo() noexcept {
+  undo_.clear();
+  undoTransaction_ = 0;
+}
+
+}  // namespace velmo::store

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "store/cell_table.h"
+#include "store/connection_impl.h"
+#include "store/result_source.h"
+#include "store/row_writer.h"
+
+namespace velmo::store {
+
+// A row's place in its set, for as long as the set lives.
+using RowId = std::int64_t;
+
+enum class RowState : std::uint8_t {
+  Clean,     // as in the file
+  Modified,  // holds values that are not in the file
+  Inserted,  // not in the file yet
+  Deleted,   // still in the file, to be deleted
+  Gone       // neither here nor in the file
+};
+
+// The rows of a result, shared by all cursors over them: as they stand in the file, and beside that what was changed
+// and not yet written. A large result is read as its rows are looked at.
+class RowSet : public OpenReader, public TransactionParticipant, public std::enable_shared_from_this<RowSet> {
+ public:
+  static std::shared_ptr<RowSet> open(std::shared_ptr<const ResultSource> source);
+
+  const ResultSource& source() const { return *source_; }
+
+  // Rows read so far, deleted ones included.
+  RowId fetched() const { return static_cast<RowId>(states_.size()); }
+  bool hasMore() const { return reader_.has_value(); }
+  void fetch(RowId rows);  // so many more, as far as there are
+  void fetchAll();
+
+  RowState state(RowId row) const { return states_[static_cast<std::size_t>(row)]; }
+  bool isThere(RowId row) const { return state(row) != RowState::Deleted && state(row) != RowState::Gone; }
+  // Rises whenever a row ceases to be there, and the other one when a row comes back.
+  std::int64_t losses() const { return losses_; }
+  std::int64_t returns() const { return returns_; }
+
+  Value value(RowId row, int field) const;
+  int compare(RowId left, RowId right, int field) const;
+  bool hasPendingRows() const;
+
+  // Pending changes, at the client only.
+  using Edits = std::vector<FieldChange>;
+  RowId append();
+  void edit(RowId row, int field, Value value);
+  Edits edits(RowId row) const;
+  void restore(RowId row, RowState state, Edits edits);  // takes back what edit() did since
+  void markDeleted(RowId row);
+  void discard(RowId row);  // all that is pending in the row
+
+  // Writes the pending changes of one row to the file, in the transaction that is open. Changes nothing when it throws.
+  void write(RowId row);
+
+  // Client state can be wound back to a mark within the open transaction.
+  std::size_t undoMark();
+  void undoTo(std::size_t mark);
+
+  void finishReading() override { fetchAll(); }
+  void abandonReading() noexcept override { reader_.reset(); }
+  void committed() noexcept override { forgetUndo(); }
+  void rolledBack() noexcept override;
+
+ private:
+  struct Undo {
+    RowId row;
+    RowState state;
+    Edits edits;
+    std::vector<Value> stored;  // empty unless the stored values changed
+  };
+
+  explicit RowSet(std::shared_ptr<const ResultSource> source);
+  void setState(RowId row, RowState state);
+  void remember(RowId row, bool storedToo);
+  void forgetUndo() noexcept;
+
+  std::shared_ptr<const ResultSource> source_;
+  CellTable stored_;
+  std::vector<RowState> states_;
+  std::unordered_map<RowId, Edits> edits_;
+  std::optional<PreparedStatement> reader_;
+  std::int64_t losses_ = 0;
+  std::int64_t returns_ = 0;
+  std::int64_t undoTransaction_ = 0;
+  std::vector<Undo> undo_;
+};
+
+}  // namespace velmo::store
