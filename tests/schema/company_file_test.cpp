@@ -1,0 +1,114 @@
+#include "schema/company_file.h"
+
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "new_company.h"
+#include "store/connection_string.h"
+#include "store/error.h"
+
+namespace velmo::schema {
+namespace {
+
+namespace fs = std::filesystem;
+
+const text::DateTime today = text::DateTime::fromCalendar(2026, 11, 22);
+
+std::string contentOf(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+TEST(ConnectionStrings, NameTheSameFileAndPassword) {
+  const auto plain = store::parseConnectionString(plainConnectionString);
+  const auto shape = store::parseConnectionString(shapeConnectionString);
+  EXPECT_EQ(fs::path("Uninstall/Uninstall.MDB"), plain.dataSource);
+  EXPECT_EQ(plain.dataSource, shape.dataSource);
+  EXPECT_EQ(plain.password, shape.password);
+  EXPECT_EQ(store::Provider::Hierarchical, shape.provider);
+  const auto elsewhere = store::parseConnectionString(connectionStringFor("/tmp/a; copy/Back-Up (Date 1)"));
+  EXPECT_EQ(fs::path("/tmp/a; copy/Back-Up (Date 1)"), elsewhere.dataSource);
+  EXPECT_EQ(plain.password, elsewhere.password);
+}
+
+TEST(CompanyFile, IsForItsOwnerAloneAndForAnySqlite) {
+  test::NewCompany company;
+  struct stat status {};
+  ASSERT_EQ(0, stat(company.file.c_str(), &status));
+  EXPECT_EQ(0600, status.st_mode & 0777);
+  company.connection.close();
+  sqlite3* database = nullptr;
+  ASSERT_EQ(SQLITE_OK, sqlite3_open_v2(company.file.c_str(), &database, SQLITE_OPEN_READONLY, nullptr));
+  EXPECT_EQ(SQLITE_OK, sqlite3_exec(database, "SELECT TranDate FROM Transactions WHERE \"Desc\"='Opening Balance'",
+                                    nullptr, nullptr, nullptr));
+  sqlite3_close(database);
+}
+
+TEST(CompanyFile, StaysAsItIsWhenItIsThere) {
+  test::NewCompany company;
+  company.connection.execute("update BusinessInfo set Name='Kept'");
+  company.connection.close();
+  const std::string before = contentOf(company.file);
+  prepareCompanyFile(connectionStringFor(company.file), today);
+  EXPECT_EQ(before, contentOf(company.file));
+  company.connection.open(connectionStringFor(company.file));
+  EXPECT_EQ("Kept", company.rows("select Name from BusinessInfo").text("Name"));
+}
+
+TEST(CompanyFile, LeavesAForeignFileAlone) {
+  test::NewCompany company;
+  const fs::path foreign = company.folder / "notes.txt";
+  std::ofstream(foreign) << "not a company";
+  EXPECT_THROW(prepareCompanyFile(connectionStringFor(foreign), today), store::StoreError);
+  EXPECT_EQ("not a company", contentOf(foreign));
+}
+
+// The environment and the current folder are the process's: each case puts them back.
+class ProgramFolder : public testing::Test {
+ protected:
+  void SetUp() override {
+    const char* variable = std::getenv("XDG_DATA_HOME");
+    if (variable != nullptr) dataHome_ = variable;
+    before_ = fs::current_path();
+    root_ = fs::canonical(testing::TempDir()) / ("folders-" + std::to_string(getpid()));
+    fs::create_directories(root_ / "work");
+    fs::current_path(root_ / "work");
+    setenv("XDG_DATA_HOME", (root_ / "data").c_str(), 1);
+  }
+  void TearDown() override {
+    fs::current_path(before_);
+    if (dataHome_)
+      setenv("XDG_DATA_HOME", dataHome_->c_str(), 1);
+    else
+      unsetenv("XDG_DATA_HOME");
+    fs::remove_all(root_);
+  }
+
+  std::optional<std::string> dataHome_;
+  fs::path before_;
+  fs::path root_;
+};
+
+TEST_F(ProgramFolder, IsTheCurrentFolderWhenItHoldsTheData) {
+  fs::create_directory("Uninstall");
+  EXPECT_EQ(root_ / "work", programFolder());
+}
+
+TEST_F(ProgramFolder, IsOtherwiseInTheUsersDataAndMade) {
+  std::ofstream("Uninstall") << "a file of that name is no data folder";
+  EXPECT_EQ(root_ / "data" / "velmo", programFolder());
+  EXPECT_TRUE(fs::is_directory(root_ / "data" / "velmo"));
+}
+
+TEST_F(ProgramFolder, IsRefusedInASentenceWhenItCannotBeMade) {
+  std::ofstream(root_ / "data") << "in the way";
+  EXPECT_THROW(programFolder(), store::StoreError);
+}
+
+}  // namespace
+}  // namespace velmo::schema
