@@ -1,6 +1,7 @@
 #include "store/sql/tokens.h"
 
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "store/sql/like.h"
@@ -184,7 +185,7 @@ class Tokenizer {
     while (at_ < statement_.size() && isWordCharacter(statement_[at_])) ++at_;
     Token token{.kind = TokenKind::Word, .place = {from, at_ - from}, .text = statement_.substr(from, at_ - from)};
     token.keyword = keywordOf(token.text);
-    if (token.keyword == Keyword::Group) grouped_ = true;
+    if (token.keyword == Keyword::Distinct) comparesExpressions_ = true;
     if (token.keyword == Keyword::By && lastKeyword() == Keyword::Order) orderDepth_ = depth_;
     found_.tokens.push_back(token);
   }
@@ -280,7 +281,7 @@ class Tokenizer {
   }
 
   int indexOf(Literal literal, const Place& place) {
-    if (grouped()) {
+    if (comparesExpressions()) {
       const std::size_t compared = std::min(found_.literals.size(), mostCompared);
       for (std::size_t i = 0; i < compared; ++i) {
         if (found_.literals[i].value == literal.value && found_.literals[i].like == literal.like)
@@ -293,14 +294,15 @@ class Tokenizer {
   }
 
   // Known from the start, since the select list stands before the words GROUP BY.
-  bool grouped() {
-    if (!looked_) {
-      looked_ = true;
-      for (std::size_t i = at_; i + 5 <= statement_.size() && !grouped_; ++i) {
-        grouped_ = (statement_[i] | 0x20) == 'g' && sameWord(statement_.substr(i, 5), "group");
+  bool comparesExpressions() {
+    if (!comparesExpressions_) {
+      comparesExpressions_ = false;
+      for (std::size_t i = at_; i + 5 <= statement_.size() && !*comparesExpressions_; ++i) {
+        const char first = static_cast<char>(statement_[i] | 0x20);
+        comparesExpressions_ = first == 'g' && sameWord(statement_.substr(i, 5), "group");
       }
     }
-    return grouped_;
+    return *comparesExpressions_;
   }
 
   static constexpr std::size_t mostCompared = 256;
@@ -311,8 +313,7 @@ class Tokenizer {
   int depth_ = 0;
   int orderDepth_ = notInOrder;
   int openDerived_ = 0;
-  bool grouped_ = false;
-  bool looked_ = false;
+  std::optional<bool> comparesExpressions_;
   Tokens found_;
 };
 

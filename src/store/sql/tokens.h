@@ -104,8 +104,8 @@ struct Literal {
 
 struct Tokens {
   std::vector<Token> tokens;  // ends with TokenKind::End
-  // In order of appearance. Where the statement groups, equal literals are one, so that an expression of the select
-  // list can be told to be one of the group's.
+  // In order of appearance. Where the statement groups or is distinct, equal literals are one, so that an expression
+  // of the select list can be told to be one of the group's or of the order's.
   std::vector<Literal> literals;
 };
 

@@ -1,0 +1,138 @@
+#include <gtest/gtest.h>
+
+#include "sql/dialect_store.h"
+#include "store/sql/like.h"
+
+namespace velmo::test {
+namespace {
+
+struct ValueCase {
+  const char* expression;
+  const char* value;
+};
+
+void expectValues(const std::vector<ValueCase>& cases) {
+  DialectStore store;
+  for (const ValueCase& sample : cases) EXPECT_EQ(store.value(sample.expression), sample.value) << sample.expression;
+}
+
+TEST(Function, CalculatesAsTheDialectDoes) {
+  expectValues({
+      {"5/2", "2.5"},
+      {"7\\2.5", "3"},
+      {"7.5 Mod 3", "2"},
+      {"2^3", "8.0"},
+      {"-2^2", "-4.0"},
+      {"2+3*4-1", "13"},
+      {"1/0", "! A figure was divided by zero."},
+      {"Null/0", "null"},
+      {"Round(2.5)", "2.0"},
+      {"Round(2.45,1)", "2.4"},
+      {"CInt(1.5)", "2"},
+      {"CLng('(5.00)')", "-5"},
+      {"Int(-2.6)", "-3.0"},
+      {"Fix(-2.6)", "-2.0"},
+      {"Abs(-3)", "3"},
+      {"Val('12 Pcs')", "12.0"},
+      {"CDbl('abc')", "! The text \"abc\" is not a number."},
+      {"True", "-1"},
+      {"(2>1)+0", "-1"},
+      {"Not (2>1)", "0"},
+      {"IIf(Null,1,2)", "2"},
+      {"IIf(2>1,'a')", "a"},
+      {"IIf(1=2,1/0,3)", "3"},
+      {"IsNull(Null)", "-1"},
+  });
+}
+
+TEST(Function, MakesTexts) {
+  expectValues({
+      {"'a' & Null & 5", "a5"},
+      {"Null & Null", "null"},
+      {"0.1+0.2 & ''", "0.3"},
+      {"5/1 & ''", "5"},
+      {"1e15 & ''", "1E+15"},
+      {"(2>1) & ''", "-1"},
+      {"#3/5/2024# & ''", "3/5/2024"},
+      {"#03-05-2024 14:07:09# & '!'", "3/5/2024 2:07:09 PM!"},
+      {"'a' + 'b'", "ab"},
+      {"Format(-1234.565,'0.00;(0.00)')", "(1234.57)"},
+      {"Format(2.675,'Fixed')", "2.68"},
+      {"Format(#3/5/2024#,'dd-mm-yy')", "05-03-24"},
+      {"Format(Null,'0.00')", ""},
+      {"Left(12345678.5,5)", "12345"},
+      {"Right('Émail',4) & Left('Émail',1)", "mailÉ"},
+      {"Mid('abcdef',2,3) & Mid('abc',9)", "bcd"},
+      {"Right('abc',0)", ""},
+      {"Len('Émail') & Trim('  x ')", "5x"},
+      {"CStr(2.50)", "2.5"},
+      {"CStr(Null)", "! CStr was given nothing to convert."},
+      {"'O''Brien' & \" \"\"x\"\"\"", "O'Brien \"x\""},
+  });
+}
+
+TEST(Function, CountsDays) {
+  expectValues({
+      {"#03-05-2024#-#02-28-2024#", "6.0"},
+      {"#03-05-2024#+10", "2024-03-15"},
+      {"#03-05-2024 12:00#-0.5", "2024-03-05"},
+      {"1+#12-31-2023#", "2024-01-01"},
+      {"#03-05-2024#-Null", "null"},
+      {"IIf(#03-05-2024#>45355,'after','before')", "after"},
+      {"#01-01-9999#+400", "! A date lies outside the calendar."},
+  });
+}
+
+TEST(Function, ComparesAndMatches) {
+  DialectStore store;
+  const std::pair<const char*, const char*> cases[] = {
+      {"ItemName = 'ANCHOR '", "A1"},
+      {"ItemName & '' = 'anchor'", "A1"},
+      {"ItemName like '%100[%]'", "B2"},
+      {"ItemName like 'émail'", "C3"},
+      {"ItemName like 'ÉM%'", "C3"},
+      {"ItemName like '[a-b]nchor'", "A1"},
+      {"ItemName like '[!a-b]%'", "C3"},
+      {"Price like '2_5'", "A1"},
+      {"ItemCode not like 'A1' and ItemCode not like '%3'", "B2"},
+      {"Price between 10 and 3", "B2"},
+      {"ItemName in ('x','BOLT 100%')", "B2"},
+      {"Price is null", "C3"},
+      {"Blocked", "C3"},
+      {"Blocked=Yes", "C3"},
+      {"not Blocked and Left(ItemCode,1)='a'", "A1"},
+      {"(ItemCode & '  (' & ItemName & ')') like '%2  (bolt%'", "B2"},
+      {"Right(ItemCode,1) = 3", "C3"},
+      {"Not (Price=10)", "A1"},
+      {"'a1' = ItemCode", "A1"},
+      {"ItemCode between 'b9' and 'a9'", "B2"},
+  };
+  for (const auto& [condition, code] : cases) {
+    EXPECT_EQ(store.rows(std::string("SELECT ItemCode FROM Items WHERE ") + condition), std::vector<std::string>{code})
+        << condition;
+  }
+  EXPECT_EQ(store.rows("SELECT SaleNo FROM Sales WHERE SaleDate=#03-05-2024# ORDER BY Desc, SaleNo"),
+            (std::vector<std::string>{"2", "3"}));
+}
+
+TEST(Function, MatchesPatterns) {
+  struct LikeCase {
+    const char* text;
+    const char* pattern;
+    bool matches;
+  };
+  const LikeCase cases[] = {
+      {"abc", "a%c", true},   {"abc", "%B%", true},    {"abc", "a_c", true},  {"abc", "_", false},
+      {"", "%", true},        {"", "", true},          {"a", "", false},      {"a ", "a", false},
+      {"a*c", "a*c", true},   {"abc", "a*c", false},   {"x]", "x]", true},    {"x[", "x[", true},
+      {"a-b", "a[-]b", true}, {"5", "[0-9]", true},    {"x", "[^0-9]", true}, {"aaab", "%aab", true},
+      {"ÀÉ", "%àé%", true},   {"\xff\xfe", "%", true}, {"\xff", "_", true},   {"abab", "%ab", true},
+  };
+  for (const LikeCase& sample : cases) {
+    EXPECT_EQ(store::sql::likeMatches(sample.text, sample.pattern), sample.matches)
+        << sample.text << " like " << sample.pattern;
+  }
+}
+
+}  // namespace
+}  // namespace velmo::test
