@@ -15,7 +15,7 @@ struct Column {
 };
 
 struct Relation {
-  std::string column;        // of the table that holds the relation
+  std::string column;  // of the table that holds the relation
   std::string parentTable;
   std::string parentColumn;
   bool cascadeDelete = false;

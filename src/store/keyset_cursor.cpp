@@ -181,7 +181,7 @@ void KeysetCursor::setSort(std::string_view columns) {
   update();
   remember();
   sort_ = columns;
-  query_.orderBy(items);
+  query_.orderBy(connection(), items);
   looked_ = {};
 }
 

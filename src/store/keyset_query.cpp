@@ -45,11 +45,12 @@ std::optional<KeysetQuery> KeysetQuery::of(const ResultSource& source) {
     query.types_.push_back(column->type);
     query.statementOrder_.push_back({.slot = query.columns_.size() - 1, .descending = item.descending});
   }
-  query.orderBy({});
+  query.orderBy(*source.connection, {});
   return query;
 }
 
-void KeysetQuery::orderBy(const std::vector<SortItem>& items) {
+void KeysetQuery::orderBy(Connection::Impl& connection, const std::vector<SortItem>& items) {
+  keyOrderNeedsTheTable_ = false;
   order_ = items.empty() ? statementOrder_ : std::vector<OrderColumn>{};
   for (const SortItem& item : items) {
     order_.push_back({.slot = static_cast<std::size_t>(item.field), .descending = item.descending});
@@ -61,6 +62,20 @@ void KeysetQuery::orderBy(const std::vector<SortItem>& items) {
   } else {
     order_.push_back({.slot = keySlot_, .descending = !order_.empty() && order_.back().descending});
   }
+  // An index that finds the rows of the statement but not in the order of the key makes every step sort all of them;
+  // the table itself stands in that order, and the rows looked for are mostly near its end.
+  keyOrderNeedsTheTable_ = isKey(order_.front().slot) && sortsInPassing(connection);
+}
+
+// Whether the store would sort rows to find the first one.
+bool KeysetQuery::sortsInPassing(Connection::Impl& connection) const {
+  const std::string sql = selectSql(base(nullptr), orderSql(Direction::Forward) + " LIMIT 1");
+  PreparedStatement plan = connection.prepare("EXPLAIN QUERY PLAN " + sql);
+  constexpr int detail = 3;
+  while (plan.step()) {
+    if (textOf(columnValue(plan.handle(), detail)).find("TEMP B-TREE") != std::string::npos) return true;
+  }
+  return false;
 }
 
 void KeysetQuery::setFilter(const std::optional<RowTest>& filter) {
@@ -132,13 +147,18 @@ std::string KeysetQuery::orderSql(Direction direction) const {
   return sql;
 }
 
-std::optional<WalkedRow> KeysetQuery::fetchOne(Connection::Impl& connection, const Condition& condition,
-                                               const std::string& tail) const {
+std::string KeysetQuery::selectSql(const Condition& condition, const std::string& tail) const {
   std::string sql = "SELECT ";
   for (std::size_t i = 0; i < columns_.size(); ++i) sql += (i == 0 ? "" : ", ") + columns_[i];
   sql += " FROM " + from_;
+  if (keyOrderNeedsTheTable_) sql += " NOT INDEXED";
   if (!condition.sql.empty()) sql += " WHERE " + condition.sql;
-  PreparedStatement statement = connection.prepare(sql + tail);
+  return sql + tail;
+}
+
+std::optional<WalkedRow> KeysetQuery::fetchOne(Connection::Impl& connection, const Condition& condition,
+                                               const std::string& tail) const {
+  PreparedStatement statement = connection.prepare(selectSql(condition, tail));
   for (std::size_t i = 0; i < condition.parameters.size(); ++i) {
     statement.bind(static_cast<int>(i) + 1, condition.parameters[i]);
   }

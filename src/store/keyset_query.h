@@ -23,7 +23,8 @@ class KeysetQuery {
   // Nothing when the statement cannot be walked: several tables, calculated columns, a key that is not one number.
   static std::optional<KeysetQuery> of(const ResultSource& source);
 
-  void orderBy(const std::vector<SortItem>& items);  // none: the statement's own order
+  // None: the statement's own order.
+  void orderBy(Connection::Impl& connection, const std::vector<SortItem>& items);
   void setFilter(const std::optional<RowTest>& filter);
 
   // The first or last row in the order; with a condition the first or last that fits it.
@@ -53,6 +54,8 @@ class KeysetQuery {
 
   std::vector<Condition> beyond(const Condition& rest, const WalkedRow& row, Direction direction) const;
   Condition base(const RowTest* condition) const;
+  bool sortsInPassing(Connection::Impl& connection) const;
+  std::string selectSql(const Condition& condition, const std::string& tail) const;
   std::string orderSql(Direction direction) const;
   std::optional<WalkedRow> fetchOne(Connection::Impl& connection, const Condition& condition,
                                     const std::string& tail) const;
@@ -60,6 +63,7 @@ class KeysetQuery {
 
   const Table* table_ = nullptr;
   std::string from_;
+  bool keyOrderNeedsTheTable_ = false;
   std::vector<std::string> columns_;  // of each slot, as SQL
   std::vector<ColumnType> types_;
   std::size_t keySlot_ = 0;

@@ -1,7 +1,6 @@
 #include "store/row_test.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 
 #include "store/cell_table.h"
@@ -11,282 +10,137 @@
 namespace velmo::store {
 namespace {
 
-using Condition = RowTest::Condition;
-using Kind = RowTest::Kind;
-using Operator = RowTest::Operator;
-
-struct OperatorText {
-  std::string_view text;
-  Operator op;
-};
-
-// Longer ones first, so that "<=" is not read as "<".
-constexpr std::array<OperatorText, 6> operatorTexts{{{"<>", Operator::NotEqual},
-                                                     {"<=", Operator::LessOrEqual},
-                                                     {">=", Operator::GreaterOrEqual},
-                                                     {"=", Operator::Equal},
-                                                     {"<", Operator::Less},
-                                                     {">", Operator::Greater}}};
-
 bool isTextType(ColumnType type) {
   return type == ColumnType::Text || type == ColumnType::Memo;
 }
 
-class Parser {
- public:
-  Parser(const ResultSource& source, std::string_view text) : source_(source), text_(text) {}
+StoreError refused(const sql::CompileError& error, std::string_view text) {
+  return {ErrorKind::Statement, error.describe(text)};
+}
 
-  Condition one() {
-    Condition condition = comparison();
-    requireEnd();
-    return condition;
+// The literal in the kind of value that the field holds; nothing when it can be none.
+std::optional<Value> comparable(ColumnType type, const Value& literal) {
+  if (isTextType(type)) {
+    std::string text = textOf(literal);
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
   }
-
-  Condition several() {
-    Condition condition = alternatives();
-    requireEnd();
-    return condition;
+  const auto* text = std::get_if<std::string>(&literal);
+  if (text == nullptr) return type == ColumnType::YesNo ? Value(isYes(literal)) : literal;
+  if (type == ColumnType::Date) {
+    if (const auto date = sql::dateFromLiteral(*text)) return *date;
+  } else if (const auto number = text::numberFrom(*text)) {
+    return *number;
   }
+  return std::nullopt;
+}
 
- private:
-  Condition alternatives() { return chain(Kind::Or, "OR", &Parser::conjunction); }
-  Condition conjunction() { return chain(Kind::And, "AND", &Parser::operand); }
-
-  Condition chain(Kind kind, std::string_view word, Condition (Parser::*part)()) {
-    Condition first = (this->*part)();
-    if (!takeWord(word)) return first;
-    Condition all{.kind = kind, .parts = {std::move(first)}};
-    do {
-      all.parts.push_back((this->*part)());
-    } while (takeWord(word));
-    return all;
-  }
-
-  Condition operand() {
-    if (!take('(')) return comparison();
-    constexpr int deepest = 50;
-    if (++depth_ > deepest) refuse();
-    Condition inside = alternatives();
-    if (!take(')')) refuse();
-    --depth_;
-    return inside;
-  }
-
-  Condition comparison() {
-    Condition condition{.field = source_.requireField(name())};
-    condition.op = comparisonOperator();
-    const ColumnType type = source_.fields[static_cast<std::size_t>(condition.field)].type;
-    condition.literal = literal();
-    if (condition.op == Operator::Like) {
-      std::string pattern = textOf(condition.literal);
-      std::ranges::replace(pattern, '*', '%');
-      condition.pattern = std::make_shared<const sql::LikePattern>(pattern);
-      condition.literal = std::move(pattern);
-    } else {
-      condition.literal = comparable(type, condition.literal);
-    }
-    return condition;
-  }
-
-  Value comparable(ColumnType type, const Value& literal) const {
-    if (isTextType(type)) {
-      std::string text = textOf(literal);
-      text.erase(text.find_last_not_of(' ') + 1);
-      return text;
-    }
-    const auto* text = std::get_if<std::string>(&literal);
-    if (text == nullptr) return type == ColumnType::YesNo ? Value(isYes(literal)) : literal;
-    if (type == ColumnType::Date) {
-      if (const auto date = sql::dateFromLiteral(*text)) return *date;
-    } else if (const auto number = text::numberFrom(*text)) {
-      return *number;
-    }
-    refuse();
-  }
-
-  Operator comparisonOperator() {
-    skipBlanks();
-    for (const OperatorText& candidate : operatorTexts) {
-      if (!text_.substr(at_).starts_with(candidate.text)) continue;
-      at_ += candidate.text.size();
-      return candidate.op;
-    }
-    if (takeWord("LIKE")) return Operator::Like;
-    refuse();
-  }
-
-  std::string_view name() {
-    skipBlanks();
-    const std::size_t start = at_;
-    if (take('[')) {
-      const std::size_t end = text_.find(']', at_);
-      if (end == std::string_view::npos) refuse();
-      at_ = end + 1;
-      return text_.substr(start + 1, end - start - 1);
-    }
-    while (at_ < text_.size() && isNameCharacter(text_[at_])) ++at_;
-    if (at_ == start) refuse();
-    return text_.substr(start, at_ - start);
-  }
-
-  Value literal() {
-    skipBlanks();
-    const char first = at_ < text_.size() ? text_[at_] : '\0';
-    if (first == '\'' || first == '"') return quotedText(first);
-    if (first == '#') {
-      const std::size_t end = text_.find('#', at_ + 1);
-      if (end == std::string_view::npos) refuse();
-      const auto date = sql::dateFromLiteral(text_.substr(at_ + 1, end - at_ - 1));
-      if (!date) refuse();
-      at_ = end + 1;
-      return *date;
-    }
-    if (takeWord("TRUE") || takeWord("YES")) return true;
-    if (takeWord("FALSE") || takeWord("NO")) return false;
-    return number();
-  }
-
-  Value quotedText(char quote) {
-    const std::size_t start = ++at_;
-    for (; at_ < text_.size(); ++at_) {
-      if (text_[at_] != quote) continue;
-      if (at_ + 1 >= text_.size() || text_[at_ + 1] != quote) {
-        return sql::textFromLiteral(text_.substr(start, at_++ - start), quote);
-      }
-      ++at_;
-    }
-    refuse();
-  }
-
-  Value number() {
-    const bool negative = take('-');
-    skipBlanks();
-    const std::size_t start = at_;
-    auto belongs = [&](char c) {
-      const bool exponentSign = (c == '-' || c == '+') && at_ > start && (text_[at_ - 1] | 0x20) == 'e';
-      return std::isalnum(static_cast<unsigned char>(c)) || c == '.' || exponentSign;
-    };
-    while (at_ < text_.size() && belongs(text_[at_])) ++at_;
-    const auto value = sql::numberFromLiteral(text_.substr(start, at_ - start));
-    if (!value) refuse();
-    if (!negative) return *value;
-    if (const auto* whole = std::get_if<std::int64_t>(&*value)) return -*whole;
-    return -numberOf(*value);
-  }
-
-  static bool isNameCharacter(char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return std::isalnum(byte) || byte >= 0x80 || c == '_' || c == '.';
-  }
-
-  bool take(char c) {
-    skipBlanks();
-    if (at_ >= text_.size() || text_[at_] != c) return false;
-    ++at_;
-    return true;
-  }
-
-  bool takeWord(std::string_view word) {
-    skipBlanks();
-    const bool same = std::ranges::equal(text_.substr(at_, word.size()), word, [](char left, char right) {
-      return std::toupper(static_cast<unsigned char>(left)) == right;
-    });
-    if (!same || (at_ + word.size() < text_.size() && isNameCharacter(text_[at_ + word.size()]))) return false;
-    at_ += word.size();
-    return true;
-  }
-
-  void skipBlanks() {
-    while (at_ < text_.size() && std::isspace(static_cast<unsigned char>(text_[at_]))) ++at_;
-  }
-
-  void requireEnd() {
-    skipBlanks();
-    if (at_ < text_.size()) refuse();
-  }
-
-  [[noreturn]] void refuse() const {
-    throw StoreError(ErrorKind::Statement, "The condition \"" + std::string(text_) +
-                                               "\" cannot be understood at place " + std::to_string(at_ + 1) + ".");
-  }
-
-  const ResultSource& source_;
-  std::string_view text_;
-  std::size_t at_ = 0;
-  int depth_ = 0;
-};
-
-bool holds(Operator op, int order) {
-  switch (op) {
-    case Operator::Equal:
+bool holds(sql::Comparison comparison, int order) {
+  switch (comparison) {
+    case sql::Comparison::Equal:
       return order == 0;
-    case Operator::NotEqual:
+    case sql::Comparison::NotEqual:
       return order != 0;
-    case Operator::Less:
+    case sql::Comparison::Less:
       return order < 0;
-    case Operator::LessOrEqual:
+    case sql::Comparison::LessOrEqual:
       return order <= 0;
-    case Operator::Greater:
+    case sql::Comparison::Greater:
       return order > 0;
-    case Operator::GreaterOrEqual:
+    case sql::Comparison::GreaterOrEqual:
       return order >= 0;
-    case Operator::Like:
+    case sql::Comparison::Like:
       break;
   }
   return false;
 }
 
-bool fits(const Condition& condition, const std::function<Value(int)>& valueOf) {
-  auto partFits = [&](const Condition& part) { return fits(part, valueOf); };
-  if (condition.kind == Kind::And) return std::ranges::all_of(condition.parts, partFits);
-  if (condition.kind == Kind::Or) return std::ranges::any_of(condition.parts, partFits);
-  const Value value = valueOf(condition.field);
-  if (isNull(value)) return false;
-  if (condition.op == Operator::Like) return condition.pattern->matches(textOf(value));
-  return holds(condition.op, compareValues(value, condition.literal));
-}
-
-std::string_view sqlOf(Operator op) {
-  for (const OperatorText& candidate : operatorTexts) {
-    if (candidate.op == op) return candidate.text;
+const char* sqlOf(sql::Comparison comparison) {
+  switch (comparison) {
+    case sql::Comparison::Equal:
+      return " = ";
+    case sql::Comparison::NotEqual:
+      return " <> ";
+    case sql::Comparison::Less:
+      return " < ";
+    case sql::Comparison::LessOrEqual:
+      return " <= ";
+    case sql::Comparison::Greater:
+      return " > ";
+    case sql::Comparison::GreaterOrEqual:
+      return " >= ";
+    case sql::Comparison::Like:
+      break;
   }
-  return {};
-}
-
-std::string writeSql(const Condition& condition, const std::function<std::string(int)>& columnOf,
-                     std::vector<Value>& parameters) {
-  if (condition.kind == Kind::Comparison) {
-    parameters.push_back(condition.literal);
-    const std::string parameter = "?" + std::to_string(parameters.size());
-    const std::string column = columnOf(condition.field);
-    if (condition.op == Operator::Like) return "velmo_like(" + column + ", " + parameter + ")";
-    return column + " " + std::string(sqlOf(condition.op)) + " " + parameter;
-  }
-  std::string sql = "(";
-  for (const Condition& part : condition.parts) {
-    if (sql.size() > 1) sql += condition.kind == Kind::And ? " AND " : " OR ";
-    sql += writeSql(part, columnOf, parameters);
-  }
-  return sql + ")";
+  return ", ";  // of a call
 }
 
 }  // namespace
 
+RowTest::Comparison RowTest::bound(const ResultSource& source, const sql::Criterion& criterion, std::string_view text) {
+  Comparison comparison{.field = source.requireField(criterion.column),
+                        .comparison = criterion.comparison,
+                        .literal = criterion.literal,
+                        .pattern = {}};
+  if (criterion.comparison == sql::Comparison::Like) {
+    comparison.literal = textOf(criterion.literal);
+    comparison.pattern = std::make_shared<const sql::LikePattern>(textOf(criterion.literal));
+    return comparison;
+  }
+  auto literal = comparable(source.fields[static_cast<std::size_t>(comparison.field)].type, criterion.literal);
+  if (!literal) {
+    throw StoreError(ErrorKind::Statement, "The condition \"" + std::string(text) + "\" compares " + criterion.column +
+                                               " with a value of another kind.");
+  }
+  comparison.literal = std::move(*literal);
+  return comparison;
+}
+
 RowTest RowTest::criterion(const ResultSource& source, std::string_view text) {
-  return RowTest(Parser(source, text).one());
+  const auto criterion = sql::parseCriterion(text);
+  if (!criterion) throw refused(criterion.error(), text);
+  RowTest test;
+  test.alternatives_ = {{bound(source, *criterion, text)}};
+  return test;
 }
 
 std::optional<RowTest> RowTest::filter(const ResultSource& source, std::string_view text) {
   if (std::ranges::all_of(text, [](unsigned char c) { return std::isspace(c) != 0; })) return std::nullopt;
-  return RowTest(Parser(source, text).several());
+  const auto filter = sql::parseFilter(text);
+  if (!filter) throw refused(filter.error(), text);
+  RowTest test;
+  for (const auto& criteria : filter->alternatives) {
+    auto& comparisons = test.alternatives_.emplace_back();
+    for (const sql::Criterion& criterion : criteria) comparisons.push_back(bound(source, criterion, text));
+  }
+  return test;
 }
 
 bool RowTest::passes(const std::function<Value(int field)>& valueOf) const {
-  return fits(condition_, valueOf);
+  auto fits = [&](const Comparison& comparison) {
+    const Value value = valueOf(comparison.field);
+    if (isNull(value)) return false;
+    if (comparison.pattern != nullptr) return comparison.pattern->matches(textOf(value));
+    return holds(comparison.comparison, compareValues(value, comparison.literal));
+  };
+  return std::ranges::any_of(alternatives_, [&](const auto& all) { return std::ranges::all_of(all, fits); });
 }
 
 std::string RowTest::sql(const std::function<std::string(int field)>& columnOf, std::vector<Value>& parameters) const {
-  return writeSql(condition_, columnOf, parameters);
+  std::string sql;
+  for (const auto& alternative : alternatives_) {
+    sql += sql.empty() ? "(" : " OR (";
+    const char* separator = "";
+    for (const Comparison& comparison : alternative) {
+      parameters.push_back(comparison.literal);
+      const bool isCall = comparison.comparison == sql::Comparison::Like;
+      sql += separator + std::string(isCall ? "velmo_like(" : "") + columnOf(comparison.field) +
+             sqlOf(comparison.comparison) + "?" + std::to_string(parameters.size()) + (isCall ? ")" : "");
+      separator = " AND ";
+    }
+    sql += ")";
+  }
+  return sql;
 }
 
 }  // namespace velmo::store

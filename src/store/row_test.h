@@ -8,15 +8,16 @@
 #include <vector>
 
 #include "store/result_source.h"
+#include "store/sql/criterion.h"
 #include "store/sql/like.h"
 
 namespace velmo::store {
 
-// A condition on the fields of a row: "field op literal" with = <> < <= > >= like, as Find takes one and Filter takes
-// several with AND, OR and parentheses. Texts compare without regard to case; * and % stand for any characters; a null
-// fits nothing. Statements that do not fit throw StoreError (Statement).
+// A condition on the fields of a row, as Find takes one and Filter takes several (sql/criterion.h has the language),
+// with its literals made comparable to the fields. Texts compare without regard to case; a null fits nothing.
 class RowTest {
  public:
+  // Both throw StoreError (Statement) when the text does not fit, Misuse when there is no such field.
   static RowTest criterion(const ResultSource& source, std::string_view text);
   static std::optional<RowTest> filter(const ResultSource& source, std::string_view text);  // nothing for ""
 
@@ -24,20 +25,17 @@ class RowTest {
   // The same as SQL over the columns of one table, its literals added to `parameters` and numbered there.
   std::string sql(const std::function<std::string(int field)>& columnOf, std::vector<Value>& parameters) const;
 
-  enum class Kind { Comparison, And, Or };
-  enum class Operator { Equal, NotEqual, Less, LessOrEqual, Greater, GreaterOrEqual, Like };
-  struct Condition {
-    Kind kind = Kind::Comparison;
-    std::vector<Condition> parts = {};  // of And, Or
-    int field = 0;                      // of a comparison
-    Operator op = Operator::Equal;
-    Value literal = {};
-    std::shared_ptr<const sql::LikePattern> pattern = {};
+ private:
+  struct Comparison {
+    int field = 0;
+    sql::Comparison comparison = sql::Comparison::Equal;
+    Value literal;
+    std::shared_ptr<const sql::LikePattern> pattern;  // of Like
   };
 
- private:
-  explicit RowTest(Condition condition) : condition_(std::move(condition)) {}
-  Condition condition_;
+  static Comparison bound(const ResultSource& source, const sql::Criterion& criterion, std::string_view text);
+
+  std::vector<std::vector<Comparison>> alternatives_;
 };
 
 }  // namespace velmo::store

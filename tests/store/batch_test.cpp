@@ -1,0 +1,136 @@
+#include <gtest/gtest.h>
+
+#include "small_shop.h"
+
+namespace {
+
+using namespace velmo;
+using namespace velmo::store;
+using namespace velmo::test;
+
+class Batch : public testing::Test {
+ protected:
+  Batch() { shop.addOrders(1); }
+  Recordset lines(LockType lock = LockType::BatchOptimistic) {
+    return shop.open("SELECT * FROM Lines WHERE OrderNo = 1 ORDER BY LineNo", lock);
+  }
+  // Three lines in the file and, in the recordset, one of each kind of change.
+  Recordset changedLines() {
+    for (const char* item : {"A", "B", "C"}) {
+      shop.connection.execute(std::string("INSERT INTO Lines (OrderNo, Item, Qty) VALUES (1, '") + item + "', 1)");
+    }
+    Recordset rows = lines();
+    rows.update({{"Qty", 7.0}});
+    rows.moveNext();
+    rows.remove();
+    rows.addNew({{"OrderNo", std::int64_t{1}}, {"Item", std::string("D")}});
+    rows.addNew({{"OrderNo", std::int64_t{1}}, {"Item", std::string("E")}});
+    return rows;
+  }
+  std::string stored() {
+    std::string all;
+    Recordset rows = lines(LockType::ReadOnly);
+    for (; !rows.eof(); rows.moveNext()) all += rows.text("LineNo") + rows.text("Item") + rows.text("Qty") + " ";
+    return all;
+  }
+  SmallShop shop;
+};
+
+TEST_F(Batch, NothingIsWrittenBeforeAndKeysAscendAsTheRowsStand) {
+  Recordset rows = changedLines();
+  EXPECT_EQ(stored(), "1A1 2B1 3C1 ");
+  EXPECT_EQ(rows.value("LineNo"), Value(Null{}));
+  rows.updateBatch();
+  EXPECT_EQ(stored(), "1A7 3C1 4D 5E ");
+  EXPECT_EQ(column(rows, "LineNo"), "1,3,4,5");
+  rows.updateBatch();  // nothing is left to write
+  EXPECT_EQ(stored(), "1A7 3C1 4D 5E ");
+}
+
+TEST_F(Batch, OneBadRowKeepsTheWholeBatchOutAndPending) {
+  for (const bool insideTransaction : {false, true}) {
+    SCOPED_TRACE(insideTransaction);
+    shop.connection.execute("DELETE FROM Lines");
+    shop.connection.execute("DELETE FROM Orders WHERE OrderNo > 1");
+    Recordset rows = changedLines();
+    const std::string before = stored();
+    rows.moveLast();
+    rows.set("OrderNo", std::int64_t{99});  // no such order
+    const std::string shown = column(rows, "Item");
+    std::optional<Connection::Transaction> transaction;
+    if (insideTransaction) {
+      transaction.emplace(shop.connection);
+      shop.addOrders(1);
+    }
+    rows.moveFirst();
+    EXPECT_EQ(failureOf([&] { rows.updateBatch(); }), ErrorKind::Constraint);
+    EXPECT_EQ(stored(), before);
+    EXPECT_EQ(column(rows, "Item"), shown);
+    rows.moveLast();
+    EXPECT_EQ(rows.value("LineNo"), Value(Null{}));
+    rows.set("OrderNo", std::int64_t{1});
+    rows.updateBatch();
+    if (transaction) transaction->commit();
+    EXPECT_EQ(shop.read("SELECT count(*) FROM Lines"), "4");
+    EXPECT_EQ(shop.read("SELECT count(*) FROM Orders"), insideTransaction ? "2" : "1");
+  }
+}
+
+TEST_F(Batch, RollbackMakesRowsPendingAgain) {
+  Recordset rows = lines();
+  for (int i = 0; i < 5; ++i) rows.addNew();
+  rows.moveFirst();
+  rows.set("Item", std::string("typed"));
+  rows.moveNext();
+  rows.moveNext();
+  {
+    Connection::Transaction transaction(shop.connection);
+    rows.moveFirst();
+    rows.update({{"OrderNo", std::int64_t{1}}});
+    for (rows.moveNext(); !rows.eof(); rows.moveNext()) rows.remove();  // blank lines leave before the save
+    rows.updateBatch();
+    EXPECT_EQ(stored(), "1typed ");
+    EXPECT_EQ(rows.recordCount(), 1);
+  }
+  EXPECT_EQ(stored(), "");
+  EXPECT_EQ(rows.recordCount(), 5);
+  EXPECT_EQ(rows.position(), 2);
+  EXPECT_EQ(column(rows, "Item"), "typed,,,,");
+  EXPECT_EQ(column(rows, "OrderNo"), ",,,,");
+  EXPECT_EQ(column(rows, "LineNo"), ",,,,");
+}
+
+TEST_F(Batch, CancelBringsBackOriginalsAndDeletedRows) {
+  Recordset rows = changedLines();
+  rows.cancelBatch();
+  EXPECT_EQ(column(rows, "Item"), "A,B,C");
+  EXPECT_EQ(column(rows, "Qty"), "1,1,1");
+  rows.updateBatch();
+  EXPECT_EQ(stored(), "1A1 2B1 3C1 ");
+}
+
+TEST_F(Batch, CellsAreSetByPositionWithoutMovingTheCursor) {
+  Recordset rows = lines();
+  for (int i = 0; i < 3; ++i) rows.addNew();
+  rows.moveFirst();
+  const int item = rows.fieldIndex("Item");
+  rows.setAt(0, item, std::string("one"));
+  rows.setAt(2, item, std::string("three"));
+  EXPECT_EQ(rows.position(), 0);
+  EXPECT_EQ(failureOf([&] { rows.setAt(2, rows.fieldIndex("Qty"), std::string("many")); }), ErrorKind::Value);
+  EXPECT_EQ(column(rows.clone(), "Item"), "one,,three");
+  shop.connection.execute("INSERT INTO Lines (OrderNo, Item, Qty) VALUES (1, 'A', 1)");
+  Recordset direct = lines(LockType::Optimistic);
+  direct.addNew({{"OrderNo", std::int64_t{1}}});
+  direct.setAt(0, item, std::string("written"));
+  EXPECT_EQ(shop.read("SELECT Item FROM Lines WHERE LineNo = 1"), "written");
+}
+
+TEST_F(Batch, DeletingTheOwnerTakesTheLinesAlong) {
+  changedLines().updateBatch();
+  Recordset orders = shop.open("SELECT * FROM Orders");
+  orders.remove();
+  EXPECT_EQ(stored(), "");
+}
+
+}  // namespace

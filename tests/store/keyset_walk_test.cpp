@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <random>
+
+#include "small_shop.h"
+
+namespace {
+
+using namespace velmo;
+using namespace velmo::store;
+using namespace velmo::test;
+
+// Orders with many equal and empty values, in seeded disorder.
+void addRandomOrders(SmallShop& shop, std::mt19937& random, int count) {
+  Connection::Transaction transaction(shop.connection);
+  Recordset rows = shop.open("SELECT * FROM Orders WHERE OrderNo = 0");
+  for (int i = 0; i < count; ++i) {
+    auto sometimes = [&](Value value) { return random() % 4 == 0 ? Value(Null{}) : std::move(value); };
+    rows.addNew({{"DocNo", sometimes(static_cast<std::int64_t>(random() % 6))},
+                 {"Year", static_cast<std::int64_t>(1 + random() % 2)},
+                 {"Party", sometimes(std::string(random() % 2 == 0 ? "ab" : "AB") + char('a' + random() % 3))},
+                 {"Amount", sometimes(static_cast<double>(random() % 4) / 2)},
+                 {"Cancel", random() % 2 == 0}});
+  }
+  transaction.commit();
+}
+
+TEST(KeysetWalk, EqualsTheFullReadInEveryOrderAndBothDirections) {
+  std::mt19937 random(20261122);
+  for (int round = 0; round < 4; ++round) {
+    SmallShop shop;
+    addRandomOrders(shop, random, 60);
+    for (const char* sort :
+         {"OrderNo", "OrderNo desc", "DocNo, OrderNo", "DocNo desc, OrderNo desc", "Party, Amount desc, OrderNo",
+          "Amount desc, Party, DocNo, OrderNo desc", "Cancel desc, Party desc, OrderNo"}) {
+      SCOPED_TRACE(std::string(sort) + " in round " + std::to_string(round));
+      const char* statement =
+          "SELECT DocNo, Party, Amount, OrderNo, Cancel FROM Orders WHERE [Year] = 1 ORDER BY DocNo";
+      Recordset held = shop.open(statement);
+      Recordset walked = shop.open(statement, LockType::Optimistic, Fetch::AsNeeded);
+      held.setSort(sort);
+      walked.setSort(sort);
+      const std::string expected = column(held, "OrderNo");
+      EXPECT_EQ(column(walked, "OrderNo"), expected);
+      EXPECT_EQ(walked.recordCount(), held.recordCount());
+      std::string backwards;
+      std::int64_t position = walked.recordCount();
+      for (walked.moveLast(); !walked.bof(); walked.movePrevious()) {
+        backwards = walked.text("OrderNo") + (backwards.empty() ? "" : ",") + backwards;
+        ASSERT_EQ(walked.position(), --position);
+        ASSERT_EQ(walked.bookmarkAt(position), walked.bookmark());
+      }
+      EXPECT_EQ(backwards, expected);
+      for (const char* criterion : {"Amount = 1.5", "Party like '*ABA*'", "DocNo > 4", "OrderNo = 30"}) {
+        held.moveFirst();
+        walked.moveFirst();
+        for (SearchFrom from = SearchFrom::CurrentRow; held.find(criterion, from); from = SearchFrom::NextRow) {
+          ASSERT_TRUE(walked.find(criterion, from)) << criterion;
+          ASSERT_EQ(walked.integer("OrderNo"), held.integer("OrderNo")) << criterion;
+        }
+        EXPECT_FALSE(walked.find(criterion, SearchFrom::NextRow));
+      }
+    }
+  }
+}
+
+TEST(KeysetWalk, SeesNewNeighboursAndSkipsThoseThatLeft) {
+  SmallShop shop;
+  shop.addOrders(5);
+  Recordset rows =
+      shop.open("SELECT * FROM Orders WHERE [Year] = 1 ORDER BY DocNo", LockType::Optimistic, Fetch::AsNeeded);
+  shop.connection.execute("DELETE FROM Orders WHERE DocNo = 2");
+  rows.moveNext();
+  EXPECT_EQ(rows.integer("DocNo"), 3);
+  shop.connection.execute("INSERT INTO Orders (DocNo, [Year]) VALUES (3, 1)");
+  rows.moveNext();
+  EXPECT_EQ(rows.integer("OrderNo"), 6);
+  EXPECT_EQ(rows.integer("DocNo"), 3);
+}
+
+TEST(KeysetWalk, WorksWithoutTheKeyAmongTheFieldsAndLeavesOtherStatementsToTheHeldRows) {
+  SmallShop shop;
+  shop.addOrders(3);
+  Recordset keyless = shop.open("SELECT Party FROM Orders ORDER BY DocNo DESC", LockType::Optimistic, Fetch::AsNeeded);
+  keyless.moveNext();
+  keyless.update({{"Party", std::string("middle")}});
+  EXPECT_EQ(column(keyless, "Party"), "P3,middle,P1");
+  for (const char* statement :
+       {"SELECT OrderNo, Amount * 2 AS Twice FROM Orders ORDER BY OrderNo", "SELECT DISTINCT OrderNo FROM Orders",
+        "SELECT TOP 3 OrderNo FROM Orders ORDER BY OrderNo"}) {
+    SCOPED_TRACE(statement);
+    Recordset rows = shop.open(statement, LockType::Optimistic, Fetch::AsNeeded);
+    EXPECT_EQ(column(rows, "OrderNo"), "1,2,3");
+  }
+}
+
+// The plan, not the clock: no step may read or sort the table.
+TEST(KeysetWalk, EveryStepIsASearchOfAnIndex) {
+  SmallShop shop;
+  shop.addOrders(10);
+  static std::vector<std::string> statements;
+  statements.clear();
+  sqlite3_trace_v2(
+      shop.connection.handle(), SQLITE_TRACE_STMT,
+      [](unsigned, void*, void* statement, void*) {
+        statements.emplace_back(sqlite3_sql(static_cast<sqlite3_stmt*>(statement)));
+        return 0;
+      },
+      nullptr);
+  Recordset rows =
+      shop.open("SELECT * FROM Orders WHERE [Year] = 1 ORDER BY DocNo", LockType::Optimistic, Fetch::AsNeeded);
+  rows.moveLast();
+  rows.movePrevious();
+  rows.moveFirst();
+  rows.moveNext();
+  rows.find("OrderNo = 7");
+  rows.update({{"Amount", 1.0}});
+  rows.requery();
+  EXPECT_FALSE(rows.isEmpty());
+  rows.setSort("OrderNo asc");
+  rows.moveLast();
+  rows.movePrevious();
+  sqlite3_trace_v2(shop.connection.handle(), 0, nullptr, nullptr);
+  EXPECT_GE(statements.size(), 6u);
+  for (const std::string& sql : statements) {
+    if (sql.starts_with("EXPLAIN")) continue;
+    const bool inTableOrder = sql.find("NOT INDEXED") != std::string::npos;  // stops at the first row that fits
+    sqlite3_stmt* plan = nullptr;
+    ASSERT_EQ(sqlite3_prepare_v2(shop.connection.handle(), ("EXPLAIN QUERY PLAN " + sql).c_str(), -1, &plan, nullptr),
+              SQLITE_OK)
+        << sql;
+    while (sqlite3_step(plan) == SQLITE_ROW) {
+      const std::string detail = reinterpret_cast<const char*>(sqlite3_column_text(plan, 3));
+      EXPECT_TRUE(inTableOrder || !detail.starts_with("SCAN")) << sql << "\n" << detail;
+      EXPECT_EQ(detail.find("TEMP B-TREE FOR ORDER BY"), std::string::npos) << sql << "\n" << detail;
+    }
+    sqlite3_finalize(plan);
+  }
+}
+
+}  // namespace
