@@ -1,0 +1,152 @@
+#include "demo_company/demonstration_company.h"
+
+#include <gmock/gmock.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include "demo_company/large_company.h"
+#include "schema/company_file.h"
+#include "schema/company_schema.h"
+#include "store/error.h"
+#include "store/recordset.h"
+
+namespace velmo::demo {
+namespace {
+
+namespace fs = std::filesystem;
+
+const text::DateTime now = text::DateTime::fromCalendar(2026, 11, 22, 14, 7, 9);
+
+fs::path freshFolder(const char* name) {
+  const fs::path folder = fs::path(testing::TempDir()) / (std::string(name) + std::to_string(getpid()));
+  fs::remove_all(folder);
+  return folder;
+}
+
+class DemonstrationCompany : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    folder = freshFolder("demonstration");
+    makeDemonstrationCompany(folder, now);
+    connection = std::make_unique<store::Connection>(schema::companyCatalog());
+    connection->open(schema::connectionStringFor(folder / "Uninstall" / "Uninstall.MDB"));
+  }
+  static void TearDownTestSuite() {
+    connection.reset();
+    fs::remove_all(folder);
+  }
+  static store::Recordset rows(const std::string& statement) {
+    return store::Recordset(*connection, statement, store::LockType::ReadOnly);
+  }
+  static double figure(const std::string& statement) { return store::numberOf(rows(statement).valueAt(0, 0)); }
+
+  static fs::path folder;
+  static std::unique_ptr<store::Connection> connection;
+};
+fs::path DemonstrationCompany::folder;
+std::unique_ptr<store::Connection> DemonstrationCompany::connection;
+
+TEST_F(DemonstrationCompany, HasWhatAWholesalerHas) {
+  const std::pair<const char*, double> counts[] = {
+      {"AccLevel3 where Level1ID=120 and [Default]=No", 60},
+      {"AccLevel3 where Level1ID=210 and [Default]=No", 30},
+      {"AccLevel3 where Level1ID=110", 3},
+      {"StockLevel1 where CatID not like 'Service'", 8},
+      {"StockLevel3 where CatID not like 'Service'", 400},
+      {"StockLevel3 where CatID like 'Service' and SellingPrice>0", 12},
+      {"StockLocation", 3},
+      {"Employees", 6},
+      {"Users", 4},
+  };
+  for (const auto& [what, count] : counts)
+    EXPECT_EQ(count, figure(std::string("select count(*) from ") + what)) << what;
+  EXPECT_GT(figure("select count(*) from Transactions where TranType=32"), 120);
+  EXPECT_EQ(3, figure("select count(*) from (select sum(Operator1) as a from UserRights union select sum(Operator2) "
+                      "from UserRights union select sum(Operator3) from UserRights) as refusals"));
+}
+
+TEST_F(DemonstrationCompany, GivesItemsCodesThatScannersAccept) {
+  for (store::Recordset items = rows("select * from StockLevel3 where CatID not like 'Service'"); !items.eof();
+       items.moveNext()) {
+    const std::string code = items.text("ItemCode");
+    ASSERT_EQ(13u, code.size());
+    int sum = 0;
+    for (std::size_t at = 0; at < code.size(); ++at) sum += (code[at] - '0') * (at % 2 == 0 ? 1 : 3);
+    EXPECT_EQ(0, sum % 10) << code;
+    EXPECT_GT(items.number("SellingPrice"), items.number("PurchasePrice")) << code;
+  }
+}
+
+TEST_F(DemonstrationCompany, KeepsBalancedBooks) {
+  for (store::Recordset sums = rows("select TranNo, Sum(IIf(IsNull([Debit]),0,[Debit])) as Debits, "
+                                    "Sum(IIf(IsNull([Credit]),0,[Credit])) as Credits from SubTransactions group by "
+                                    "TranNo");
+       !sums.eof(); sums.moveNext())
+    EXPECT_NEAR(sums.number("Debits"), sums.number("Credits"), 0.004) << sums.text("TranNo");
+  // A customer's ledger and the open invoices tell the same story.
+  for (store::Recordset open =
+           rows("select PartyCode, Sum(TrAmount) as Billed, Sum(TotPayment) as Settled from AgingDr "
+                "where PartyCode<>12001001 group by PartyCode");
+       !open.eof(); open.moveNext())
+    EXPECT_NEAR(
+        open.number("Billed") - open.number("Settled"),
+        figure("select Sum(IIf(IsNull([Debit]),0,[Debit])) - Sum(IIf(IsNull([Credit]),0,[Credit])) as Owed from "
+               "SubTransactions where AccCode=" +
+               open.text("PartyCode")),
+        0.004)
+        << open.text("PartyCode");
+}
+
+TEST_F(DemonstrationCompany, SellsOnlyWhatItHasAndInItsYear) {
+  EXPECT_EQ(0,
+            figure("select count(*) from (select StockFlow.ItemCode, Sum(IIf(IsNull([StockIn]),0,[StockIn])) as Ins, "
+                   "Sum(IIf(IsNull([StockOut]),0,[StockOut])) as Outs from StockFlow inner join StockLevel3 on "
+                   "StockFlow.ItemCode = StockLevel3.ItemCode where StockLevel3.CatID not like 'Service' group by "
+                   "StockFlow.ItemCode) as Stock where Ins < Outs"));
+  EXPECT_EQ(0, figure("select count(*) from Transactions where TranType=32 and (TranDate<#01-01-2026# or "
+                      "TranDate>#11-22-2026#)"));
+  EXPECT_EQ(figure("select max(DocNo) from Transactions where TranType=32"),
+            figure("select count(*) from (select distinct DocNo from Transactions where TranType=32) as Numbers"));
+}
+
+TEST_F(DemonstrationCompany, IsTheSameEveryTimeAndNeverMadeTwice) {
+  EXPECT_THROW(makeDemonstrationCompany(folder, now), store::StoreError);
+  const fs::path second = freshFolder("again");
+  makeDemonstrationCompany(second, now);
+  sqlite3* database = connection->handle();
+  const std::string attach = "ATTACH '" + (second / "Uninstall" / "Uninstall.MDB").string() + "' AS again";
+  ASSERT_EQ(SQLITE_OK, sqlite3_exec(database, attach.c_str(), nullptr, nullptr, nullptr));
+  for (const store::Table& table : schema::companyCatalog().tables()) {
+    const std::string difference =
+        "SELECT count(*) FROM (SELECT * FROM main." + table.name + " EXCEPT SELECT * FROM again." + table.name + ")";
+    sqlite3_stmt* statement = nullptr;
+    ASSERT_EQ(SQLITE_OK, sqlite3_prepare_v2(database, difference.c_str(), -1, &statement, nullptr)) << table.name;
+    ASSERT_EQ(SQLITE_ROW, sqlite3_step(statement));
+    EXPECT_EQ(0, sqlite3_column_int(statement, 0)) << table.name;
+    sqlite3_finalize(statement);
+  }
+  sqlite3_exec(database, "DETACH again", nullptr, nullptr, nullptr);
+  fs::remove_all(second);
+}
+
+TEST(LargeCompany, HasTheSizeAskedForAndBalances) {
+  const fs::path folder = freshFolder("large");
+  makeLargeCompany(folder, {.invoices = 300, .items = 12000, .accounts = 1000});
+  store::Connection connection(schema::companyCatalog());
+  connection.open(schema::connectionStringFor(folder / "Uninstall" / "Uninstall.MDB"));
+  const auto figure = [&connection](const char* statement) {
+    return store::numberOf(store::Recordset(connection, statement).valueAt(0, 0));
+  };
+  EXPECT_EQ(300, figure("select count(*) from Transactions where TranType=32"));
+  EXPECT_EQ(1500, figure("select count(*) from SubTransactions inner join Transactions on SubTransactions.TranNo = "
+                         "Transactions.TranNo where TranType=32"));
+  EXPECT_EQ(12001, figure("select count(*) from StockLevel3"));
+  EXPECT_EQ(1001, figure("select count(*) from AccLevel3 where Level1ID=120"));
+  EXPECT_EQ(0, figure("select Sum(IIf(IsNull([Debit]),0,[Debit])) - Sum(IIf(IsNull([Credit]),0,[Credit])) as Off from "
+                      "SubTransactions"));
+  connection.close();
+  fs::remove_all(folder);
+}
+
+}  // namespace
+}  // namespace velmo::demo
