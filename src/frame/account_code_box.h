@@ -57,11 +57,10 @@ class AccountCodeBox : public QLineEdit {
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void keyReleaseEvent(QKeyEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   void lookUp();
-  void narrowList();
   void forgetAccount();
 
   session::LoginContext& context_;
@@ -69,7 +68,6 @@ class AccountCodeBox : public QLineEdit {
   AccountBoxKind kind_;
   PickList entries_;
   std::optional<Account> account_;
-  QString listedText_;
 };
 
 }  // namespace velmo::frame

@@ -18,10 +18,10 @@ class AccountDropList : public QListView {
   explicit AccountDropList(QWidget* screen);
 
   AccountCodeBox* ListOwner() const { return owner_; }
-  void takeOver(AccountCodeBox& box);   // places the list below the box, unseen, with all its entries
-  void narrow(const QString& typed);    // shows the entries that hold the text; hides the list when it is empty
-  void enter();                         // the keyboard goes into the list, at the entry of the owner's text
-  void boxLeft();                       // hides the list shortly, unless the focus went into it
+  void takeOver(AccountCodeBox& box);  // places the list below the box, unseen, with all its entries
+  void narrow(const QString& typed);   // shows the entries that hold the text; hides the list when it is empty
+  void enter();                        // the keyboard goes into the list, at the entry of the owner's text
+  void boxLeft();                      // hides the list shortly, unless the focus went into it
 
  protected:
   void focusInEvent(QFocusEvent* event) override;
@@ -29,11 +29,13 @@ class AccountDropList : public QListView {
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
+  enum class Then { StayInBox, MoveOn };
+
   void place();
-  void choose(bool moveOn);
-  void backToOwner();
+  void choose(Then then);
 
   AccountCodeBox* owner_ = nullptr;
   PickListModel entries_;

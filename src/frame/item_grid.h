@@ -3,7 +3,6 @@
 #include <QTimer>
 #include <QWidget>
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "frame/item_grid_kind.h"
@@ -11,15 +10,14 @@
 #include "session/workplace.h"
 #include "store/recordset.h"
 
-class QLabel;
+class QLineEdit;
 class QModelIndex;
+class QTableView;
 class QToolButton;
 
 namespace velmo::frame {
 
-class ItemCellEditor;
 class ItemGridModel;
-class ItemGridView;
 class SerialPanel;
 class StockPanel;
 
@@ -28,14 +26,15 @@ class StockPanel;
 //
 // Keys. Enter and Tab lead to the next cell that can be typed in, from the last one to the item code of the next line;
 // Shift+Tab leads back. Typing replaces a cell, F2 changes it. In the item code Down and Up lead into the list, whose
-// Enter or Tab chooses. F4 opens the serial box. Delete clears a cell or removes a marked row, Ctrl+Delete removes the
-// row. Esc gives up a change.
+// Enter or Tab chooses. F4 opens the serial box. Delete clears a cell or removes a marked line (Shift+Space or a click
+// on its number marks it), Ctrl+Delete removes the line. Esc gives up a change. A scanner is a keyboard that types the
+// code and Enter.
 class ItemGrid : public QWidget {
   Q_OBJECT
 
  public:
-  // `overlay` is the widget above whose fields the stock panel may float: the screen; without one the window.
-  ItemGrid(ItemGridKind kind, session::Workplace& workplace, QWidget* parent = nullptr, QWidget* overlay = nullptr);
+  // `overlay` is the widget above whose fields the panels may float, normally the screen that holds the grid.
+  ItemGrid(ItemGridKind kind, session::Workplace& workplace, QWidget* overlay, QWidget* parent = nullptr);
   ~ItemGrid() override;
 
   // Shows the lines and edits them in place; the recordset stays with the screen, which must not remove or add rows
@@ -43,17 +42,18 @@ class ItemGrid : public QWidget {
   void bind(store::Recordset lines);
   // Lets the lines go; a cell in edit is given up.
   void detach();
-  bool isBound() const;
+  bool isBound() const { return sheet_.isBound(); }
 
-  // Ends the cell in edit. False when its text was refused: then the user is still in the cell.
+  // Ends the cell in edit and the serial box. False when the text was refused: then the user is still in the cell.
   bool commitEdit();
   void cancelEdit();
 
-  // The party whose sales the history shows; a code that is no number stands for all parties.
+  // The party whose lines the history shows; a code that is no number stands for all parties.
   void setParty(std::string_view code, std::string_view name);
 
   void focusFirstCell();
-  void setCurrentCell(int row, GridColumn column);
+  // False when the cell in edit was refused.
+  bool setCurrentCell(int row, GridColumn column);
   void removeCurrentRow();
   void toggleSerialBox();
 
@@ -62,59 +62,60 @@ class ItemGrid : public QWidget {
  Q_SIGNALS:
   void linesChanged();   // the totals are to be computed again
   void saveRequested();  // Ctrl+S; the cell in edit has been accepted
-  void escapePressed();  // Esc when no cell was in edit
+  void escapePressed();  // Esc when no cell was in edit; linesChanged() went before
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
 
  private:
-  enum class Opening { Replace, Change };
-
+  // Building
   void buildTable();
+  void buildEditor();
   void buildPanels(QWidget* overlay);
   void sizeColumns();
 
   // Cells
-  bool beginEdit(Opening opening, const QString& typed = {});
+  bool isEditing() const;
+  bool beginEdit();
+  void beginReplace(const QString& typed);
   void closeEditor();
   void currentChanged(const QModelIndex& current);
-  void moveToNextCell(int step);
+  bool moveToNextCell(int step);
   void moveRows(int rows);
-  void refreshRow(int row);
+  void lineChanged(int row);
   void placeOverCells();
-  std::optional<int> currentRow() const;
-  GridColumn currentColumn() const;
+  void markRow(int row);
+  void clearCell();
 
   // Keys; true when the key was used
   bool tableKey(QKeyEvent& event);
-  bool commandKey(QKeyEvent& event);
-  bool editorKey(QKeyEvent& event);
+  bool editorKey(const QKeyEvent& event);
+  bool commandKey(const QKeyEvent& event);
   void escape();
-  void enterOrClear(QKeyEvent& event);
 
   // Focus and lists
-  void focusEntered();
-  void focusLeft(QFocusEvent& event);
+  bool watchTable(QEvent& event);
+  bool watchEditor(QEvent& event);
+  void focusLeft();
   void editorLeft();
   void showStockPanel();
-  void hideStockPanel();
   void narrowItems();
   void choose(const QString& itemCode);
-  void backToGrid();
 
   session::Workplace& workplace_;
   ItemSheet sheet_;
   ItemGridModel* model_ = nullptr;
-  ItemGridView* Grid_ = nullptr;
-  ItemCellEditor* editor_ = nullptr;
+  QTableView* Grid_ = nullptr;
+  QLineEdit* editor_ = nullptr;
   StockPanel* StockBox_ = nullptr;
   SerialPanel* SerialTxt_ = nullptr;
   QToolButton* serialButton_ = nullptr;
   QTimer IListTimer_;
   QTimer narrowTimer_;
+  QString openedText_;  // of the cell in edit
+  int serialRow_ = -1;  // whose serials are open
   bool InItemList_ = false;
-  std::optional<int> markedRow_;
+  bool ending_ = false;  // a cell's end is under way: its messages must not end it again
 };
 
 }  // namespace velmo::frame

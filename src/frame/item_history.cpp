@@ -75,9 +75,10 @@ store::Recordset itemHistory(store::Connection& connection, const ItemGridKind& 
           ", StockFlow.Unit, StockFlow.Rate, StockFlow.GrossAmt "
           "FROM Transactions INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo "
           "WHERE (((StockFlow.ItemCode) Like " +
-          store::quoted(code) + ")" + ofParty + " AND ((Transactions.TranType)=" +
-          std::to_string(kind.historyTranType) + ") AND ((Transactions.Cancel)=No) AND ((Transactions.FYID)=" +
-          std::to_string(FYID) + ")) ORDER BY Transactions.TranDate desc, Transactions.docno",
+          store::quoted(code) + ")" + ofParty +
+          " AND ((Transactions.TranType)=" + std::to_string(kind.historyTranType) +
+          ") AND ((Transactions.Cancel)=No) AND ((Transactions.FYID)=" + std::to_string(FYID) +
+          ")) ORDER BY Transactions.TranDate desc, Transactions.docno",
       store::LockType::ReadOnly);
 }
 

@@ -56,10 +56,9 @@ EntryVerdict beforeEdit(GridColumn column, const LineCells& line) {
   if (isReadOnly(column)) return {.refused = true};
   EntryVerdict verdict;
   if (const auto name = entryName(column); !name.empty() && line.itemCode.empty()) {
-    verdict.messages.push_back(
-        {.title = "Select Inventory Item",
-         .text = "Select inventory item before entering " + std::string(name) +
-                 ". If you want to enter a service, then give 'Service' in Item Code Column."});
+    verdict.messages.push_back({.title = "Select Inventory Item",
+                                .text = "Select inventory item before entering " + std::string(name) +
+                                        ". If you want to enter a service, then give 'Service' in Item Code Column."});
   }
   if (column == GridColumn::Discount && !line.discountRate.empty()) {
     verdict.refused = true;

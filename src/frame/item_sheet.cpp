@@ -33,8 +33,8 @@ ItemSheet::ItemSheet(ItemGridKind kind, session::Workplace& workplace)
     : kind_(std::move(kind)), workplace_(workplace) {}
 
 void ItemSheet::bind(store::Recordset lines) {
-  const std::array<std::string_view, gridColumnCount> names = {"ItemCode", "FlowId",   "ItemName",   kind_.quantityField,
-                                                               "Unit",     "Rate",     "GrossAmt",   "DiscRate",
+  const std::array<std::string_view, gridColumnCount> names = {"ItemCode", "FlowId",    "ItemName", kind_.quantityField,
+                                                               "Unit",     "Rate",      "GrossAmt", "DiscRate",
                                                                "DiscAmt",  "ItemValue", "Packing"};
   for (std::size_t i = 0; i < names.size(); ++i) {
     fields_[i] = lines.fieldIndex(names[i]);
@@ -52,11 +52,17 @@ void ItemSheet::detach() {
   bound_ = false;
 }
 
-int ItemSheet::rowCount() const { return bound_ ? static_cast<int>(lines_.recordCount()) : 0; }
+int ItemSheet::rowCount() const {
+  return bound_ ? static_cast<int>(lines_.recordCount()) : 0;
+}
 
-store::Value ItemSheet::valueAt(int row, GridColumn column) const { return lines_.valueAt(row, fieldOf(column)); }
+store::Value ItemSheet::valueAt(int row, GridColumn column) const {
+  return lines_.valueAt(row, fieldOf(column));
+}
 
-std::string ItemSheet::plainText(int row, GridColumn column) const { return store::textOf(valueAt(row, column)); }
+std::string ItemSheet::plainText(int row, GridColumn column) const {
+  return store::textOf(valueAt(row, column));
+}
 
 std::string ItemSheet::shownText(int row, GridColumn column) const {
   const store::Value value = valueAt(row, column);

@@ -1,0 +1,71 @@
+#include "frame/pick_list_model.h"
+
+#include <algorithm>
+
+namespace velmo::frame {
+namespace {
+
+constexpr int portion = 256;
+
+QString shown(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+PickListModel::PickListModel(QObject* parent) : QAbstractListModel(parent) {}
+
+void PickListModel::setList(PickList* list) {
+  beginResetModel();
+  list_ = list;
+  handedOut_ = list_ ? std::min(list_->size(), portion) : 0;
+  endResetModel();
+}
+
+void PickListModel::narrow(const QString& typed) {
+  if (!list_) return;
+  beginResetModel();
+  list_->narrow(typed.toStdString());
+  handedOut_ = std::min(list_->size(), portion);
+  endResetModel();
+}
+
+QModelIndex PickListModel::indexOfKey(std::string_view key) {
+  const int entry = list_ ? list_->indexOf(key) : -1;
+  if (entry < 0) return {};
+  handOut(entry + 1);
+  return index(entry);
+}
+
+QString PickListModel::key(const QModelIndex& index) const {
+  return index.isValid() && list_ ? shown(list_->key(index.row())) : QString();
+}
+
+void PickListModel::handOut(int rows) {
+  const int wanted = std::min(rows, list_->size());
+  if (wanted <= handedOut_) return;
+  beginInsertRows({}, handedOut_, wanted - 1);
+  handedOut_ = wanted;
+  endInsertRows();
+}
+
+int PickListModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : handedOut_;
+}
+
+bool PickListModel::canFetchMore(const QModelIndex& parent) const {
+  return !parent.isValid() && list_ && handedOut_ < list_->size();
+}
+
+void PickListModel::fetchMore(const QModelIndex&) {
+  handOut(handedOut_ + portion);
+}
+
+QVariant PickListModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || !list_ || index.row() >= list_->size()) return {};
+  if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return shown(list_->display(index.row()));
+  if (role == Qt::UserRole) return key(index);
+  return {};
+}
+
+}  // namespace velmo::frame
