@@ -1,0 +1,204 @@
+#include "printing/page_view.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
+#include <cmath>
+
+#include "printing/painter.h"
+
+namespace velmo::printing {
+
+namespace {
+
+constexpr int Gap = 24;  // around the sheets, in pixels
+
+// The ground is darker than any window, so that the sheet stands out in both palettes.
+QColor groundColour(const QPalette& palette) {
+  const QColor window = palette.color(QPalette::Window);
+  return window.lightness() > 128 ? QColor(0xd8, 0xdc, 0xe2) : QColor(0x15, 0x17, 0x1a);
+}
+
+void paintShadow(QPainter& painter, const QRectF& sheet) {
+  painter.setPen(Qt::NoPen);
+  for (int step = 6; step > 0; --step) {
+    painter.setBrush(QColor(0, 0, 0, 7));
+    painter.drawRoundedRect(sheet.adjusted(-step, -step + 2, step, step + 2), step, step);
+  }
+}
+
+}  // namespace
+
+PageView::PageView(PageSource& pages, QWidget* parent) : QAbstractScrollArea(parent), pages_(pages) {
+  setFrameShape(QFrame::NoFrame);
+  setFocusPolicy(Qt::StrongFocus);
+  setObjectName(QStringLiteral("PageView"));
+  setAccessibleName(QStringLiteral("Pages of the report"));
+  pages_.page(0);
+}
+
+double PageView::scaleFor(Fit fit) const {
+  const Page* first = pages_.page(0);
+  if (!first || fit == Fit::Free) return scale_;
+  const double across = std::max(50.0, viewport()->width() - 2.0 * Gap) / first->width;
+  if (fit == Fit::Width) return across;
+  return std::min(across, std::max(50.0, viewport()->height() - 2.0 * Gap) / first->height);
+}
+
+void PageView::setFit(Fit fit) {
+  const int page = currentPage();
+  fit_ = fit;
+  relayout();
+  showPage(page);
+}
+
+void PageView::setZoom(int percent) {
+  const int page = currentPage();
+  fit_ = Fit::Free;
+  scale_ = std::clamp(percent, LeastZoom, MostZoom) / 100.0 * logicalDpiX() / 1440.0;
+  relayout();
+  showPage(page);
+}
+
+int PageView::zoom() const {
+  return static_cast<int>(std::lround(scale_ * 1440.0 / logicalDpiX() * 100));
+}
+
+void PageView::relayout() {
+  scale_ = scaleFor(fit_);
+  tops_.clear();
+  double top = Gap;
+  double widest = 0;
+  for (int index = 0; index < pages_.made(); ++index) {
+    const Page* page = pages_.page(index);
+    tops_.push_back(top);
+    top += page->height * scale_ + Gap;
+    widest = std::max(widest, page->width * scale_ + 2.0 * Gap);
+  }
+  verticalScrollBar()->setPageStep(viewport()->height());
+  verticalScrollBar()->setSingleStep(40);
+  verticalScrollBar()->setRange(0, std::max(0, static_cast<int>(top) - viewport()->height()));
+  horizontalScrollBar()->setPageStep(viewport()->width());
+  horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(widest) - viewport()->width()));
+  viewport()->update();
+  Q_EMIT viewChanged();
+}
+
+QRectF PageView::sheet(int index) const {
+  const Page* page = pages_.page(index);
+  const QSizeF size(page->width * scale_, page->height * scale_);
+  const double slack = (viewport()->width() - size.width()) / 2;
+  const double left = slack > Gap ? slack : Gap - horizontalScrollBar()->value();
+  return {QPointF(std::floor(left), std::floor(tops_[static_cast<std::size_t>(index)] - verticalScrollBar()->value())),
+          size};
+}
+
+int PageView::currentPage() const {
+  const double middle = verticalScrollBar()->value() + viewport()->height() / 2.0;
+  const auto next = std::upper_bound(tops_.begin(), tops_.end(), middle);
+  return next == tops_.begin() ? 0 : static_cast<int>(next - tops_.begin()) - 1;
+}
+
+void PageView::showPage(int index) {
+  if (index >= pages_.made() && pages_.page(index) != nullptr) relayout();
+  if (tops_.empty()) return;
+  const auto place = static_cast<std::size_t>(std::clamp(index, 0, static_cast<int>(tops_.size()) - 1));
+  verticalScrollBar()->setValue(static_cast<int>(tops_[place]) - Gap);
+  Q_EMIT viewChanged();
+}
+
+void PageView::pagesChanged() {
+  const int value = verticalScrollBar()->value();
+  relayout();
+  verticalScrollBar()->setValue(value);
+}
+
+bool PageView::find(const QString& text, bool backwards) {
+  if (text.isEmpty()) return false;
+  pages_.makeAll();
+  relayout();
+  const int step = backwards ? -1 : 1;
+  Hit at = hit_.page >= 0 ? hit_ : Hit{currentPage(), backwards ? 0 : -1};
+  for (int visited = 0; visited <= pages_.made();) {
+    at.run += step;
+    const Drawing* drawing = &pages_.page(at.page)->drawing;
+    if (at.run < 0 || at.run >= static_cast<int>(drawing->texts.size())) {
+      at.page = (at.page + step + pages_.made()) % pages_.made();
+      drawing = &pages_.page(at.page)->drawing;
+      at.run = backwards ? static_cast<int>(drawing->texts.size()) : -1;
+      ++visited;
+      continue;
+    }
+    const TextRun& run = drawing->texts[static_cast<std::size_t>(at.run)];
+    if (!drawnText(*drawing, run, pages_.total()).contains(text, Qt::CaseInsensitive)) continue;
+    hit_ = at;
+    const double top = tops_[static_cast<std::size_t>(at.page)] + run.at.top * scale_;
+    verticalScrollBar()->setValue(static_cast<int>(top) - viewport()->height() / 3);
+    viewport()->update();
+    return true;
+  }
+  hit_ = {};
+  viewport()->update();
+  return false;
+}
+
+void PageView::paintEvent(QPaintEvent*) {
+  QPainter painter(viewport());
+  painter.fillRect(viewport()->rect(), groundColour(palette()));
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (int index = 0; index < static_cast<int>(tops_.size()); ++index) {
+    const QRectF paper = sheet(index);
+    if (paper.bottom() < 0) continue;
+    if (paper.top() > viewport()->height()) break;
+    paintShadow(painter, paper);
+    painter.fillRect(paper, Qt::white);
+    painter.save();
+    painter.translate(paper.topLeft());
+    painter.scale(scale_, scale_);
+    const Page& page = *pages_.page(index);
+    if (hit_.page == index) {
+      const Frame at = page.drawing.texts[static_cast<std::size_t>(hit_.run)].at;
+      painter.fillRect(QRectF(at.left - 40, at.top, at.width + 80, at.height), QColor(255, 214, 70));
+    }
+    paintPage(painter, page, pages_.total());
+    painter.restore();
+  }
+}
+
+void PageView::resizeEvent(QResizeEvent*) {
+  const int page = currentPage();
+  relayout();
+  if (fit_ != Fit::Free) showPage(page);
+}
+
+void PageView::scrollContentsBy(int, int) {
+  viewport()->update();
+  Q_EMIT viewChanged();
+}
+
+void PageView::keyPressEvent(QKeyEvent* event) {
+  QScrollBar* bar = verticalScrollBar();
+  switch (event->key()) {
+    case Qt::Key_Up:
+      bar->triggerAction(QScrollBar::SliderSingleStepSub);
+      break;
+    case Qt::Key_Down:
+      bar->triggerAction(QScrollBar::SliderSingleStepAdd);
+      break;
+    case Qt::Key_Space:
+      bar->triggerAction(QScrollBar::SliderPageStepAdd);
+      break;
+    default:
+      QAbstractScrollArea::keyPressEvent(event);
+  }
+}
+
+void PageView::wheelEvent(QWheelEvent* event) {
+  if (event->modifiers().testFlag(Qt::ControlModifier))
+    setZoom(zoom() + (event->angleDelta().y() > 0 ? 10 : -10));
+  else
+    QAbstractScrollArea::wheelEvent(event);
+}
+
+}  // namespace velmo::printing

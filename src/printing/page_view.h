@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QAbstractScrollArea>
+
+#include "printing/page_source.h"
+
+namespace velmo::printing {
+
+enum class Fit { Width, Page, Free };
+
+// The pages of a report under each other, as white sheets on a neutral ground.
+class PageView : public QAbstractScrollArea {
+  Q_OBJECT
+
+ public:
+  explicit PageView(PageSource& pages, QWidget* parent = nullptr);
+
+  static constexpr int LeastZoom = 50;  // per cent
+  static constexpr int MostZoom = 400;
+
+  void setFit(Fit fit);
+  void setZoom(int percent);  // of the paper's size, held between the least and the most
+  int zoom() const;
+  int currentPage() const;  // index from 0, of the page at the view's middle
+  void showPage(int index);
+  void pagesChanged();  // more pages were made, or their count is known
+  // The next place behind or before the last find that holds the text, in either case of letters.
+  bool find(const QString& text, bool backwards);
+
+ Q_SIGNALS:
+  void viewChanged();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  void relayout();
+  QRectF sheet(int index) const;  // in the view
+  double scaleFor(Fit fit) const;
+
+  PageSource& pages_;
+  Fit fit_ = Fit::Width;
+  double scale_ = 0;  // pixels to the Twip
+  std::vector<double> tops_;
+  struct Hit {
+    int page = -1;
+    int run = -1;
+  };
+  Hit hit_;
+};
+
+}  // namespace velmo::printing

@@ -1,0 +1,160 @@
+#include "printing/paginator.h"
+
+#include <stdexcept>
+
+namespace velmo::printing {
+
+namespace {
+
+// A page of a roll is as long as its lines, up to what a PDF page can be.
+constexpr Twips LongestPage = 14400 * 20;
+// Less room than this between the headers and the footers of a page is a mistake of the design.
+constexpr Twips LeastBody = mm(15);
+
+bool breaksBefore(const Section& section) {
+  return section.forcePageBreak == PageBreak::Before || section.forcePageBreak == PageBreak::Both;
+}
+
+bool breaksAfter(const Section& section) {
+  return section.forcePageBreak == PageBreak::After || section.forcePageBreak == PageBreak::Both;
+}
+
+}  // namespace
+
+Paginator::Paginator(const Report& report, Output output)
+    : report_(report),
+      design_(report.design),
+      output_(output),
+      walk_(design_, *report.data),
+      totals_(design_, walk_),
+      layout_(report) {}
+
+std::optional<Page> Paginator::next() {
+  while (ready_.empty() && !ended_) step();
+  if (ready_.empty()) return std::nullopt;
+  Page page = std::move(ready_.front());
+  ready_.pop_front();
+  return page;
+}
+
+void Paginator::step() {
+  const WalkStep step = walk_.next();
+  switch (step.step) {
+    case Step::ReportHeader:
+      beginPage();
+      break;
+    case Step::GroupHeader: {
+      const Group& group = design_.groups[static_cast<std::size_t>(step.level)];
+      totals_.beginGroup(step.level);
+      totals_.addRow(step.level);
+      if (group.header) place(*group.header, step.level);
+      openGroups_ = step.level + 1;
+      break;
+    }
+    case Step::Detail:
+      totals_.addRow(step.level);
+      if (design_.detail) place(*design_.detail, step.level);
+      break;
+    case Step::GroupFooter: {
+      const Group& group = design_.groups[static_cast<std::size_t>(step.level)];
+      if (group.footer) place(*group.footer, step.level);
+      openGroups_ = step.level;
+      break;
+    }
+    case Step::ReportFooter:
+      if (design_.reportFooter) place(*design_.reportFooter, 0);
+      break;
+    case Step::End:
+      if (pageOpen_) endPage();
+      ended_ = true;
+      break;
+  }
+}
+
+Block Paginator::set(const Section& section, int level, Output output) {
+  return layout_.set(
+      section,
+      {.report = report_, .rows = walk_, .totals = totals_, .ownLevel = std::max(level, 0), .pageNumber = pageNumber_},
+      output);
+}
+
+void Paginator::place(const Section& section, int level) {
+  Block block = set(section, level, output_);
+  if (block.height == 0) return;
+  bool moved = false;
+  if ((breakPending_ || breaksBefore(section)) && !(pageOpen_ && fresh_)) {
+    if (pageOpen_) endPage();
+    beginPage();
+    moved = true;
+  }
+  breakPending_ = false;
+  const bool wholeOnly = section.keep == Keep::Together;
+  const Twips needed = (wholeOnly ? block.height : 0) + section.roomBelow;
+  if (!fresh_ && needed > space()) {
+    endPage();
+    beginPage();
+    moved = true;
+  }
+  if (moved) block = set(section, level, output_);  // the page number may stand in it
+  pour(section, level, std::move(block));
+  if (breaksAfter(section)) breakPending_ = true;
+}
+
+// What is higher than the page goes on overleaf, between two lines of text, which are needed even to count.
+void Paginator::pour(const Section& section, int level, Block block) {
+  if (block.height > space() && output_ == Output::HeightsOnly) block = set(section, level, Output::Drawings);
+  while (block.height > space()) {
+    const Block top = block.takeTop(space());
+    if (top.height == 0 && fresh_) throw std::logic_error("section '" + section.name + "' has no room on a page");
+    if (top.height > 0) append(top);
+    endPage();
+    beginPage();
+  }
+  append(block);
+  fresh_ = false;
+}
+
+void Paginator::placeAtOnce(const std::optional<Section>& section, int level) {
+  if (section) append(set(*section, level, output_));
+}
+
+void Paginator::append(const Block& block) {
+  page_.drawing.add(block.drawing, design_.margins.left, y_);
+  y_ += block.height;
+}
+
+void Paginator::beginPage() {
+  ++pageNumber_;
+  page_ = Page{.number = pageNumber_, .width = design_.paper.width, .height = design_.paper.height, .drawing = {}};
+  pageOpen_ = true;
+  fresh_ = true;
+  y_ = design_.margins.top;
+  footer_ = design_.pageFooter ? set(*design_.pageFooter, 0, output_) : Block{};
+  const Twips length = design_.paper.endless() ? LongestPage : design_.paper.height;
+  bottom_ = length - design_.margins.bottom - footer_.height;
+  if (pageNumber_ == 1) placeAtOnce(design_.reportHeader, 0);
+  placeAtOnce(design_.pageHeader, 0);
+  for (int level = 0; level < openGroups_; ++level) {
+    const std::optional<Section>& header = design_.groups[static_cast<std::size_t>(level)].header;
+    if (header && header->repeat == Repeat::EveryPage) placeAtOnce(header, level);
+  }
+  if (space() < LeastBody) throw std::logic_error("the headers and footers of the report leave no room for its rows");
+}
+
+void Paginator::endPage() {
+  const bool roll = design_.paper.endless();
+  const Twips top = roll ? y_ : bottom_;
+  page_.drawing.add(footer_.drawing, design_.margins.left, top);
+  if (roll) page_.height = top + footer_.height + design_.margins.bottom;
+  ready_.push_back(std::move(page_));
+  pageOpen_ = false;
+}
+
+int countPages(const Report& report) {
+  Paginator paginator(report, Output::HeightsOnly);
+  int count = 0;
+  while (paginator.next()) ++count;
+  return count;
+}
+
+}  // namespace velmo::printing

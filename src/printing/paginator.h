@@ -1,0 +1,53 @@
+#pragma once
+
+#include <deque>
+#include <optional>
+
+#include "printing/section_layout.h"
+
+namespace velmo::printing {
+
+// Turns a report into pages, one after the other, and keeps none that it has handed out: the first is there at once,
+// however long the report. The report must outlive the paginator. A design whose headers and footers leave no room for
+// its rows throws std::logic_error.
+class Paginator {
+ public:
+  explicit Paginator(const Report& report, Output output = Output::Drawings);
+
+  // Nothing behind the last page. A report without rows has one page.
+  std::optional<Page> next();
+
+ private:
+  void step();
+  void place(const Section& section, int level);
+  void pour(const Section& section, int level, Block block);
+  void placeAtOnce(const std::optional<Section>& section, int level);
+  void append(const Block& block);
+  void beginPage();
+  void endPage();
+  Twips space() const { return bottom_ - y_; }
+  Block set(const Section& section, int level, Output output);
+
+  const Report& report_;
+  const ReportDesign& design_;
+  const Output output_;
+  ReportWalk walk_;
+  FunctionTotals totals_;
+  SectionLayout layout_;
+  std::deque<Page> ready_;
+  Page page_;
+  Block footer_;
+  Twips y_ = 0;
+  Twips bottom_ = 0;
+  int pageNumber_ = 0;
+  int openGroups_ = 0;  // groups whose header was printed and whose footer was not
+  bool pageOpen_ = false;
+  bool fresh_ = false;         // nothing but headers on the page
+  bool breakPending_ = false;  // the next thing that prints begins a page
+  bool ended_ = false;
+};
+
+// Counts without keeping anything of the pages.
+int countPages(const Report& report);
+
+}  // namespace velmo::printing
