@@ -36,7 +36,8 @@ store::Table businessInfo() {
                   {"TermsQuote", Memo},
                   {"UserID", Byte},
                   {"FYID", Integer}},
-      .key = {},
+      // One row; every settings screen reads its name, which makes the row writable there.
+      .key = {"Name"},
   };
 }
 
