@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QStyle>
 #include <QStyleOptionComboBox>
+#include <QTextCharFormat>
 #include <QWheelEvent>
 
 #include "forms/look.h"
@@ -27,7 +28,12 @@ DatePicker::DatePicker(QWidget* parent) : QDateEdit(parent) {
   setFont(figureFont());
   setDateRange(QDate(1753, 1, 1), QDate(9999, 12, 31));
   calendarWidget()->setFirstDayOfWeek(Qt::Monday);
-  calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  QCalendarWidget* calendar = calendarWidget();
+  calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  calendar->setMinimumSize(fontMetrics().averageCharWidth() * 38, (fontMetrics().height() + 9) * 8);
+  QTextCharFormat weekend;
+  weekend.setForeground(colours().quietText);
+  for (Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) calendar->setWeekdayTextFormat(day, weekend);
 }
 
 text::DateTime DatePicker::day() const {

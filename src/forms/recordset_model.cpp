@@ -101,7 +101,7 @@ QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
       return qtAlignment(column.alignment);
     case Qt::FontRole:
-      return column.alignment == ColumnAlignment::Right ? QVariant(figureFont()) : QVariant();
+      return column.format.empty() && column.alignment != ColumnAlignment::Right ? QVariant() : QVariant(figureFont());
     default:
       return {};
   }

@@ -28,7 +28,7 @@ QComboBox::down-arrow, QDateEdit::down-arrow { image: url(@chevron); width: 12px
 QComboBox QAbstractItemView { border: 1px solid @border; background: @base; outline: 0; padding: 2px; }
 QAbstractItemView QLineEdit { border: 2px solid @accent; border-radius: 0; padding: 0 3px; }
 
-QPushButton { border: 1px solid @border; border-radius: 5px; padding: 5px 14px; background: @button; min-width: 56px; }
+QPushButton { border: 1px solid @border; border-radius: 5px; padding: 5px 14px; background: @button; }
 QPushButton:hover { border-color: @accent; }
 QPushButton:pressed, QPushButton:checked { background: @pressed; }
 QPushButton:focus { border: 2px solid @accent; padding: 4px 13px; }
@@ -53,6 +53,19 @@ QTableCornerButton::section { background: @window; border: none; border-bottom: 
 
 QGroupBox { border: 1px solid @border; border-radius: 6px; margin-top: 9px; padding: 8px 6px 4px 6px; }
 QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; color: @quietText; }
+QCheckBox::indicator, QRadioButton::indicator { width: 15px; height: 15px; border: 1px solid @quietText;
+  background: @base; }
+QCheckBox::indicator { border-radius: 4px; }
+QRadioButton::indicator { border-radius: 8px; }
+QCheckBox::indicator:checked, QRadioButton::indicator:checked { background: @accent; border-color: @accent; image: url(@tick); }
+QCheckBox::indicator:focus, QRadioButton::indicator:focus { border: 2px solid @accent; width: 13px; height: 13px; }
+QCheckBox::indicator:checked:focus, QRadioButton::indicator:checked:focus { border-color: @text; }
+QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { border-color: @border; background: @window; }
+QCalendarWidget QWidget#qt_calendar_navigationbar { background: @card; }
+QCalendarWidget QToolButton { color: @text; background: transparent; border: none; border-radius: 4px; padding: 3px 8px; }
+QCalendarWidget QToolButton:hover { background: @pressed; }
+QCalendarWidget QToolButton#qt_calendar_prevmonth { qproperty-icon: url(@back); }
+QCalendarWidget QToolButton#qt_calendar_nextmonth { qproperty-icon: url(@forward); }
 [look="card"] { background: @card; border: 1px solid @border; border-radius: 10px; }
 QLabel[look="caption"] { color: @quietText; }
 QLabel[look="warning"] { color: @warning; }
@@ -108,6 +121,9 @@ QString styleSheet(const QPalette& palette, const Colours& look, Brightness brig
       {QStringLiteral("selection"), mixed(base, look.accent, 0.18).name()},
       {QStringLiteral("totalGround"), mixed(base, look.accent, 0.10).name()},
       {QStringLiteral("chevron"), QStringLiteral(":/velmo/pictures/chevron-") + tone + QStringLiteral(".svg")},
+      {QStringLiteral("back"), QStringLiteral(":/velmo/pictures/back-") + tone + QStringLiteral(".svg")},
+      {QStringLiteral("forward"), QStringLiteral(":/velmo/pictures/forward-") + tone + QStringLiteral(".svg")},
+      {QStringLiteral("tick"), QStringLiteral(":/velmo/pictures/tick-") + tone + QStringLiteral(".svg")},
       {QStringLiteral("cross"), QStringLiteral(":/velmo/pictures/cross-") + tone + QStringLiteral(".svg")},
   };
 

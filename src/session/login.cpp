@@ -28,8 +28,9 @@ bool passwordFits(const store::Recordset& users, const std::string& typed) {
   return users.text("password") == typed;
 }
 
-void saveDefaultLogin(store::Recordset& businessInfo, const store::Value& userId, const store::Value& yearId) {
-  businessInfo.update({{"userid", userId}, {"FYID", yearId}});
+void saveDefaultLogin(store::Connection& connection, std::int64_t userId, std::int64_t yearId) {
+  connection.execute("update businessinfo set userid = " + std::to_string(userId) +
+                     ", FYID = " + std::to_string(yearId));
 }
 
 std::string companyTelLine(const std::string& telephones, const std::string& fax) {

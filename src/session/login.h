@@ -24,7 +24,7 @@ void cleanUpMasters(store::Connection& connection);
 bool passwordFits(const store::Recordset& users, const std::string& typed);
 
 // Makes the user and the year the ones that the next start proposes.
-void saveDefaultLogin(store::Recordset& businessInfo, const store::Value& userId, const store::Value& yearId);
+void saveDefaultLogin(store::Connection& connection, std::int64_t userId, std::int64_t yearId);
 
 // Fills every member that the login knows, from the current rows. The connection of the context is not touched.
 void fillLoginContext(LoginContext& context, const LoginRecords& records);

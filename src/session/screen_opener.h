@@ -16,11 +16,4 @@ class ScreenOpener {
   virtual bool hasScreen(std::string_view name) const = 0;
 };
 
-// A child window that can be told, while it is open, to show what LoginContext hands over (OpenTranNo and the like).
-class ShowsHandedOver {
- public:
-  virtual ~ShowsHandedOver() = default;
-  virtual void showHandedOver() = 0;
-};
-
 }  // namespace velmo::session

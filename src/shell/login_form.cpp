@@ -141,7 +141,8 @@ void LoginForm::logIn() {
 }
 
 void LoginForm::setDefault() {
-  session::saveDefaultLogin(records_->businessInfo, userCombo_->boundValue(), yearCombo_->boundValue());
+  session::saveDefaultLogin(connection_, store::integerOf(userCombo_->boundValue()),
+                            store::integerOf(yearCombo_->boundValue()));
 }
 
 }  // namespace velmo::shell

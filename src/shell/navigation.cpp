@@ -22,17 +22,18 @@ struct RecordLink {
   LinkGroup group;
 };
 
+// Of each group the commonest first.
 constexpr RecordLink recordLinks[] = {
-    {0, "Purchase", 57, "PurchaseBillsSimple", LinkGroup::Purchases},
-    {1, "Point of Sale Invoice", 95, "SaleInvoicesPOS", LinkGroup::Sales},
-    {2, "Cash Payment", 68, "CashPayments", LinkGroup::CashAndBank},
-    {3, "Outwards Gate Pass", 156, "GatePassesOut", LinkGroup::Sales},
-    {4, "Inwards Gate Pass", 152, "GatePassesIn", LinkGroup::Purchases},
-    {5, "Delivery Challan", 90, "DeliveryChallans", LinkGroup::Sales},
-    {7, "Cash Receipt", 106, "CashReceipts", LinkGroup::CashAndBank},
-    {8, "Bank Payment", 64, "BankPayments", LinkGroup::CashAndBank},
-    {9, "Bank Receipt", 102, "BankReceipts", LinkGroup::CashAndBank},
     {10, "Sale Invoice", 93, "SaleInvoicesSimple", LinkGroup::Sales},
+    {1, "Point of Sale Invoice", 95, "SaleInvoicesPOS", LinkGroup::Sales},
+    {5, "Delivery Challan", 90, "DeliveryChallans", LinkGroup::Sales},
+    {3, "Outwards Gate Pass", 156, "GatePassesOut", LinkGroup::Sales},
+    {0, "Purchase", 57, "PurchaseBillsSimple", LinkGroup::Purchases},
+    {4, "Inwards Gate Pass", 152, "GatePassesIn", LinkGroup::Purchases},
+    {7, "Cash Receipt", 106, "CashReceipts", LinkGroup::CashAndBank},
+    {2, "Cash Payment", 68, "CashPayments", LinkGroup::CashAndBank},
+    {9, "Bank Receipt", 102, "BankReceipts", LinkGroup::CashAndBank},
+    {8, "Bank Payment", 64, "BankPayments", LinkGroup::CashAndBank},
 };
 
 QLabel* addLabel(QLayout* layout, const char* name, const std::string& text) {

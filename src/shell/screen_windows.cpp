@@ -20,6 +20,7 @@ ScreenWindows::ScreenWindows(std::span<const ScreenEntry> catalogue, QWidget* pa
   setFrameShape(QFrame::NoFrame);
   if (auto* tabs = findChild<QTabBar*>()) {
     tabs->setElideMode(Qt::ElideRight);
+    tabs->setExpanding(false);
     tabs->setFocusPolicy(Qt::NoFocus);
   }
 }
@@ -44,9 +45,9 @@ bool ScreenWindows::openScreen(std::string_view name) {
   if (!entry || entry->kind != ScreenKind::ChildWindow) return false;
   if (QWidget* open = openWindow(name)) {
     setActiveSubWindow(windows_.find(name)->second);
-    if (auto* screen = dynamic_cast<session::ShowsHandedOver*>(open);
-        screen && (workplace_->context.OpenTranFlag || workplace_->context.OpenLedgerFlag))
-      screen->showHandedOver();
+    // Every document screen has this slot; a screen that is made anew looks at the flag by itself.
+    if (workplace_->context.OpenTranFlag && open->metaObject()->indexOfSlot("ShowRecord()") >= 0)
+      QMetaObject::invokeMethod(open, "ShowRecord", Qt::DirectConnection);
     return true;
   }
   QMdiSubWindow* window = makeWindow(*entry);
@@ -63,7 +64,6 @@ QMdiSubWindow* ScreenWindows::makeWindow(const ScreenEntry& entry) {
   QMdiSubWindow* window = addSubWindow(screen);
   window->setAttribute(Qt::WA_DeleteOnClose);
   window->setWindowIcon(QIcon());
-  window->setFocusProxy(nullptr);
   screen->installEventFilter(this);
   windows_[std::string(entry.name)] = window;
   return window;

@@ -1,0 +1,293 @@
+#include <QAction>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QPushButton>
+#include <QStatusBar>
+#include <fstream>
+
+#include "session/login.h"
+#include "shell/main_shell.h"
+#include "shell/navigation.h"
+#include "shell/screen_windows.h"
+#include "support/new_company.h"
+#include "support/queued_prompts.h"
+#include "support/typing.h"
+
+namespace velmo::shell {
+namespace {
+
+using session::Answer;
+
+class FixedClock : public session::Clock {
+ public:
+  text::DateTime now() const override { return text::DateTime::fromCalendar(2026, 11, 22, 9, 30); }
+};
+
+class NoFiles : public session::FileChooser {
+ public:
+  std::string openFile(const std::string&, const std::string&, const std::string&) override { return {}; }
+  std::string saveFile(const std::string&, const std::string&, const std::string&) override { return {}; }
+};
+
+// A screen that counts what it is told, and one that refuses to close.
+class CountingScreen : public QWidget {
+  Q_OBJECT
+
+ public:
+  static inline int made = 0;
+  static inline int shown = 0;
+  static inline bool refusesToClose = false;
+
+  explicit CountingScreen(QWidget* parent) : QWidget(parent) { ++made; }
+
+ public Q_SLOTS:
+  void ShowRecord() { ++shown; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override { event->setAccepted(!refusesToClose); }
+};
+
+QWidget* makeCounting(session::Workplace&, QWidget* parent) {
+  return new CountingScreen(parent);
+}
+
+// Closes itself as soon as it shows.
+QWidget* makeBriefDialog(session::Workplace&, QWidget* parent) {
+  auto* dialog = new QDialog(parent);
+  QTimer::singleShot(0, dialog, &QDialog::accept);
+  return dialog;
+}
+
+constexpr ScreenEntry testScreens[] = {
+    {"Navigation", ScreenKind::ChildWindow, makeNavigation},
+    {"SaleInvoicesSimple", ScreenKind::ChildWindow, makeCounting},
+    {"CompanyInfo", ScreenKind::Dialog, makeBriefDialog},
+    {"ModifyInventory", ScreenKind::Dialog, makeBriefDialog},
+    {"ModifyBanks", ScreenKind::Dialog, makeBriefDialog},
+};
+
+class Shell : public testing::Test {
+ protected:
+  Shell() {
+    CountingScreen::made = CountingScreen::shown = 0;
+    CountingScreen::refusesToClose = false;
+    test::NewCompany::run({"delete * from userrights where rightid=2 or rightid=93",
+                           "insert into userrights (RightID, RightType, Operator1) values (2, 'welcome screen.', no)",
+                           "insert into userrights (RightID, RightType, Operator1) values (93, 'sale invoices.', no)",
+                           "update businessinfo set [Name]='Hardware & Sons'"});
+  }
+
+  void open(int userId = 1, int screenWidth = 1920) {
+    auto context = std::make_unique<session::LoginContext>(schema::companyCatalog());
+    {
+      store::Connection connection(schema::companyCatalog());
+      connection.open(schema::plainConnectionString);
+      session::fillLoginContext(*context, session::LoginRecords(connection));
+    }
+    context->UserID = userId;
+    context->UserName = "Zoe";
+    shell_ = std::make_unique<Parent>(std::move(context), Surroundings{.clock = clock_,
+                                                                       .prompts = prompts_,
+                                                                       .files = files_,
+                                                                       .programFolder = company_.folder(),
+                                                                       .screenWidth = screenWidth,
+                                                                       .catalogue = testScreens});
+    shell_->show();
+  }
+
+  QAction& action(const char* name) { return *shell_->findChild<QAction*>(QLatin1String(name)); }
+  session::LoginContext& context() { return shell_->workplace().context; }
+  bool isOpen(std::string_view screen) { return shell_->screens().openWindow(screen) != nullptr; }
+  void expectBackUpQuestion(Answer answer) {
+    prompts_.expect("Back-Up Confirmation", "Do you want to save back-up of your data?", answer);
+  }
+  // Lets events run until the condition holds, at most some seconds.
+  static bool waitFor(const std::function<bool()>& condition, int milliseconds = 4000) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition() && clock.elapsed() < milliseconds)
+      QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
+    return condition();
+  }
+
+  test::NewCompany company_;
+  test::QueuedPrompts prompts_;
+  FixedClock clock_;
+  NoFiles files_;
+  std::unique_ptr<Parent> shell_;
+};
+
+TEST_F(Shell, NamesTheCompanyTheYearAndTheUser) {
+  open();
+  EXPECT_EQ(shell_->windowTitle(), QStringLiteral("Velmo Point of Sale - Hardware & Sons"));
+  auto* bar = shell_->findChild<QStatusBar*>(QStringLiteral("KORDStatusBar"));
+  ASSERT_TRUE(bar);
+  EXPECT_TRUE(bar->findChild<QLabel*>(QStringLiteral("Panel_2"))
+                  ->text()
+                  .startsWith(QStringLiteral("Financial Year Starting From  ")));
+  EXPECT_EQ(shell_->screens().openWindow("Navigation")->windowTitle(), QStringLiteral("Welcome Zoe"));
+  EXPECT_TRUE(context().KORDconn.isOpen());
+}
+
+TEST_F(Shell, ReadsTheSharedListsOnceAfterASecond) {
+  open();
+  EXPECT_FALSE(context().ItemsRS.isOpen());
+  ASSERT_TRUE(waitFor([this] { return context().ItemsRS.isOpen() && context().AccountsRS.isOpen(); }));
+  auto* items = shell_->findChild<QTimer*>(QStringLiteral("InvTimer"));
+  auto* accounts = shell_->findChild<QTimer*>(QStringLiteral("AccTimer"));
+  EXPECT_FALSE(items->isActive());
+  EXPECT_FALSE(accounts->isActive());
+
+  const std::string code = store::Recordset(context().KORDconn, "select * from acclevel3").text("AccCode");
+  EXPECT_TRUE(context().AccountsRS.find("AccCode = " + code));
+
+  // Closing a master screen reads its own list afresh, and no other.
+  shell_->screens().openDialog("ModifyBanks");
+  EXPECT_TRUE(accounts->isActive());
+  EXPECT_FALSE(items->isActive());
+  shell_->screens().openDialog("ModifyInventory");
+  EXPECT_TRUE(items->isActive());
+  company_.run(context().KORDconn,
+               {"insert into acclevel3 (AccCode, AccName, Level1ID, Level2ID) select 99999001, 'New bank', Level1ID, "
+                "Level2ID from acclevel3 where acccode=12001001"});
+  ASSERT_TRUE(waitFor([&] { return !accounts->isActive(); }));
+  context().AccountsRS.moveFirst();
+  EXPECT_TRUE(context().AccountsRS.find("AccCode = 99999001"));
+}
+
+TEST_F(Shell, OpensAScreenOnceAndBringsItForward) {
+  open();
+  action("SaleMod_55").trigger();
+  action("General_10").trigger();
+  EXPECT_EQ(shell_->screens().activeSubWindow()->widget(), shell_->screens().openWindow("Navigation"));
+  action("SaleMod_55").trigger();
+  EXPECT_EQ(CountingScreen::made, 1);
+  EXPECT_EQ(CountingScreen::shown, 0);
+  EXPECT_EQ(shell_->screens().activeSubWindow()->widget(), shell_->screens().openWindow("SaleInvoicesSimple"));
+
+  context().OpenTranFlag = true;
+  EXPECT_TRUE(shell_->screens().openScreen("SaleInvoicesSimple"));
+  EXPECT_EQ(CountingScreen::shown, 1) << "an open screen shows the document handed over";
+
+  shell_->screens().activeSubWindow()->close();
+  EXPECT_FALSE(isOpen("SaleInvoicesSimple"));
+  action("SaleMod_55").trigger();
+  EXPECT_EQ(CountingScreen::made, 2);
+  EXPECT_FALSE(shell_->screens().openScreen("NoSuchScreen"));
+  EXPECT_FALSE(shell_->screens().openScreen("CompanyInfo")) << "a dialog is no child window";
+}
+
+TEST_F(Shell, DisablesWhatIsNotThere) {
+  open();
+  EXPECT_TRUE(action("SaleMod_55").isEnabled());
+  EXPECT_FALSE(action("SaleMod_57").isEnabled());
+  EXPECT_FALSE(action("PurReports_10").isEnabled());
+  EXPECT_FALSE(action("General_50").isEnabled());
+  EXPECT_TRUE(action("General_140").isEnabled());
+  auto* navigation = shell_->screens().openWindow("Navigation");
+  EXPECT_TRUE(navigation->findChild<QPushButton*>(QStringLiteral("RecordNew_10"))->isEnabled());
+  EXPECT_FALSE(navigation->findChild<QPushButton*>(QStringLiteral("RecordNew_0"))->isEnabled());
+}
+
+TEST_F(Shell, ReachesEveryMenuByItsOwnKey) {
+  open();
+  QStringList keys;
+  for (QAction* menu : shell_->menuBar()->actions()) keys << QKeySequence::mnemonic(menu->text()).toString();
+  EXPECT_FALSE(keys.contains(QString()));
+  EXPECT_EQ(keys.removeDuplicates(), 0);
+}
+
+TEST_F(Shell, OpensNothingWithoutTheRight) {
+  test::NewCompany::run({"update userrights set operator1=yes where rightid=93"});
+  open(2);
+  prompts_.expect("Not Allowed", "You do not have access to sale invoices.");
+  action("SaleMod_55").trigger();
+  prompts_.expect("Not Allowed", "You do not have access to sale invoices.");
+  shell_->screens().openWindow("Navigation")->findChild<QPushButton*>(QStringLiteral("RecordNew_10"))->click();
+  EXPECT_EQ(CountingScreen::made, 0);
+
+  prompts_.expect("Not Allowed", "You do not have access to edit business details.");
+  action("General_20").trigger();
+}
+
+TEST_F(Shell, LetsTheAdministratorDoEverything) {
+  test::NewCompany::run({"update userrights set operator1=yes"});
+  open(1);
+  action("SaleMod_55").trigger();
+  EXPECT_TRUE(isOpen("SaleInvoicesSimple"));
+  action("General_20").trigger();
+}
+
+TEST_F(Shell, HidesTheWelcomeScreenFromThoseWithoutTheRight) {
+  test::NewCompany::run({"update userrights set operator1=yes where rightid=2"});
+  open(2);
+  EXPECT_FALSE(shell_->WelcomeAllowed);
+  EXPECT_FALSE(isOpen("Navigation"));
+  prompts_.expect("Not Allowed", "You do not have access to welcome screen.");
+  action("General_10").trigger();
+  EXPECT_FALSE(isOpen("Navigation"));
+}
+
+TEST_F(Shell, AsksForABackUpBeforeItCloses) {
+  std::ofstream(company_.folder() / "Back-Up Utility.exe") << "#!/bin/sh\ntouch started\n";
+  std::filesystem::permissions(company_.folder() / "Back-Up Utility.exe", std::filesystem::perms::owner_all);
+  const auto started = [this] { return std::filesystem::exists(company_.folder() / "started"); };
+
+  open();
+  expectBackUpQuestion(Answer::Cancel);
+  EXPECT_FALSE(shell_->close());
+  EXPECT_TRUE(shell_->isVisible());
+  EXPECT_TRUE(context().KORDconn.isOpen());
+  EXPECT_TRUE(isOpen("Navigation"));
+
+  expectBackUpQuestion(Answer::No);
+  EXPECT_TRUE(shell_->close());
+  EXPECT_FALSE(context().KORDconn.isOpen());
+  EXPECT_FALSE(context().ItemsRS.isOpen());
+  EXPECT_FALSE(started());
+
+  open();
+  expectBackUpQuestion(Answer::Yes);
+  action("General_140").trigger();
+  EXPECT_FALSE(shell_->isVisible());
+  EXPECT_TRUE(waitFor(started));
+}
+
+TEST_F(Shell, ClosesForTheBackUpUtilityWithoutAQuestion) {
+  open();
+  action("General_120").trigger();  // there is no utility: that is no reason to stay
+  EXPECT_FALSE(shell_->isVisible());
+  EXPECT_TRUE(shell_->SkipBackUpPrompt);
+}
+
+TEST_F(Shell, StaysWhenAScreenRefusesToClose) {
+  open();
+  action("SaleMod_55").trigger();
+  CountingScreen::refusesToClose = true;
+  expectBackUpQuestion(Answer::No);
+  EXPECT_FALSE(shell_->close());
+  EXPECT_TRUE(context().KORDconn.isOpen());
+  EXPECT_TRUE(isOpen("SaleInvoicesSimple"));
+  CountingScreen::refusesToClose = false;
+  expectBackUpQuestion(Answer::No);
+  EXPECT_TRUE(shell_->close());
+}
+
+TEST_F(Shell, WarnsOfANarrowScreenAndGoesOn) {
+  const char* const sentence =
+      "It has been detected that your screen resolution has been set lesser than the minimum requirement for Velmo "
+      "Point of Sale. The minimum screen display settings requirement for this software is 1024 X 768 . Kindly reset "
+      "your display settings for proper visibility.";
+  prompts_.expect("Screen Display Resolution", sentence);
+  open(1, 999);
+  EXPECT_TRUE(shell_->isVisible());
+  open(1, 1000);
+}
+
+}  // namespace
+}  // namespace velmo::shell
+
+#include "shell_test.moc"
