@@ -77,7 +77,8 @@ class RandomSelect {
 
   std::string joined(const std::map<Kind, std::vector<std::string>>& earlier) {
     const auto known = earlier.find(Number);
-    return (known == earlier.end() ? "1" : dice_.oneOf(known->second)) + "=" + columnOf(Number);
+    return (known == earlier.end() || known->second.empty() ? "1" : dice_.oneOf(known->second)) + "=" +
+           columnOf(Number);
   }
 
   std::string columnOf(Kind kind) {
