@@ -24,18 +24,18 @@ namespace {
 int figuresWide(GridColumn column) {
   switch (column) {
     case GridColumn::ItemCode:
-      return 14;
+      return 12;
     case GridColumn::Unit:
-      return 6;
+      return 4;
     case GridColumn::DiscountRate:
+      return 5;
+    case GridColumn::Quantity:
+    case GridColumn::Discount:
+      return 7;
+    case GridColumn::Rate:
       return 8;
-    case GridColumn::Packing:
-      return 15;
-    case GridColumn::GrossAmount:
-    case GridColumn::NetAmount:
-      return 14;
     default:
-      return 11;
+      return 10;
   }
 }
 
@@ -183,7 +183,7 @@ bool ItemGrid::setCurrentCell(int row, GridColumn column) {
 }
 
 bool ItemGrid::isEditing() const {
-  return !editor_->isHidden();
+  return editor_ && !editor_->isHidden();
 }
 
 // Opens the current cell with its text. False when its column or its line does not allow it.

@@ -137,7 +137,7 @@ QWidget* StockPanel::buildDetails() {
 
 QSize StockPanel::wantedSize() const {
   const int character = fontMetrics().averageCharWidth();
-  return {character * 130, fontMetrics().height() * 13};
+  return {character * 112, fontMetrics().height() * 13};
 }
 
 void StockPanel::narrow(const QString& typed) {
