@@ -1,12 +1,37 @@
 #include "documents/sale_invoice.h"
 
+#include "documents/invoice_print.h"
 #include "documents/sale_invoice_type.h"
 #include "frame/document_screen.h"
+#include "printing/preview_window.h"
 
 namespace velmo::documents {
 
+namespace {
+
+// The layouts that LoginContext::sif chooses; ten more means paper with a letterhead of its own.
+bool chooses(int sif, int layout) {
+  return sif == layout || sif == layout + 10;
+}
+
+void printInvoice(session::Workplace& workplace, const frame::DocumentValues& onScreen, QWidget* parent) {
+  session::LoginContext& context = workplace.context;
+  if (!chooses(context.sif, 1)) return;
+  const store::Recordset lines(
+      context.KORDconn, "Select * from stockflow where tranno = " + context.PrintRS.text("tranno") + " order by serial",
+      store::LockType::ReadOnly);
+  const PrintRequest request{.kind = onScreen.field("InvTypeList") == "2" ? InvoiceKind::Service : InvoiceKind::Sale,
+                             .state = onScreen.Cancel ? DocumentState::Cancelled : DocumentState::Valid,
+                             .today = workplace.clock.today()};
+  printing::showPreview(parent, invoicePrint(context, context.PrintRS, lines, request), workplace.files,
+                        [&context] { context.PrintRS = {}; });
+}
+
+}  // namespace
+
 QWidget* makeSaleInvoicesSimple(session::Workplace& workplace, QWidget* parent, frame::PrintOuts printOuts) {
   frame::DocumentType type = saleInvoiceType();
+  type.print = printInvoice;
   return new frame::DocumentScreen(std::move(type), workplace, std::move(printOuts), parent);
 }
 

@@ -33,10 +33,10 @@ void DocumentScreen::buildLayout() {
   TranNo_->hide();
 
   auto* layout = new QVBoxLayout(this);
-  forms::setGrid(*layout, forms::spacing::Section);
+  forms::setGrid(*layout, forms::spacing::Normal);
   layout->addLayout(buildTitleRow());
   layout->addLayout(buildCards());
-  lines_ = new ItemGrid(type_.lines, workplace_, nullptr, this);
+  lines_ = new ItemGrid(type_.lines, workplace_, this);
   layout->addWidget(lines_, 1);
   layout->addLayout(buildFoot());
   layout->addWidget(commands_->actions());
@@ -121,6 +121,7 @@ QWidget* DocumentScreen::buildHead() {
 void DocumentScreen::orderTabs() {
   CI_ = new QPushButton(tr("New Item"), this);
   CI_->setObjectName("CI");
+  CI_->setAccessibleName(CI_->text());
   CI_->setToolTip(tr("Opens the list of items to add one"));
   forms::makeQuiet(*CI_);
   static_cast<QHBoxLayout*>(commands_->actions()->layout())->insertWidget(8, CI_);
@@ -132,7 +133,8 @@ void DocumentScreen::orderTabs() {
     QList<QWidget*> stops = part->findChildren<QWidget*>();
     stops.prepend(part);
     for (QWidget* stop : stops) {
-      if (!(stop->focusPolicy() & Qt::TabFocus)) continue;
+      // Drop-down lists are windows of their own.
+      if (!(stop->focusPolicy() & Qt::TabFocus) || stop->focusProxy() || stop->window() != window()) continue;
       if (last) setTabOrder(last, stop);
       last = stop;
     }

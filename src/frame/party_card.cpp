@@ -14,7 +14,7 @@ namespace velmo::frame {
 
 namespace {
 
-constexpr int codeWidth = 104;  // eight digits with room to type a part of a name
+constexpr int codeWidth = 92;  // eight digits with room to type a part of a name
 
 void showLine(QLineEdit& line, const std::string& text) {
   line.setText(QString::fromStdString(text));
@@ -42,6 +42,7 @@ PartyCard::PartyCard(const PartyRules& rules, AccountDropList& list, session::Wo
   shownBalance_->setTextFormat(Qt::PlainText);
   CA_ = new QPushButton(shownText(rules_.newParty.caption));
   CA_->setObjectName("CA");
+  CA_->setAccessibleName(CA_->text());
   CA_->setToolTip(tr("Opens the list of accounts to add one"));
   CA_->setFocusPolicy(Qt::TabFocus);
   forms::makeQuiet(*CA_);
@@ -51,19 +52,18 @@ PartyCard::PartyCard(const PartyRules& rules, AccountDropList& list, session::Wo
   grid->setVerticalSpacing(forms::spacing::Tight);
   grid->addWidget(captionFor(*code_, shownText(rules_.caption)), 0, 0);
   grid->addWidget(code_, 0, 1);
-  grid->addWidget(name_, 0, 2, 1, 3);
+  grid->addWidget(name_, 0, 2);
   grid->addWidget(captionFor(*address_, tr("Address")), 1, 0);
-  grid->addWidget(address_, 1, 1, 1, 4);
+  grid->addWidget(address_, 1, 1, 1, 2);
   grid->addWidget(captionFor(*telephone_, tr("Telephone")), 2, 0);
   grid->addWidget(telephone_, 2, 1, 1, 2);
-  grid->addWidget(captionFor(*terms_, tr("Terms of Payment")), 2, 3);
-  grid->addWidget(terms_, 2, 4);
-  grid->addWidget(captionFor(*shownBalance_, tr("Balance")), 3, 0);
-  grid->addWidget(shownBalance_, 3, 1, 1, 2);
-  grid->addWidget(CA_, 3, 3, 1, 2, Qt::AlignRight);
+  grid->addWidget(captionFor(*terms_, tr("Terms of Payment")), 3, 0);
+  grid->addWidget(terms_, 3, 1, 1, 2);
+  grid->addWidget(captionFor(*shownBalance_, tr("Balance")), 4, 0);
+  grid->addWidget(shownBalance_, 4, 1);
+  grid->addWidget(CA_, 4, 2, Qt::AlignRight);
   grid->setColumnStretch(2, 1);
-  grid->setColumnStretch(4, 1);
-  grid->setRowStretch(4, 1);
+  grid->setRowStretch(5, 1);
 
   connect(code_, &AccountCodeBox::accountResolved, this, &PartyCard::fill);
   connect(code_, &AccountCodeBox::accountCleared, this, &PartyCard::blank);

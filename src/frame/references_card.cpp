@@ -10,6 +10,13 @@ namespace velmo::frame {
 
 namespace {
 
+constexpr int narrowestBox = 76;  // a date
+
+void showEntry(forms::DropCombo& list, std::int64_t id) {
+  list.setBoundValue(id);
+  list.lineEdit()->setCursorPosition(0);
+}
+
 ListChoice choiceOf(const forms::DropCombo& list) {
   return {.text = list.currentText().toStdString(),
           .id = store::integerOf(list.boundValue()),
@@ -32,6 +39,7 @@ ReferencesCard::ReferencesCard(const DocumentType& type, OwnFields& fields, sess
     const int column = field.place == FieldPlace::Beside ? 2 : 0;
     if (column == 0) ++row;
     grid->addWidget(captionFor(*control, shownText(field.label)), row, column);
+    control->setMinimumWidth(narrowestBox);
     grid->addWidget(control, row, column + 1);
   }
   jobs_ = makeList("JobList");
@@ -42,9 +50,10 @@ ReferencesCard::ReferencesCard(const DocumentType& type, OwnFields& fields, sess
   grid->addWidget(jobs_, row, 1, 1, 3);
   ++row;
   grid->addWidget(captionFor(*employees_, tr("Employee Reference")), row, 0);
-  grid->addWidget(employees_, row, 1);
-  grid->addWidget(captionFor(*locations_, tr("Inventory Location")), row, 2);
-  grid->addWidget(locations_, row, 3);
+  grid->addWidget(employees_, row, 1, 1, 3);
+  ++row;
+  grid->addWidget(captionFor(*locations_, tr("Inventory Location")), row, 0);
+  grid->addWidget(locations_, row, 1, 1, 3);
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(3, 1);
   grid->setRowStretch(row + 1, 1);
@@ -75,13 +84,13 @@ void ReferencesCard::loadLists() {
 }
 
 void ReferencesCard::setJob(std::int64_t id) {
-  jobs_->setBoundValue(id);
+  showEntry(*jobs_, id);
 }
 void ReferencesCard::setEmployee(std::int64_t id) {
-  employees_->setBoundValue(id);
+  showEntry(*employees_, id);
 }
 void ReferencesCard::setLocation(std::int64_t id) {
-  locations_->setBoundValue(id);
+  showEntry(*locations_, id);
 }
 ListChoice ReferencesCard::job() const {
   return choiceOf(*jobs_);

@@ -13,7 +13,7 @@ namespace velmo::frame {
 
 namespace {
 
-constexpr int figureWidth = 118;  // nine digits, a point and parentheses
+constexpr int figureWidth = 96;  // nine digits, a point and parentheses
 
 QLabel* captionOf(QWidget& field, const QString& text) {
   auto* caption = new QLabel(text.trimmed());

@@ -1,0 +1,222 @@
+#include <QComboBox>
+#include <QDialog>
+#include <QEventLoop>
+#include <QHeaderView>
+#include <QTableView>
+#include <QTimer>
+
+#include "documents/invoice_company.h"
+#include "documents/post_sale_invoice.h"
+
+namespace {
+
+using namespace velmo;
+using test::InvoiceCompany;
+using test::InvoiceScreen;
+using Rows = std::vector<std::string>;
+
+// Invoices 1, 2, ... to these customers.
+void post(InvoiceCompany& shop, std::initializer_list<const char*> customers) {
+  std::int64_t docNo = 0;
+  for (const char* customer : customers) {
+    const auto posted = documents::postSaleInvoice(
+        shop.context.KORDconn, shop.context, shop.clock.now(),
+        {.docNo = ++docNo,
+         .day = text::DateTime::fromCalendar(2026, 5, static_cast<int>(20 - docNo)),
+         .customerCode = 12001003,
+         .customerName = customer,
+         .lines = {{.itemCode = "H1", .itemName = "Hammer", .quantity = double(docNo), .unit = "Pcs", .rate = 50}}});
+    ASSERT_TRUE(posted.has_value()) << posted.error();
+  }
+}
+
+TEST(SaleInvoiceNavigation, GoesByNumberAndStaysAtBothEnds) {
+  InvoiceCompany shop;
+  InvoiceScreen screen(shop);
+  for (const char* button : {"PrevBttn", "NextBttn", "RetBttn"}) screen.press(button);  // nothing there: nothing said
+  post(shop, {"One", "Two", "Three"});
+  screen.press("CancelBttn");
+  shop.prompts.expect("Last Record", "You have aleady been on the last record.");
+  screen.press("NextBttn");
+  shop.prompts.expect("Record Not Found",
+                      "Last saved record not found. You may have deleted it or you may not have saved any record yet.");
+  screen.press("RetBttn");
+  const std::pair<const char*, const char*> steps[] = {
+      {"PrevBttn", "Three"}, {"PrevBttn", "Two"},   {"PrevBttn", "One"},  {"PrevBttn", "One"},
+      {"NextBttn", "Two"},   {"NextBttn", "Three"}, {"NextBttn", "Three"}};
+  for (const auto& [button, name] : steps) {
+    screen.press(button);
+    EXPECT_EQ(screen.text("PartyNameTxt"), name) << button;
+  }
+  // Not found leaves the screen on its document: a save changes that one.
+  shop.context.OpenTranNo = 99999;
+  shop.prompts.expect("Record Not Found",
+                      "Last saved record not found. You may have deleted it or you may not have saved any record yet.");
+  QMetaObject::invokeMethod(&screen.widget(), "ShowRecord");
+  EXPECT_EQ(screen.text("PartyNameTxt"), "Three");
+  screen.type("D1", "kept");
+  screen.press("SaveBttn");
+  EXPECT_EQ(shop.rows("select docno, d1 from transactions where trantype=32 order by docno"),
+            (Rows{"1|", "2|", "3|kept"}));
+}
+
+TEST(SaleInvoiceNavigation, RefusesTheNumberOfAnotherDocument) {
+  InvoiceCompany shop;
+  InvoiceScreen screen(shop);
+  post(shop, {"One", "Two"});
+  screen.press("CancelBttn");
+  screen.press("PrevBttn");
+  screen.type("DocNo", "1");
+  shop.prompts.expect("Cannot Save",
+                      "This Serial No. already exists in Sale Invoices. Saving this would create duplicate values.");
+  screen.press("SaveBttn");
+  screen.type("DocNo", "9");
+  screen.press("SaveBttn");
+  EXPECT_EQ(shop.rows("select docno, docno2, text1 from transactions where trantype=32 order by docno"),
+            (Rows{"1|1|One", "9|9|Two"}));
+  EXPECT_EQ(screen.text("DocNo"), "10");
+}
+
+TEST(SaleInvoiceNavigation, DeletesTheDocumentWithAllItsRows) {
+  InvoiceCompany shop;
+  InvoiceScreen screen(shop);
+  post(shop, {"One", "Two"});
+  shop.prompts.expect("No Record Found", "Select a record to be deleted.");
+  screen.press("DelBttn");
+  screen.press("CancelBttn");
+  for (const session::Answer answer : {session::Answer::No, session::Answer::Yes}) {
+    screen.press("PrevBttn");
+    if (answer == session::Answer::Yes) screen.press("NextBttn");
+    shop.prompts.expect("Delete Confirmation",
+                        "Are you sure, you want to delete this transaction, Serial No. 2? Deleting this transaction "
+                        "will remove all the ledger entries in accounts relating to this transaction.",
+                        answer);
+    screen.press("DelBttn");
+    const std::string left = answer == session::Answer::Yes ? "1" : "2";
+    EXPECT_EQ(shop.one("select count(*) from transactions where trantype=32"), left);
+    EXPECT_EQ(shop.one("select count(*) from agingdr"), left);
+    EXPECT_EQ(shop.one("select count(*) from stockflow where stockout > 0"), left);
+    EXPECT_EQ(shop.one("select count(*) from subtransactions where acccode=40001001"), left);
+  }
+  EXPECT_EQ(screen.text("DocNo"), "2") << "a deleted last number is used again";
+}
+
+TEST(SaleInvoiceNavigation, LookingAtOldDocumentsTakesARight) {
+  InvoiceCompany shop;
+  post(shop, {"One"});
+  shop.context.KORDconn.execute("update userrights set operator1=yes where rightid=94");
+  const std::string words = shop.one("select righttype from userrights where rightid=94");
+  InvoiceScreen screen(shop);
+  shop.context.UserID = 2;
+  for (const char* button : {"PrevBttn", "NextBttn"}) {
+    shop.prompts.expect("Not Allowed", "You do not have access to " + words);
+    screen.press(button);
+  }
+  EXPECT_EQ(screen.text("PartyNameTxt"), "");
+}
+
+TEST(SaleInvoiceNavigation, CommandsOfMissingScreensStandDisabled) {
+  InvoiceCompany shop;
+  shop.screens.known = {"ModifyCustomers", "InvoiceSettings"};
+  InvoiceScreen screen(shop);
+  for (const char* button : {"ConvertBttn2", "ConvertBttn3", "CI", "PrintBill_1"})
+    EXPECT_FALSE(screen.find<QPushButton>(button).isEnabled()) << button;
+  screen.press("CA");
+  screen.press("SetBttn");
+  EXPECT_EQ(shop.screens.opened, (Rows{"ModifyCustomers", "InvoiceSettings"}));
+  shop.prompts.expect("Cannot Add",
+                      "You have already been adding a new record. To clear the changes, click on CANCEL button.");
+  screen.press("AddBttn");
+}
+
+TEST(SaleInvoiceNavigation, TheVoucherPrintsOnceAfterTheSave) {
+  InvoiceCompany shop;
+  std::vector<std::int64_t> printed;
+  InvoiceScreen screen(
+      shop, {.voucher = [&](session::Workplace&, std::int64_t tranNo, QWidget*) { printed.push_back(tranNo); }});
+  screen.type("PartyCodeTxt", "12001003");
+  screen.line(0, "H1", "1");
+  screen.press("PrintBill_1");
+  EXPECT_FALSE(screen.find<QPushButton>("SaveBttn").isEnabled()) << "until the voucher was shown";
+  QEventLoop loop;
+  QTimer::singleShot(20, &loop, &QEventLoop::quit);
+  loop.exec();
+  ASSERT_EQ(printed.size(), 1u);
+  EXPECT_EQ(std::to_string(printed[0]), shop.one("select tranno from transactions where trantype=32"));
+  EXPECT_EQ(screen.text("DocNo"), "2");
+  EXPECT_TRUE(screen.find<QPushButton>("SaveBttn").isEnabled());
+}
+
+TEST(SaleInvoiceNavigation, ADocumentOfMoreLinesThanTheSheetIsShownWhole) {
+  InvoiceCompany shop;
+  documents::SaleInvoiceValues invoice{
+      .docNo = 1, .day = shop.clock.today(), .customerCode = 12001003, .customerName = "Zoe Builders", .lines = {}};
+  for (int i = 0; i < 620; ++i)
+    invoice.lines.push_back({.itemCode = "N1", .itemName = "Nail", .quantity = 1, .unit = "Pcs", .rate = 1});
+  ASSERT_TRUE(documents::postSaleInvoice(shop.context.KORDconn, shop.context, shop.clock.now(), invoice));
+  InvoiceScreen screen(shop);
+  screen.press("PrevBttn");
+  EXPECT_EQ(screen.find<QTableView>("Grid").model()->rowCount(), 620);
+  EXPECT_EQ(screen.text("NetTotal"), "620.00");
+  screen.press("SaveBttn");
+  EXPECT_EQ(shop.one("select count(*), max(serial) as m from stockflow where itemcode='N1' and stockout=1"), "620|620");
+}
+
+// Drives the modal Find screen from inside its event loop.
+void withFind(InvoiceScreen& screen, const std::function<void(QDialog&)>& work) {
+  QTimer::singleShot(0, &screen.widget(), [&] {
+    auto* find = screen.widget().findChild<QDialog*>("FindSalesSimple");
+    ASSERT_NE(find, nullptr);
+    work(*find);
+    if (find->isVisible()) find->reject();
+  });
+  screen.press("EditBttn");
+}
+
+TEST(FindSalesSimple, SearchesSortsAndShowsThePickedInvoice) {
+  InvoiceCompany shop;
+  post(shop, {"Adams", "O'Brien", "Baker 100%"});
+  InvoiceScreen screen(shop);
+  withFind(screen, [&](QDialog& find) {
+    auto& columns = *find.findChild<QComboBox*>("ColList");
+    auto& value = *find.findChild<QLineEdit*>("ValueBox");
+    auto& grid = *find.findChild<QTableView*>("TranGrid");
+    const auto numbers = [&] {
+      std::string shown;
+      for (int row = 0; row < grid.model()->rowCount(); ++row)
+        shown += grid.model()->index(row, 0).data().toString().toStdString();
+      return shown;
+    };
+    EXPECT_EQ(numbers(), "123");
+    const struct {
+      const char *column, *value, *refusal, *found;
+    } searches[] = {{"Serial No.", "2", "", "2"},
+                    {"Serial No.", "two", "Give serial no. to find.", "2"},
+                    {"Customer Name", "", "Give customer name to find.", "2"},
+                    {"Customer Name", "o'b", "", "2"},
+                    {"Customer Name", "a", "", "13"},
+                    {"Terms of Payment", "x%", "", ""},
+                    {"Amount", "150.00", "", "3"}};
+    for (const auto& search : searches) {
+      SCOPED_TRACE(std::string(search.column) + " " + search.value);
+      columns.setCurrentText(search.column);
+      value.setText(search.value);
+      if (*search.refusal) shop.prompts.expect("Cannot Find", search.refusal);
+      find.findChild<QPushButton*>("FindBttn")->click();
+      EXPECT_EQ(numbers(), search.found);
+    }
+    columns.setCurrentText("Date");
+    EXPECT_TRUE(find.findChild<QWidget*>("TrDate")->isVisible());
+    EXPECT_FALSE(value.isVisible());
+    find.findChild<QPushButton*>("RefBttn")->click();
+    EXPECT_EQ(numbers(), "123");
+    Q_EMIT grid.horizontalHeader()->sectionClicked(1);
+    EXPECT_EQ(numbers(), "321") << "by date";
+    grid.selectRow(1);
+    test::press(grid, Qt::Key_Return);
+  });
+  EXPECT_EQ(screen.text("PartyNameTxt"), "O'Brien");
+  EXPECT_EQ(screen.text("NetTotal"), "100.00");
+}
+
+}  // namespace
