@@ -37,20 +37,20 @@ QLabel* valueLabel(const char* name) {
 std::vector<forms::TableColumn> historyColumns(const ItemGridKind& kind) {
   using forms::ColumnAlignment;
   return {
-      {.caption = "No", .field = "docno", .alignment = ColumnAlignment::Right, .width = 6},
+      {.caption = "No", .field = "docno", .alignment = ColumnAlignment::Right, .width = 4},
       {.caption = "Date", .field = "TranDate", .format = "dd-mm-yyyy", .width = 11},
       {.caption = "Party", .field = "Text1", .width = 18},
       {.caption = "Quantity",
        .field = kind.historyQuantityField,
        .format = "0.00;(0.00)",
        .alignment = ColumnAlignment::Right,
-       .width = 9},
-      {.caption = "Rate", .field = "Rate", .format = "0.00;(0.00)", .alignment = ColumnAlignment::Right, .width = 10},
+       .width = 8},
+      {.caption = "Rate", .field = "Rate", .format = "0.00;(0.00)", .alignment = ColumnAlignment::Right, .width = 8},
       {.caption = "Amount",
        .field = "GrossAmt",
        .format = "0.00;(0.00)",
        .alignment = ColumnAlignment::Right,
-       .width = 11}};
+       .width = 9}};
 }
 
 }  // namespace
