@@ -82,6 +82,7 @@ bool ItemGrid::watchEditor(QEvent& event) {
 
 bool ItemGrid::tableKey(QKeyEvent& event) {
   if (isEditing()) {  // typed ahead, before the focus reached the cell
+    if (editor_->hasFocus()) return true;  // the cell had no use for the key: it must not go round again
     QCoreApplication::sendEvent(editor_, &event);
     return true;
   }
