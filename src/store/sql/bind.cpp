@@ -88,7 +88,6 @@ void bindInsertedSelect(const Insert& syntax, const BindingContext& context, Bou
   if (items.size() != insert.columns.size()) {
     refuse("SELECT", syntax.select->place, "The number of values is not the number of columns.");
   }
-  if (insert.select->distinct || insert.select->top) return;
   for (std::size_t i = 0; i < items.size(); ++i) {
     items[i].expression = convertedTo(insert.columns[i]->type, std::move(items[i].expression), "SELECT");
   }

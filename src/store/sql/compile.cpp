@@ -3,9 +3,15 @@
 #include "store/sql/bind.h"
 #include "store/sql/emit.h"
 #include "store/sql/parse.h"
+#include "store/sql/parser_depth.h"
 #include "store/sql/tokens.h"
 
 namespace velmo::store::sql {
+namespace {
+
+constexpr const char* tooDeep = "The statement is too large: its parts stand too deep in each other.";
+
+}  // namespace
 
 tl::expected<CompiledStatement, CompileError> compile(std::string_view statement, const Catalog& catalog) {
   const auto tokens = tokenize(statement);
@@ -14,7 +20,11 @@ tl::expected<CompiledStatement, CompileError> compile(std::string_view statement
   if (!tree) return tl::unexpected(tree.error());
   const auto bound = bind(*tree, *tokens, catalog);
   if (!bound) return tl::unexpected(bound.error());
-  return emit(*bound, *tokens);
+  CompiledStatement compiled = emit(*bound, *tokens);
+  if (parserDepth(compiled.sql) > deepestParser) {
+    return tl::unexpected(CompileError{.clause = "", .length = statement.size(), .message = tooDeep});
+  }
+  return compiled;
 }
 
 }  // namespace velmo::store::sql

@@ -86,9 +86,9 @@ void writeJoinedUpdate(const BoundChange& change, std::string& sql) {
     values += " AS " + value;
   }
   sql += set + " FROM (SELECT ";
-  writeName(target.name, sql);
-  sql += ".rowid AS \"row\"" + values;
-  writeFrom(change.rows, RowOrder::Unneeded, sql);
+  writeRowKey(change.rows, change.target, sql);
+  sql += " AS \"row\"" + values;
+  writeFrom(change.rows, RowOrder::Exposed, sql);
   writeWhere(change.rows, sql);
   sql += ") AS \"changed\" WHERE ";
   writeName(target.table->name, sql);
@@ -97,9 +97,8 @@ void writeJoinedUpdate(const BoundChange& change, std::string& sql) {
 
 void writeJoinedDelete(const BoundChange& change, std::string& sql) {
   sql += " WHERE rowid IN (SELECT ";
-  writeName(change.rows.sources[static_cast<std::size_t>(change.target)].name, sql);
-  sql += ".rowid";
-  writeFrom(change.rows, RowOrder::Unneeded, sql);
+  writeRowKey(change.rows, change.target, sql);
+  writeFrom(change.rows, RowOrder::Exposed, sql);
   writeWhere(change.rows, sql);
   sql += ')';
 }

@@ -90,13 +90,20 @@ void ExpressionWriter::condition(const Bound& bound) {
   sql_ += " <> 0)";
 }
 
+// A whole number alone, whatever its sign, would mean the column of that place.
+void ExpressionWriter::key(const Bound& bound) {
+  caseless(bound);
+  const bool negated = bound.meaning == Meaning::Operation && bound.operation == Operator::Negate;
+  if (bound.meaning == Meaning::YesNo || bound.meaning == Meaning::FixedNumber || negated) sql_ += " + 0";
+}
+
 void ExpressionWriter::all(const std::vector<BoundPtr>& conditions) {
   balanced(conditions, 0, conditions.size(), " AND ");
 }
 
 void ExpressionWriter::caseless(const Bound& bound) {
   value(bound);
-  if (bound.domain == Domain::Text && !isTextColumn(bound)) sql_ += " COLLATE NOCASE";
+  if (needsCollation(bound)) sql_ += " COLLATE NOCASE";
 }
 
 // Columns of base tables carry their own collation. Those of derived tables do so only where SQLite sees a column
@@ -109,7 +116,7 @@ bool ExpressionWriter::isTextColumn(const Bound& bound) const {
 void ExpressionWriter::operation(const Bound& bound) {
   switch (bound.operation) {
     case Operator::Negate:
-      sql_ += "(-";
+      sql_ += "(- ";  // the blank keeps a negated -1 from becoming a comment
       value(*bound.operands[0]);
       sql_ += ')';
       return;
@@ -170,12 +177,17 @@ void ExpressionWriter::balanced(const std::vector<BoundPtr>& operands, std::size
   sql_ += ')';
 }
 
-// A text that was typed into the statement, without the trailing blanks that comparisons ignore.
+// A text without the trailing blanks that comparisons ignore. Columns hold none, and stay plain for the indexes.
 void ExpressionWriter::comparand(const Bound& bound) {
-  const bool typedText = bound.meaning == Meaning::Parameter && bound.domain == Domain::Text;
-  if (typedText) sql_ += "rtrim(";
+  const bool mayTrail = bound.domain == Domain::Text && bound.meaning != Meaning::Column;
+  if (mayTrail) sql_ += "rtrim(";
   value(bound);
-  if (typedText) sql_ += ')';
+  if (mayTrail) sql_ += ')';
+}
+
+void ExpressionWriter::caselessComparand(const Bound& bound) {
+  comparand(bound);
+  if (needsCollation(bound)) sql_ += " COLLATE NOCASE";
 }
 
 void ExpressionWriter::comparison(const Bound& bound) {
@@ -220,7 +232,7 @@ void ExpressionWriter::range(const Bound& bound) {
     sql_ += ')';
   };
   sql_ += '(';
-  caseless(*bound.operands[0]);
+  caselessComparand(*bound.operands[0]);
   sql_ += bound.negated ? " NOT BETWEEN " : " BETWEEN ";
   bounds("min(");
   sql_ += " AND ";
@@ -230,7 +242,7 @@ void ExpressionWriter::range(const Bound& bound) {
 
 void ExpressionWriter::list(const Bound& bound) {
   sql_ += '(';
-  caseless(*bound.operands[0]);
+  caselessComparand(*bound.operands[0]);
   sql_ += bound.negated ? " NOT IN (" : " IN (";
   for (std::size_t i = 1; i < bound.operands.size(); ++i) {
     if (i > 1) sql_ += ", ";

@@ -7,22 +7,45 @@ namespace {
 
 constexpr std::string_view rankColumn = "\"row rank\"";
 
+bool isInnerOnly(const BoundJoin& join) {
+  return join.source >= 0 || (!join.outer && isInnerOnly(*join.left) && isInnerOnly(*join.right));
+}
+
+// True of an inner join that is written in a row with its sides.
+bool standsInRow(const BoundJoin& join) {
+  return !join.outer && (isInnerOnly(*join.left) || isInnerOnly(*join.right));
+}
+
+bool holds(const BoundJoin& join, int source) {
+  return join.source >= 0 ? join.source == source : holds(*join.left, source) || holds(*join.right, source);
+}
+
+// Whether a source stands in the parentheses of a join, through which SQLite sees columns but no rowid.
+bool isEnclosed(const BoundJoin& join, int source) {
+  if (join.source >= 0) return false;
+  if (holds(*join.left, source)) return isEnclosed(*join.left, source);
+  if (!holds(*join.right, source)) return false;
+  return (join.right->source < 0 && !standsInRow(join)) || isEnclosed(*join.right, source);
+}
+
 void writeSource(const BoundSelect& select, int index, RowOrder rowOrder, std::string& sql) {
   const BoundSource& source = select.sources[static_cast<std::size_t>(index)];
-  if (source.table != nullptr) {
-    writeName(source.table->name, sql);
-    if (source.name == source.table->name) return;
-  } else {
+  if (source.table == nullptr) {
     sql += '(';
     writeSelect(*source.derived, rowOrder, sql);
     sql += ')';
+  } else if (rowOrder == RowOrder::Exposed && isEnclosed(*select.from, index)) {
+    sql += "(SELECT *, rowid AS ";
+    sql += rowOrderColumn;
+    sql += " FROM ";
+    writeName(source.table->name, sql);
+    sql += ')';
+  } else {
+    writeName(source.table->name, sql);
+    if (source.name == source.table->name) return;
   }
   sql += " AS ";
   writeName(source.name, sql);
-}
-
-bool isInnerOnly(const BoundJoin& join) {
-  return join.source >= 0 || (!join.outer && isInnerOnly(*join.left) && isInnerOnly(*join.right));
 }
 
 void collectLeaves(const BoundJoin& join, std::vector<int>& sources, std::vector<BoundPtr>& conditions) {
@@ -96,7 +119,7 @@ void writeOrder(const BoundSelect& select, std::string& sql) {
   for (const BoundOrder& order : select.orderBy) {
     sql += separator;
     separator = ", ";
-    ExpressionWriter(select, sql).caseless(*order.expression);
+    ExpressionWriter(select, sql).key(*order.expression);
     if (order.descending) sql += " DESC";
   }
 }
@@ -106,19 +129,15 @@ void writeGroups(const BoundSelect& select, std::string& sql) {
   for (const BoundPtr& group : select.groupBy) {
     sql += separator;
     separator = ", ";
-    ExpressionWriter(select, sql).caseless(*group);
+    ExpressionWriter(select, sql).key(*group);
   }
   if (select.having.empty()) return;
   sql += " HAVING ";
   ExpressionWriter(select, sql).all(select.having);
 }
 
-void writeNames(const BoundSelect& select, std::string& sql) {
-  std::string_view separator;
-  for (const BoundItem& item : select.items) {
-    sql += std::exchange(separator, ", ");
-    writeName(item.name, sql);
-  }
+std::string rankedName(std::size_t item) {
+  return "\"value" + std::to_string(item + 1) + '"';
 }
 
 // The order in which a select gives its rows, as a window that numbers them.
@@ -130,7 +149,7 @@ void writeRowNumber(const BoundSelect& select, std::string& sql) {
   } else if (!select.groupBy.empty()) {
     for (const BoundPtr& group : select.groupBy) {
       keys += keys.empty() ? " ORDER BY " : ", ";
-      ExpressionWriter(select, keys).caseless(*group);
+      ExpressionWriter(select, keys).key(*group);
     }
   } else if (!select.aggregated) {
     writeRowOrderKeys(select, keys);
@@ -153,17 +172,25 @@ void writeBody(const BoundSelect& select, RowOrder rowOrder, std::string& sql) {
   writeGroups(select, sql);
 }
 
-// TOP n gives all rows that tie with the n-th, so rows are ranked by the order.
+// TOP n gives all rows that tie with the n-th, so rows are ranked by the order. Inside, columns have names of their
+// own, since the select's may clash.
 void writeRanked(const BoundSelect& select, RowOrder rowOrder, std::string& sql) {
   sql += "SELECT ";
-  writeNames(select, sql);
+  for (std::size_t i = 0; i < select.items.size(); ++i) {
+    if (i > 0) sql += ", ";
+    sql += rankedName(i) + " AS ";
+    writeName(select.items[i].name, sql);
+  }
   if (rowOrder == RowOrder::Exposed) {
     sql += ", ";
     sql += rowOrderColumn;
   }
   sql += " FROM (SELECT ";
-  writeItems(select, sql);
-  sql += ", rank() OVER (";
+  for (std::size_t i = 0; i < select.items.size(); ++i) {
+    ExpressionWriter(select, sql).value(*select.items[i].expression);
+    sql += " AS " + rankedName(i) + ", ";
+  }
+  sql += "rank() OVER (";
   std::string order;
   writeOrder(select, order);
   sql += order.substr(1);
@@ -183,13 +210,20 @@ bool tellsRowOrder(const BoundSelect& select) {
   return !select.distinct;
 }
 
+void writeRowKey(const BoundSelect& select, int source, std::string& sql) {
+  const BoundSource& from = select.sources[static_cast<std::size_t>(source)];
+  writeName(from.name, sql);
+  sql += '.';
+  const bool hasRowid = from.table != nullptr && !isEnclosed(*select.from, source);
+  sql += hasRowid ? std::string_view("rowid") : rowOrderColumn;
+}
+
 void writeRowOrderKeys(const BoundSelect& select, std::string& sql) {
-  for (const BoundSource& source : select.sources) {
+  for (std::size_t i = 0; i < select.sources.size(); ++i) {
+    const BoundSource& source = select.sources[i];
     if (source.table == nullptr && !tellsRowOrder(*source.derived)) continue;
     sql += ", ";
-    writeName(source.name, sql);
-    sql += '.';
-    sql += source.table != nullptr ? std::string_view("rowid") : rowOrderColumn;
+    writeRowKey(select, static_cast<int>(i), sql);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -174,9 +175,17 @@ void power(sqlite3_context* context, int count, sqlite3_value** values) {
   resultNumber(context, std::pow(sqlite3_value_double(values[0]), sqlite3_value_double(values[1])));
 }
 
+// A number of decimals, a length or a place in a text, rounded as whole numbers are. Beyond any text is far
+// enough.
+sqlite3_int64 countIn(sqlite3_value* value) {
+  constexpr double beyondAnyText = 1e15;
+  return static_cast<sqlite3_int64>(
+      std::clamp(text::roundHalfEven(sqlite3_value_double(value)), -beyondAnyText, beyondAnyText));
+}
+
 void round(sqlite3_context* context, int count, sqlite3_value** values) {
   if (anyNull(count, values)) return;
-  const sqlite3_int64 digits = count > 1 ? sqlite3_value_int64(values[1]) : 0;
+  const sqlite3_int64 digits = count > 1 ? countIn(values[1]) : 0;
   if (digits < 0 || digits > 22) return resultError(context, "Round takes 0 to 22 decimals.");
   if (sqlite3_value_type(values[0]) == SQLITE_INTEGER) return sqlite3_result_value(context, values[0]);
   resultNumber(context, text::roundHalfEven(sqlite3_value_double(values[0]), static_cast<int>(digits)));
@@ -245,7 +254,7 @@ sqlite3_int64 charactersIn(std::string_view text) {
 
 void left(sqlite3_context* context, int count, sqlite3_value** values) {
   if (anyNull(count, values)) return;
-  const sqlite3_int64 length = sqlite3_value_int64(values[1]);
+  const sqlite3_int64 length = countIn(values[1]);
   if (length < 0) return resultError(context, "Left takes a length of 0 or more.");
   const std::string_view whole = textIn(values[0]);
   resultText(context, whole.substr(0, bytesOf(whole, length)));
@@ -253,7 +262,7 @@ void left(sqlite3_context* context, int count, sqlite3_value** values) {
 
 void right(sqlite3_context* context, int count, sqlite3_value** values) {
   if (anyNull(count, values)) return;
-  const sqlite3_int64 length = sqlite3_value_int64(values[1]);
+  const sqlite3_int64 length = countIn(values[1]);
   if (length < 0) return resultError(context, "Right takes a length of 0 or more.");
   const std::string_view whole = textIn(values[0]);
   resultText(context, whole.substr(bytesOf(whole, charactersIn(whole) - length)));
@@ -261,8 +270,8 @@ void right(sqlite3_context* context, int count, sqlite3_value** values) {
 
 void mid(sqlite3_context* context, int count, sqlite3_value** values) {
   if (anyNull(count, values)) return;
-  const sqlite3_int64 start = sqlite3_value_int64(values[1]);
-  const sqlite3_int64 length = count > 2 ? sqlite3_value_int64(values[2]) : std::numeric_limits<sqlite3_int64>::max();
+  const sqlite3_int64 start = countIn(values[1]);
+  const sqlite3_int64 length = count > 2 ? countIn(values[2]) : std::numeric_limits<sqlite3_int64>::max();
   if (start < 1 || length < 0) return resultError(context, "Mid takes a start of 1 or more and a length of 0 or more.");
   const std::string_view whole = textIn(values[0]);
   const std::string_view rest = whole.substr(bytesOf(whole, start - 1));
