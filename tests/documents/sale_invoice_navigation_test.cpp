@@ -7,6 +7,7 @@
 
 #include "documents/invoice_company.h"
 #include "documents/post_sale_invoice.h"
+#include "printing/preview_window.h"
 
 namespace {
 
@@ -145,6 +146,25 @@ TEST(SaleInvoiceNavigation, TheVoucherPrintsOnceAfterTheSave) {
   EXPECT_EQ(std::to_string(printed[0]), shop.one("select tranno from transactions where trantype=32"));
   EXPECT_EQ(screen.text("DocNo"), "2");
   EXPECT_TRUE(screen.find<QPushButton>("SaveBttn").isEnabled());
+}
+
+TEST(SaleInvoiceNavigation, PrintingSavesAndPreviewsThatInvoice) {
+  InvoiceCompany shop;
+  post(shop, {"One", "Two"});
+  InvoiceScreen screen(shop);
+  screen.press("PrevBttn");
+  screen.press("PrevBttn");
+  screen.type("D1", "printed");
+  screen.press("PrintBill_0");
+  EXPECT_EQ(shop.context.PrintKind, 32);
+  ASSERT_TRUE(shop.context.PrintRS.isOpen());
+  EXPECT_EQ(shop.context.PrintRS.text("text1"), "One") << "not the first or last of the year";
+  EXPECT_EQ(shop.context.PrintRS.text("d1"), "printed");
+  EXPECT_EQ(screen.text("DocNo"), "3");
+  auto* preview = screen.widget().findChild<printing::PreviewWindow*>();
+  ASSERT_NE(preview, nullptr);
+  preview->close();
+  EXPECT_FALSE(shop.context.PrintRS.isOpen());
 }
 
 TEST(SaleInvoiceNavigation, ADocumentOfMoreLinesThanTheSheetIsShownWhole) {
