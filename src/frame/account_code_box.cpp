@@ -9,15 +9,6 @@
 namespace velmo::frame {
 namespace {
 
-PickListSource accountSource(const std::string& condition) {
-  return {.select = "SELECT acccode, accname, (AccCode & '  ' & AccName) as Account from acclevel3",
-          .condition = condition,
-          .order = "acccode",
-          .displayColumn = "Account",
-          .keyColumn = "acccode",
-          .tables = {"AccLevel3"}};
-}
-
 // The code that a text stands for, when it is one that an account can have.
 std::optional<std::int64_t> accountCode(const QString& text) {
   const auto number = text::numberFrom(text.toStdString());
@@ -37,6 +28,15 @@ Account currentAccount(const store::Recordset& accounts) {
 }
 
 }  // namespace
+
+PickListSource accountSource(const std::string& condition) {
+  return {.select = "SELECT acccode, accname, (AccCode & '  ' & AccName) as Account from acclevel3",
+          .condition = condition,
+          .order = "acccode",
+          .displayColumn = "Account",
+          .keyColumn = "acccode",
+          .tables = {"AccLevel3"}};
+}
 
 AccountCodeBox::AccountCodeBox(session::LoginContext& context, AccountDropList& list, AccountBoxKind kind,
                                QWidget* parent)

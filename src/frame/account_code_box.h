@@ -30,6 +30,9 @@ struct AccountBoxKind {
   WithoutAccounts withoutAccounts = WithoutAccounts::Clear;
 };
 
+// The accounts that fulfil the condition, as a drop list shows them.
+PickListSource accountSource(const std::string& condition);
+
 // A box for the code of an account. Typing a part of a code or a name narrows the drop list below it; a whole code is
 // looked up at each change among LoginContext::AccountsRS. Enter leads on, Down or Up into the list, Esc clears; a text
 // that is no account's code is cleared when the focus leaves.

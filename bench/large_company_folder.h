@@ -1,0 +1,45 @@
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "demo_company/large_company.h"
+
+namespace velmo::bench {
+
+// A folder in the temporary directory with a company of that size, made at the first call and kept for later runs. The
+// current directory becomes that folder.
+void enterCompany(const demo::LargeCompany& size);
+
+// A fresh folder with a copy of the present folder's company; removed with the object, current while it lives.
+class CompanyCopy {
+ public:
+  CompanyCopy();
+  ~CompanyCopy();
+  CompanyCopy(const CompanyCopy&) = delete;
+  CompanyCopy& operator=(const CompanyCopy&) = delete;
+
+ private:
+  std::filesystem::path before_;
+  std::filesystem::path folder_;
+};
+
+// Durations of single runs, in seconds.
+class Durations {
+ public:
+  template <typename Work>
+  void measure(Work&& work) {
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    seconds_.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
+  }
+  double mean() const;
+  double percentile(double share) const;  // 0.95: nineteen of twenty runs were at most so long
+
+ private:
+  std::vector<double> seconds_;
+};
+
+}  // namespace velmo::bench
