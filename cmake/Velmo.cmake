@@ -19,8 +19,9 @@ target_compile_options(velmo_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow
                                                -Werror -fno-strict-overflow)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # g++ 12 warns of these in its own string and vector headers when it inlines them.
-  target_compile_options(velmo_options INTERFACE $<$<CONFIG:Release>:-Wno-free-nonheap-object -Wno-restrict
-                                                 -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread>)
+  target_compile_options(
+    velmo_options INTERFACE "$<$<CONFIG:Release>:-Wno-free-nonheap-object;-Wno-restrict;-Wno-array-bounds>"
+                            "$<$<CONFIG:Release>:-Wno-stringop-overflow;-Wno-stringop-overread>")
 endif()
 target_compile_definitions(velmo_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_USE_QSTRINGBUILDER)
 if(VELMO_SANITIZE)
