@@ -10,8 +10,8 @@ namespace velmo::store {
 KeysetCursor::KeysetCursor(const std::shared_ptr<const ResultSource>& source, KeysetQuery query)
     : source_(std::make_shared<ResultSource>(*source)), query_(std::move(query)) {
   // The key is read beside the fields, selected or not.
-  source_->tables.front().keyFields = {static_cast<int>(query_.keySlot())};
-  source_->tables.front().keySelected = true;
+  source_->tables.front().keyFields = query_.keySlots();
+  source_->tables.front().keySelected = !query_.keySlots().empty();
   stand(query_.end(connection(), Direction::Forward), Where::After);
 }
 
@@ -142,13 +142,13 @@ void KeysetCursor::moveTo(std::int64_t position) {
 Bookmark KeysetCursor::bookmark() const {
   requireRow();
   if (edit_ && edit_->adding) throw noCurrentRow();
-  return query_.keyOf(place_.row);
+  return query_.numberOf(place_.row);
 }
 
 void KeysetCursor::setBookmark(Bookmark row) {
   update();
   remember();
-  std::optional<WalkedRow> found = query_.byKey(connection(), row);
+  std::optional<WalkedRow> found = query_.byNumber(connection(), row);
   if (!found) throw StoreError(ErrorKind::Misuse, "The marked record is not in the list any more.");
   stand(std::move(found), Where::After);
 }
@@ -196,14 +196,14 @@ Value KeysetCursor::value(int field) const {
 
 Value KeysetCursor::valueAt(std::int64_t position, int field) const {
   const WalkedRow& row = rowAt(position);
-  if (place_.where == Where::On && edit_ && !edit_->adding && query_.keyOf(row) == query_.keyOf(place_.row)) {
+  if (place_.where == Where::On && edit_ && !edit_->adding && query_.numberOf(row) == query_.numberOf(place_.row)) {
     return value(field);
   }
   return row[static_cast<std::size_t>(field)];
 }
 
 Bookmark KeysetCursor::bookmarkAt(std::int64_t position) const {
-  return query_.keyOf(rowAt(position));
+  return query_.numberOf(rowAt(position));
 }
 
 std::shared_ptr<Cursor> KeysetCursor::chapter(std::string_view) const {
@@ -238,7 +238,7 @@ void KeysetCursor::set(int field, const Value& value) {
 void KeysetCursor::setAt(std::int64_t position, int field, const Value& value) {
   requireWritable();
   const WalkedRow row = rowAt(position);
-  if (place_.where == Where::On && query_.keyOf(row) == query_.keyOf(place_.row)) {
+  if (place_.where == Where::On && query_.numberOf(row) == query_.numberOf(place_.row)) {
     set(field, value);
     return;
   }
@@ -269,8 +269,8 @@ void KeysetCursor::addNew(const FieldValues& values) {
 }
 
 // What the store made of a written row, computed order columns and defaults included.
-void KeysetCursor::reload(const Value& key) {
-  std::optional<WalkedRow> row = query_.byKey(connection(), key);
+void KeysetCursor::reload(std::int64_t number) {
+  std::optional<WalkedRow> row = query_.byNumber(connection(), number);
   if (!row) throw StoreError(ErrorKind::Conflict, "The record was deleted by another program.");
   place_ = {.where = Where::On, .row = std::move(*row)};
 }
@@ -282,19 +282,19 @@ void KeysetCursor::update() {
   if (edit_->adding) {
     writer.insert(edit_->changes);
     edit_.reset();
-    reload(static_cast<std::int64_t>(sqlite3_last_insert_rowid(connection().database)));
+    reload(sqlite3_last_insert_rowid(connection().database));
     return;
   }
   std::vector<FieldChange> changes = edit_->changes;
   std::erase_if(changes, [](const FieldChange& each) { return each.value == each.original; });
   if (!changes.empty()) {
     writer.update(changes, [this](int slot) { return place_.row[static_cast<std::size_t>(slot)]; });
-    Value key = place_.row[query_.keySlot()];
+    std::int64_t number = query_.numberOf(place_.row);
     for (const FieldChange& each : changes) {
-      if (query_.isKey(static_cast<std::size_t>(each.field))) key = each.value;
+      if (query_.isNumber(static_cast<std::size_t>(each.field))) number = std::get<std::int64_t>(each.value);
     }
     edit_.reset();
-    reload(key);
+    reload(number);
   }
   edit_.reset();
 }

@@ -84,7 +84,7 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   void remember();
   void beginEdit();
   void change(int field, Value value);
-  void reload(const Value& key);
+  void reload(std::int64_t number);
   const WalkedRow& rowAt(std::int64_t position) const;
 
   std::shared_ptr<ResultSource> source_;

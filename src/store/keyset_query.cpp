@@ -8,20 +8,35 @@
 namespace velmo::store {
 namespace {
 
-bool isNumberKey(const Table& table) {
-  if (table.key.size() != 1) return false;
-  const Column* key = table.find(table.key.front());
-  return key != nullptr &&
-         (key->type == ColumnType::Long || key->type == ColumnType::Integer || key->type == ColumnType::Byte);
+bool isWholeNumber(ColumnType type) {
+  return type == ColumnType::Long || type == ColumnType::Integer || type == ColumnType::Byte;
+}
+
+// The name of the row number: the key where that is one whole number, else one that no column of the table hides.
+std::string numberColumn(const Table& table) {
+  if (table.key.size() == 1) {
+    const Column* key = table.find(table.key.front());
+    if (key != nullptr && isWholeNumber(key->type)) return key->name;
+  }
+  for (const char* name : {"rowid", "oid", "_rowid_"}) {
+    if (table.find(name) == nullptr) return name;
+  }
+  return "";
 }
 
 }  // namespace
+
+std::size_t KeysetQuery::addSlot(const std::string& alias, const std::string& column, ColumnType type) {
+  columns_.push_back(quotedName(alias) + "." + quotedName(column));
+  types_.push_back(type);
+  return columns_.size() - 1;
+}
 
 std::optional<KeysetQuery> KeysetQuery::of(const ResultSource& source) {
   const sql::CompiledStatement& statement = *source.statement.compiled;
   if (!statement.singleTable || source.tables.size() != 1) return std::nullopt;
   const Table* table = source.connection->catalog.find(statement.singleTable->table);
-  if (table == nullptr || !isNumberKey(*table)) return std::nullopt;
+  if (table == nullptr || numberColumn(*table).empty()) return std::nullopt;
   if (std::ranges::any_of(source.sources, [](const SourceField& field) { return field.column == nullptr; })) {
     return std::nullopt;
   }
@@ -29,42 +44,44 @@ std::optional<KeysetQuery> KeysetQuery::of(const ResultSource& source) {
   query.table_ = table;
   const std::string& alias = source.tables.front().alias;
   query.from_ = quotedName(table->name) + " AS " + quotedName(alias);
-  for (const SourceField& field : source.sources) {
-    query.columns_.push_back(quotedName(alias) + "." + quotedName(field.column->name));
-    query.types_.push_back(field.column->type);
+  for (const SourceField& field : source.sources) query.addSlot(alias, field.column->name, field.column->type);
+  query.numberSlot_ = query.addSlot(alias, numberColumn(*table), ColumnType::Long);
+  for (const std::string& name : table->key) {
+    query.keySlots_.push_back(static_cast<int>(query.addSlot(alias, name, table->find(name)->type)));
   }
-  const Column& key = *table->find(table->key.front());
-  query.keySlot_ = query.columns_.size();
-  query.columns_.push_back(quotedName(alias) + "." + quotedName(key.name));
-  query.types_.push_back(key.type);
   query.where_ = {.sql = statement.singleTable->whereSql, .parameters = source.statement.parameters};
   for (const auto& item : statement.singleTable->order) {
     const Column* column = table->find(item.column);
     if (column == nullptr) return std::nullopt;
-    query.columns_.push_back(quotedName(alias) + "." + quotedName(column->name));
-    query.types_.push_back(column->type);
-    query.statementOrder_.push_back({.slot = query.columns_.size() - 1, .descending = item.descending});
+    query.statementOrder_.push_back(
+        {.slot = query.addSlot(alias, column->name, column->type), .descending = item.descending});
   }
   query.orderBy(*source.connection, {});
   return query;
 }
 
 void KeysetQuery::orderBy(Connection::Impl& connection, const std::vector<SortItem>& items) {
-  keyOrderNeedsTheTable_ = false;
+  numberOrderNeedsTheTable_ = false;
   order_ = items.empty() ? statementOrder_ : std::vector<OrderColumn>{};
   for (const SortItem& item : items) {
     order_.push_back({.slot = static_cast<std::size_t>(item.field), .descending = item.descending});
   }
-  // Nothing can tie behind the key. Among equals the key runs the way of the last column, as an index does.
-  const auto key = std::ranges::find_if(order_, [this](const OrderColumn& column) { return isKey(column.slot); });
-  if (key != order_.end()) {
-    order_.erase(key + 1, order_.end());
+  // Nothing can tie behind what is unique. Among equals the number runs the way of the last column, as in an index.
+  const auto last = std::ranges::find_if(order_, [this](const OrderColumn& column) { return isUnique(column.slot); });
+  if (last != order_.end()) {
+    order_.erase(last + 1, order_.end());
   } else {
-    order_.push_back({.slot = keySlot_, .descending = !order_.empty() && order_.back().descending});
+    order_.push_back({.slot = numberSlot_, .descending = !order_.empty() && order_.back().descending});
   }
-  // An index that finds the rows of the statement but not in the order of the key makes every step sort all of them;
+  // An index that finds the rows of the statement but not in the order of the number makes every step sort all of them;
   // the table itself stands in that order, and the rows looked for are mostly near its end.
-  keyOrderNeedsTheTable_ = isKey(order_.front().slot) && sortsInPassing(connection);
+  numberOrderNeedsTheTable_ = isNumber(order_.front().slot) && sortsInPassing(connection);
+}
+
+bool KeysetQuery::isUnique(std::size_t slot) const {
+  const bool isWholeKey =
+      keySlots_.size() == 1 && columns_[slot] == columns_[static_cast<std::size_t>(keySlots_.front())];
+  return isWholeKey || isNumber(slot);
 }
 
 // Whether the store would sort rows to find the first one.
@@ -128,7 +145,7 @@ std::vector<KeysetQuery::Condition> KeysetQuery::beyond(const Condition& rest, c
     } else if (!isNull(row[slot])) {
       conditions.push_back(equal);
       addValue(conditions.back(), slot, " < ");
-      if (slot == keySlot_) continue;
+      if (isUnique(slot)) continue;  // and never null
       conditions.push_back(equal);
       add(conditions.back(), slot, " IS NULL");
     }
@@ -151,7 +168,7 @@ std::string KeysetQuery::selectSql(const Condition& condition, const std::string
   std::string sql = "SELECT ";
   for (std::size_t i = 0; i < columns_.size(); ++i) sql += (i == 0 ? "" : ", ") + columns_[i];
   sql += " FROM " + from_;
-  if (keyOrderNeedsTheTable_) sql += " NOT INDEXED";
+  if (numberOrderNeedsTheTable_) sql += " NOT INDEXED";
   if (!condition.sql.empty()) sql += " WHERE " + condition.sql;
   return sql + tail;
 }
@@ -195,8 +212,8 @@ std::optional<WalkedRow> KeysetQuery::next(Connection::Impl& connection, const W
   return std::nullopt;
 }
 
-std::optional<WalkedRow> KeysetQuery::byKey(Connection::Impl& connection, const Value& key) const {
-  return fetchOne(connection, {.sql = columns_[keySlot_] + " = ?1", .parameters = {key}}, "");
+std::optional<WalkedRow> KeysetQuery::byNumber(Connection::Impl& connection, std::int64_t number) const {
+  return fetchOne(connection, {.sql = columns_[numberSlot_] + " = ?1", .parameters = {number}}, "");
 }
 
 std::optional<WalkedRow> KeysetQuery::at(Connection::Impl& connection, std::int64_t position) const {

@@ -11,16 +11,17 @@
 
 namespace velmo::store {
 
-// A row of a walked table: the result's fields, then its key, then what else orders it.
+// A row of a walked table: the result's fields, then its row number and key, then what else orders it.
 using WalkedRow = std::vector<Value>;
 
 enum class Direction { Forward, Backward };
 
-// The statements of a walk through one table in the order of some columns and, among equals, of its key. A step is a
-// few index searches: among the rows that equal this one in all but the last column of the order, then in fewer.
+// The statements of a walk through one table in the order of some columns and, among equals, of its row number: the
+// number that the file gives a row for good, and the key itself where that is one whole number. A step is a few index
+// searches: among the rows that equal this one in all but the last column of the order, then in fewer.
 class KeysetQuery {
  public:
-  // Nothing when the statement cannot be walked: several tables, calculated columns, a key that is not one number.
+  // Nothing when the statement cannot be walked: several tables or calculated columns.
   static std::optional<KeysetQuery> of(const ResultSource& source);
 
   // None: the statement's own order.
@@ -31,15 +32,15 @@ class KeysetQuery {
   std::optional<WalkedRow> end(Connection::Impl& connection, Direction from, const RowTest* condition = nullptr) const;
   std::optional<WalkedRow> next(Connection::Impl& connection, const WalkedRow& row, Direction direction,
                                 const RowTest* condition = nullptr) const;
-  std::optional<WalkedRow> byKey(Connection::Impl& connection, const Value& key) const;
+  std::optional<WalkedRow> byNumber(Connection::Impl& connection, std::int64_t number) const;
   std::optional<WalkedRow> at(Connection::Impl& connection, std::int64_t position) const;
   std::int64_t count(Connection::Impl& connection) const;
   std::int64_t countBefore(Connection::Impl& connection, const WalkedRow& row) const;
 
-  std::int64_t keyOf(const WalkedRow& row) const { return std::get<std::int64_t>(row[keySlot_]); }
-  std::size_t keySlot() const { return keySlot_; }
+  std::int64_t numberOf(const WalkedRow& row) const { return std::get<std::int64_t>(row[numberSlot_]); }
+  bool isNumber(std::size_t slot) const { return columns_[slot] == columns_[numberSlot_]; }
+  const std::vector<int>& keySlots() const { return keySlots_; }  // of the key's columns; none in a table without key
   std::size_t slotCount() const { return columns_.size(); }
-  bool isKey(std::size_t slot) const { return columns_[slot] == columns_[keySlot_]; }
 
  private:
   struct OrderColumn {
@@ -52,6 +53,8 @@ class KeysetQuery {
     std::vector<Value> parameters;
   };
 
+  std::size_t addSlot(const std::string& alias, const std::string& column, ColumnType type);
+  bool isUnique(std::size_t slot) const;
   std::vector<Condition> beyond(const Condition& rest, const WalkedRow& row, Direction direction) const;
   Condition base(const RowTest* condition) const;
   bool sortsInPassing(Connection::Impl& connection) const;
@@ -63,10 +66,11 @@ class KeysetQuery {
 
   const Table* table_ = nullptr;
   std::string from_;
-  bool keyOrderNeedsTheTable_ = false;
+  bool numberOrderNeedsTheTable_ = false;
   std::vector<std::string> columns_;  // of each slot, as SQL
   std::vector<ColumnType> types_;
-  std::size_t keySlot_ = 0;
+  std::size_t numberSlot_ = 0;
+  std::vector<int> keySlots_;
   Condition where_;
   Condition filter_;
   std::vector<OrderColumn> statementOrder_;

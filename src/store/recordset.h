@@ -17,7 +17,7 @@ namespace velmo::store {
 
 enum class LockType { ReadOnly, Optimistic, BatchOptimistic };
 
-// AsNeeded keeps no copy of a large single-table list: the cursor walks it by key and reads rows when they are looked
+// AsNeeded keeps no copy of a large single-table list: the cursor walks it by index and reads rows when they are looked
 // at, so that it sees what others write when it moves and takes new rows into their place of the order. A statement
 // that cannot be walked so, and a batch, are read as All. All keeps its rows, and reads a large result as its rows are
 // looked at.

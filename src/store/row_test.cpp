@@ -14,6 +14,10 @@ bool isTextType(ColumnType type) {
   return type == ColumnType::Text || type == ColumnType::Memo;
 }
 
+bool isWholeNumber(ColumnType type) {
+  return type == ColumnType::Byte || type == ColumnType::Integer || type == ColumnType::Long;
+}
+
 StoreError refused(const sql::CompileError& error, std::string_view text) {
   return {ErrorKind::Statement, error.describe(text)};
 }
@@ -33,6 +37,16 @@ std::optional<Value> comparable(ColumnType type, const Value& literal) {
     return *number;
   }
   return std::nullopt;
+}
+
+// The one value that fits a pattern without wildcards, so that an index can find it; nothing when there may be several.
+std::optional<Value> equalOfPattern(ColumnType type, const std::string& pattern) {
+  if (!sql::isPlainPattern(pattern)) return std::nullopt;
+  if (isTextType(type)) return pattern;  // blanks count
+  if (!isWholeNumber(type)) return std::nullopt;
+  const auto number = text::numberFrom(pattern);
+  if (!number || textOf(*number) != pattern) return std::nullopt;
+  return *number;
 }
 
 bool holds(sql::Comparison comparison, int order) {
@@ -82,12 +96,19 @@ RowTest::Comparison RowTest::bound(const ResultSource& source, const sql::Criter
                         .comparison = criterion.comparison,
                         .literal = criterion.literal,
                         .pattern = {}};
+  const ColumnType type = source.fields[static_cast<std::size_t>(comparison.field)].type;
   if (criterion.comparison == sql::Comparison::Like) {
-    comparison.literal = textOf(criterion.literal);
-    comparison.pattern = std::make_shared<const sql::LikePattern>(textOf(criterion.literal));
+    const std::string pattern = textOf(criterion.literal);
+    if (auto equal = equalOfPattern(type, pattern)) {
+      comparison.comparison = sql::Comparison::Equal;
+      comparison.literal = std::move(*equal);
+    } else {
+      comparison.literal = pattern;
+      comparison.pattern = std::make_shared<const sql::LikePattern>(pattern);
+    }
     return comparison;
   }
-  auto literal = comparable(source.fields[static_cast<std::size_t>(comparison.field)].type, criterion.literal);
+  auto literal = comparable(type, criterion.literal);
   if (!literal) {
     throw StoreError(ErrorKind::Statement, "The condition \"" + std::string(text) + "\" compares " + criterion.column +
                                                " with a value of another kind.");
