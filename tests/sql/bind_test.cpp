@@ -80,6 +80,11 @@ TEST(Bind, GroupsIgnoreCaseAndTakeExpressions) {
       {"SELECT [ItemCode] & ' ' & [Party] AS Ref, Sum(Rate) FROM Sales GROUP BY [ItemCode] & ' ' & [Party] ORDER BY 1",
        {"A1 12001001|2.0", "a1 12001002|2.5", "B2 12001001|9.0", "B2 21001001|10.0"}},
       {"SELECT DISTINCT ItemCode & '' AS Code FROM Sales ORDER BY ItemCode & ''", {"A1", "B2"}},
+      // A constant is no column's number.
+      {"SELECT SaleNo, Yes AS y FROM Sales WHERE SaleNo<3 ORDER BY y, -Yes, -(-No), Rate DESC", {"2|-1", "1|-1"}},
+      {"SELECT Sum(Party) AS s, No AS n FROM Sales WHERE SaleNo=4 GROUP BY No, -Yes, -(Party>0)", {"21001001|0"}},
+      {"SELECT No AS n, Count(*) AS c FROM Sales WHERE SaleNo>9 GROUP BY No", {}},
+      {"SELECT q.n FROM (SELECT TOP 1 -Yes AS n FROM Sales ORDER BY -Yes) AS q", {"1", "1", "1", "1"}},
       {"SELECT Sum(Quantity), Avg(Quantity), Min(Rate), Max(ItemCode), Count(Quantity) FROM Sales WHERE SaleNo>9",
        {"null|null|null|null|0"}},
   });
@@ -94,6 +99,13 @@ TEST(Bind, FirstAndLastFollowTheOrderOfTheRows) {
       {"SELECT Items.ItemCode, Last(q.SaleNo) FROM Items LEFT JOIN (SELECT ItemCode, SaleNo FROM Sales) AS q ON "
        "Items.ItemCode=q.ItemCode GROUP BY Items.ItemCode ORDER BY Items.ItemCode",
        {"A1|2", "B2|4", "C3|null"}},
+      // The rows of a join in parentheses tell their order too, as far down as they stand.
+      {"SELECT Money.Serial, First(Items.ItemCode), Last(Sales.SaleNo) FROM Money LEFT JOIN (Items INNER JOIN Sales ON "
+       "Items.ItemCode=Sales.ItemCode) ON Money.Serial<Sales.SaleNo GROUP BY Money.Serial",
+       {"1|A1|4"}},
+      {"SELECT Last(q.c) FROM (SELECT Items.ItemCode AS c FROM Money LEFT JOIN (Items LEFT JOIN (Sales INNER JOIN "
+       "Items AS i ON i.ItemCode=Sales.ItemCode) ON Items.ItemCode=i.ItemCode) ON Money.Serial<5) AS q",
+       {"C3"}},
   });
 }
 
@@ -103,6 +115,7 @@ TEST(Bind, TopGivesTheTiesOfItsLastRow) {
       {"SELECT TOP 1 SaleNo, Rate*2 AS r FROM Sales ORDER BY 2 DESC", {"4|20.0"}},
       {"SELECT TOP 1 ItemCode, Count(*) AS n FROM Sales GROUP BY ItemCode ORDER BY Count(*) DESC", {"A1|2", "B2|2"}},
       {"SELECT TOP 1 Serial FROM Money", {"1"}},
+      {"SELECT TOP 1 Rate AS Party, Sales.Party, Rate, Rate FROM Sales ORDER BY SaleNo", {"2.0|12001001|2.0|2.0"}},
   });
 }
 
@@ -117,6 +130,17 @@ TEST(Bind, WritesOneTable) {
       {"delete Sales.* from Sales inner join Items on Sales.ItemCode=Items.ItemCode where Price>5",
        "select saleno from sales order by 1",
        {"1", "2"}},
+      {"delete Sales.* from Money left join (Sales inner join Items on Sales.ItemCode=Items.ItemCode) on "
+       "Money.Serial=Sales.SaleNo",
+       "select saleno from sales order by 1",
+       {"2", "3", "4"}},
+      {"update Money left join (Items inner join Sales on Sales.ItemCode=Items.ItemCode) on Sales.SaleNo=Money.Serial "
+       "set Items.Price=Money.Serial+Sales.Rate",
+       "select price from items where itemcode<>'C3' order by itemcode",
+       {"3.0", "10.0"}},
+      {"insert into Money select top 1 Rate/3, ItemCode & '  ' from Sales order by Rate desc",
+       "select * from money order by 1",
+       {"1|Rs", "3|B2"}},
       {"update items set items.price=7.5, blocked=5 where items.itemcode='a1' and [blocked]=no",
        "select price, blocked from items where itemcode='A1'",
        {"7.5|-1"}},

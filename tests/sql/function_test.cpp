@@ -42,6 +42,9 @@ TEST(Function, CalculatesAsTheDialectDoes) {
       {"IIf(2>1,'a')", "a"},
       {"IIf(1=2,1/0,3)", "3"},
       {"IsNull(Null)", "-1"},
+      {"-Yes", "1"},
+      {"- -(2>1)", "-1"},
+      {"3--(2>1)", "2"},
   });
 }
 
@@ -65,6 +68,7 @@ TEST(Function, MakesTexts) {
       {"Mid('abcdef',2,3) & Mid('abc',9)", "bcd"},
       {"Right('abc',0)", ""},
       {"Len('Émail') & Trim('  x ')", "5x"},
+      {"Left('abcdef',2.6) & Mid('abcdef',1.5,0.6) & Right('abc',1e300)", "abcbabc"},
       {"CStr(2.50)", "2.5"},
       {"CStr(Null)", "! CStr was given nothing to convert."},
       {"'O''Brien' & \" \"\"x\"\"\"", "O'Brien \"x\""},
@@ -106,6 +110,12 @@ TEST(Function, ComparesAndMatches) {
       {"Not (Price=10)", "A1"},
       {"'a1' = ItemCode", "A1"},
       {"ItemCode between 'b9' and 'a9'", "B2"},
+      // Trailing blanks count for nothing where texts are compared, and for something where they are matched.
+      {"Left(ItemName,5)='bolt'", "B2"},
+      {"ItemCode & ' ' in ('a1','x') and not (Left(ItemName,1)+' '<>'A')", "A1"},
+      {"Left(ItemName,5) between 'bolt' and 'bolt  '", "B2"},
+      {"IIf(Blocked,'x ','y')='x'", "C3"},
+      {"Left(ItemName,5) like 'bolt '", "B2"},
   };
   for (const auto& [condition, code] : cases) {
     EXPECT_EQ(store.rows(std::string("SELECT ItemCode FROM Items WHERE ") + condition), std::vector<std::string>{code})

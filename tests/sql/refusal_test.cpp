@@ -95,6 +95,34 @@ TEST(Refusal, HoldsAgainstSizeAndDepth) {
   EXPECT_EQ(store.value("'x'" + repeated(" & 'x'", 999)).size(), 1'000u);
 }
 
+// What would nest too deep for SQLite's parser is refused, and what is accepted is prepared.
+TEST(Refusal, StaysWithinTheParserOfTheStore) {
+  DialectStore store;
+  for (const auto& [before, after] : {std::pair{"-", ""},
+                                      {"Abs(", ")"},
+                                      {"(1=1 And Not ", ")"},
+                                      {"IIf(1>0,0,", ")"},
+                                      {"Left('a' & ", ",5)"},
+                                      {"IIf(2 in (1,", "),1,2)"},
+                                      {"IIf(3 between 4 and ", ",1,2)"},
+                                      {"(3*(2+", "))"}}) {
+    std::size_t refused = 0;
+    for (std::size_t depth = 1; depth < 60; ++depth) {
+      const std::string value = repeated(before, depth) + "(1=2)" + repeated(after, depth);
+      const std::string outcome =
+          store
+              .rows("SELECT Sum(q.n) FROM (SELECT Count(*) AS n FROM Sales WHERE Cancel And IsNull(" + value +
+                    ") GROUP BY Party) AS q")
+              .front();
+      if (!outcome.starts_with("! ")) continue;
+      ++refused;
+      EXPECT_NE(outcome.find("too large"), std::string::npos) << outcome;
+      EXPECT_GT(depth, 4u) << outcome;
+    }
+    EXPECT_GT(refused, 10u) << before;
+  }
+}
+
 TEST(Refusal, CarriesOddBytesAsData) {
   DialectStore store;
   using namespace std::string_literals;

@@ -43,7 +43,8 @@ ColumnType columnTypeOf(Domain domain) {
 BoundPtr finished(Bound node, std::string_view clause) {
   for (const BoundPtr& operand : node.operands) {
     node.depth = std::max(node.depth, operand->depth + 1);
-    node.weight += operand->weight;
+    const bool writtenTwice = node.operation == Operator::Between && operand != node.operands.front();
+    node.weight += writtenTwice ? 2 * operand->weight : operand->weight;
     node.aggregated = node.aggregated || operand->aggregated;
   }
   node.aggregated = node.aggregated || node.meaning == Meaning::Aggregate;

@@ -45,7 +45,7 @@ struct Bound {
   std::string_view function = {};  // the store's name, of a call or aggregate
   std::vector<BoundPtr> operands = {};
   int depth = 1;
-  std::size_t weight = 1;   // nodes below and including this one
+  std::size_t weight = 1;   // nodes below and including this one, the bounds of BETWEEN twice, as they are written
   bool aggregated = false;  // an aggregate stands in it
 };
 

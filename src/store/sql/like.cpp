@@ -44,6 +44,13 @@ char lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
 }
 
+// An ASCII text as folded characters, without making them.
+struct LowerAscii {
+  std::string_view text;
+  std::size_t size() const { return text.size(); }
+  char32_t operator[](std::size_t at) const { return static_cast<unsigned char>(lower(text[at])); }
+};
+
 bool containsLower(std::string_view text, std::string_view wanted) {
   if (wanted.empty()) return true;
   if (text.size() < wanted.size()) return false;
@@ -113,13 +120,9 @@ bool LikePattern::accepts(const Step& step, char32_t character) {
   return step.negated;
 }
 
-bool LikePattern::matches(std::string_view text) const {
-  if (containsOnly_ && isAscii(text)) return containsLower(text, contained_);
-  return matchesFrom(foldedCharacters(text));
-}
-
 // Only the last % needs to be taken back, so that the work is at worst the product of the two lengths.
-bool LikePattern::matchesFrom(const std::vector<char32_t>& text) const {
+template <class Characters>
+bool LikePattern::matchesFolded(const Characters& text) const {
   constexpr std::size_t none = static_cast<std::size_t>(-1);
   std::size_t step = 0;
   std::size_t at = 0;
@@ -143,9 +146,18 @@ bool LikePattern::matchesFrom(const std::vector<char32_t>& text) const {
   return step == steps_.size();
 }
 
+bool LikePattern::matches(std::string_view text) const {
+  if (!isAscii(text)) return matchesFolded(foldedCharacters(text));
+  return containsOnly_ ? containsLower(text, contained_) : matchesFolded(LowerAscii{text});
+}
+
 std::string foldedText(std::string_view text) {
   std::string result;
   result.reserve(text.size());
+  if (isAscii(text)) {
+    for (const char c : text) result += lower(c);
+    return result;
+  }
   const auto length = static_cast<std::int32_t>(text.size());
   for (std::int32_t at = 0; at < length;) {
     const std::int32_t start = at;

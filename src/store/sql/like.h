@@ -27,7 +27,8 @@ class LikePattern {
   };
 
   std::size_t readList(const std::vector<char32_t>& pattern, std::size_t open);
-  bool matchesFrom(const std::vector<char32_t>& text) const;
+  template <class Characters>
+  bool matchesFolded(const Characters& text) const;
   static bool accepts(const Step& step, char32_t character);
 
   std::vector<Step> steps_;
