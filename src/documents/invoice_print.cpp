@@ -1,6 +1,8 @@
 #include "documents/invoice_print.h"
 
-#include "documents/invoice_sheet.h"
+#include <array>
+
+#include "documents/invoice_design.h"
 #include "printing/element_text.h"
 #include "printing/recordset_data.h"
 
@@ -8,21 +10,42 @@ namespace velmo::documents {
 
 namespace {
 
-constexpr int OnOwnLetterhead = 11;  // of sif: the layout with the discount column, without headers
+constexpr int OnOwnLetterhead = 10;  // more than the layout's number
+
+struct Design {
+  InvoiceLayout layout;
+  printing::Report (*report)(const InvoiceSheet&, const InvoiceLines&);
+};
+
+constexpr std::array Designs{
+    Design{InvoiceLayout::Invoice, designInvoice},     Design{InvoiceLayout::Invoice0, designInvoice0},
+    Design{InvoiceLayout::Invoice01, designInvoice01}, Design{InvoiceLayout::Invoice02, designInvoice02},
+    Design{InvoiceLayout::Invoice6, designInvoice6},   Design{InvoiceLayout::Invoice7, designInvoice7}};
+
+const Design& designOf(InvoiceLayout layout) {
+  return *std::find_if(Designs.begin(), Designs.end(), [&](const Design& design) { return design.layout == layout; });
+}
 
 // The date of a reference; "" when the document has none.
 std::string referenceDate(const store::Recordset& document, const char* field) {
   return printing::formatted(document.value(field), "dd-mm-yyyy");
 }
 
-InvoiceSheet sheetOf(const session::LoginContext& context, const store::Recordset& document) {
+double discountOf(const printing::ReportData& lines) {
+  double sum = 0;
+  for (const auto rows = lines.rows(); rows->next();)
+    sum += store::numberOf(rows->value("grossamt")) - store::numberOf(rows->value("itemvalue"));
+  return sum;
+}
+
+InvoiceSheet sheetOf(InvoiceLayout layout, const session::LoginContext& context, const store::Recordset& document) {
   InvoiceSheet sheet;
   sheet.letterhead = {.companyName = context.CompanyName,
                       .address = context.CompanyAddress,
                       .telephones = context.CompanyTelLine,
                       .email = context.CompanyEmailLine,
                       .userName = context.UserName};
-  if (context.sif == OnOwnLetterhead) {
+  if (context.sif == static_cast<int>(layout) + OnOwnLetterhead) {
     sheet.headStyle = printing::HeadStyle::OwnLetterhead;
     sheet.topMargin = context.sitm;
   }
@@ -48,11 +71,29 @@ InvoiceSheet sheetOf(const session::LoginContext& context, const store::Recordse
 
 }  // namespace
 
-printing::Report invoicePrint(const session::LoginContext& context, const store::Recordset& document,
-                              const store::Recordset& lines, const PrintRequest& request) {
-  InvoiceSheet sheet = sheetOf(context, document);
+std::optional<InvoiceLayout> invoiceLayout(int sif) {
+  for (const Design& design : Designs) {
+    const int number = static_cast<int>(design.layout);
+    if (sif == number || sif == number + OnOwnLetterhead) return design.layout;
+  }
+  return std::nullopt;
+}
+
+printing::Report invoicePrint(InvoiceLayout layout, const session::LoginContext& context,
+                              const store::Recordset& document, const store::Recordset& lines,
+                              const PrintRequest& request) {
+  const InvoiceLines data = std::make_shared<printing::RecordsetData>(lines);
+  InvoiceSheet sheet = sheetOf(layout, context, document);
+  sheet.lineDiscount = discountOf(*data);
   sheet.request = request;
-  return invoiceReport(sheet, std::make_shared<printing::RecordsetData>(lines));
+  return designOf(layout).report(sheet, data);
+}
+
+std::optional<printing::Report> invoicePrint(const session::LoginContext& context, const store::Recordset& document,
+                                             const store::Recordset& lines, const PrintRequest& request) {
+  const std::optional<InvoiceLayout> layout = invoiceLayout(context.sif);
+  if (!layout) return std::nullopt;
+  return invoicePrint(*layout, context, document, lines, request);
 }
 
 }  // namespace velmo::documents

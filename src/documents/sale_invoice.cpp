@@ -9,22 +9,17 @@ namespace velmo::documents {
 
 namespace {
 
-// The layouts that LoginContext::sif chooses; ten more means paper with a letterhead of its own.
-bool chooses(int sif, int layout) {
-  return sif == layout || sif == layout + 10;
-}
-
 void printInvoice(session::Workplace& workplace, const frame::DocumentValues& onScreen, QWidget* parent) {
   session::LoginContext& context = workplace.context;
-  if (!chooses(context.sif, 1)) return;
   const store::Recordset lines(
       context.KORDconn, "Select * from stockflow where tranno = " + context.PrintRS.text("tranno") + " order by serial",
       store::LockType::ReadOnly);
   const PrintRequest request{.kind = onScreen.field("InvTypeList") == "2" ? InvoiceKind::Service : InvoiceKind::Sale,
                              .state = onScreen.Cancel ? DocumentState::Cancelled : DocumentState::Valid,
                              .today = workplace.clock.today()};
-  printing::showPreview(parent, invoicePrint(context, context.PrintRS, lines, request), workplace.files,
-                        [&context] { context.PrintRS = {}; });
+  std::optional<printing::Report> report = invoicePrint(context, context.PrintRS, lines, request);
+  if (!report) return;
+  printing::showPreview(parent, std::move(*report), workplace.files, [&context] { context.PrintRS = {}; });
 }
 
 }  // namespace

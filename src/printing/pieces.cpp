@@ -1,6 +1,6 @@
 #include "printing/pieces.h"
 
-#include <QFile>
+#include <QImageReader>
 #include <numeric>
 #include <stdexcept>
 
@@ -12,6 +12,7 @@ constexpr Twips LogoWidth = mm(34);
 constexpr Twips LogoHeight = mm(22);
 constexpr Twips LogoGap = mm(5);
 constexpr Twips CellPadding = mm(0.9);
+constexpr Twips HeadingGap = mm(2.5);  // between a table and what stands above it
 constexpr const char* LogoFile = "mylogo.jpg";
 
 struct HeadLine {
@@ -49,9 +50,18 @@ Frame inCell(const ColumnPlace& place, Twips top, Twips height) {
 
 }  // namespace
 
+QImage companyLogo() {
+  constexpr int MostPixels = 1600;
+  QImageReader reader(QString::fromLatin1(LogoFile));
+  reader.setAutoTransform(true);
+  const QSize size = reader.size();
+  if (size.width() > MostPixels || size.height() > MostPixels)
+    reader.setScaledSize(size.scaled(MostPixels, MostPixels, Qt::KeepAspectRatio).expandedTo({1, 1}));
+  return reader.read();
+}
+
 void addCompanyHead(Report& report, Section& section, const Letterhead& head) {
-  QImage logo;
-  if (QFile::exists(QLatin1String(LogoFile))) logo.load(QLatin1String(LogoFile));
+  const QImage logo = companyLogo();
   const Twips width = report.design.bodyWidth();
   if (logo.isNull()) {
     addHeadLines(report, section, headLines(head), 0, width, Align::Centre);
@@ -116,6 +126,7 @@ std::vector<ColumnPlace> placeColumns(const std::vector<Column>& columns, Twips 
 
 void addColumnHeadings(Section& section, const std::vector<ColumnPlace>& columns, Twips bodyWidth) {
   constexpr Twips Height = mm(6.4);
+  if (!section.elements.empty()) section.height += HeadingGap;
   const Twips top = section.height;
   section.elements.push_back(
       {.at = {0, top, bodyWidth, Height}, .content = Box{.fill = ink::Accent}, .stretch = Stretch::WithContents});

@@ -23,6 +23,10 @@ enum class HeadStyle {
   OwnLetterhead,  // nothing: the paper bears them
 };
 
+// The company's logo, the file "mylogo.jpg" of the current folder, at most as fine as paper shows it. Null without the
+// file, or when it is no picture.
+QImage companyLogo();
+
 // Elements `CoName`, `Coadd`, `Cotel`, `CoEMail` and `Logo`, which is the file "mylogo.jpg" of the current folder.
 // Without that file the lines fill the head alone. Raises the section by what it puts in.
 void addCompanyHead(Report& report, Section& section, const Letterhead& head);

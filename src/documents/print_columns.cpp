@@ -1,0 +1,89 @@
+#include "documents/print_columns.h"
+
+#include <cmath>
+#include <limits>
+#include <numeric>
+
+#include "printing/element_text.h"
+#include "printing/typesetter.h"
+
+namespace velmo::documents {
+
+using namespace printing;
+
+namespace {
+
+constexpr double LeastSize = 5;
+constexpr Twips CellPadding = mm(2);  // both sides, with some room to spare
+
+// The distinct texts of a column and its sum, as they will stand.
+struct ColumnTexts {
+  std::set<std::string> figures = {};
+  std::string sum = {};
+};
+
+std::vector<ColumnTexts> textsOf(const std::vector<Column>& columns, const ReportData& lines) {
+  std::vector<ColumnTexts> texts(columns.size());
+  std::vector<double> sums(columns.size(), 0.0);
+  for (const auto rows = lines.rows(); rows->next();)
+    for (std::size_t index = 0; index < columns.size(); ++index) {
+      if (columns[index].format.empty()) continue;
+      const store::Value value = rows->value(columns[index].dataField);
+      texts[index].figures.insert(formatted(value, columns[index].format));
+      if (!store::isNull(value)) sums[index] += store::numberOf(value);
+    }
+  for (std::size_t index = 0; index < columns.size(); ++index)
+    if (!columns[index].totalName.empty()) texts[index].sum = formatted(sums[index], columns[index].format);
+  return texts;
+}
+
+Twips widthOf(Typesetter& typesetter, const std::string& text, const FontSpec& font) {
+  const auto& lines = typesetter.lines(QString::fromStdString(text), font, std::numeric_limits<Twips>::max() / 4);
+  return lines.empty() ? 0 : lines.front().width;
+}
+
+// The widths of all columns of figures at a size; 0 for the others.
+std::vector<Twips> figureWidths(Typesetter& typesetter, const std::vector<ColumnTexts>& texts, double size) {
+  std::vector<Twips> widths;
+  for (const ColumnTexts& column : texts) {
+    Twips widest = widthOf(typesetter, column.sum, {.size = size, .weight = Weight::SemiBold});
+    for (const std::string& figure : column.figures)
+      widest = std::max(widest, widthOf(typesetter, figure, {.size = size}));
+    widths.push_back(widest == 0 ? 0 : widest + CellPadding);
+  }
+  return widths;
+}
+
+Twips scaled(Twips length, double factor) {
+  return static_cast<Twips>(std::lround(length * factor));
+}
+
+}  // namespace
+
+FittedColumns fitColumns(std::vector<Column> columns, const ReportData& lines, Twips bodyWidth, Twips leastText,
+                         double size) {
+  const std::vector<ColumnTexts> texts = textsOf(columns, lines);
+  Typesetter typesetter;
+  for (;; size -= 0.5) {
+    FittedColumns fitted{columns, size};
+    const std::vector<Twips> widths = figureWidths(typesetter, texts, size);
+    Twips sum = 0;
+    for (std::size_t index = 0; index < columns.size(); ++index) {
+      fitted.columns[index].width = std::max(columns[index].width, widths[index]);
+      sum += fitted.columns[index].width;
+    }
+    if (sum + leastText <= bodyWidth || size - 0.5 < LeastSize) return fitted;
+  }
+}
+
+void condense(Section& section, const Density& density) {
+  section.height = scaled(section.height, density.lengths);
+  for (Element& element : section.elements) {
+    const Twips bottom = scaled(element.at.bottom(), density.lengths);
+    element.at.top = scaled(element.at.top, density.lengths);
+    element.at.height = bottom - element.at.top;
+    element.font.size = std::round(element.font.size * density.fonts * 10) / 10;
+  }
+}
+
+}  // namespace velmo::documents
