@@ -2,27 +2,25 @@
 
 #include <strings.h>
 
+#include <algorithm>
 #include <cstring>
-#include <numeric>
+#include <limits>
 
-#include "store/recordset.h"
-#include "store/sql/like.h"
+#include "store/text_rows.h"
 
 namespace velmo::frame {
 namespace {
-
-using store::sql::LikePattern;
 
 bool isPlain(std::string_view typed) {
   return typed.find_first_of("%_[") == std::string_view::npos;
 }
 
-// The longest stretch of a typed text that is free of wildcards: no entry without it can match.
-std::string_view longestLiteral(std::string_view typed) {
-  std::string_view longest;
+// The stretches of a typed text that are free of wildcards: no entry that lacks one of them can match.
+std::vector<std::string_view> literalsOf(std::string_view typed) {
+  std::vector<std::string_view> literals;
   std::size_t begin = 0;
   const auto endRun = [&](std::size_t end, std::size_t next) {
-    if (end - begin > longest.size()) longest = typed.substr(begin, end - begin);
+    if (end > begin) literals.push_back(typed.substr(begin, end - begin));
     begin = next;
   };
   for (std::size_t at = 0; at < typed.size(); ++at) {
@@ -34,11 +32,7 @@ std::string_view longestLiteral(std::string_view typed) {
     }
   }
   endRun(typed.size(), typed.size());
-  return longest;
-}
-
-bool contains(std::string_view text, std::string_view wanted) {
-  return memmem(text.data(), text.size(), wanted.data(), wanted.size()) != nullptr;
+  return literals;
 }
 
 }  // namespace
@@ -66,15 +60,26 @@ PickList::PickList(store::Connection& connection, PickListSource source)
 
 void PickList::narrow(std::string_view typed) {
   readWhenStale();
+  Search search;
   if (typed.find_first_not_of('%') == std::string_view::npos) {
-    selectAll();
-  } else if (isPlain(typed)) {
-    const std::string folded = store::sql::foldedText(typed);
-    searchPlain(folded, lastPlain_ && contains(folded, *lastPlain_));
-    lastPlain_ = folded;
-  } else {
-    searchPattern(typed);
+    search_.reset();
+    return;
   }
+  if (isPlain(typed)) {
+    search.literal = store::sql::foldedText(typed);
+    search.among = foundWithin(search.literal);
+  } else {
+    search.literal = rarestLiteral(typed);
+    search.rest.emplace("%" + std::string(typed) + "%");
+  }
+  search_ = std::move(search);
+}
+
+// The entries of the last search when it was for a part of the literal and all of them are found.
+std::optional<std::vector<std::uint32_t>> PickList::foundWithin(std::string_view literal) {
+  const bool fits = search_ && !search_->rest && literal.find(search_->literal) != std::string_view::npos;
+  if (!fits || search_->next < (search_->among ? search_->among->size() : displays_.ends.size())) return std::nullopt;
+  return std::move(search_->found);
 }
 
 void PickList::readWhenStale() {
@@ -89,90 +94,94 @@ void PickList::read() {
   displays_.clear();
   keys_.clear();
   folded_.clear();
-  const store::Recordset rows(connection_, source_.statement(), store::LockType::ReadOnly);
-  const int display = rows.fieldIndex(source_.displayColumn);
-  const int key = rows.fieldIndex(source_.keyColumn);
-  for (std::int64_t row = 0, count = rows.recordCount(); row < count; ++row) {
-    const std::string shown = store::textOf(rows.valueAt(row, display));
-    displays_.append(shown);
-    folded_.append(store::sql::foldedText(shown));
-    keys_.append(store::textOf(rows.valueAt(row, key)));
+  const std::string fields[] = {source_.displayColumn, source_.keyColumn};
+  store::readTexts(connection_, source_.statement(), fields, [this](std::span<const std::string_view> texts) {
+    displays_.append(texts[0]);
+    folded_.append(store::sql::foldedText(texts[0]));
+    keys_.append(texts[1]);
+  });
+  foldedBytes_.fill(0);
+  for (const char c : folded_.buffer) ++foldedBytes_[static_cast<unsigned char>(c)];
+  search_.reset();
+}
+
+// The folded literal whose rarest byte is the rarest, the longer of two such.
+std::string PickList::rarestLiteral(std::string_view typed) const {
+  const auto order = [this](const std::string& literal) {
+    std::uint32_t count = std::numeric_limits<std::uint32_t>::max();
+    for (const char c : literal) count = std::min(count, foldedBytes_[static_cast<unsigned char>(c)]);
+    return std::pair(count, -static_cast<std::ptrdiff_t>(literal.size()));
+  };
+  std::string rarest;
+  for (const std::string_view literal : literalsOf(typed)) {
+    std::string folded = store::sql::foldedText(literal);
+    if (rarest.empty() || order(folded) < order(rarest)) rarest = std::move(folded);
   }
-  selectAll();
+  return rarest;
 }
 
-void PickList::selectAll() {
-  allPresent_ = true;
-  present_.clear();
-  lastPlain_.reset();
-}
-
-// Keeps those of the present entries that pass a test of their place among all entries.
-template <typename Test>
-void PickList::keepWhere(Test&& test) {
-  if (allPresent_) {
-    present_.resize(displays_.ends.size());
-    std::iota(present_.begin(), present_.end(), 0U);
-    allPresent_ = false;
-  }
-  std::erase_if(present_, [&](std::uint32_t entry) { return !test(entry); });
-}
-
-// One pass over the buffer of all entries; a find that reaches into the next entry is none.
-void PickList::scanWhole(std::string_view folded) {
-  allPresent_ = false;
-  present_.clear();
+// The first entry, not before `from`, that holds the literal; the number of entries when there is none. A find that
+// reaches into the next entry is none.
+std::size_t PickList::nextHolding(std::string_view literal, std::size_t from) const {
   const std::string_view buffer = folded_.buffer;
-  std::size_t from = 0;
-  std::size_t entry = 0;
-  while (from < buffer.size()) {
-    const void* hit = memmem(buffer.data() + from, buffer.size() - from, folded.data(), folded.size());
+  std::size_t entry = from;
+  for (std::size_t at = folded_.beginOf(from); at < buffer.size(); ++at) {
+    const void* hit = memmem(buffer.data() + at, buffer.size() - at, literal.data(), literal.size());
     if (hit == nullptr) break;
-    const auto at = static_cast<std::size_t>(static_cast<const char*>(hit) - buffer.data());
+    at = static_cast<std::size_t>(static_cast<const char*>(hit) - buffer.data());
     while (folded_.ends[entry] <= at) ++entry;
-    if (at + folded.size() <= folded_.ends[entry]) {
-      present_.push_back(static_cast<std::uint32_t>(entry));
-      from = folded_.ends[entry];
-    } else {
-      from = at + 1;
-    }
+    if (at + literal.size() <= folded_.ends[entry]) return entry;
   }
-}
-
-void PickList::searchPlain(const std::string& folded, bool extendsLast) {
-  constexpr std::size_t passIsCheaper = 8;  // one pass over everything beats looking into an eighth of it one by one
-  if (extendsLast && present_.size() < folded_.ends.size() / passIsCheaper) {
-    keepWhere([&](std::uint32_t entry) { return contains(folded_.at(entry), folded); });
-  } else {
-    scanWhole(folded);
-  }
-}
-
-void PickList::searchPattern(std::string_view typed) {
-  selectAll();
-  if (const std::string_view literal = longestLiteral(typed); !literal.empty()) {
-    scanWhole(store::sql::foldedText(literal));
-  }
-  const LikePattern pattern("%" + std::string(typed) + "%");
-  keepWhere([&](std::uint32_t entry) { return pattern.matches(displays_.at(entry)); });
+  return folded_.ends.size();
 }
 
 int PickList::size() const {
-  return static_cast<int>(allPresent_ ? displays_.ends.size() : present_.size());
+  return sizeUpTo(std::numeric_limits<int>::max());
+}
+
+int PickList::sizeUpTo(int wanted) const {
+  const auto most = static_cast<std::size_t>(std::max(0, wanted));
+  if (!search_) return static_cast<int>(std::min(displays_.ends.size(), most));
+  while (search_->found.size() < most && findNext()) {
+  }
+  return static_cast<int>(std::min(search_->found.size(), most));
+}
+
+// Looks at further entries until one fits; false when there is none.
+bool PickList::findNext() const {
+  Search& search = *search_;
+  const std::size_t end = search.among ? search.among->size() : displays_.ends.size();
+  while (search.next < end) {
+    std::size_t entry = search.next++;
+    if (search.among) {
+      entry = (*search.among)[entry];
+      if (folded_.at(entry).find(search.literal) == std::string_view::npos) continue;
+    } else if (!search.literal.empty()) {
+      entry = nextHolding(search.literal, entry);
+      search.next = std::min(entry + 1, end);
+      if (entry == end) return false;
+    }
+    if (search.rest && !search.rest->matches(folded_.at(entry))) continue;
+    search.found.push_back(static_cast<std::uint32_t>(entry));
+    return true;
+  }
+  return false;
+}
+
+std::size_t PickList::place(int entry) const {
+  return search_ ? search_->found.at(static_cast<std::size_t>(entry)) : static_cast<std::size_t>(entry);
 }
 
 std::string_view PickList::display(int entry) const {
-  const auto place = static_cast<std::size_t>(entry);
-  return displays_.at(allPresent_ ? place : present_[place]);
+  return displays_.at(place(entry));
 }
 
 std::string_view PickList::key(int entry) const {
-  const auto place = static_cast<std::size_t>(entry);
-  return keys_.at(allPresent_ ? place : present_[place]);
+  return keys_.at(place(entry));
 }
 
 int PickList::indexOf(std::string_view key) const {
-  for (int entry = 0, count = size(); entry < count; ++entry) {
+  for (int entry = 0; entry < sizeUpTo(entry + 1); ++entry) {
     const std::string_view other = this->key(entry);
     if (other.size() == key.size() && strncasecmp(other.data(), key.data(), key.size()) == 0) return entry;
   }

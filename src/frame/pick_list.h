@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -7,6 +8,7 @@
 #include <vector>
 
 #include "store/connection.h"
+#include "store/sql/like.h"
 
 namespace velmo::frame {
 
@@ -28,7 +30,8 @@ struct PickListSource {
 //
 //   read     the statement's rows, display texts and keys each in one buffer
 //   fold     the display texts for all of Unicode, in a second buffer
-//   narrow   scan the folded buffer; a text that extends the last one is looked for among the last result only
+//   narrow   scan the folded buffer, no further than entries are asked for; a text that extends one all of whose
+//            entries are found is looked for among those
 //
 // The entries are read again at the next reset() or narrow() after a row of the source's tables was written through
 // this connection, or after another program changed the file.
@@ -42,7 +45,9 @@ class PickList {
   // The entries that hold the text, as typed.
   void narrow(std::string_view typed);
 
-  int size() const;  // of the present entries
+  int size() const;                // of the present entries; all of them are looked for
+  int sizeUpTo(int wanted) const;  // the same but never above `wanted`: looks for that many only
+  // An entry below what size() or sizeUpTo() gave.
   std::string_view display(int entry) const;
   std::string_view key(int entry) const;
   int indexOf(std::string_view key) const;  // -1 when it is not among the present entries; letters' case is ignored
@@ -59,14 +64,22 @@ class PickList {
     std::uint32_t beginOf(std::size_t i) const { return i == 0 ? 0 : ends[i - 1]; }
   };
 
+  // A search under way.
+  struct Search {
+    std::string literal;                              // folded; what an entry must hold, "" for nothing
+    std::optional<store::sql::LikePattern> rest;      // what it must match besides
+    std::optional<std::vector<std::uint32_t>> among;  // the only entries to look at; nothing: all
+    std::size_t next = 0;                             // the first of them that was not looked at
+    std::vector<std::uint32_t> found;
+  };
+
   void readWhenStale();
   void read();
-  void selectAll();
-  template <typename Test>
-  void keepWhere(Test&& test);
-  void scanWhole(std::string_view folded);
-  void searchPlain(const std::string& folded, bool extendsLast);
-  void searchPattern(std::string_view typed);
+  std::string rarestLiteral(std::string_view typed) const;
+  std::size_t nextHolding(std::string_view literal, std::size_t from) const;
+  std::optional<std::vector<std::uint32_t>> foundWithin(std::string_view literal);
+  bool findNext() const;
+  std::size_t place(int entry) const;
 
   store::Connection& connection_;
   PickListSource source_;
@@ -74,9 +87,8 @@ class PickList {
   Texts displays_;
   Texts keys_;
   Texts folded_;
-  std::vector<std::uint32_t> present_;  // the entries that pass, in order
-  bool allPresent_ = true;              // then present_ is not used
-  std::optional<std::string> lastPlain_;
+  std::array<std::uint32_t, 256> foldedBytes_ = {};  // how often each is in the folded texts
+  mutable std::optional<Search> search_;             // nothing: all entries are present
 };
 
 }  // namespace velmo::frame

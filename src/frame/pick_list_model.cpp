@@ -1,7 +1,5 @@
 #include "frame/pick_list_model.h"
 
-#include <algorithm>
-
 namespace velmo::frame {
 namespace {
 
@@ -18,7 +16,7 @@ PickListModel::PickListModel(QObject* parent) : QAbstractListModel(parent) {}
 void PickListModel::setList(PickList* list) {
   beginResetModel();
   list_ = list;
-  handedOut_ = list_ ? std::min(list_->size(), portion) : 0;
+  handedOut_ = list_ ? list_->sizeUpTo(portion) : 0;
   endResetModel();
 }
 
@@ -26,7 +24,7 @@ void PickListModel::narrow(const QString& typed) {
   if (!list_) return;
   beginResetModel();
   list_->narrow(typed.toStdString());
-  handedOut_ = std::min(list_->size(), portion);
+  handedOut_ = list_->sizeUpTo(portion);
   endResetModel();
 }
 
@@ -42,7 +40,7 @@ QString PickListModel::key(const QModelIndex& index) const {
 }
 
 void PickListModel::handOut(int rows) {
-  const int wanted = std::min(rows, list_->size());
+  const int wanted = list_->sizeUpTo(rows);
   if (wanted <= handedOut_) return;
   beginInsertRows({}, handedOut_, wanted - 1);
   handedOut_ = wanted;
@@ -54,7 +52,7 @@ int PickListModel::rowCount(const QModelIndex& parent) const {
 }
 
 bool PickListModel::canFetchMore(const QModelIndex& parent) const {
-  return !parent.isValid() && list_ && handedOut_ < list_->size();
+  return !parent.isValid() && list_ && handedOut_ < list_->sizeUpTo(handedOut_ + 1);
 }
 
 void PickListModel::fetchMore(const QModelIndex&) {
@@ -62,7 +60,7 @@ void PickListModel::fetchMore(const QModelIndex&) {
 }
 
 QVariant PickListModel::data(const QModelIndex& index, int role) const {
-  if (!index.isValid() || !list_ || index.row() >= list_->size()) return {};
+  if (!index.isValid() || !list_ || index.row() >= list_->sizeUpTo(index.row() + 1)) return {};
   if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return shown(list_->display(index.row()));
   if (role == Qt::UserRole) return key(index);
   return {};

@@ -143,6 +143,7 @@ void Connection::Impl::rollback() noexcept {
   // A failure here means that the database has undone the transaction by itself.
   if (insideTransaction()) sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
   transaction = 0;
+  changes.noteRollback();
   for (const auto& weak : std::exchange(participants, {})) {
     if (const auto participant = weak.lock()) participant->rolledBack();
   }
@@ -200,7 +201,11 @@ std::int64_t Connection::execute(std::string_view statement) {
   if (bound.compiled->kind == sql::StatementKind::Select) {
     throw StoreError(ErrorKind::Statement, "A SELECT is opened as a recordset and cannot be executed.");
   }
-  return impl_->write(bound.compiled->sql, bound.parameters);
+  const std::int64_t rows = impl_->write(bound.compiled->sql, bound.parameters);
+  if (bound.compiled->kind == sql::StatementKind::Delete) {
+    for (const std::string& table : bound.compiled->tables) impl_->changes.noteEmptied(table);
+  }
+  return rows;
 }
 
 bool Connection::inTransaction() const {
@@ -220,18 +225,20 @@ sqlite3* Connection::handle() const {
 
 Connection::Transaction::Transaction(Connection& connection) : connection_(connection.impl_) {
   connection_->begin();
+  number_ = connection_->transaction;
 }
 
 Connection::Transaction::~Transaction() {
-  if (open_ && connection_->transaction != 0) connection_->rollback();
+  if (isOpen()) connection_->rollback();
+}
+
+bool Connection::Transaction::isOpen() const {
+  return connection_->transaction == number_;
 }
 
 void Connection::Transaction::commit() {
-  if (!open_ || connection_->transaction == 0) {
-    throw StoreError(ErrorKind::Misuse, "The transaction has ended already.");
-  }
+  if (!isOpen()) throw StoreError(ErrorKind::Misuse, "The transaction has ended already.");
   connection_->commit();
-  open_ = false;
 }
 
 std::string quoted(std::string_view text) {

@@ -54,13 +54,15 @@ class Connection {
     void commit();
 
    private:
+    bool isOpen() const;  // not after the connection was closed meanwhile
+
     std::shared_ptr<Impl> connection_;
-    bool open_ = true;
+    std::int64_t number_;  // among the transactions of the connection
   };
   bool inTransaction() const;
 
   // Grows when rows of the table were written through this connection, and for every table when another program wrote
-  // to the file: what was read at the same generation is still what is there.
+  // to the file or a transaction was undone: what was read at the same generation is still what is there.
   std::int64_t generationOf(std::string_view table) const;
 
   const Catalog& catalog() const;

@@ -39,6 +39,7 @@ class Cursor {
   virtual void setBookmark(Bookmark row) = 0;
   virtual bool find(std::string_view criterion, SearchFrom from) = 0;
   virtual void setFilter(std::string_view conditions) = 0;
+  virtual std::string filter() const = 0;  // as it was set
   virtual void setSort(std::string_view columns) = 0;
   virtual std::string sort() const = 0;
 

@@ -168,10 +168,10 @@ bool KeysetCursor::find(std::string_view criterion, SearchFrom from) {
 }
 
 void KeysetCursor::setFilter(std::string_view conditions) {
-  const std::optional<RowTest> filter = RowTest::filter(*source_, conditions);
+  std::optional<RowTest> filter = RowTest::filter(*source_, conditions);
   update();
   remember();
-  query_.setFilter(filter);
+  query_.setFilter(std::move(filter));
   looked_ = {};
   moveFirst();
 }

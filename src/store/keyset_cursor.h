@@ -32,6 +32,7 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   void setBookmark(Bookmark row) override;
   bool find(std::string_view criterion, SearchFrom from) override;
   void setFilter(std::string_view conditions) override;
+  std::string filter() const override { return query_.filter() ? query_.filter()->text() : std::string(); }
   void setSort(std::string_view columns) override;
   std::string sort() const override { return sort_; }
 

@@ -95,24 +95,13 @@ bool KeysetQuery::sortsInPassing(Connection::Impl& connection) const {
   return false;
 }
 
-void KeysetQuery::setFilter(const std::optional<RowTest>& filter) {
-  filter_ = {};
-  if (!filter) return;
-  std::vector<Value> parameters = where_.parameters;
-  const std::size_t before = parameters.size();
-  filter_.sql = filter->sql([this](int field) { return columns_[static_cast<std::size_t>(field)]; }, parameters);
-  filter_.parameters.assign(parameters.begin() + static_cast<std::ptrdiff_t>(before), parameters.end());
-}
-
 KeysetQuery::Condition KeysetQuery::base(const RowTest* condition) const {
   Condition all = where_;
-  auto add = [&](const std::string& sql) { all.sql = all.sql.empty() ? sql : "(" + all.sql + ") AND (" + sql + ")"; };
-  if (!filter_.sql.empty()) {
-    all.parameters.insert(all.parameters.end(), filter_.parameters.begin(), filter_.parameters.end());
-    add(filter_.sql);
-  }
-  if (condition != nullptr) {
-    add(condition->sql([this](int field) { return columns_[static_cast<std::size_t>(field)]; }, all.parameters));
+  for (const RowTest* test : {filter_ ? &*filter_ : nullptr, condition}) {
+    if (test == nullptr) continue;
+    const std::string sql =
+        test->sql([this](int field) { return columns_[static_cast<std::size_t>(field)]; }, all.parameters);
+    all.sql = all.sql.empty() ? sql : "(" + all.sql + ") AND (" + sql + ")";
   }
   return all;
 }

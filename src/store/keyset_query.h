@@ -26,7 +26,8 @@ class KeysetQuery {
 
   // None: the statement's own order.
   void orderBy(Connection::Impl& connection, const std::vector<SortItem>& items);
-  void setFilter(const std::optional<RowTest>& filter);
+  void setFilter(std::optional<RowTest> filter) { filter_ = std::move(filter); }
+  const std::optional<RowTest>& filter() const { return filter_; }
 
   // The first or last row in the order; with a condition the first or last that fits it.
   std::optional<WalkedRow> end(Connection::Impl& connection, Direction from, const RowTest* condition = nullptr) const;
@@ -72,7 +73,7 @@ class KeysetQuery {
   std::size_t numberSlot_ = 0;
   std::vector<int> keySlots_;
   Condition where_;
-  Condition filter_;
+  std::optional<RowTest> filter_;
   std::vector<OrderColumn> statementOrder_;
   std::vector<OrderColumn> order_;
 };

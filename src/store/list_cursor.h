@@ -35,6 +35,7 @@ class ListCursor : public Cursor, public TransactionParticipant, public std::ena
   void setBookmark(Bookmark row) override;
   bool find(std::string_view criterion, SearchFrom from) override;
   void setFilter(std::string_view conditions) override;
+  std::string filter() const override { return filter_ ? filter_->text() : std::string(); }
   void setSort(std::string_view columns) override;
   std::string sort() const override { return sort_; }
 

@@ -75,9 +75,10 @@ void Recordset::requery() {
     cursor.requery();
     return;
   }
-  const std::string sort = cursor.sort();
-  impl_->cursor = openHierarchy(cursor.source().connection, impl_->shapeStatement);
-  impl_->cursor->setSort(sort);
+  const std::shared_ptr<Cursor> anew = openHierarchy(cursor.source().connection, impl_->shapeStatement);
+  anew->setSort(cursor.sort());
+  anew->setFilter(cursor.filter());
+  impl_->cursor = anew;
   impl_->cursor->moveFirst();
 }
 

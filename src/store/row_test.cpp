@@ -121,6 +121,7 @@ RowTest RowTest::criterion(const ResultSource& source, std::string_view text) {
   const auto criterion = sql::parseCriterion(text);
   if (!criterion) throw refused(criterion.error(), text);
   RowTest test;
+  test.text_ = text;
   test.alternatives_ = {{bound(source, *criterion, text)}};
   return test;
 }
@@ -130,6 +131,7 @@ std::optional<RowTest> RowTest::filter(const ResultSource& source, std::string_v
   const auto filter = sql::parseFilter(text);
   if (!filter) throw refused(filter.error(), text);
   RowTest test;
+  test.text_ = text;
   for (const auto& criteria : filter->alternatives) {
     auto& comparisons = test.alternatives_.emplace_back();
     for (const sql::Criterion& criterion : criteria) comparisons.push_back(bound(source, criterion, text));

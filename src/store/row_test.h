@@ -21,6 +21,8 @@ class RowTest {
   static RowTest criterion(const ResultSource& source, std::string_view text);
   static std::optional<RowTest> filter(const ResultSource& source, std::string_view text);  // nothing for ""
 
+  const std::string& text() const { return text_; }  // that it was made from
+
   bool passes(const std::function<Value(int field)>& valueOf) const;
   // The same as SQL over the columns of one table, its literals added to `parameters` and numbered there.
   std::string sql(const std::function<std::string(int field)>& columnOf, std::vector<Value>& parameters) const;
@@ -35,6 +37,7 @@ class RowTest {
 
   static Comparison bound(const ResultSource& source, const sql::Criterion& criterion, std::string_view text);
 
+  std::string text_;
   std::vector<std::vector<Comparison>> alternatives_;
 };
 

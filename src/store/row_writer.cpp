@@ -16,7 +16,8 @@ StoreError conflict(const Table& table) {
 }
 
 StoreError noKey(const Table& table) {
-  return {ErrorKind::Misuse, "Rows of " + table.name + " cannot be written because their key is not selected."};
+  const char* reason = table.key.empty() ? "the table has no key." : "their key is not selected.";
+  return {ErrorKind::Misuse, "Rows of " + table.name + " cannot be written because " + reason};
 }
 
 // SQL text with numbered parameters under construction.

@@ -3,17 +3,14 @@
 #include <sqlite3.h>
 
 namespace velmo::store {
-namespace {
 
-std::string lowerCase(std::string_view name) {
+std::string TableChanges::lowerCase(std::string_view name) {
   std::string lower(name);
   for (char& c : lower) {
     if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 0x20);
   }
   return lower;
 }
-
-}  // namespace
 
 void TableChanges::watch(sqlite3* database) {
   database_ = database;
@@ -28,18 +25,18 @@ void TableChanges::rowWritten(void* self, int, const char*, const char* table, l
 std::int64_t TableChanges::generation(std::string_view table) {
   noteOthers();
   const auto written = rowsWritten_.find(lowerCase(table));
-  return changesByOthers_ + (written == rowsWritten_.end() ? 0 : written->second);
+  return changesToAll_ + (written == rowsWritten_.end() ? 0 : written->second);
 }
 
 void TableChanges::noteOthers() {
   sqlite3_stmt* statement = nullptr;
   if (sqlite3_prepare_v2(database_, "PRAGMA data_version", -1, &statement, nullptr) != SQLITE_OK) {
-    ++changesByOthers_;  // unknown: whoever asks reads again
+    ++changesToAll_;  // unknown: whoever asks reads again
     return;
   }
   const std::int64_t version = sqlite3_step(statement) == SQLITE_ROW ? sqlite3_column_int64(statement, 0) : -1;
   sqlite3_finalize(statement);
-  if (version != dataVersion_ || version < 0) ++changesByOthers_;
+  if (version != dataVersion_ || version < 0) ++changesToAll_;
   dataVersion_ = version;
 }
 

@@ -15,17 +15,22 @@ class TableChanges {
  public:
   // From now on the writes through this handle are counted; everything read before counts as changed.
   void watch(sqlite3* database);
+  // A DELETE of all rows empties a table as a whole, without telling of its rows.
+  void noteEmptied(std::string_view table) { ++rowsWritten_[lowerCase(table)]; }
+  // Rows that were read since a write are not there any more.
+  void noteRollback() { ++changesToAll_; }
   // Grows when rows of the table were written through the handle, and for every table when another program wrote to
-  // the file.
+  // the file or writes were undone.
   std::int64_t generation(std::string_view table);
 
  private:
+  static std::string lowerCase(std::string_view name);
   static void rowWritten(void* self, int operation, const char* schema, const char* table, long long row);
   void noteOthers();
 
   sqlite3* database_ = nullptr;
   std::unordered_map<std::string, std::int64_t> rowsWritten_;  // by table name in lower case
-  std::int64_t changesByOthers_ = 0;
+  std::int64_t changesToAll_ = 0;
   std::int64_t dataVersion_ = -1;
 };
 

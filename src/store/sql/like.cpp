@@ -34,10 +34,9 @@ std::vector<char32_t> foldedCharacters(std::string_view text) {
 }
 
 bool isAscii(std::string_view text) {
-  for (const char c : text) {
-    if (static_cast<unsigned char>(c) >= 0x80) return false;
-  }
-  return true;
+  unsigned bits = 0;
+  for (const char c : text) bits |= static_cast<unsigned char>(c);
+  return bits < 0x80;
 }
 
 char lower(char c) {
@@ -153,11 +152,12 @@ bool LikePattern::matches(std::string_view text) const {
 
 std::string foldedText(std::string_view text) {
   std::string result;
-  result.reserve(text.size());
   if (isAscii(text)) {
-    for (const char c : text) result += lower(c);
+    result = text;
+    for (char& c : result) c = lower(c);
     return result;
   }
+  result.reserve(text.size());
   const auto length = static_cast<std::int32_t>(text.size());
   for (std::int32_t at = 0; at < length;) {
     const std::int32_t start = at;
