@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "small_shop.h"
 
 namespace {
@@ -131,6 +133,94 @@ TEST_F(Batch, DeletingTheOwnerTakesTheLinesAlong) {
   Recordset orders = shop.open("SELECT * FROM Orders");
   orders.remove();
   EXPECT_EQ(stored(), "");
+}
+
+TEST_F(Batch, RowThatAnotherChangedKeepsTheBatchOutUntilItIsShownAgain) {
+  Recordset rows = changedLines();
+  shop.connection.execute("UPDATE Lines SET Qty = 5 WHERE LineNo = 1");
+  EXPECT_EQ(failureOf([&] { rows.updateBatch(); }), ErrorKind::Conflict);
+  EXPECT_EQ(stored(), "1A5 2B1 3C1 ");
+  EXPECT_EQ(column(rows, "Item"), "A,C,D,E");
+  rows.requery();
+  EXPECT_EQ(column(rows, "Qty"), "5,1,1");
+  rows.moveFirst();
+  rows.update({{"Qty", 7.0}});
+  rows.updateBatch();
+  EXPECT_EQ(stored(), "1A7 2B1 3C1 ");
+}
+
+// Seeded edits against a plain list of what the grid should hold; now and then a batch that is written, cancelled, or
+// undone with its transaction.
+TEST_F(Batch, AnySequenceOfEditsLeavesWhatAListOfThemWould) {
+  struct Line {
+    std::string item;
+    std::string quantity;
+  };
+  std::mt19937 random(20261122);
+  Recordset rows = lines();
+  std::vector<Line> shown;
+  std::vector<Line> written;
+  const auto textOfLines = [](const std::vector<Line>& all) {
+    std::string text;
+    for (const Line& line : all) text += line.item + line.quantity + " ";
+    return text;
+  };
+  const auto shownText = [](Recordset view) {
+    std::string text;
+    for (view.moveFirst(); !view.eof(); view.moveNext()) text += view.text("Item") + view.text("Qty") + " ";
+    return text;
+  };
+  for (int step = 0; step < 600; ++step) {
+    SCOPED_TRACE(step);
+    const auto at = static_cast<std::int64_t>(shown.empty() ? 0 : random() % shown.size());
+    const std::string quantity = std::to_string(random() % 90);
+    switch (shown.empty() ? 0 : random() % 12) {
+      case 0:
+      case 1:
+      case 2:
+        shown.push_back({"N" + std::to_string(step), quantity});
+        rows.addNew({{"OrderNo", std::int64_t{1}}, {"Item", shown.back().item}, {"Qty", quantity}});
+        break;
+      case 3:
+      case 4:
+      case 5:
+        rows.setAt(at, rows.fieldIndex("Qty"), quantity);
+        shown[static_cast<std::size_t>(at)].quantity = quantity;
+        break;
+      case 6:
+      case 7:
+        rows.moveTo(at);
+        rows.remove();
+        shown.erase(shown.begin() + at);
+        break;
+      case 8:
+        rows.updateBatch();
+        written = shown;
+        break;
+      case 9: {
+        Connection::Transaction undone(shop.connection);
+        rows.updateBatch();
+        EXPECT_EQ(shop.read("SELECT count(*) FROM Lines"), std::to_string(shown.size()));
+        break;
+      }
+      case 10: {
+        Connection::Transaction undone(shop.connection);
+        rows.moveTo(at);
+        rows.remove();
+        rows.addNew({{"OrderNo", std::int64_t{99}}});
+        EXPECT_EQ(failureOf([&] { rows.updateBatch(); }), ErrorKind::Constraint);
+        break;
+      }
+      default:
+        if (random() % 4 != 0) break;
+        rows.cancelBatch();
+        shown = written;
+    }
+    ASSERT_EQ(shownText(rows.clone()), textOfLines(shown));
+    ASSERT_EQ(shop.read("SELECT count(*) FROM Lines"), std::to_string(written.size()));
+  }
+  rows.updateBatch();
+  EXPECT_EQ(shownText(lines(LockType::ReadOnly)), textOfLines(shown));
 }
 
 }  // namespace

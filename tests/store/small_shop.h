@@ -12,7 +12,8 @@
 
 namespace velmo::test {
 
-// A catalogue of a few tables: documents with lines that hang on them, codes of text, every type of column.
+// A catalogue of a few tables: documents with lines that hang on them, codes of text, every type of column, and one
+// table without a key.
 inline const store::Catalog& shopCatalog() {
   using enum store::ColumnType;
   static const store::Catalog catalog({
@@ -33,6 +34,7 @@ inline const store::Catalog& shopCatalog() {
        .relations = {{.column = "OrderNo", .parentTable = "Orders", .parentColumn = "OrderNo", .cascadeDelete = true}},
        .indexes = {{.name = "LinesByOrder", .columns = {"OrderNo"}}}},
       {.name = "Items", .columns = {{"Item", Text}, {"ItemName", Text}, {"Notes", Memo}}, .key = {"Item"}},
+      {.name = "Tally", .columns = {{"Day", Date}, {"Amount", Double}}, .key = {}},
   });
   return catalog;
 }
