@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "printing/painter.h"
+#include "printing/plain_face.h"
 
 namespace velmo::printing {
 
@@ -18,6 +19,25 @@ constexpr int Gap = 24;  // around the sheets, in pixels
 QColor groundColour(const QPalette& palette) {
   const QColor window = palette.color(QPalette::Window);
   return window.lightness() > 128 ? QColor(0xd8, 0xdc, 0xe2) : QColor(0x15, 0x17, 0x1a);
+}
+
+struct Span {
+  double left = 0;  // on the page, in Twips
+  double width = 0;
+};
+
+// Where a line of text shows what is sought; the whole line in scripts whose letters join.
+std::vector<Span> spansOf(const QString& text, const QString& sought, const TextRun& run) {
+  std::vector<Span> spans;
+  const PlainFace& face = plainFace(run.font, run.kind);
+  qsizetype at = text.indexOf(sought, 0, Qt::CaseInsensitive);
+  if (at >= 0 && !face.holds(text)) return {{static_cast<double>(run.at.left), static_cast<double>(run.at.width)}};
+  for (; at >= 0; at = text.indexOf(sought, at + sought.size(), Qt::CaseInsensitive)) {
+    const QStringView whole(text);
+    const double before = face.width(whole.left(at));
+    spans.push_back({run.at.left + before, face.width(whole.left(at + sought.size())) - before});
+  }
+  return spans;
 }
 
 void paintShadow(QPainter& painter, const QRectF& sheet) {
@@ -101,7 +121,9 @@ int PageView::currentPage() const {
 }
 
 void PageView::showPage(int index) {
-  if (index >= pages_.made() && pages_.page(index) != nullptr) relayout();
+  const int known = pages_.made();
+  pages_.page(index);
+  if (pages_.made() != known) relayout();
   if (tops_.empty()) return;
   const auto place = static_cast<std::size_t>(std::clamp(index, 0, static_cast<int>(tops_.size()) - 1));
   verticalScrollBar()->setValue(static_cast<int>(tops_[place]) - Gap);
@@ -115,6 +137,9 @@ void PageView::pagesChanged() {
 }
 
 bool PageView::find(const QString& text, bool backwards) {
+  if (text != sought_) hit_ = {};
+  sought_ = text;
+  viewport()->update();
   if (text.isEmpty()) return false;
   pages_.makeAll();
   relayout();
@@ -143,6 +168,18 @@ bool PageView::find(const QString& text, bool backwards) {
   return false;
 }
 
+void PageView::paintHits(QPainter& painter, int index) const {
+  const Drawing& drawing = pages_.page(index)->drawing;
+  for (int place = 0; place < static_cast<int>(drawing.texts.size()); ++place) {
+    const TextRun& run = drawing.texts[static_cast<std::size_t>(place)];
+    const QString text = drawnText(drawing, run, pages_.total());
+    const bool current = Hit{index, place} == hit_;
+    for (const Span& span : spansOf(text, sought_, run))
+      painter.fillRect(QRectF(span.left - 15, run.at.top - 10, span.width + 30, run.at.height + 20),
+                       current ? QColor(255, 176, 32) : QColor(255, 232, 140));
+  }
+}
+
 void PageView::paintEvent(QPaintEvent*) {
   QPainter painter(viewport());
   painter.fillRect(viewport()->rect(), groundColour(palette()));
@@ -157,10 +194,7 @@ void PageView::paintEvent(QPaintEvent*) {
     painter.translate(paper.topLeft());
     painter.scale(scale_, scale_);
     const Page& page = *pages_.page(index);
-    if (hit_.page == index) {
-      const Frame at = page.drawing.texts[static_cast<std::size_t>(hit_.run)].at;
-      painter.fillRect(QRectF(at.left - 40, at.top, at.width + 80, at.height), QColor(255, 214, 70));
-    }
+    if (!sought_.isEmpty()) paintHits(painter, index);
     paintPage(painter, page, pages_.total());
     painter.restore();
   }

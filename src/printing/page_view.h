@@ -24,7 +24,8 @@ class PageView : public QAbstractScrollArea {
   int currentPage() const;  // index from 0, of the page at the view's middle
   void showPage(int index);
   void pagesChanged();  // more pages were made, or their count is known
-  // The next place behind or before the last find that holds the text, in either case of letters.
+  // The next place behind or before the last find that holds the text, in either case of letters, and round from the
+  // last page to the first. All places are marked; a text that is nowhere, or "", marks none.
   bool find(const QString& text, bool backwards);
 
  Q_SIGNALS:
@@ -49,8 +50,11 @@ class PageView : public QAbstractScrollArea {
   struct Hit {
     int page = -1;
     int run = -1;
+    bool operator==(const Hit&) const = default;
   };
-  Hit hit_;
+  void paintHits(QPainter& painter, int index) const;
+  Hit hit_;         // the one that was found last
+  QString sought_;  // shown wherever it stands
 };
 
 }  // namespace velmo::printing

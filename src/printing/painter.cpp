@@ -1,7 +1,9 @@
 #include "printing/painter.h"
 
+#include <QGlyphRun>
 #include <QPainter>
 
+#include "printing/plain_face.h"
 #include "printing/typesetter.h"
 
 namespace velmo::printing {
@@ -24,35 +26,63 @@ void paintStroke(QPainter& painter, const Stroke& stroke) {
   painter.fillRect(rect, QColor::fromRgba(stroke.colour));
 }
 
-// Sets the state of the painter only where it changes: most runs of a page look like the one before.
+// Draws the plain runs of one font and colour that follow each other, most of a table, as one run of glyphs. Texts of
+// other scripts are shaped one by one.
 class RunPainter {
  public:
   RunPainter(QPainter& painter, const Drawing& drawing, int totalPages)
       : painter_(painter), drawing_(drawing), totalPages_(totalPages) {}
+  ~RunPainter() { drawGathered(); }
+  RunPainter(const RunPainter&) = delete;
+  RunPainter& operator=(const RunPainter&) = delete;
 
   void paint(const TextRun& run) {
-    const QString text = drawnText(drawing_, run, totalPages_);
-    const QFont& font = reportFont(run.font, run.kind);
+    const bool substituted = run.kind == RunKind::TotalPages;
+    const QString changed = substituted ? drawnText(drawing_, run, totalPages_) : QString();
+    const QStringView text = substituted ? QStringView(changed) : QStringView(drawing_.pool).mid(run.first, run.length);
+    const PlainFace& face = plainFace(run.font, run.kind);
+    const bool plain = face.holds(text);
     double left = run.at.left;
-    if (run.kind == RunKind::TotalPages && run.align != Align::Left) {
-      const double room = run.boxWidth - QFontMetricsF(font).horizontalAdvance(text);
+    if (substituted && run.align != Align::Left) {
+      const double width =
+          plain ? face.width(text) : QFontMetricsF(reportFont(run.font, run.kind)).horizontalAdvance(changed);
+      const double room = run.boxWidth - width;
       left = run.boxLeft + (run.align == Align::Right ? room : room / 2);
     }
-    if (font_ != &font) painter_.setFont(font);
-    if (font_ == nullptr || colour_ != run.colour) painter_.setPen(QColor::fromRgba(run.colour));
-    const Qt::LayoutDirection direction = run.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight;
-    if (painter_.layoutDirection() != direction) painter_.setLayoutDirection(direction);
-    font_ = &font;
+    if (!plain || run.colour != colour_ || !(run.font == font_)) drawGathered();
     colour_ = run.colour;
-    painter_.drawText(QPointF(left, run.baseline), text);
+    font_ = run.font;
+    if (plain)
+      face.append(text, QPointF(left, run.baseline), gathered_);
+    else
+      drawShaped(run, QPointF(left, run.baseline), text.toString());
   }
 
  private:
+  void drawGathered() {
+    if (gathered_.indexes.empty()) return;
+    QGlyphRun glyphs;
+    glyphs.setRawFont(plainFace(font_, RunKind::Words).rawFont());
+    glyphs.setRawData(gathered_.indexes.data(), gathered_.places.data(), static_cast<int>(gathered_.indexes.size()));
+    painter_.setPen(QColor::fromRgba(colour_));
+    painter_.drawGlyphRun(QPointF(), glyphs);
+    gathered_.indexes.clear();
+    gathered_.places.clear();
+  }
+
+  void drawShaped(const TextRun& run, QPointF at, const QString& text) {
+    painter_.setFont(reportFont(run.font, run.kind));
+    painter_.setPen(QColor::fromRgba(run.colour));
+    painter_.setLayoutDirection(run.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    painter_.drawText(at, text);
+  }
+
   QPainter& painter_;
   const Drawing& drawing_;
   int totalPages_;
-  const QFont* font_ = nullptr;
-  QRgb colour_ = 0;
+  GlyphPlaces gathered_;
+  FontSpec font_ = {};
+  QRgb colour_ = ink::Black;
 };
 
 }  // namespace
@@ -72,8 +102,10 @@ void paintPage(QPainter& painter, const Page& page, int totalPages) {
   for (const PlacedPicture& picture : drawing.pictures)
     painter.drawImage(QRectF(picture.at.left, picture.at.top, picture.at.width, picture.at.height), picture.image);
   for (const Stroke& stroke : drawing.strokes) paintStroke(painter, stroke);
-  RunPainter texts(painter, drawing, totalPages);
-  for (const TextRun& run : drawing.texts) texts.paint(run);
+  {
+    RunPainter texts(painter, drawing, totalPages);
+    for (const TextRun& run : drawing.texts) texts.paint(run);
+  }
   painter.restore();
 }
 

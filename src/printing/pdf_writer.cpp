@@ -1,10 +1,5 @@
 #include "printing/pdf_writer.h"
 
-#include <QPainter>
-#include <QPdfWriter>
-#include <QSaveFile>
-
-#include "printing/paginator.h"
 #include "printing/painter.h"
 
 namespace velmo::printing {
@@ -22,37 +17,66 @@ QPageLayout layoutOf(const Page& page) {
 
 }  // namespace
 
-std::optional<std::string> writePdf(const Report& report, const std::string& path, const Progress& progress) {
-  QSaveFile file(QString::fromStdString(path));
-  const auto problem = [&] {
-    return "The file '" + path + "' could not be written: " + file.errorString().toStdString() + ".";
-  };
-  if (!file.open(QIODevice::WriteOnly)) return problem();
+PdfJob::PdfJob(const Report& report, std::string path, int countedPages)
+    : report_(report), path_(std::move(path)), file_(QString::fromStdString(path_)) {
+  total_ = countedPages;
+  if (!file_.open(QIODevice::WriteOnly))
+    refused();
+  else if (total_ == 0)
+    counting_ = std::make_unique<Paginator>(report_, Output::HeightsOnly);
+}
 
-  const int total = countPages(report);
-  {
-    Paginator paginator(report);
-    std::optional<Page> page = paginator.next();
-    QPdfWriter writer(&file);
-    writer.setResolution(TwipsPerInch);
-    writer.setTitle(QString::fromStdString(report.title));
-    writer.setCreator(QString::fromStdString(report.author));
-    writer.setPageLayout(layoutOf(*page));
-    QPainter painter;
-    if (!painter.begin(&writer)) return problem();
-    for (int written = 0; page; page = paginator.next()) {
-      if (written > 0) {
-        writer.setPageLayout(layoutOf(*page));
-        writer.newPage();
-      }
-      paintPage(painter, *page, total);
-      ++written;
-      if (progress && !progress(written, total)) return "";
+bool PdfJob::refused() {
+  return failed("The file '" + path_ + "' could not be written: " + file_.errorString().toStdString() + ".");
+}
+
+bool PdfJob::step() {
+  if (problem()) return false;
+  if (counting_) {
+    if (counting_->next())
+      ++counted_;
+    else {
+      counting_.reset();
+      total_ = counted_;
     }
-    painter.end();
+    return true;
   }
-  if (file.error() != QFileDevice::NoError || !file.commit()) return problem();
-  return std::nullopt;
+  if (!paginator_) paginator_ = std::make_unique<Paginator>(report_);
+  const std::optional<Page> page = paginator_->next();
+  if (!page) return finish();
+  if (written_ == 0) {
+    if (!begin(*page)) return refused();
+  } else {
+    writer_->setPageLayout(layoutOf(*page));
+    writer_->newPage();
+  }
+  paintPage(painter_, *page, total_);
+  ++written_;
+  return file_.error() == QFileDevice::NoError || refused();
+}
+
+bool PdfJob::begin(const Page& first) {
+  writer_ = std::make_unique<QPdfWriter>(&file_);
+  writer_->setResolution(TwipsPerInch);
+  writer_->setTitle(QString::fromStdString(report_.title));
+  writer_->setCreator(QString::fromStdString(report_.author));
+  writer_->setPageLayout(layoutOf(first));
+  return painter_.begin(writer_.get());
+}
+
+// The end of the file is written as the painter ends; only then is it known that all of it stands.
+bool PdfJob::finish() {
+  painter_.end();
+  writer_.reset();
+  if (file_.error() != QFileDevice::NoError || !file_.commit()) return refused();
+  return false;
+}
+
+std::optional<std::string> writePdf(const Report& report, const std::string& path, const Progress& progress) {
+  PdfJob job(report, path);
+  while (job.step())
+    if (progress && !progress(job.written(), job.total())) return "";
+  return job.problem();
 }
 
 }  // namespace velmo::printing

@@ -1,20 +1,45 @@
 #pragma once
 
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
 #include <functional>
-#include <optional>
-#include <string>
+#include <memory>
 
-#include "printing/report.h"
+#include "printing/page_job.h"
+#include "printing/paginator.h"
 
 namespace velmo::printing {
 
-// Called with the pages written so far and their count, 0 when it is not known; false stops the writing.
+// Writes a report as a PDF file with real text and embedded fonts, page by page, so that memory does not grow with the
+// pages. The file appears under its name only when it is whole; an older one is replaced then. Text of the paths is
+// UTF-8. The report must outlive the job.
+class PdfJob : public PageJob {
+ public:
+  // Pages that are already counted are not counted again; 0 when they are not.
+  PdfJob(const Report& report, std::string path, int countedPages = 0);
+  bool step() override;
+
+ private:
+  bool begin(const Page& first);
+  bool finish();
+  bool refused();
+
+  const Report& report_;
+  const std::string path_;
+  QSaveFile file_;
+  std::unique_ptr<Paginator> counting_;  // while the pages are counted
+  int counted_ = 0;
+  std::unique_ptr<Paginator> paginator_;
+  std::unique_ptr<QPdfWriter> writer_;
+  QPainter painter_;
+};
+
+// Called with the pages written so far and their count, 0 while they are counted; false stops the writing.
 using Progress = std::function<bool(int written, int total)>;
 
-// Writes a report as a PDF file with real text and embedded fonts, page by page, so that memory does not grow with the
-// pages. The file appears under its name only when it is whole; an older one is replaced then. Returns the reason as a
-// full sentence when it could not be written, "" when the progress stopped it, and nothing when the file stands. Text
-// of the paths is UTF-8. Failures of the data throw as they come, and leave no file.
+// The whole job at once. Returns the reason as a full sentence when the file could not be written, "" when the progress
+// stopped it, and nothing when the file stands. Failures of the data throw as they come, and leave no file.
 [[nodiscard]] std::optional<std::string> writePdf(const Report& report, const std::string& path,
                                                   const Progress& progress = {});
 

@@ -4,25 +4,32 @@
 #include <QTimer>
 #include <QToolBar>
 #include <functional>
+#include <memory>
 
+#include "printing/page_job.h"
 #include "printing/page_view.h"
 #include "session/prompts.h"
 
 class QAction;
+class QComboBox;
 class QLabel;
 class QLineEdit;
+class QProgressBar;
+class QPushButton;
 class QSpinBox;
 
 namespace velmo::printing {
 
 // A report on the screen: pages, zoom, find, print, save as PDF. The first page shows at once, the others are made in
-// idle moments. Deletes itself when it is closed.
+// idle moments; printing and saving go on in such moments too, with a progress bar, and can be stopped. Several may be
+// open, and none holds up the screens. Deletes itself when it is closed.
 class PreviewWindow : public QMainWindow {
   Q_OBJECT
 
  public:
   // `files` must outlive the window.
   PreviewWindow(Report report, session::FileChooser& files, QWidget* parent = nullptr);
+  ~PreviewWindow() override;
 
   // Called once, when the window closes: the caller lets go of the rows that were printed.
   void onClosed(std::function<void()> action) { closed_ = std::move(action); }
@@ -31,20 +38,31 @@ class PreviewWindow : public QMainWindow {
 
   void print();
   void savePdf();
+  // Prints or saves in idle moments. `doing` stands before "page 3 of 9", `done` is said at the end.
+  void run(std::unique_ptr<PageJob> job, const QString& doing, const QString& done);
+  bool isRunning() const { return job_ != nullptr; }
+  void stop();  // what runs
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  QAction* addCommand(const QString& name, const QString& caption, const QKeySequence& keys,
+  QAction* addCommand(const QString& name, const QString& caption, const QString& hint, const QKeySequence& keys,
                       std::function<void()> action);
+  void addKey(const QKeySequence& keys, std::function<void()> action);
   void buildBar();
+  void addPageCommands();
   void addPageBox();
+  void addZoomCommands();
   void addFindBox();
+  void buildStatus();
   void makeMore();
+  void workOn();
+  void endJob(const QString& message);
   void showState();
+  void chooseZoom(const QString& choice);
   void find(bool backwards);
-  void fail(const std::string& reason);
 
   PageSource pages_;
   session::FileChooser& files_;
@@ -52,13 +70,21 @@ class PreviewWindow : public QMainWindow {
   QToolBar* bar_ = nullptr;
   QSpinBox* pageBox_ = nullptr;
   QLabel* totalLbl_ = nullptr;
-  QLabel* zoomLbl_ = nullptr;
+  QComboBox* zoomBox_ = nullptr;
   QLineEdit* findTxt_ = nullptr;
+  QAction* printBttn_ = nullptr;
+  QAction* pdfBttn_ = nullptr;
+  QProgressBar* progress_ = nullptr;
+  QPushButton* stopBttn_ = nullptr;
   QTimer idle_;
+  QTimer work_;
+  std::unique_ptr<PageJob> job_;
+  QString doing_;
+  QString done_;
   std::function<void()> closed_;
 };
 
-// Opens the preview; with a parent it is modal to the parent's window.
+// Opens the preview. It closes with the window that `parent` stands in, and goes behind it when that is clicked.
 PreviewWindow* showPreview(QWidget* parent, Report report, session::FileChooser& files,
                            std::function<void()> onClosed = {});
 

@@ -1,39 +1,65 @@
 #include "printing/printer.h"
 
-#include <QPainter>
 #include <QPrinter>
 
 #include "printing/painter.h"
 
 namespace velmo::printing {
 
-std::optional<std::string> printPages(PageSource& pages, QPrinter& printer) {
-  pages.makeAll();
-  const int last = printer.toPage() > 0 ? std::min(printer.toPage(), pages.total()) : pages.total();
-  const int first = std::max(printer.fromPage(), 1);
-  if (first > last) return "The report has no page " + std::to_string(first) + ".";
-  const auto setPaper = [&](const Page& page) {
-    const QSizeF size(page.width / 20.0, page.height / 20.0);
-    printer.setPageSize(QPageSize(size, QPageSize::Point, {}, QPageSize::FuzzyMatch));
-  };
-  printer.setFullPage(true);
-  printer.setDocName(QString::fromStdString(pages.report().title));
-  setPaper(*pages.page(first - 1));
-  QPainter painter;
-  if (!painter.begin(&printer)) return "The printer '" + printer.printerName().toStdString() + "' did not start.";
-  const double scale = printer.logicalDpiX() / 1440.0;
-  for (int number = first; number <= last; ++number) {
-    const Page& page = *pages.page(number - 1);
-    if (number > first) {
-      setPaper(page);
-      if (!printer.newPage()) return "The printer refused page " + std::to_string(number) + ".";
-    }
-    painter.save();
-    painter.scale(scale, scale);
-    paintPage(painter, page, pages.total());
-    painter.restore();
+namespace {
+
+constexpr int CountingSlice = 20;  // milliseconds of page making in one step
+
+}  // namespace
+
+PrintJob::PrintJob(PageSource& pages, std::unique_ptr<QPrinter> printer)
+    : pages_(pages), printer_(std::move(printer)) {}
+
+PrintJob::~PrintJob() {
+  if (!painter_.isActive()) return;
+  printer_->abort();
+  painter_.end();
+}
+
+void PrintJob::setPaper(const Page& page) {
+  const QSizeF size(page.width / 20.0, page.height / 20.0);
+  printer_->setPageSize(QPageSize(size, QPageSize::Point, {}, QPageSize::FuzzyMatch));
+}
+
+bool PrintJob::begin() {
+  last_ = printer_->toPage() > 0 ? std::min(printer_->toPage(), pages_.total()) : pages_.total();
+  next_ = std::max(printer_->fromPage(), 1);
+  if (next_ > last_) return failed("The report has no page " + std::to_string(next_) + ".");
+  total_ = last_ - next_ + 1;
+  printer_->setFullPage(true);
+  printer_->setDocName(QString::fromStdString(pages_.report().title));
+  setPaper(*pages_.page(next_ - 1));
+  if (!painter_.begin(printer_.get()))
+    return failed("The printer '" + printer_->printerName().toStdString() + "' did not start.");
+  return true;
+}
+
+bool PrintJob::step() {
+  if (problem()) return false;
+  if (!pages_.complete()) {
+    pages_.makeFor(CountingSlice);
+    return true;
   }
-  return std::nullopt;
+  if (next_ == 0 && !begin()) return false;
+  const Page& page = *pages_.page(next_ - 1);
+  if (written_ > 0) {
+    setPaper(page);
+    if (!printer_->newPage()) return failed("The printer refused page " + std::to_string(next_) + ".");
+  }
+  const double scale = printer_->logicalDpiX() / 1440.0;
+  painter_.save();
+  painter_.scale(scale, scale);
+  paintPage(painter_, page, pages_.total());
+  painter_.restore();
+  ++written_;
+  if (++next_ <= last_) return true;
+  painter_.end();
+  return false;
 }
 
 }  // namespace velmo::printing

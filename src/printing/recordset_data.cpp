@@ -12,7 +12,13 @@ class RecordsetRows : public ReportRows {
  public:
   explicit RecordsetRows(store::Recordset recordset) : recordset_(std::move(recordset)) {}
 
-  bool next() override { return ++position_ < recordset_.recordCount(); }
+  // A long result is read as the walk comes to it, so that the first page need not wait for the last row.
+  bool next() override {
+    constexpr int RowsAtOnce = 500;
+    ++position_;
+    while (position_ >= recordset_.fetchedCount() && recordset_.hasMoreRows()) recordset_.fetchMore(RowsAtOnce);
+    return position_ < recordset_.fetchedCount();
+  }
 
   store::Value value(std::string_view field) const override { return recordset_.valueAt(position_, index(field)); }
 

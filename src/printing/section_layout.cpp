@@ -113,7 +113,7 @@ SectionLayout::Placed SectionLayout::measure(const Element& element, const TextS
 // Where a frame comes to stand below a row: it follows the row upwards whole, and downwards as far as it must.
 Twips SectionLayout::topBelow(const std::vector<std::size_t>& row, Twips designTop,
                               const std::vector<Element>& elements, const std::vector<Placed>& placed) {
-  constexpr Twips LeastGap = mm(1.5);
+  constexpr Twips LeastGap = mm(2.5);
   if (row.empty()) return designTop;
   Twips top = std::numeric_limits<Twips>::min();
   for (const std::size_t index : row) {

@@ -1,9 +1,10 @@
 #include "printing/typesetter.h"
 
-#include <QFontMetricsF>
 #include <QTextLayout>
 #include <algorithm>
 #include <cmath>
+
+#include "printing/plain_face.h"
 
 namespace velmo::printing {
 
@@ -62,33 +63,13 @@ RunKind Typesetter::kindOf(const QString& text) {
   return std::all_of(text.begin(), text.end(), isFigure) ? RunKind::Figures : RunKind::Words;
 }
 
-const Typesetter::Face& Typesetter::face(const FontSpec& font) {
-  const auto key = keyOf(font);
-  const auto found = faces_.find(key);
-  if (found != faces_.end()) return found->second;
-  Face face;
-  const QFontMetricsF metrics(reportFont(font, RunKind::Figures));
-  for (char16_t code = 0x20; code < 0x7f; ++code)
-    face.advances[code] = static_cast<float>(metrics.horizontalAdvance(QChar(code)));
-  return faces_.emplace(key, face).first->second;
-}
-
-// Most texts of a report are short and plain: the sum of their characters tells that they fit. Kerning may widen words
-// a little, so that words get some room to spare.
 bool Typesetter::setOneLine(const QString& text, const FontSpec& font, Twips width, RunKind kind) {
-  const Face& metrics = face(font);
-  float sum = 0;
-  for (const QChar character : text) {
-    if (character.unicode() < 0x20 || character.unicode() >= 0x7f) return false;
-    sum += metrics.advances[character.unicode()];
-  }
-  if (kind != RunKind::Figures) {
-    if (sum * 1.03F > static_cast<float>(width)) return false;
-    if (kind == RunKind::Words) sum = static_cast<float>(QFontMetricsF(reportFont(font, kind)).horizontalAdvance(text));
-  }
-  if (sum > static_cast<float>(width)) return false;
+  const PlainFace& face = plainFace(font, kind);
+  if (!face.holds(text)) return false;
+  const float needed = face.width(text);
+  if (needed > static_cast<float>(width)) return false;
   const double size = points(font.size);
-  lines_.push_back({0, text.size(), static_cast<Twips>(std::lround(sum)), static_cast<Twips>(size * LatinAscent),
+  lines_.push_back({0, text.size(), static_cast<Twips>(std::lround(needed)), static_cast<Twips>(size * LatinAscent),
                     static_cast<Twips>(size * LatinDescent), false});
   return true;
 }

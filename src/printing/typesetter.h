@@ -2,7 +2,6 @@
 
 #include <QFont>
 #include <QString>
-#include <map>
 #include <vector>
 
 #include "printing/page.h"
@@ -34,15 +33,9 @@ class Typesetter {
   static RunKind kindOf(const QString& text);
 
  private:
-  struct Face {
-    std::array<float, 128> advances{};  // of ASCII, without kerning
-  };
-
-  const Face& face(const FontSpec& font);
   bool setOneLine(const QString& text, const FontSpec& font, Twips width, RunKind kind);
   void setParagraph(const QString& text, qsizetype first, const FontSpec& font, Twips width, RunKind kind);
 
-  std::map<std::tuple<int, Weight, Slant>, Face> faces_;
   std::vector<TextLine> lines_;
 };
 

@@ -84,7 +84,7 @@ Section voucherHead(Report& report, const VoucherSheet& sheet, const std::vector
   head.elements.push_back(caption({0, top + mm(5.4), mm(26), mm(4.4)}, "Description :"));
   head.elements.push_back(value("Desc", {mm(26), top + mm(5.4), width - mm(26), mm(4.4)}, "desc"));
   head.elements.back().font = {};
-  head.height = top + mm(13);
+  head.height = top + mm(10.5);
   addColumnHeadings(head, columns, width);
   return head;
 }

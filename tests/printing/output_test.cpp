@@ -3,11 +3,15 @@
 #include <QFile>
 #include <QImage>
 #include <QPainter>
+#include <QPrinter>
 #include <QTemporaryDir>
 
 #include "printing/pdf_writer.h"
-#include "printing/preview_window.h"
+#include "printing/plain_face.h"
+#include "printing/printer.h"
+#include "printing/typesetter.h"
 #include "sample_report.h"
+#include "store/error.h"
 
 namespace velmo::printing::test {
 namespace {
@@ -39,9 +43,80 @@ TEST(PdfWriter, WritesWholeFilesOnly) {
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
   EXPECT_EQ(file.readAll(), first);
   EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
-  const auto problem = writePdf(listOf(1), folder.filePath(QStringLiteral("no/such/folder.pdf")).toStdString());
-  ASSERT_TRUE(problem.has_value());
-  EXPECT_NE(problem->find("could not be written"), std::string::npos);
+}
+
+TEST(PdfWriter, RefusedFilesAreToldInASentenceAndLeaveNothing) {
+  const QTemporaryDir folder;
+  QDir(folder.path()).mkdir(QStringLiteral("taken.pdf"));
+  for (const char* name : {"no/such/folder.pdf", "taken.pdf"}) {
+    const std::string path = folder.path().toStdString() + "/" + name;
+    const auto problem = writePdf(listOf(1), path);
+    ASSERT_TRUE(problem.has_value()) << path;
+    EXPECT_EQ(problem->rfind("The file '" + path + "' could not be written: ", 0), 0U) << *problem;
+    EXPECT_EQ(problem->back(), '.');
+  }
+  EXPECT_TRUE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).isEmpty());
+}
+
+TEST(PdfWriter, DataThatFailsLeavesNoFile) {
+  const QTemporaryDir folder;
+  ReportDesign design = smallSheet();
+  design.detail = showing("name");
+  std::vector<DataRow> data = rows(30);
+  data.push_back({.fields = {{"another", std::string("field")}}, .chapters = {}});
+  EXPECT_THROW((void)writePdf(reportOf(design, data), folder.filePath(QStringLiteral("list.pdf")).toStdString()),
+               store::StoreError);
+  EXPECT_TRUE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).isEmpty());
+}
+
+// As another program reads the file.
+QString readBy(const char* program, const QStringList& arguments) {
+  QProcess reader;
+  reader.start(QLatin1String(program), arguments);
+  return reader.waitForFinished() ? QString::fromUtf8(reader.readAllStandardOutput()) : QString();
+}
+
+TEST(PdfWriter, TextIsSearchableAndTheFileBearsItsTitle) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath(QStringLiteral("list.pdf"));
+  ReportDesign design = smallSheet();
+  design.detail = showing("name");
+  design.pageFooter = labelled("Page  %p  of  %P");
+  Report report = reportOf(design, {row("Wave & Tide (fi, fl) 1,234.50"), row("Žluťoučký kůň")});
+  report.title = "Größe";
+  report.author = "Harbour Timber";
+  ASSERT_EQ(writePdf(report, path.toStdString()), std::nullopt);
+  const QString text = readBy("pdftotext", {QStringLiteral("-layout"), path, QStringLiteral("-")});
+  const QString facts = readBy("pdfinfo", {path});
+  if (text.isEmpty() || facts.isEmpty()) GTEST_SKIP() << "no program to read the file";
+  for (const char* words : {"Wave & Tide (fi, fl) 1,234.50", "Žluťoučký kůň", "Page 1 of 1"})
+    EXPECT_TRUE(text.simplified().contains(QString::fromUtf8(words))) << words << " in " << text.toStdString();
+  for (const char* words : {"Größe", "Harbour Timber"})
+    EXPECT_TRUE(facts.contains(QString::fromUtf8(words))) << words << " in " << facts.toStdString();
+}
+
+TEST(PrintJob, SendsTheRangeThatWasAskedFor) {
+  const struct {
+    int from;
+    int to;
+    int written;  // of three
+  } cases[] = {{0, 0, 3}, {2, 2, 1}, {2, 9, 2}, {4, 5, 0}};
+  for (const auto& [from, to, written] : cases) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("printed.pdf"));
+    PageSource pages(listOf(25));
+    auto printer = std::make_unique<QPrinter>();
+    printer->setOutputFileName(path);
+    if (from > 0) printer->setFromTo(from, to);
+    PrintJob job(pages, std::move(printer));
+    while (job.step()) {
+    }
+    EXPECT_EQ(job.written(), written) << from << " to " << to;
+    EXPECT_EQ(job.total(), written);
+    EXPECT_EQ(job.problem().value_or(""), written > 0 ? "" : "The report has no page 4.");
+    QFile file(path);
+    EXPECT_EQ(file.open(QIODevice::ReadOnly) ? pageObjects(file.readAll()) : 0, written);
+  }
 }
 
 TEST(Painter, DrawsTextWhereThePageSays) {
@@ -64,48 +139,17 @@ TEST(Painter, DrawsTextWhereThePageSays) {
   EXPECT_EQ(outside, 0);
 }
 
-class NamedFile : public session::FileChooser {
- public:
-  explicit NamedFile(std::string path) : path_(std::move(path)) {}
-  std::string openFile(const std::string&, const std::string&, const std::string&) override { return {}; }
-  std::string saveFile(const std::string&, const std::string&, const std::string& proposed) override {
-    proposed_ = proposed;
-    return path_;
+TEST(Painter, PlainGlyphsStandWhereShapedTextWould) {
+  const FontSpec spec{.size = 17, .weight = Weight::Bold};
+  for (const QString& text : {QStringLiteral("AVATAR To. Wave"), QStringLiteral("(1,234.50)"), QString(u'x')}) {
+    const RunKind kind = Typesetter::kindOf(text);
+    const PlainFace& face = plainFace(spec, kind);
+    ASSERT_TRUE(face.holds(text));
+    const double shaped = QFontMetricsF(reportFont(spec, kind)).horizontalAdvance(text);
+    EXPECT_NEAR(face.width(text), shaped, 0.01 * shaped) << text.toStdString();
   }
-  std::string path_;
-  std::string proposed_;
-};
-
-TEST(PreviewWindow, KeysTurnPagesZoomFindSaveAndClose) {
-  const QTemporaryDir folder;
-  NamedFile files(folder.filePath(QStringLiteral("saved.pdf")).toStdString());
-  int closed = 0;
-  QPointer<PreviewWindow> window = showPreview(nullptr, listOf(95), files, [&] { ++closed; });
-  const auto trigger = [&](const char* name) { window->findChild<QAction*>(QLatin1String(name))->trigger(); };
-  PageView& view = window->view();
-  EXPECT_GE(window->pages().made(), 1);
-  trigger("LastBttn");
-  EXPECT_EQ(view.currentPage(), 9);
-  trigger("PrevBttn");
-  EXPECT_EQ(view.currentPage(), 8);
-  trigger("FirstBttn");
-  trigger("NextBttn");
-  EXPECT_EQ(window->findChild<QSpinBox*>(QStringLiteral("PageBox"))->value(), 2);
-  view.setZoom(10);
-  EXPECT_EQ(view.zoom(), PageView::LeastZoom);
-  trigger("ZoomInBttn");
-  EXPECT_EQ(view.zoom(), 75);
-  trigger("FitPageBttn");
-  EXPECT_TRUE(view.find(QStringLiteral("R77"), false));
-  EXPECT_EQ(view.currentPage(), 7);
-  EXPECT_FALSE(view.find(QStringLiteral("no such text"), false));
-  trigger("PdfBttn");
-  EXPECT_EQ(files.proposed_, "Sample.pdf");
-  EXPECT_TRUE(QFile::exists(QString::fromStdString(files.path_)));
-  trigger("CloseBttn");
-  EXPECT_EQ(closed, 1);
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  EXPECT_TRUE(window.isNull());
+  for (const QString& text : {QStringLiteral("é"), QStringLiteral("ہتھوڑا"), QString(TotalPagesMark)})
+    EXPECT_FALSE(plainFace(spec, RunKind::Words).holds(text)) << text.toStdString();
 }
 
 }  // namespace

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace velmo::printing {
+
+// Work that goes through the pages of a report one at a time, so that whoever runs it can repaint, tell how far it is,
+// and stop between two of them by letting go of it: what it has written by then is taken back where that can be.
+class PageJob {
+ public:
+  PageJob() = default;
+  virtual ~PageJob() = default;
+  PageJob(const PageJob&) = delete;
+  PageJob& operator=(const PageJob&) = delete;
+
+  // Does the next piece. False when there is nothing more to do, or it has failed. Failures of the data throw as they
+  // come; the job is over then.
+  virtual bool step() = 0;
+  int written() const { return written_; }
+  int total() const { return total_; }  // 0 until the pages are counted
+  // A full sentence when it has failed.
+  const std::optional<std::string>& problem() const { return problem_; }
+
+ protected:
+  bool failed(std::string sentence) {
+    problem_ = std::move(sentence);
+    return false;
+  }
+
+  int written_ = 0;
+  int total_ = 0;
+
+ private:
+  std::optional<std::string> problem_;
+};
+
+}  // namespace velmo::printing

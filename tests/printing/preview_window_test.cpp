@@ -1,0 +1,228 @@
+#include "printing/preview_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QTemporaryDir>
+#include <QToolBar>
+#include <QWindow>
+
+#include "sample_report.h"
+#include "store/error.h"
+
+namespace velmo::printing::test {
+namespace {
+
+class NamedFile : public session::FileChooser {
+ public:
+  std::string openFile(const std::string&, const std::string&, const std::string&) override { return {}; }
+  std::string saveFile(const std::string&, const std::string&, const std::string& proposed) override {
+    proposed_ = proposed;
+    return path_;
+  }
+  std::string path_ = {};
+  std::string proposed_ = {};
+};
+
+class PreviewWindowTest : public testing::Test {
+ protected:
+  ~PreviewWindowTest() override { delete window_; }
+
+  void show(int count, QWidget* parent = nullptr) {
+    ReportDesign design = smallSheet();
+    design.detail = showing("name");
+    window_ = showPreview(parent, reportOf(design, rows(count)), files_, [this] { ++closed_; });
+    window_->resize(900, 600);
+  }
+  PageView& view() { return window_->view(); }
+  template <typename Control>
+  Control& control(const char* name) {
+    return *window_->findChild<Control*>(QLatin1String(name));
+  }
+  // As the keyboard finds it, whichever control has the focus.
+  void press(const QKeySequence& keys) {
+    for (QAction* action : window_->actions())
+      if (action->shortcut() == keys) return action->trigger();
+    ADD_FAILURE() << keys.toString().toStdString() << " does nothing";
+  }
+  template <typename Condition>
+  static bool comesTrue(Condition condition) {
+    constexpr int Longest = 60000;  // milliseconds, on a machine that has much else to do
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition() && timer.elapsed() < Longest) QCoreApplication::processEvents();
+    return condition();
+  }
+  static bool holds(const QPointer<PreviewWindow>& window) {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return !window.isNull();
+  }
+
+  const QTemporaryDir folder_ = {};
+  NamedFile files_ = {};
+  int closed_ = 0;
+  QPointer<PreviewWindow> window_ = {};
+};
+
+TEST_F(PreviewWindowTest, KeysTurnThePages) {
+  show(95);
+  EXPECT_GE(window_->pages().made(), 1);
+  const struct {
+    QKeySequence keys;
+    int page;  // of ten
+  } steps[] = {{Qt::Key_PageDown, 2},        {Qt::CTRL | Qt::Key_End, 10}, {Qt::Key_PageDown, 10}, {Qt::Key_PageUp, 9},
+               {Qt::CTRL | Qt::Key_Home, 1}, {Qt::Key_PageUp, 1},          {QKeySequence::Find, 1}};
+  for (const auto& [keys, page] : steps) {
+    press(keys);
+    EXPECT_EQ(view().currentPage(), page - 1) << keys.toString().toStdString();
+    EXPECT_EQ(control<QSpinBox>("PageBox").value(), page) << keys.toString().toStdString();
+  }
+  EXPECT_EQ(control<QLabel>("TotalLbl").text(), QStringLiteral(" of 10 "));
+  control<QSpinBox>("PageBox").setValue(7);
+  EXPECT_EQ(view().currentPage(), 6);
+}
+
+TEST_F(PreviewWindowTest, ZoomHasItsBoundsAndFits) {
+  show(3);
+  auto& box = control<QComboBox>("ZoomBox");
+  const struct {
+    const char* typed;
+    int zoom;
+  } cases[] = {{"130 %", 130}, {"130", 130}, {"10", 50}, {"9999%", 400}, {"wide", 400}, {"-5", 400}};
+  for (const auto& [typed, zoom] : cases) {
+    Q_EMIT box.textActivated(QLatin1String(typed));
+    EXPECT_EQ(view().zoom(), zoom) << typed;
+    EXPECT_EQ(box.currentText(), QStringLiteral("%1 %").arg(zoom)) << typed;
+  }
+  view().setZoom(100);
+  press(QKeySequence::ZoomIn);
+  EXPECT_EQ(view().zoom(), 125);
+  press(QKeySequence::ZoomOut);
+  EXPECT_EQ(view().zoom(), 100);
+  press(Qt::CTRL | Qt::Key_1);
+  const int wide = view().zoom();
+  press(Qt::CTRL | Qt::Key_2);
+  EXPECT_GT(wide, view().zoom());
+}
+
+TEST_F(PreviewWindowTest, FindGoesRoundInBothDirectionsAndMarksTheHits) {
+  show(95);
+  const struct {
+    const char* sought;
+    bool backwards;
+    int page;  // 0: not found
+  } steps[] = {{"R77", false, 8}, {"r77", false, 8}, {"r1", false, 1}, {"r95", false, 10},
+               {"r9", true, 10},  {"xyz", false, 0}, {"r5", false, 1}};
+  for (const auto& [sought, backwards, page] : steps) {
+    press(Qt::CTRL | Qt::Key_Home);
+    EXPECT_EQ(view().find(QLatin1String(sought), backwards), page > 0) << sought;
+    if (page > 0) {
+      EXPECT_EQ(view().currentPage(), page - 1) << sought;
+    }
+  }
+  auto& box = control<QLineEdit>("FindTxt");
+  box.setText(QStringLiteral("no such text"));
+  press(Qt::Key_F3);
+  EXPECT_EQ(window_->statusBar()->currentMessage(), QStringLiteral("\"no such text\" is not in this report."));
+
+  const auto marked = [&] {
+    const QImage image = view().viewport()->grab().toImage();
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x) {
+        const QColor colour = image.pixelColor(x, y);
+        if (colour.red() > 240 && colour.blue() < 160 && colour.green() > 160) ++count;
+      }
+    return count;
+  };
+  EXPECT_EQ(marked(), 0);
+  box.setText(QStringLiteral("r1"));
+  press(Qt::Key_F3);
+  const int several = marked();
+  EXPECT_GT(several, 50);
+  box.clear();
+  EXPECT_EQ(marked(), 0);
+}
+
+TEST_F(PreviewWindowTest, SavesWhileTheProgramGoesOn) {
+  show(20000);
+  files_.path_ = folder_.filePath(QStringLiteral("saved.pdf")).toStdString();
+  press(QKeySequence::Save);
+  EXPECT_EQ(files_.proposed_, "Sample.pdf");
+  EXPECT_TRUE(window_->isRunning()) << "2,000 pages are not written between two keys";
+  EXPECT_FALSE(control<QAction>("PrintBttn").isEnabled());
+  EXPECT_TRUE(control<QProgressBar>("Progress").isVisible());
+  press(Qt::Key_PageDown);
+  EXPECT_EQ(view().currentPage(), 1);
+  EXPECT_TRUE(comesTrue([&] { return control<QProgressBar>("Progress").value() > 0; }));
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(window_->isRunning());
+  EXPECT_TRUE(window_->isVisible()) << "the first Esc stops, the second closes";
+  EXPECT_EQ(window_->statusBar()->currentMessage(), QStringLiteral("Stopped."));
+  EXPECT_TRUE(QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden).isEmpty());
+  EXPECT_TRUE(control<QAction>("PrintBttn").isEnabled());
+  press(QKeySequence::Save);
+  press(Qt::Key_Escape);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(closed_, 1);
+  EXPECT_FALSE(holds(window_));
+  EXPECT_TRUE(QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden).isEmpty());
+}
+
+TEST_F(PreviewWindowTest, TellsHowSavingEnded) {
+  show(3);
+  const struct {
+    QString path;
+    QString message;
+  } cases[] = {{folder_.filePath(QStringLiteral("x.pdf")), QStringLiteral("Saved as ")},
+               {folder_.filePath(QStringLiteral("no/x.pdf")), QStringLiteral("The file '")}};
+  for (const auto& [path, message] : cases) {
+    files_.path_ = path.toStdString();
+    press(QKeySequence::Save);
+    EXPECT_TRUE(comesTrue([&] { return !window_->isRunning(); }));
+    EXPECT_TRUE(window_->statusBar()->currentMessage().startsWith(message + path));
+  }
+  EXPECT_TRUE(QFile::exists(cases[0].path));
+}
+
+TEST_F(PreviewWindowTest, LivesBesideItsOwnerAndGoesWithIt) {
+  QWidget owner;
+  auto* inside = new QWidget(&owner);
+  owner.show();
+  show(3, inside);
+  NamedFile files;
+  const QPointer<PreviewWindow> second = showPreview(inside, reportOf(smallSheet(), {}), files);
+  EXPECT_EQ(window_->windowModality(), Qt::NonModal);
+  EXPECT_EQ(window_->windowHandle()->transientParent(), nullptr) << "it would stay before the till";
+  delete inside;
+  EXPECT_TRUE(holds(window_) && holds(second));
+  second->close();
+  EXPECT_TRUE(holds(window_));
+  owner.close();
+  EXPECT_EQ(closed_, 1);
+  EXPECT_FALSE(holds(window_) || holds(second));
+}
+
+TEST_F(PreviewWindowTest, BarFitsANarrowScreen) {
+  show(3);
+  window_->resize(1024, 768);
+  QCoreApplication::processEvents();
+  for (const char* name : {"PageBox", "ZoomBox", "FindTxt"}) EXPECT_TRUE(control<QWidget>(name).isVisible()) << name;
+  auto* close = window_->findChild<QToolBar*>()->widgetForAction(&control<QAction>("CloseBttn"));
+  EXPECT_TRUE(close->isVisible());
+  for (QAction* action : window_->actions())
+    if (!action->text().isEmpty()) {
+      EXPECT_TRUE(action->toolTip().contains(action->shortcut().toString(QKeySequence::NativeText)));
+    }
+}
+
+}  // namespace
+}  // namespace velmo::printing::test
