@@ -17,7 +17,7 @@ using WalkedRow = std::vector<Value>;
 enum class Direction { Forward, Backward };
 
 // The statements of a walk through one table in the order of some columns and, among equals, of its row number: the
-// number that the file gives a row for good, and the key itself where that is one whole number. A step is a few index
+// number that the file gives a row, and the key itself where that is one whole number. A step is a few index
 // searches: among the rows that equal this one in all but the last column of the order, then in fewer.
 class KeysetQuery {
  public:

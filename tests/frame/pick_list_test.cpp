@@ -72,6 +72,11 @@ TEST_F(PickListOfItems, GivesTheRowsOfTheStatementForAnyText) {
   int found = 0;
   for (int i = 0; i < 300; ++i) {
     typed = i % 3 == 0 ? text(2) : typed + text(1);  // also as a person types on
+    if (i % 4 == 1) {                                // before the entries are all looked for
+      list.narrow(typed);
+      EXPECT_LE(list.sizeUpTo(2), 2);
+      typed += text(1);
+    }
     const auto wanted = byStatement(typed);
     EXPECT_EQ(narrowed(typed), wanted) << "[" << typed << "]";
     found += wanted.empty() ? 0 : 1;

@@ -295,16 +295,19 @@ TEST_P(EitherCursor, CloneStandsOnItsOwnWithoutTheFilter) {
   EXPECT_EQ(rows.recordCount(), 2);
 }
 
-TEST(HeldRows, RequeryShowsNewRowsAndKeepsSortAndFilter) {
-  SmallShop shop;
+TEST_P(EitherCursor, RequeryShowsNewRowsAndKeepsSortAndFilter) {
   shop.addOrders(2);
-  Recordset rows = shop.open("SELECT * FROM Orders ORDER BY DocNo");
+  Recordset rows = orders();
   rows.setSort("DocNo desc");
-  rows.setFilter("Amount > 10");
+  rows.setFilter("Amount > 10 AND Party like 'P*'");
   shop.addOrders(3);
-  EXPECT_EQ(column(rows, "DocNo"), "2");
+  EXPECT_EQ(column(rows, "DocNo"), GetParam() == Fetch::All ? "2" : "3,2,2");
   rows.requery();
+  EXPECT_EQ(rows.sort(), "DocNo desc");
+  EXPECT_EQ(rows.integer("DocNo"), 3);
   EXPECT_EQ(column(rows, "DocNo"), "3,2,2");
+  rows.setFilter("");
+  EXPECT_EQ(column(rows, "DocNo"), "3,2,2,1,1");
 }
 
 TEST(HeldRows, LargeResultsAreReadAsTheyAreLookedAtAndFinishedBeforeAWrite) {
