@@ -1,7 +1,5 @@
 #include "documents/invoice_page.h"
 
-#include <cmath>
-
 #include "documents/document_print_data.h"
 
 namespace velmo::documents {
@@ -52,12 +50,12 @@ Section partySection(Report& report, const InvoicePage& page, const InvoiceSheet
   Twips lowest = addParty(section, page.partyWidth);
   const std::vector<Reference> references = invoiceReferences(sheet);
   const auto count = static_cast<std::ptrdiff_t>(references.size());
-  const auto perColumn = (count + page.referenceColumns - 1) / page.referenceColumns;
+  const auto perColumn = count / page.referenceColumns;  // the last column takes what is over
   const Twips room = report.design.bodyWidth() - page.partyWidth;
   const Twips step = room / page.referenceColumns;
   for (std::ptrdiff_t column = 0; column < page.referenceColumns; ++column) {
     const auto first = references.begin() + column * perColumn;
-    const auto last = references.begin() + std::min(count, (column + 1) * perColumn);
+    const auto last = column + 1 == page.referenceColumns ? references.end() : first + perColumn;
     const Twips left = page.partyWidth + static_cast<Twips>(column) * step + Gap;
     lowest = std::max(
         lowest, addReferences(report, section, {left, 0, step - Gap, RowHeight}, page.referenceCaption, {first, last}));

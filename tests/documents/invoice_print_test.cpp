@@ -1,0 +1,392 @@
+#include "documents/invoice_print.h"
+
+#include <QTemporaryDir>
+#include <cmath>
+
+#include "documents/invoice_company.h"
+#include "documents/invoice_design.h"
+#include "printing/page_pictures.h"
+
+namespace {
+
+using namespace velmo;
+using namespace velmo::printing;
+using documents::InvoiceSheet;
+
+using Design = Report (*)(const InvoiceSheet&, const documents::InvoiceLines&);
+
+struct Layout {
+  const char* name;
+  Design design;
+  Paper paper;
+  std::vector<const char*> headings;
+  const char* discount;
+  const char* received;
+  const char* net;  // 10250 as the layout writes it
+};
+
+const std::vector<Layout>& layouts() {
+  static const std::vector<Layout> all{{"Invoice",
+                                        documents::designInvoice,
+                                        A4,
+                                        {"Gross Amount", "Discount", "Net Amount"},
+                                        "Additional Discount  Rs.",
+                                        "Amount Received  Rs.",
+                                        "10,250.00"},
+                                       {"Invoice0",
+                                        documents::designInvoice0,
+                                        A4,
+                                        {"Quantity", "Rate", "Amount"},
+                                        "Discount  Rs.",
+                                        "Amount Received  Rs.",
+                                        "10,250.00"},
+                                       {"Invoice01",
+                                        documents::designInvoice01,
+                                        A5Landscape,
+                                        {"Gross Amount", "Discount", "Net Amount"},
+                                        "Additional Discount  Rs.",
+                                        "Amount Received  Rs.",
+                                        "10,250.00"},
+                                       {"Invoice02",
+                                        documents::designInvoice02,
+                                        A5,
+                                        {"Rate", "Discount", "Net Amount"},
+                                        "Additional Discount  Rs.",
+                                        "Amount Received  Rs.",
+                                        "10,250.00"},
+                                       {"Invoice6",
+                                        documents::designInvoice6,
+                                        Roll80,
+                                        {"Quantity", "Rate", "Discount", "Amount"},
+                                        "Discount  Rs.",
+                                        "Amount Received  Rs.",
+                                        "10250.00"},
+                                       {"Invoice7",
+                                        documents::designInvoice7,
+                                        Roll80,
+                                        {"Quantity", "Rate", "Amount"},
+                                        "Discount  Rs.",
+                                        "Received  Rs.",
+                                        "10250.00"}};
+  return all;
+}
+
+DataRow line(int number, const std::string& name, double gross = 100, double discount = 10) {
+  return {.fields = {{"serial", std::int64_t{number}},
+                     {"itemcode", "HAM-" + std::to_string(number)},
+                     {"itemname", name},
+                     {"stockout", 2.0},
+                     {"unit", std::string("Pcs")},
+                     {"rate", gross / 2},
+                     {"grossamt", gross},
+                     {"discamt", discount},
+                     {"itemvalue", gross - discount}},
+          .chapters = {}};
+}
+
+std::vector<DataRow> lines(int count) {
+  std::vector<DataRow> all;
+  for (int number = 1; number <= count; ++number) all.push_back(line(number, "Claw hammer, ash handle"));
+  return all;
+}
+
+InvoiceSheet sheet() {
+  return {.letterhead = {"Velmo Traders", "12 Canal Road, Lahore", "Tel: 042-555-0101   Fax: 042-555-0102",
+                         "E-Mail: shop@velmo.example", "Ayesha"},
+          .currencyCode = "Rs.",
+          .docno = "4711",
+          .trandate = text::DateTime::fromCalendar(2026, 11, 22),
+          .partyname = "O'Brien & Sons",
+          .partyadd = "1 High Street, Lahore",
+          .partytel = "555-1",
+          .nature = "Net 30",
+          .d1txt = "PO-9",
+          .d1dttxt = "20-11-2026",
+          .d2txt = "17",
+          .d2dttxt = "21-11-2026",
+          .lineDiscount = 10,
+          .discount = 50,
+          .carriage = 250,
+          .netTotal = 10250,
+          .received = 250,
+          .balance = 10000,
+          .words = "Rupees Ten Thousand Two Hundred Fifty only.",
+          .request = {.today = text::DateTime::fromCalendar(2026, 11, 23)}};
+}
+
+std::vector<Page> pagesOf(const Layout& layout, const InvoiceSheet& invoice, std::vector<DataRow> data) {
+  return printing::test::pagesOf(layout.design(invoice, std::make_shared<VectorData>(std::move(data))));
+}
+
+// What stands in a frame of the design, its lines joined, without blanks.
+std::string solid(std::string text) {
+  std::erase_if(text, [](char letter) { return letter == ' ' || letter == '\n'; });
+  return text;
+}
+
+std::string wholeText(const std::vector<Page>& pages) {
+  QString all;
+  for (const Page& page : pages)
+    for (const TextRun& run : page.drawing.texts) all += drawnText(page.drawing, run, int(pages.size())) + u'\n';
+  return all.toStdString();
+}
+
+bool crosses(const Frame& one, const Frame& other) {
+  return one.left < other.right() && other.left < one.right() && one.top < other.bottom() && other.top < one.bottom();
+}
+
+// No text over another, over a rule or over the logo, and nothing beyond the margins.
+void expectClean(const std::vector<Page>& pages, const ReportDesign& design) {
+  for (const Page& page : pages) {
+    printing::test::expectNothingOverlaps(page, design);
+    const Frame paper{0, 0, page.width, page.height};
+    for (const TextRun& run : page.drawing.texts) {
+      for (const Stroke& stroke : page.drawing.strokes)
+        EXPECT_FALSE(crosses(run.at, {stroke.at.left, stroke.at.top, stroke.at.width, stroke.thickness}))
+            << "a rule through " << page.drawing.textOf(run).toStdString();
+      for (const PlacedPicture& picture : page.drawing.pictures)
+        EXPECT_FALSE(crosses(run.at, picture.at)) << "logo over " << page.drawing.textOf(run).toStdString();
+      EXPECT_GE(run.at.top, design.margins.top);
+    }
+    for (const PlacedPicture& picture : page.drawing.pictures) {
+      EXPECT_GT(std::min(picture.at.width, picture.at.height), 0);
+      EXPECT_TRUE(picture.at.left >= 0 && picture.at.right() <= paper.right());
+    }
+    for (const Area& area : page.drawing.areas) EXPECT_LE(area.at.bottom(), page.height);
+  }
+}
+
+// A folder of its own to be in, as the logo is looked for in the current one.
+class InFolder {
+ public:
+  InFolder() { QDir::setCurrent(folder_.path()); }
+  ~InFolder() { QDir::setCurrent(before_); }
+
+ private:
+  QTemporaryDir folder_;
+  QString before_ = QDir::currentPath();
+};
+
+TEST(InvoicePrint, EveryLayoutSaysWhatAnInvoiceSays) {
+  const InFolder noLogo;
+  for (const Layout& layout : layouts()) {
+    SCOPED_TRACE(layout.name);
+    const Report report = layout.design(sheet(), std::make_shared<VectorData>(lines(3)));
+    const auto pages = printing::test::pagesOf(report);
+    ASSERT_EQ(pages.size(), 1U);
+    EXPECT_EQ(report.title, "Sale Invoice");
+    EXPECT_EQ(pages[0].width, layout.paper.width);
+    if (!layout.paper.endless()) {
+      EXPECT_EQ(pages[0].height, layout.paper.height);
+    }
+    expectClean(pages, report.design);
+    printing::test::leavePictures(std::string(layout.name) + "-3-lines", pages);
+    const std::string text = "\n" + wholeText(pages);
+    std::vector<std::string> expected{"Velmo Traders",
+                                      "12 Canal Road, Lahore",
+                                      "E-Mail: shop@velmo.example",
+                                      "SALE INVOICE",
+                                      "Invoice No.",
+                                      "4711",
+                                      "22-11-2026",
+                                      "O'Brien & Sons",
+                                      "1 High Street, Lahore",
+                                      "Tel: 555-1",
+                                      "Net 30",
+                                      "PO-9",
+                                      "20-11-2026",
+                                      "17",
+                                      "21-11-2026",
+                                      "Description",
+                                      "Totals  Rs.",
+                                      layout.discount,
+                                      "Gross Total  Rs.",
+                                      "Carriage & Freight  Rs.",
+                                      "Net Total  Rs.",
+                                      layout.received,
+                                      "Balance  Rs.",
+                                      layout.net,
+                                      "Prepared By: Ayesha"};
+    expected.insert(expected.end(), layout.headings.begin(), layout.headings.end());
+    if (layout.paper.endless()) expected.emplace_back("Velmo Point of Sale");
+    for (const std::string& words : expected) EXPECT_NE(text.find("\n" + words + "\n"), std::string::npos) << words;
+    EXPECT_NE(solid(text).find(solid(sheet().words)), std::string::npos);
+    EXPECT_EQ(text.find("CANCELLED"), std::string::npos);
+    EXPECT_EQ(
+        report.variables.at("DiscountAmt"),
+        std::string(layout.paper.endless() ? "(" : "") +
+            (layout.headings[1] == std::string("Rate") && layout.name != std::string("Invoice6") ? "60.00" : "50.00") +
+            (layout.paper.endless() ? ")" : ""))
+        << "without a discount column the discounts of the lines stand among the totals";
+  }
+}
+
+TEST(InvoicePrint, ServiceCancelledAndNegative) {
+  const InFolder noLogo;
+  for (const Layout& layout : layouts()) {
+    SCOPED_TRACE(layout.name);
+    InvoiceSheet invoice = sheet();
+    invoice.request.kind = documents::InvoiceKind::Service;
+    invoice.request.state = documents::DocumentState::Cancelled;
+    invoice.carriage = -5;
+    invoice.partytel = invoice.nature = invoice.d1txt = invoice.d1dttxt = invoice.d2txt = invoice.d2dttxt = "";
+    const auto pages = pagesOf(layout, invoice, lines(1));
+    printing::test::leavePictures(std::string(layout.name) + "-service", pages);
+    const std::string text = "\n" + wholeText(pages);
+    for (const char* words :
+         {"SERVICE INVOICE", "Service Invoice No.", "Description of Service", "CANCELLED", " (5.00)"})
+      EXPECT_NE(text.find("\n" + std::string(words) + "\n"), std::string::npos) << words;
+    for (const char* words : {"SALE INVOICE", "Purchase Order No.", "Dated", "Tel: \n"})
+      EXPECT_EQ(text.find("\n" + std::string(words)), std::string::npos) << words;
+  }
+}
+
+TEST(InvoicePrint, OwnLetterheadBeginsAtItsMarginWithoutTheCompany) {
+  for (const Layout& layout : layouts())
+    for (const Twips margin : {200, 4000})
+      for (const int count : {0, 60}) {
+        SCOPED_TRACE(std::string(layout.name) + " " + std::to_string(margin));
+        InvoiceSheet invoice = sheet();
+        invoice.headStyle = HeadStyle::OwnLetterhead;
+        invoice.topMargin = margin;
+        invoice.partyadd = std::string(250, 'W');
+        const Report report = layout.design(invoice, std::make_shared<VectorData>(lines(count)));
+        const auto pages = printing::test::pagesOf(report);
+        expectClean(pages, report.design);
+        printing::test::leavePictures(std::string(layout.name) + "-letterhead-" + std::to_string(margin), pages);
+        EXPECT_EQ(wholeText(pages).find("Velmo Traders"), std::string::npos);
+        Twips highest = pages[0].height;
+        for (const TextRun& run : pages[0].drawing.texts) highest = std::min(highest, run.at.top);
+        EXPECT_NEAR(highest, margin, mm(3));
+      }
+}
+
+TEST(InvoicePrint, NothingOverlapsOrIsCutWhateverItHolds) {
+  const InFolder noLogo;
+  const std::string urdu = "ہتھوڑا لکڑی کے دستے والا مضبوط اور پائیدار";
+  const std::string arabic = "مطرقة حديد مع مقبض خشبي طويل جدا للنجارين";
+  std::vector<DataRow> extremes{line(1, "least", -99999999.99, -99999999.99), line(2, "most", 9999999999.99, 0),
+                                line(3, urdu, 0.01, 0), line(4, arabic)};
+  const std::pair<const char*, std::vector<DataRow>> cases[] = {{"0-lines", {}},
+                                                                {"60-lines", lines(60)},
+                                                                {"500-lines", lines(500)},
+                                                                {"250-wide", {line(1, std::string(250, 'W'))}},
+                                                                {"extremes", extremes}};
+  for (const Layout& layout : layouts())
+    for (const auto& [name, data] : cases) {
+      SCOPED_TRACE(std::string(layout.name) + " " + name);
+      InvoiceSheet invoice = sheet();
+      if (data.size() == 4) {
+        invoice.letterhead.companyName = urdu + " " + urdu;
+        invoice.partyname = arabic;
+        invoice.partyadd = std::string(250, 'M');
+        invoice.netTotal = invoice.balance = 9999999999.99;
+        invoice.received = invoice.carriage = -99999999.99;
+        invoice.words =
+            "Rupees Nine Billion Nine Hundred Ninety Nine Million Nine Hundred Ninety Nine Thousand Nine "
+            "Hundred Ninety Nine and Paisas Ninety Nine only.";
+      }
+      const Report report = layout.design(invoice, std::make_shared<VectorData>(data));
+      const auto pages = printing::test::pagesOf(report);
+      expectClean(pages, report.design);
+      printing::test::leavePictures(std::string(layout.name) + "-" + name, pages);
+      const std::string text = solid(wholeText(pages));
+      for (const DataRow& row : data)
+        EXPECT_NE(text.find(solid(store::textOf(row.fields.at("itemname")))), std::string::npos);
+      const std::string all = "\n" + wholeText(pages);
+      if (data.size() == 4) {
+        const bool slip = layout.paper.endless();
+        for (const char* figure :
+             {slip ? "9999999999.99" : "9,999,999,999.99", slip ? " (99999999.99)" : " (99,999,999.99)"})
+          EXPECT_NE(all.find("\n" + std::string(figure) + "\n"), std::string::npos) << "broken: " << figure;
+      }
+      if (layout.paper.endless()) {
+        EXPECT_EQ(pages.size(), 1U);
+        const auto count = static_cast<Twips>(data.size());
+        EXPECT_GT(pages[0].height, count * mm(6)) << "a slip is as long as its lines";
+        EXPECT_LT(pages[0].height, mm(160) + std::max(count, 12) * mm(10));
+      } else if (data.size() == 500) {
+        EXPECT_GT(pages.size(), 5U);
+        for (const Page& page : pages)
+          EXPECT_NE(printing::test::textsOf(page).find("Description"), std::string::npos) << "headings on every page";
+      } else if (data.size() == 1 || data.empty()) {
+        EXPECT_EQ(pages.size(), 1U);
+      }
+    }
+}
+
+TEST(InvoicePrint, AnyLogoIsShownWholeOrLeftOut) {
+  const QImage picture = [] {
+    QImage drawn(640, 400, QImage::Format_RGB32);
+    drawn.fill(QColor(31, 122, 94));
+    return drawn;
+  }();
+  struct Case {
+    const char* name;
+    QSize size;
+    const char* format;
+    bool shown;
+  };
+  for (const Case& logo : {Case{"fit", {640, 400}, "jpg", true}, Case{"wide", {3000, 60}, "jpg", true},
+                           Case{"tall", {60, 3000}, "jpg", true}, Case{"huge", {12000, 9000}, "jpg", true},
+                           Case{"a PNG", {300, 300}, "png", true}, Case{"broken", {}, "", false}}) {
+    const InFolder folder;
+    if (logo.size.isEmpty()) {
+      QFile file("mylogo.jpg");
+      ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("not a picture") > 0);
+    } else {
+      ASSERT_TRUE(picture.scaled(logo.size).save("mylogo.jpg", logo.format));
+    }
+    for (const Layout& layout : layouts()) {
+      SCOPED_TRACE(std::string(layout.name) + " " + logo.name);
+      const Report report = layout.design(sheet(), std::make_shared<VectorData>(lines(2)));
+      const auto pages = printing::test::pagesOf(report);
+      expectClean(pages, report.design);
+      printing::test::leavePictures(std::string(layout.name) + "-logo-" + QString(logo.name).remove(' ').toStdString(),
+                                    pages);
+      ASSERT_EQ(pages[0].drawing.pictures.size(), logo.shown ? 1U : 0U);
+      if (!logo.shown) continue;
+      const PlacedPicture& placed = pages[0].drawing.pictures[0];
+      const double ratio = double(logo.size.width()) / logo.size.height();
+      EXPECT_NEAR(double(placed.at.width) / placed.at.height / ratio, 1, 0.05) << "distorted";
+      EXPECT_LE(placed.image.width(), 1600) << "more than paper shows";
+    }
+  }
+}
+
+// From the stored document, in the layout that the company's settings choose.
+TEST(InvoicePrint, SettingsChooseTheLayout) {
+  velmo::test::InvoiceCompany shop;
+  {
+    velmo::test::InvoiceScreen screen(shop);
+    screen.saveInvoice("12001002", "40");
+  }
+  store::Recordset document(shop.context.KORDconn, "Select * from transactions where trantype=32");
+  store::Recordset rows(shop.context.KORDconn, "Select * from stockflow where tranno = " + document.text("tranno"));
+  shop.context.sitm = 3000;
+  using documents::InvoiceLayout;
+  const std::map<int, InvoiceLayout> chosen{{1, InvoiceLayout::Invoice},   {2, InvoiceLayout::Invoice0},
+                                            {3, InvoiceLayout::Invoice01}, {4, InvoiceLayout::Invoice02},
+                                            {6, InvoiceLayout::Invoice6},  {7, InvoiceLayout::Invoice7}};
+  for (int sif = -1; sif <= 21; ++sif) {
+    SCOPED_TRACE(sif);
+    shop.context.sif = sif;
+    const auto report = documents::invoicePrint(shop.context, document, rows, {.today = shop.clock.today()});
+    const auto expected = chosen.find(sif > 10 ? sif - 10 : sif);
+    ASSERT_EQ(report.has_value(), expected != chosen.end());
+    if (!report) continue;
+    EXPECT_EQ(documents::invoiceLayout(sif), expected->second);
+    EXPECT_EQ(report->design.margins.top == 3000, sif > 10);
+    EXPECT_EQ(report->variables.contains("CoName"), sif < 10);
+    const std::string text = wholeText(printing::test::pagesOf(*report));
+    for (const char* words : {"O'Brien & Sons", "Hammer", "100.00", "Rupees one hundred", "40.00", "60.00"})
+      EXPECT_NE(text.find(words), std::string::npos) << words;
+    EXPECT_EQ(text.find("E-Mail:"), std::string::npos) << "the company has none";
+  }
+  shop.context.sif = 11;
+  EXPECT_TRUE(
+      documents::invoicePrint(InvoiceLayout::Invoice7, shop.context, document, rows, {}).variables.contains("CoName"))
+      << "only the layout's own number asks for a letterhead";
+}
+
+}  // namespace
