@@ -42,7 +42,9 @@ const char* const shapeConnectionString =
     "Jet OLEDB:System Database=MySystem.mdw;Jet OLEDB:Database Password=Zx7pK2mQ9vTr4LwB6nHs";
 
 std::string connectionStringFor(const std::filesystem::path& file) {
-  return "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=\"" + file.string() +
+  std::string name;
+  for (const char c : file.string()) name += c == '"' ? std::string("\"\"") : std::string(1, c);
+  return "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=\"" + name +
          "\";Jet OLEDB:System Database=MySystem.mdw;Jet OLEDB:Database Password=Zx7pK2mQ9vTr4LwB6nHs;"
          "Jet OLEDB:Engine Type=5";
 }

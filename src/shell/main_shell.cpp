@@ -11,6 +11,7 @@
 #include "session/login.h"
 #include "shell/brand_panel.h"
 #include "shell/menu_actions.h"
+#include "shell/navigation.h"
 #include "shell/screen_windows.h"
 
 namespace velmo::shell {
@@ -74,7 +75,7 @@ Parent::~Parent() {
 
 void Parent::buildWindow() {
   setObjectName(QStringLiteral("Parent"));
-  setWindowTitle(QStringLiteral("Velmo Point of Sale - ") + QString::fromStdString(context_->CompanyName));
+  showCompany();
   setWindowIcon(programIcon());
   setCentralWidget(screens_);
   setMinimumSize(800, 560);
@@ -125,7 +126,13 @@ bool Parent::eventFilter(QObject* watched, QEvent* event) {
   return QMainWindow::eventFilter(watched, event);
 }
 
+void Parent::showCompany() {
+  setWindowTitle(QStringLiteral("Velmo Point of Sale - ") + QString::fromStdString(context_->CompanyName));
+  if (auto* welcome = qobject_cast<Navigation*>(screens_->openWindow("Navigation"))) welcome->showCompany();
+}
+
 void Parent::screenClosed(const QString& name) {
+  if (name == QLatin1String("CompanyInfo")) showCompany();
   for (const Reload& reload : reloads)
     if (name == QLatin1String(reload.screen))
       (reload.list == SharedList::Items ? itemsTimer_ : accountsTimer_)->start();

@@ -52,6 +52,7 @@ class Parent : public QMainWindow {
   void readItems();
   void readAccounts();
   void moveLogIntoFile();
+  void showCompany();
   void screenClosed(const QString& name);
   void choose(const MenuEntry& entry);
   bool passes(const MenuGuard& guard);

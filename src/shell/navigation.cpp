@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "forms/look.h"
+#include "shell/link_button.h"
 #include "text/format.h"
 
 namespace velmo::shell {
@@ -36,6 +37,18 @@ constexpr RecordLink recordLinks[] = {
     {8, "Bank Payment", 64, "BankPayments", LinkGroup::CashAndBank},
 };
 
+// In the order of the help topics, which are counted from 1.
+constexpr const char* helpCaptions[] = {
+    "How can I change the date format being displayed in the software?",
+    "What are the steps to be followed to start working in this software?",
+    "How to move focus within controls of a form?",
+    "When I try to print some report, it displays the message \"Report width is larger than the paper width.\" What "
+    "should I do to correct this issue?",
+    "When I try to save a transaction, it displays the message \"Transaction date cannot be before starting date of "
+    "financial year.\" or \"Transaction date cannot be after ending date of financial year.\"",
+    "How and when should I take back-up of my data?",
+};
+
 QLabel* addLabel(QLayout* layout, const char* name, const std::string& text) {
   auto* label = new QLabel(QString::fromStdString(text), layout->parentWidget());
   label->setObjectName(QLatin1String(name));
@@ -55,6 +68,7 @@ Navigation::Navigation(session::Workplace& workplace, QWidget* parent) : QWidget
   forms::setGrid(*column, forms::spacing::Page, forms::spacing::Section);
   column->addWidget(makeGreeting());
   column->addWidget(makeLinks());
+  column->addWidget(makeHelp());
   column->addStretch(1);
 
   auto* scroller = new QScrollArea(this);
@@ -78,7 +92,8 @@ QWidget* Navigation::makeGreeting() {
   auto* column = new QVBoxLayout(card);
   forms::setGrid(*column, forms::spacing::Section + forms::spacing::Normal, forms::spacing::Tight);
   forms::makeCaption(*addLabel(column, "LicLbl", "Business Name"));
-  forms::makeHeading(*addLabel(column, "CoTxt", workplace_.context.CompanyName));
+  companyName_ = addLabel(column, "CoTxt", workplace_.context.CompanyName);
+  forms::makeHeading(*companyName_);
   addLabel(column, "DtLbl", text::formatDate(workplace_.clock.today(), "MMMM dd, yyyy"));
   return card;
 }
@@ -110,6 +125,35 @@ QWidget* Navigation::makeLinks() {
     row->addWidget(card, 1);
   }
   return links;
+}
+
+QWidget* Navigation::makeHelp() {
+  auto* card = new QFrame(this);
+  forms::makeCard(*card);
+  auto* grid = new QGridLayout(card);
+  forms::setGrid(*grid, forms::spacing::Section, forms::spacing::Tight);
+  grid->setHorizontalSpacing(forms::spacing::Section);
+  auto* caption = new QLabel(QStringLiteral("Help"), card);
+  forms::makeCaption(*caption);
+  grid->addWidget(caption, 0, 0, 1, 2);
+  constexpr int rows = 3;
+  for (int index = 0; index < static_cast<int>(std::size(helpCaptions)); ++index) {
+    auto* link = new LinkButton(QLatin1String(helpCaptions[index]), card);
+    link->setObjectName(QStringLiteral("Trouble_") + QString::number(index));
+    link->setEnabled(workplace_.screens.hasScreen("HelpForm"));
+    connect(link, &LinkButton::clicked, this, [this, index] {
+      workplace_.context.HelpTopicID = index + 1;
+      workplace_.screens.openDialog("HelpForm");
+    });
+    grid->addWidget(link, 1 + index % rows, index / rows, Qt::AlignTop);
+  }
+  grid->setColumnStretch(0, 1);
+  grid->setColumnStretch(1, 1);
+  return card;
+}
+
+void Navigation::showCompany() {
+  companyName_->setText(QString::fromStdString(workplace_.context.CompanyName));
 }
 
 QWidget* makeNavigation(session::Workplace& workplace, QWidget* parent) {

@@ -9,11 +9,11 @@
 #include <QRandomGenerator>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 #include "store/connection_impl.h"
 #include "store/sqlite_error.h"
 #include "store/table_sql.h"
+#include "store/work_file.h"
 
 namespace velmo::store {
 namespace {
@@ -55,55 +55,6 @@ class OwnStatement {
   OwnStatement(const OwnStatement&) = delete;
   OwnStatement& operator=(const OwnStatement&) = delete;
   sqlite3_stmt* handle = nullptr;
-};
-
-std::string systemReason() {
-  return std::strerror(errno);
-}
-
-StoreError cannotMake(const fs::path& file, const std::string& reason) {
-  return {ErrorKind::Failed, "The file \"" + file.string() + "\" cannot be made: " + reason + "."};
-}
-
-void syncToDisk(const fs::path& path, int flags) {
-  const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC);
-  if (descriptor < 0) throw cannotMake(path, systemReason());
-  const int result = ::fsync(descriptor);
-  const std::string reason = systemReason();
-  ::close(descriptor);
-  if (result != 0) throw cannotMake(path, reason);
-}
-
-fs::path folderOf(const fs::path& file) {
-  return file.has_parent_path() ? file.parent_path() : fs::path(".");
-}
-
-// A file under work beside its final name; what is left of it goes with this object.
-class WorkFile {
- public:
-  WorkFile(const fs::path& file, const std::string& suffix) : path(file.string() + suffix) {
-    removeAll();
-    const int descriptor = ::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600);
-    if (descriptor < 0) {
-      const int reason = errno;
-      const ErrorKind kind = reason == ENOSPC                                         ? ErrorKind::Full
-                             : reason == EACCES || reason == EROFS || reason == EPERM ? ErrorKind::ReadOnly
-                                                                                      : ErrorKind::Failed;
-      throw StoreError(kind, cannotMake(file, std::strerror(reason)).what());
-    }
-    ::close(descriptor);
-  }
-  ~WorkFile() { removeAll(); }
-  WorkFile(const WorkFile&) = delete;
-  WorkFile& operator=(const WorkFile&) = delete;
-
-  const fs::path path;
-
- private:
-  void removeAll() const noexcept {
-    std::error_code absent;
-    for (const char* part : {"", "-wal", "-shm", "-journal"}) fs::remove(path.string() + part, absent);
-  }
 };
 
 // Whole numbers of one-value pragmas.
@@ -215,7 +166,7 @@ void createDatabaseFile(const fs::path& file, const Catalog& catalog, std::strin
   }
   syncToDisk(work.path, O_RDWR);
   // A hard link, unlike a rename, never replaces a file that came into being meanwhile.
-  if (::link(work.path.c_str(), file.c_str()) != 0) throw cannotMake(file, systemReason());
+  if (::link(work.path.c_str(), file.c_str()) != 0) throw cannotMake(file, errno);
   syncToDisk(folderOf(file), O_RDONLY | O_DIRECTORY);
 }
 
@@ -246,8 +197,8 @@ void upgradeDatabaseFile(const fs::path& file, const Catalog& catalog, const std
   const fs::path kept = file.string() + " before version " + std::to_string(newVersion);
   std::error_code absent;
   fs::remove(kept, absent);
-  if (::link(file.c_str(), kept.c_str()) != 0) throw cannotMake(kept, systemReason());
-  if (::rename(work.path.c_str(), file.c_str()) != 0) throw cannotMake(file, systemReason());
+  if (::link(file.c_str(), kept.c_str()) != 0) throw cannotMake(kept, errno);
+  if (::rename(work.path.c_str(), file.c_str()) != 0) throw cannotMake(file, errno);
   syncToDisk(folderOf(file), O_RDONLY | O_DIRECTORY);
 }
 

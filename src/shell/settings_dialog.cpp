@@ -1,0 +1,74 @@
+#include "shell/settings_dialog.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "forms/look.h"
+
+namespace velmo::shell {
+
+SettingsDialog::SettingsDialog(session::Workplace& workplace, const QString& title, QWidget* parent)
+    : QDialog(parent), workplace_(workplace), body_(new QVBoxLayout) {
+  setWindowTitle(title);
+  auto* column = new QVBoxLayout(this);
+  forms::setGrid(*column, forms::spacing::Section + forms::spacing::Normal, forms::spacing::Section);
+  forms::setGrid(*body_, 0, forms::spacing::Section);
+  column->addLayout(body_, 1);
+}
+
+void SettingsDialog::addCommands() {
+  auto* save = new QPushButton(QStringLiteral("&Save"), this);
+  save->setObjectName(QStringLiteral("SaveBttn"));
+  save->setToolTip(QStringLiteral("Saves the settings and closes (Ctrl+S)"));
+  save->setDefault(true);
+  forms::makePrimary(*save);
+  auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+  cancel->setObjectName(QStringLiteral("CancelBttn"));
+  cancel->setToolTip(QStringLiteral("Closes without saving (Esc)"));
+  cancel->setAutoDefault(false);
+  auto* row = new QHBoxLayout;
+  forms::setGrid(*row, 0);
+  row->addStretch(1);
+  for (QPushButton* button : {save, cancel}) {
+    button->setMinimumSize(104, 34);
+    row->addWidget(button);
+  }
+  static_cast<QVBoxLayout*>(layout())->addLayout(row);
+  connect(save, &QPushButton::clicked, this, &SettingsDialog::trySave);
+  connect(cancel, &QPushButton::clicked, this, &SettingsDialog::reject);
+  connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, save, [save] { save->click(); });
+}
+
+bool SettingsDialog::refuse(const std::string& text) {
+  workplace_.prompts.tell("Cannot Save", text);
+  return false;
+}
+
+void SettingsDialog::trySave() {
+  try {
+    if (save()) accept();
+  } catch (const store::StoreError& failure) {
+    refuse(failure.what());
+  }
+}
+
+void addDialogHeading(QVBoxLayout& column, const QString& heading, const std::string& companyName,
+                      const char* companyLabel) {
+  auto* lines = new QVBoxLayout;
+  forms::setGrid(*lines, 0, forms::spacing::Tight);
+  auto* title = new QLabel(heading);
+  forms::makeHeading(*title);
+  lines->addWidget(title);
+  auto* company = new QLabel(QString::fromStdString(companyName));
+  company->setObjectName(QLatin1String(companyLabel));
+  company->setTextFormat(Qt::PlainText);
+  company->setWordWrap(true);
+  forms::makeCaption(*company);
+  lines->addWidget(company);
+  column.addLayout(lines);
+}
+
+}  // namespace velmo::shell
