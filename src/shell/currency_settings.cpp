@@ -52,8 +52,9 @@ class CurrencySettings : public SettingsDialog {
     group->addWidget(countries_, 1);
     group->addWidget(hint);
     body().addLayout(group, 1);
-    connect(countries_, &QListWidget::currentRowChanged, this, &CurrencySettings::choose);
-    connect(countries_, &QListWidget::itemClicked, this, [this] { choose(countries_->currentRow()); });
+    // Not the current row: the list takes its first row for that as soon as it gets the focus.
+    connect(countries_, &QListWidget::itemSelectionChanged, this, &CurrencySettings::choose);
+    connect(countries_, &QListWidget::itemClicked, this, &CurrencySettings::choose);
   }
 
   void addFields() {
@@ -83,15 +84,17 @@ class CurrencySettings : public SettingsDialog {
     const QString country = QString::fromStdString(companyInfo_.text("country"));
     for (int row = 0; row < countries_->count(); ++row)
       if (countries_->item(row)->text().compare(country, Qt::CaseInsensitive) == 0) countries_->setCurrentRow(row);
-    countries_->scrollToItem(countries_->currentItem(), QAbstractItemView::PositionAtCenter);
+    if (isChosen()) countries_->scrollToItem(countries_->currentItem(), QAbstractItemView::PositionAtCenter);
     name_->setText(QString::fromStdString(companyInfo_.text("currencyname")));
     symbol_->setText(QString::fromStdString(companyInfo_.text("ccode")));
     countries_->setFocus();
   }
 
-  void choose(int row) {
-    if (row < 0) return;
-    currencies_.moveTo(row);
+  bool isChosen() const { return !countries_->selectedItems().isEmpty(); }
+
+  void choose() {
+    if (!isChosen()) return;
+    currencies_.moveTo(countries_->row(countries_->selectedItems().front()));
     name_->setText(QString::fromStdString(currencies_.text(nameColumn)));
     symbol_->setText(QString::fromStdString(currencies_.text(symbolColumn)));
   }
@@ -99,7 +102,7 @@ class CurrencySettings : public SettingsDialog {
   bool save() override {
     const std::string name = name_->text().toStdString();
     const std::string symbol = symbol_->text().toStdString();
-    const bool chosen = countries_->currentRow() >= 0;
+    const bool chosen = isChosen();
     session::LoginContext& context = workplace_.context;
     store::Connection::Transaction both(context.KORDconn);
     companyInfo_.update({{"country", chosen ? currencies_.value("Country") : companyInfo_.value("country")},

@@ -13,14 +13,6 @@ namespace velmo::tour {
 
 namespace {
 
-void keyLine(Guide& guide, const QString& code, const QString& quantity) {
-  guide.type(code);
-  guide.press(Qt::Key_Return);
-  guide.press(Qt::Key_Return);  // the description stays
-  guide.type(quantity);
-  guide.press(Qt::Key_Return);
-}
-
 // Takes a picture of the print-out that was opened last, saves it as PDF and closes it.
 void visitPreview(Guide& guide, const std::string& name) {
   guide.rest(300);
