@@ -10,7 +10,7 @@ Report designInvoice(const InvoiceSheet& sheet, const InvoiceLines& lines) {
   InvoicePage page{.margins = {mm(10), mm(12), mm(10), mm(10)}, .partyWidth = mm(104), .referenceCaption = mm(33)};
   page.columns = {
       {.heading = "No.", .dataField = "serial", .width = mm(9), .align = Align::Centre},
-      {.heading = sheet.isService() ? "Service" : "Item Code", .dataField = "itemcode", .width = mm(20)},
+      {.heading = sheet.isService() ? "Service" : "Item Code", .dataField = "itemcode", .width = mm(24)},
       {.heading = "Description", .dataField = "itemname", .headingName = "lbl5"},
       {.heading = "Quantity", .dataField = "stockout", .width = mm(16), .align = Align::Right, .format = AmountFormat},
       {.heading = "Unit", .dataField = "unit", .width = mm(11)},

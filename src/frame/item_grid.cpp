@@ -24,7 +24,7 @@ namespace {
 int figuresWide(GridColumn column) {
   switch (column) {
     case GridColumn::ItemCode:
-      return 12;
+      return 15;
     case GridColumn::Unit:
       return 4;
     case GridColumn::DiscountRate:

@@ -42,21 +42,14 @@ std::string lineNarrations(const store::Recordset& sheet, std::string_view quant
 
 void writeLines(store::Recordset& sheet, const LineStamp& stamp) {
   std::int64_t serial = 0;
-  if (!sheet.isEmpty()) sheet.moveFirst();
-  while (!sheet.eof()) {
-    if (sheet.text("itemcode").empty()) {
-      sheet.remove();
-    } else {
-      ++serial;
-      sheet.update({{"serial", serial},
-                    {"tranno", stamp.tranNo},
-                    {"locationid", stamp.locationId},
-                    {"Jobid", stamp.jobId},
-                    {"Packs", 1.0},
-                    {"PackPcs", 1.0}});
-    }
-    sheet.moveNext();
-  }
+  sheet.removeBlank("itemcode");
+  for (; !sheet.eof(); sheet.moveNext())
+    sheet.update({{"serial", ++serial},
+                  {"tranno", stamp.tranNo},
+                  {"locationid", stamp.locationId},
+                  {"Jobid", stamp.jobId},
+                  {"Packs", 1.0},
+                  {"PackPcs", 1.0}});
   sheet.updateBatch();
 }
 

@@ -58,6 +58,7 @@ class Cursor {
   virtual void update(const FieldValues& values) = 0;
   virtual void cancelUpdate() = 0;
   virtual void remove() = 0;
+  virtual void removeBlank(int field) = 0;
   virtual void updateBatch() = 0;
   virtual void cancelBatch() = 0;
   virtual bool isEditing() const = 0;

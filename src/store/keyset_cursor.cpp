@@ -334,4 +334,8 @@ void KeysetCursor::remove() {
   place_.where = Where::OnRemoved;
 }
 
+void KeysetCursor::removeBlank(int) {
+  throw StoreError(ErrorKind::Misuse, "Only the rows of a batch can be deleted together.");
+}
+
 }  // namespace velmo::store

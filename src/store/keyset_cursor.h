@@ -51,6 +51,7 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   void update(const FieldValues& values) override;
   void cancelUpdate() override;
   void remove() override;
+  void removeBlank(int field) override;
   void updateBatch() override { update(); }
   void cancelBatch() override { cancelUpdate(); }
   bool isEditing() const override { return edit_.has_value(); }

@@ -54,6 +54,7 @@ class ListCursor : public Cursor, public TransactionParticipant, public std::ena
   void update(const FieldValues& values) override;
   void cancelUpdate() override;
   void remove() override;
+  void removeBlank(int field) override;
   void updateBatch() override;
   void cancelBatch() override;
   bool isEditing() const override { return edit_.has_value(); }

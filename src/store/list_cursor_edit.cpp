@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <limits>
 
 #include "store/list_cursor.h"
 
@@ -179,6 +180,19 @@ void ListCursor::remove() {
     }
   }
   sync();
+}
+
+void ListCursor::removeBlank(int field) {
+  requireWritable();
+  if (source().lock != LockType::BatchOptimistic)
+    throw StoreError(ErrorKind::Misuse, "Only the rows of a batch can be deleted together.");
+  if (edit_) update();
+  remember();
+  reach(std::numeric_limits<std::int64_t>::max() - 1);
+  for (const RowId row : place_.view)
+    if (textOf(rows_->value(row, field)).empty()) rows_->markDeleted(row);
+  sync();
+  if (!isEmpty()) moveFirst();
 }
 
 std::vector<RowId> ListCursor::pendingRowsInOrder() const {

@@ -216,6 +216,10 @@ void Recordset::cancelUpdate() {
 void Recordset::remove() {
   impl_->open().remove();
 }
+void Recordset::removeBlank(std::string_view field) {
+  Cursor& cursor = impl_->open();
+  cursor.removeBlank(cursor.source().requireField(field));
+}
 void Recordset::updateBatch() {
   impl_->open().updateBatch();
 }

@@ -112,6 +112,8 @@ class Recordset {
   void update(std::initializer_list<FieldValue> values) { update(std::span(values.begin(), values.size())); }
   void cancelUpdate();
   void remove();  // deletes the current row; it stays current but unreadable until a move
+  // Of a batch: deletes every row that has nothing in the field, null or empty. The cursor stands on the first row.
+  void removeBlank(std::string_view field);
   void updateBatch();
   void cancelBatch();
   bool isEditing() const;

@@ -49,6 +49,28 @@ TEST_F(Batch, NothingIsWrittenBeforeAndKeysAscendAsTheRowsStand) {
   EXPECT_EQ(stored(), "1A7 3C1 4D 5E ");
 }
 
+// Blank rows of a sheet, pending and stored, go together; an undone transaction brings them back.
+TEST_F(Batch, BlankRowsGoTogether) {
+  Recordset rows = changedLines();
+  rows.addNew({{"OrderNo", std::int64_t{1}}, {"Item", std::string()}});
+  rows.moveFirst();
+  rows.update({{"Item", Null{}}});
+  rows.addNew();
+  {
+    Connection::Transaction undone(shop.connection);
+    rows.removeBlank("item");
+    EXPECT_EQ(column(rows, "Item"), "C,D,E");
+  }
+  EXPECT_EQ(column(rows, "Item"), ",C,D,E,,");
+  rows.removeBlank("Item");
+  EXPECT_EQ(rows.text("Item"), "C");
+  rows.updateBatch();
+  EXPECT_EQ(stored(), "3C1 4D 5E ");
+
+  Recordset everyLineOnItsOwn = lines(LockType::Optimistic);
+  EXPECT_THROW(everyLineOnItsOwn.removeBlank("Item"), StoreError);
+}
+
 TEST_F(Batch, OneBadRowKeepsTheWholeBatchOutAndPending) {
   for (const bool insideTransaction : {false, true}) {
     SCOPED_TRACE(insideTransaction);
