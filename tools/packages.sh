@@ -1,7 +1,8 @@
 # What the project is built from, all of it Debian 12 packages. Sourced by run and test.
 
 build_packages="g++ cmake ninja-build ccache mold pkg-config qt6-base-dev libqt6svg6-dev libgl-dev libsqlite3-dev
- libicu-dev libexpected-dev libzint-dev qt6-qpa-plugins fonts-inter fonts-noto-core fonts-dejavu-core"
+ libicu-dev libexpected-dev libzint-dev libxlsxwriter-dev libzip-dev libcsv-dev qt6-qpa-plugins fonts-inter
+ fonts-noto-core fonts-dejavu-core"
 test_packages="libgtest-dev libgmock-dev poppler-utils"
 bench_packages="libbenchmark-dev"
 
