@@ -6,7 +6,7 @@
 
 #include "printing/geometry.h"
 
-namespace velmo::documents {
+namespace velmo::frame {
 
 enum class Symbology { Code39, Ean13 };
 
@@ -41,4 +41,4 @@ struct PlacedBars {
 // when they would come out narrower than a common reader can tell apart.
 PlacedBars placeBars(const BarCode& code, printing::Twips room);
 
-}  // namespace velmo::documents
+}  // namespace velmo::frame

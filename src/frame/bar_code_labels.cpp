@@ -1,12 +1,12 @@
-#include "documents/bar_code_labels.h"
+#include "frame/bar_code_labels.h"
 
-#include "documents/bar_code.h"
+#include "frame/bar_code.h"
 #include "printing/report_walk.h"
 #include "printing/typesetter.h"
 #include "printing/vector_data.h"
 #include "text/format.h"
 
-namespace velmo::documents {
+namespace velmo::frame {
 
 using namespace printing;
 
@@ -220,4 +220,4 @@ tl::expected<Report, std::string> barCodeLabels(const session::LoginContext& con
   return report;
 }
 
-}  // namespace velmo::documents
+}  // namespace velmo::frame

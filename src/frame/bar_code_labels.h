@@ -7,7 +7,7 @@
 #include "session/login_context.h"
 #include "store/recordset.h"
 
-namespace velmo::documents {
+namespace velmo::frame {
 
 // The sheets of labels: BarCodesPrint has 24 of 70 x 37 mm on A4, BarCodesPrint2 has 40 of 48.5 x 25.4 mm.
 enum class LabelSheet { BarCodesPrint, BarCodesPrint2 };
@@ -24,4 +24,4 @@ tl::expected<printing::Report, std::string> barCodeLabels(const session::LoginCo
                                                           const store::Recordset& items, LabelSheet sheet, int copies,
                                                           text::DateTime today);
 
-}  // namespace velmo::documents
+}  // namespace velmo::frame

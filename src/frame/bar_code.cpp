@@ -1,10 +1,10 @@
-#include "documents/bar_code.h"
+#include "frame/bar_code.h"
 
 #include <zint.h>
 
 #include <memory>
 
-namespace velmo::documents {
+namespace velmo::frame {
 
 using printing::Twips;
 
@@ -94,4 +94,4 @@ PlacedBars placeBars(const BarCode& code, Twips room) {
   return {};
 }
 
-}  // namespace velmo::documents
+}  // namespace velmo::frame
