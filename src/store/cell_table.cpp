@@ -12,7 +12,7 @@
 namespace velmo::store {
 namespace {
 
-constexpr std::size_t smallestBlock = 1024;
+constexpr std::size_t smallestBlock = 256;
 constexpr std::size_t largestBlock = 1024 * 1024;
 
 int compareTexts(std::string_view left, std::string_view right) {

@@ -284,8 +284,8 @@ std::int64_t ListCursor::fetchedCount() const {
 
 std::shared_ptr<Cursor> ListCursor::chapter(std::string_view name) const {
   if (node_ == nullptr) throw StoreError(ErrorKind::Misuse, "The recordset has no chapters.");
-  const shape::Chapter& chapter = node_->requireChapter(name);
-  return std::make_shared<ListCursor>(chapter.child, chapter.rowsFor(*node_, currentRow()));
+  const shape::ChildRows rows = node_->requireChapter(name).rowsFor(*node_, currentRow());
+  return std::make_shared<ListCursor>(rows.node, rows.part);
 }
 
 }  // namespace velmo::store

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -29,6 +30,9 @@ enum class RowState : std::uint8_t {
 class RowSet : public OpenReader, public TransactionParticipant, public std::enable_shared_from_this<RowSet> {
  public:
   static std::shared_ptr<RowSet> open(std::shared_ptr<const ResultSource> source);
+  // By other SQL that gives the fields of the source.
+  static std::shared_ptr<RowSet> open(std::shared_ptr<const ResultSource> source, std::string_view sql,
+                                      const std::vector<Value>& parameters);
 
   const ResultSource& source() const { return *source_; }
 

@@ -189,4 +189,97 @@ TEST(Hierarchy, TextKeysRelateWithoutRegardToCaseAndSeveralPairsAreAllRequired) 
   EXPECT_EQ(items.recordCount(), 2);
 }
 
+// The hierarchy as one text: every order with its lines.
+std::string ordersWithLines(Recordset orders) {
+  std::string all;
+  for (orders.moveFirst(); !orders.eof(); orders.moveNext())
+    all += orders.text("OrderNo") + "(" + column(orders.chapter("L"), "Qty") + ")";
+  return all;
+}
+
+constexpr const char* linesOfOrders =
+    "SHAPE {SELECT OrderNo FROM Orders ORDER BY OrderNo} APPEND ({SELECT * FROM Lines WHERE Qty < 90 ORDER BY Qty "
+    "DESC} "
+    "RELATE OrderNo TO OrderNo) AS L";
+
+// The store finds the lines of an order by index: they are read when they are asked for, and no others.
+TEST(Hierarchy, RowsThatAnIndexFindsAreReadParentByParentAndStandAsAtTheOpening) {
+  SmallShop shop;
+  shop.addOrders(4);
+  for (const char* line :
+       {"(1, 'a', 1)", "(2, 'a', 20)", "(2, 'b', 21)", "(2, 'b', 95)", "(3, 'a', 30)", "(4, 'c', 4)"})
+    shop.connection.execute(std::string("INSERT INTO Lines (OrderNo, Item, Qty) VALUES ") + line);
+  const std::string before = "1(1)2(21,20)3(30)4(4)";
+  Recordset asked;
+  Recordset unasked;
+  Recordset undone;
+  for (Recordset* orders : {&asked, &unasked, &undone}) orders->openShape(shop.connection, linesOfOrders);
+  asked.moveTo(1);
+  EXPECT_EQ(column(asked.chapter("L"), "Qty"), "21,20");
+  EXPECT_EQ(asked.chapter("L").bookmarkAt(0), 0) << "the lines of other orders were read before";
+  Recordset held = asked.chapter("L");
+  {
+    const Connection::Transaction transaction(shop.connection);
+    shop.connection.execute("UPDATE Lines SET Qty = 7");
+    EXPECT_EQ(ordersWithLines(undone), before);
+  }
+  for (const char* change : {"UPDATE Lines SET Qty = 50 WHERE OrderNo = 2", "DELETE FROM Lines WHERE OrderNo = 3",
+                             "INSERT INTO Lines (OrderNo, Item, Qty) VALUES (4, 'd', 40)"})
+    shop.connection.execute(change);
+  EXPECT_EQ(ordersWithLines(asked), before);
+  EXPECT_EQ(ordersWithLines(unasked), before);
+  EXPECT_EQ(ordersWithLines(undone), before);
+  EXPECT_EQ(column(held, "Qty"), "21,20");
+  asked.requery();
+  EXPECT_EQ(ordersWithLines(asked), "1(1)2(50,50,50)3()4(40,4)");
+}
+
+// However the rows are found, a parent gets the same ones.
+TEST(Hierarchy, EveryWayOfReadingGivesTheSameRows) {
+  SmallShop shop;
+  shop.addOrders(40);
+  std::mt19937 random(20261122);
+  for (int line = 0; line < 500; ++line)
+    shop.connection.execute("INSERT INTO Lines (OrderNo, Item, Qty) VALUES (" + std::to_string(1 + random() % 40) +
+                            ", 'i', " + std::to_string(line) + ")");
+  shop.connection.execute("INSERT INTO Items (Item, ItemName) VALUES ('I', 'Item')");
+  struct Case {
+    const char* parents;
+    const char* children;
+    const char* relation;
+  };
+  for (const Case& c :
+       {Case{"SELECT OrderNo FROM Orders ORDER BY OrderNo", "SELECT * FROM Lines ORDER BY Qty DESC",
+             "OrderNo TO OrderNo"},
+        Case{"SELECT OrderNo FROM Orders ORDER BY OrderNo", "SELECT TOP 100 * FROM Lines ORDER BY Qty",
+             "OrderNo TO OrderNo"},
+        Case{"SELECT OrderNo FROM Orders WHERE OrderNo = 7", "SELECT * FROM Lines ORDER BY Qty", "OrderNo TO OrderNo"},
+        Case{"SELECT OrderNo FROM Orders", "SELECT OrderNo, sum(Qty) AS Total FROM Lines GROUP BY OrderNo",
+             "OrderNo TO OrderNo"},
+        Case{"SELECT DISTINCT Item FROM Lines", "SELECT Item, ItemName FROM Items", "Item TO Item"},
+        Case{"SELECT (OrderNo & '') AS OrderText FROM Orders", "SELECT * FROM Lines", "OrderText TO OrderNo"}}) {
+    SCOPED_TRACE(c.children);
+    Recordset rows;
+    rows.openShape(shop.connection, std::string("SHAPE {") + c.parents + "} APPEND ({" + c.children + "} RELATE " +
+                                        c.relation + ") AS L");
+    // The same, found by going through all rows. A number is not its own text.
+    Recordset all = shop.open(c.children, LockType::ReadOnly);
+    const std::string relation = c.relation;
+    const std::string parentField = relation.substr(0, relation.find(' '));
+    const std::string childField = relation.substr(relation.rfind(' ') + 1);
+    const std::string shown = all.fields().back().name;
+    const bool text = std::holds_alternative<std::string>(rows.value(parentField));
+    const bool comparable = text == std::holds_alternative<std::string>(all.value(childField));
+    std::string found;
+    for (; !rows.eof(); rows.moveNext()) {
+      const std::string key = rows.text(parentField);
+      all.setFilter(childField + " = " + (text ? store::quoted(key) : key));
+      const std::string expected = comparable ? column(all, shown) : "";
+      found += expected;
+      ASSERT_EQ(column(rows.chapter("L"), shown), expected) << key;
+    }
+    EXPECT_EQ(!found.empty(), comparable);
+  }
+}
+
 }  // namespace

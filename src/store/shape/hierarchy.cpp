@@ -3,28 +3,15 @@
 #include <sqlite3.h>
 
 #include "store/shape/parse_shape.h"
-#include "text/number.h"
 
 namespace velmo::store::shape {
 namespace {
 
-// The values of the fields as one text, equal for values that the store holds equal; "" when one is null.
-std::string keyOf(const RowSet& rows, RowId row, const std::vector<int>& fields) {
-  std::string key;
-  for (int field : fields) {
-    const Value value = rows.value(row, field);
-    if (isNull(value)) return {};
-    if (const auto* text = std::get_if<std::string>(&value)) {
-      key += 't';
-      for (char c : *text) key += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-      key.erase(key.find_last_not_of(' ') + 1);
-    } else {
-      key += 'n' + text::numberText(numberOf(value));
-    }
-    key += '\0';
-  }
-  return key;
+std::shared_ptr<ResultSource> describe(const std::shared_ptr<Connection::Impl>& connection, const Command& command) {
+  return describeResult(connection, connection->compile(command.statement), LockType::ReadOnly);
 }
+
+std::shared_ptr<const Node> openNode(const std::shared_ptr<ResultSource>& source, const Command& command);
 
 void indexChildren(Chapter& chapter, const std::vector<int>& childFields) {
   const RowSet& rows = *chapter.child->rows;
@@ -38,33 +25,40 @@ void indexChildren(Chapter& chapter, const std::vector<int>& childFields) {
   }
 }
 
-std::shared_ptr<const Node> openNode(const std::shared_ptr<Connection::Impl>& connection, const Command& command) {
-  const std::shared_ptr<ResultSource> source =
-      describeResult(connection, connection->compile(command.statement), LockType::ReadOnly);
-  auto node = std::make_shared<Node>();
-  for (const AppendedCommand& appended : command.chapters) {
-    Chapter chapter{.name = appended.name, .parentFields = {}, .child = {}, .rowsByKey = {}};
-    chapter.child = openNode(connection, *appended.command);
-    std::vector<int> childFields;
-    for (const Relation& relation : appended.relations) {
-      chapter.parentFields.push_back(source->requireField(relation.parent));
-      childFields.push_back(chapter.child->rows->source().requireField(relation.child));
-    }
-    indexChildren(chapter, childFields);
-    node->chapters.push_back(std::move(chapter));
+Chapter openChapter(const std::shared_ptr<RowSet>& parents, const AppendedCommand& appended) {
+  const ResultSource& parent = parents->source();
+  const std::shared_ptr<ResultSource> source = describe(parent.connection, *appended.command);
+  Chapter chapter{.name = appended.name, .parentFields = {}, .reader = {}, .child = {}, .rowsByKey = {}};
+  std::vector<int> childFields;
+  for (const Relation& relation : appended.relations) {
+    chapter.parentFields.push_back(parent.requireField(relation.parent));
+    childFields.push_back(source->requireField(relation.child));
   }
-  for (const Chapter& chapter : node->chapters) source->addChapter(chapter.name);
+  if (appended.command->chapters.empty())
+    chapter.reader = ChildReader::of(source, childFields, parents, chapter.parentFields);
+  if (chapter.reader == nullptr) {
+    chapter.child = openNode(source, *appended.command);
+    indexChildren(chapter, childFields);
+  }
+  return chapter;
+}
+
+std::shared_ptr<const Node> openNode(const std::shared_ptr<ResultSource>& source, const Command& command) {
+  auto node = std::make_shared<Node>();
   node->rows = RowSet::open(source);
   node->rows->fetchAll();
+  for (const AppendedCommand& appended : command.chapters) node->chapters.push_back(openChapter(node->rows, appended));
+  for (const Chapter& chapter : node->chapters) source->addChapter(chapter.name);
   return node;
 }
 
 }  // namespace
 
-std::shared_ptr<const std::vector<RowId>> Chapter::rowsFor(const Node& parent, RowId row) const {
+ChildRows Chapter::rowsFor(const Node& parent, RowId row) const {
   static const auto none = std::make_shared<const std::vector<RowId>>();
+  if (reader != nullptr) return {std::make_shared<const Node>(Node{reader->rowsOf(row), {}}), nullptr};
   const auto found = rowsByKey.find(keyOf(*parent.rows, row, parentFields));
-  return found == rowsByKey.end() ? none : found->second;
+  return {child, found == rowsByKey.end() ? none : found->second};
 }
 
 const Chapter& Node::requireChapter(std::string_view name) const {
@@ -79,7 +73,8 @@ const Chapter& Node::requireChapter(std::string_view name) const {
 
 std::shared_ptr<const Node> openHierarchy(const std::shared_ptr<Connection::Impl>& connection,
                                           std::string_view shapeStatement) {
-  return openNode(connection, parseShape(shapeStatement));
+  const Command command = parseShape(shapeStatement);
+  return openNode(describe(connection, command), command);
 }
 
 }  // namespace velmo::store::shape

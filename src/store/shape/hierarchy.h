@@ -6,22 +6,30 @@
 #include <unordered_map>
 #include <vector>
 
-#include "store/row_set.h"
+#include "store/shape/child_reader.h"
 
-// Hierarchies: each command runs once, whole; the children of a row are found by key in memory.
+// Hierarchies: the rows of a parent are found among those of the appended command by their key. A command that the
+// store can search by that key is read parent by parent, every other one once, whole.
 namespace velmo::store::shape {
 
 struct Node;
+
+// The rows below one row: those of a node, or a part of them.
+struct ChildRows {
+  std::shared_ptr<const Node> node;
+  std::shared_ptr<const std::vector<RowId>> part;  // nullptr for all
+};
 
 // Child rows by the values that relate them to their parents.
 struct Chapter {
   std::string name;
   std::vector<int> parentFields;
+  std::shared_ptr<ChildReader> reader;  // or else the command as it was read whole:
   std::shared_ptr<const Node> child;
   std::unordered_map<std::string, std::shared_ptr<const std::vector<RowId>>> rowsByKey;
 
   // In the child statement's order; none for a parent with a null in its fields.
-  std::shared_ptr<const std::vector<RowId>> rowsFor(const Node& parent, RowId row) const;
+  ChildRows rowsFor(const Node& parent, RowId row) const;
 };
 
 struct Node {

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "store/row_set.h"
+
+namespace velmo::store::shape {
+
+// The values of the fields as one text, equal for values that the store holds equal; "" when one is null.
+std::string keyOf(const RowSet& rows, RowId row, const std::vector<int>& fields);
+
+// The rows of an appended command, read for one parent after the other as they are asked for, and kept. Before anything
+// is written the rows of all parents are read, so that a hierarchy never sees a change in some of its parts only.
+class ChildReader : public OpenReader {
+ public:
+  // Nothing where it is better to read all rows of the command at once: the store cannot find a parent's rows without
+  // going through the others.
+  static std::shared_ptr<ChildReader> of(std::shared_ptr<const ResultSource> children, const std::vector<int>& fields,
+                                         std::shared_ptr<const RowSet> parents, const std::vector<int>& parentFields);
+
+  // In the command's order; none for a parent with a null in its fields.
+  std::shared_ptr<RowSet> rowsOf(RowId parent);
+
+  void finishReading() override;
+  void abandonReading() noexcept override { abandoned_ = true; }
+
+ private:
+  ChildReader(std::shared_ptr<const ResultSource> children, const std::vector<int>& fields,
+              std::shared_ptr<const RowSet> parents, const std::vector<int>& parentFields);
+  bool findsByIndex() const;
+
+  std::shared_ptr<const ResultSource> children_;
+  std::shared_ptr<const RowSet> parents_;
+  std::vector<int> parentFields_;
+  std::string firstColumn_;  // of the related ones
+  std::string sql_;
+  std::unordered_map<std::string, std::shared_ptr<RowSet>> read_;  // by the parent's key
+  bool abandoned_ = false;
+};
+
+}  // namespace velmo::store::shape
