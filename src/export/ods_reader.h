@@ -1,0 +1,21 @@
+#pragma once
+
+#include "export/archive.h"
+#include "export/sheet_builder.h"
+
+namespace velmo::spreadsheet {
+
+// A workbook of the kind .ods. Every function throws ReadFailure.
+class OdsBook {
+ public:
+  explicit OdsBook(const Archive& archive);
+
+  std::vector<std::string> sheetNames() const { return names_; }
+  Sheet read(std::size_t sheet, const Progress& progress) const;
+
+ private:
+  const Archive& archive_;
+  std::vector<std::string> names_;
+};
+
+}  // namespace velmo::spreadsheet

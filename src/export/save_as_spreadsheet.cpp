@@ -1,0 +1,80 @@
+#include "export/save_as_spreadsheet.h"
+
+#include <QTableView>
+
+#include "export/table_rows.h"
+#include "forms/work_progress.h"
+#include "text/format.h"
+
+namespace velmo::spreadsheet {
+namespace {
+
+constexpr const char* notSaved = "Spreadsheet Not Saved";
+
+std::string proposedName(const std::string& title) {
+  QString name = QString::fromStdString(title);
+  for (QChar& character : name)
+    if (QStringLiteral("/\\:*?\"<>|").contains(character)) character = u'-';
+  return name.toStdString() + ".xlsx";
+}
+
+// The chosen place with the ending of a spreadsheet; empty when none was chosen. A file dialog may leave the program in
+// another folder, and the company's file is found from its folder.
+std::filesystem::path askPlace(const std::string& title, session::FileChooser& files, session::Prompts& prompts) {
+  const std::filesystem::path folder = std::filesystem::current_path();
+  const std::string chosen = files.saveFile("Save as Spreadsheet", "Spreadsheets (*.xlsx)", proposedName(title));
+  std::filesystem::path place = chosen;
+  if (!chosen.empty()) place = std::filesystem::absolute(place);
+  std::filesystem::current_path(folder);
+  if (chosen.empty() || QString::fromStdString(place.extension().string()).toLower() == u".xlsx") return place;
+  place += ".xlsx";
+  std::error_code unknown;
+  if (!std::filesystem::exists(place, unknown)) return place;
+  const session::Answer answer =
+      prompts.ask({.title = "Save as Spreadsheet",
+                   .text = "The file \"" + place.string() + "\" is already there. Do you want to replace it?",
+                   .buttons = session::Buttons::YesNo});
+  return answer == session::Answer::Yes ? place : std::filesystem::path();
+}
+
+}  // namespace
+
+void saveAsSpreadsheet(const QTableView& table, const std::string& title, session::FileChooser& files,
+                       session::Prompts& prompts) {
+  try {
+    const std::filesystem::path place = askPlace(title, files, prompts);
+    if (place.empty()) return;
+    const TableRows list = rowsOf(table, title);
+    tl::expected<std::int64_t, std::string> saved;
+    {
+      forms::WorkProgress progress(table.window(), QStringLiteral("Saving the spreadsheet ..."), list.count);
+      saved = saveSheet(place, list.design, list.rows, [&](std::int64_t rows) { return progress.report(rows); });
+    }
+    if (saved)
+      prompts.tell("Spreadsheet Saved", text::formatNumber(static_cast<double>(*saved), "#,##0") +
+                                            (*saved == 1 ? " row was saved in \"" : " rows were saved in \"") +
+                                            place.string() + "\".");
+    else if (!saved.error().empty())
+      prompts.tell(notSaved, saved.error());
+  } catch (const store::StoreError& failure) {
+    prompts.tell(notSaved, failure.what());
+  } catch (const std::filesystem::filesystem_error& failure) {
+    prompts.tell(notSaved, failure.what());
+  }
+}
+
+QAction* addSaveAsSpreadsheet(QTableView& table, const std::string& title, session::FileChooser& files,
+                              session::Prompts& prompts) {
+  auto* action = new QAction(QStringLiteral("Save as Spreadsheet..."), &table);
+  action->setObjectName(QStringLiteral("SaveAsSpreadsheet"));
+  action->setToolTip(QStringLiteral("Saves the list as a spreadsheet (Ctrl+E)"));
+  action->setShortcut(Qt::CTRL | Qt::Key_E);
+  action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  QObject::connect(action, &QAction::triggered, &table,
+                   [&table, &files, &prompts, title] { saveAsSpreadsheet(table, title, files, prompts); });
+  table.addAction(action);
+  table.setContextMenuPolicy(Qt::ActionsContextMenu);
+  return action;
+}
+
+}  // namespace velmo::spreadsheet

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <span>
+#include <string>
+#include <tl/expected.hpp>
+#include <vector>
+
+#include "forms/recordset_model.h"
+#include "store/value.h"
+
+namespace velmo::spreadsheet {
+
+// One headed column. A cell is what its value is: text stays text ("007", "=1+1"), a number is a number shown in the
+// format, a date is a date, Yes/No are those words, null is an empty cell. Without a format, dates are shown as the
+// screens write them.
+struct SheetColumn {
+  std::string caption;
+  std::string format = {};  // as of text/format.h: "#,##0.00;(#,##0.00)", "dd-mm-yyyy"
+  forms::ColumnAlignment alignment = forms::ColumnAlignment::Left;
+  int width = 12;  // in average characters
+};
+
+struct SheetDesign {
+  std::string title;         // of the sheet and the document
+  std::string company = {};  // the document's author; may be empty
+  std::vector<SheetColumn> columns = {};
+};
+
+// Fills in the cells of the next row, one for each column, all null before; false behind the last row.
+using RowSource = std::function<bool(std::span<store::Value> cells)>;
+
+// Called every few hundred rows with the number of rows done; false stops the work.
+using Progress = std::function<bool(std::int64_t rows)>;
+
+inline constexpr std::int64_t mostRows = 1048576;  // of a sheet, the one with the captions among them
+inline constexpr int mostColumns = 16384;
+
+// Writes an .xlsx file of one sheet, in memory that does not grow with the rows, and gives the number of rows. The file
+// appears, or takes the place of an older one, when it is complete and on the disk. Otherwise nothing is changed and
+// the error is a sentence for the user; an empty one when the progress function stopped the work. Exceptions of the row
+// source pass through.
+tl::expected<std::int64_t, std::string> saveSheet(const std::filesystem::path& file, const SheetDesign& design,
+                                                  const RowSource& rows, const Progress& progress = {});
+
+}  // namespace velmo::spreadsheet
