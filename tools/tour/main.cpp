@@ -8,6 +8,7 @@
 #include "forms/look.h"
 #include "guide.h"
 #include "shell/login_form.h"
+#include "stops.h"
 
 namespace velmo::tour {
 namespace {
@@ -18,11 +19,18 @@ class TravelClock : public session::Clock {
   text::DateTime now() const override { return text::DateTime::fromCalendar(2026, 11, 20, 15, 4, 5); }
 };
 
-void walk(const std::filesystem::path& pictures, const std::string& suffix, QSize size) {
+// In the order of the visit.
+constexpr Stop stops[] = {
+    visitSettings,
+    visitSaleInvoices,
+    visitPrintOuts,
+};
+
+void walk(const std::filesystem::path& pictures, Scenery scenery, QSize size) {
   TravelClock today;
   TravelPrompts prompts;
   TravelFiles files(pictures);
-  Guide guide(pictures, suffix);
+  Guide guide(pictures, scenery);
 
   shell::LoginForm login(schema::companyCatalog(), schema::plainConnectionString, prompts);
   login.show();
@@ -38,7 +46,7 @@ void walk(const std::filesystem::path& pictures, const std::string& suffix, QSiz
   shell.show();
   guide.rest(1200);  // the shared lists of accounts and items are read a second after the start
   guide.picture(shell, "welcome");
-  visitSaleInvoices(guide, shell);
+  for (const Stop stop : stops) stop(guide, shell);
   shell.SkipBackUpPrompt = true;
   shell.close();
 }
@@ -60,11 +68,11 @@ int run(int argc, char** argv) {
 
   forms::applyLook(application, way == "dark" ? forms::Brightness::Dark : forms::Brightness::Light);
   if (way == "dark")
-    walk(pictures, "-dark", {1024, 768});
+    walk(pictures, Scenery::Dark, {1024, 768});
   else if (way == "wide")
-    walk(pictures, "-wide", {2560, 1440});
+    walk(pictures, Scenery::Wide, {2560, 1440});
   else
-    walk(pictures, "", {1280, 800});
+    walk(pictures, Scenery::Light, {1280, 800});
   std::filesystem::current_path(pictures);
   std::filesystem::remove_all(company);
   return 0;

@@ -1,9 +1,6 @@
-#include <QApplication>
-#include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
-#include <QTimer>
 
 #include "guide.h"
 #include "printing/preview_window.h"
@@ -15,35 +12,24 @@ namespace {
 
 // Takes a picture of the print-out that was opened last, saves it as PDF and closes it.
 void visitPreview(Guide& guide, const std::string& name) {
-  guide.rest(300);
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    auto* preview = qobject_cast<printing::PreviewWindow*>(window);
-    if (!preview || !preview->isVisible()) continue;
-    preview->resize(1024, 768);
-    guide.picture(*preview, name);
-    guide.focus(*preview);
-    guide.press(Qt::Key_S, Qt::ControlModifier);
-    preview->close();
-    guide.rest(20);
-    return;
-  }
-  throw std::logic_error("no print-out was opened");
+  printing::PreviewWindow& preview = guide.preview();
+  preview.resize(1024, 768);
+  guide.picture(preview, name);
+  guide.focus(preview);
+  guide.press(Qt::Key_S, Qt::ControlModifier);
+  preview.close();
+  guide.rest(20);
 }
 
-// The modal Find screen holds the program until it closes, so its visit is begun before it opens.
-void visitFind(Guide& guide, QWidget& screen) {
-  QTimer::singleShot(200, [&guide] {
-    QWidget* find = QApplication::activeModalWidget();
-    if (!find) return;
-    guide.picture(*find, "find-sales");
-    guide.focus(guide.control<QTableView>(*find, "TranGrid"));
-    guide.press(Qt::Key_Down);
-    guide.press(Qt::Key_Return);
-    if (find->isVisible()) find->close();
-  });
-  guide.control<QPushButton>(screen, "EditBttn").click();
-  guide.rest(50);
-  guide.picture(*screen.window(), "sale-invoice-shown");
+void visitFind(Guide& guide, shell::Parent& shell, QWidget& screen) {
+  guide.inDialog([&] { guide.control<QPushButton>(screen, "EditBttn").click(); },
+                 [&guide](QWidget& find) {
+                   guide.picture(find, "find-sales");
+                   guide.focus(guide.control<QTableView>(find, "TranGrid"));
+                   guide.press(Qt::Key_Down);
+                   guide.press(Qt::Key_Return);
+                 });
+  guide.picture(shell, "sale-invoice-shown");
 }
 
 }  // namespace
@@ -74,7 +60,7 @@ void visitSaleInvoices(Guide& guide, shell::Parent& shell) {
 
   guide.control<QPushButton>(screen, "PrintBill_0").click();
   visitPreview(guide, "print-invoice");
-  visitFind(guide, screen);
+  visitFind(guide, shell, screen);
   guide.control<QPushButton>(screen, "PrintBill_1").click();
   visitPreview(guide, "print-voucher");
 }

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "shell/main_shell.h"
+
+namespace velmo::tour {
+
+class Guide;
+
+// A group of screens that the tour visits in the running program, in one file each. It leaves the shell as it found
+// it: what it opened is closed again, or it is a tab that later stops open anew without harm. Throws std::logic_error
+// when a screen no longer is as the tour knows it.
+using Stop = void (*)(Guide& guide, shell::Parent& shell);
+
+// The day's work at the sale invoice: a sale on credit, its print-outs, finding it again.
+void visitSaleInvoices(Guide& guide, shell::Parent& shell);
+// The company's own data, its currency, logo and print formats; help and the program's own box.
+void visitSettings(Guide& guide, shell::Parent& shell);
+// One invoice in every layout, on plain paper and on the company's own letterhead, and the label sheets.
+void visitPrintOuts(Guide& guide, shell::Parent& shell);
+
+}  // namespace velmo::tour
