@@ -1,3 +1,4 @@
+#include "documents/invoice_columns.h"
 #include "documents/invoice_design.h"
 #include "documents/invoice_page.h"
 
@@ -8,31 +9,15 @@ using namespace printing;
 // A4, with the discount of every line.
 Report designInvoice(const InvoiceSheet& sheet, const InvoiceLines& lines) {
   InvoicePage page{.margins = {mm(10), mm(12), mm(10), mm(10)}, .partyWidth = mm(104), .referenceCaption = mm(33)};
-  page.columns = {
-      {.heading = "No.", .dataField = "serial", .width = mm(9), .align = Align::Centre},
-      {.heading = sheet.isService() ? "Service" : "Item Code", .dataField = "itemcode", .width = mm(24)},
-      {.heading = "Description", .dataField = "itemname", .headingName = "lbl5"},
-      {.heading = "Quantity", .dataField = "stockout", .width = mm(16), .align = Align::Right, .format = AmountFormat},
-      {.heading = "Unit", .dataField = "unit", .width = mm(11)},
-      {.heading = "Rate", .dataField = "rate", .width = mm(19), .align = Align::Right, .format = AmountFormat},
-      {.heading = "Gross Amount",
-       .dataField = "grossamt",
-       .width = mm(23),
-       .align = Align::Right,
-       .format = AmountFormat,
-       .totalName = "GrossSum"},
-      {.heading = "Discount",
-       .dataField = "discamt",
-       .width = mm(18),
-       .align = Align::Right,
-       .format = AmountFormat,
-       .totalName = "DiscountSum"},
-      {.heading = "Net Amount",
-       .dataField = "itemvalue",
-       .width = mm(23),
-       .align = Align::Right,
-       .format = AmountFormat,
-       .totalName = "NetSum"}};
+  page.columns = {numberColumn(mm(9)),
+                  codeColumn(sheet, mm(24)),
+                  descriptionColumn(),
+                  quantityColumn(mm(16)),
+                  unitColumn(mm(11)),
+                  rateColumn(mm(19)),
+                  grossColumn("Gross Amount", mm(23)),
+                  discountColumn(mm(18)),
+                  netColumn("Net Amount", mm(23))};
   return invoiceOnPages(page, sheet, lines);
 }
 

@@ -1,3 +1,4 @@
+#include "documents/invoice_columns.h"
 #include "documents/invoice_design.h"
 #include "documents/invoice_page.h"
 
@@ -12,19 +13,8 @@ Report designInvoice0(const InvoiceSheet& sheet, const InvoiceLines& lines) {
                    .tableSize = 8,
                    .partyWidth = mm(104),
                    .referenceCaption = mm(33)};
-  page.columns = {
-      {.heading = "No.", .dataField = "serial", .width = mm(9), .align = Align::Centre},
-      {.heading = sheet.isService() ? "Service" : "Item Code", .dataField = "itemcode", .width = mm(24)},
-      {.heading = "Description", .dataField = "itemname", .headingName = "lbl5"},
-      {.heading = "Quantity", .dataField = "stockout", .width = mm(19), .align = Align::Right, .format = AmountFormat},
-      {.heading = "Unit", .dataField = "unit", .width = mm(13)},
-      {.heading = "Rate", .dataField = "rate", .width = mm(24), .align = Align::Right, .format = AmountFormat},
-      {.heading = "Amount",
-       .dataField = "grossamt",
-       .width = mm(28),
-       .align = Align::Right,
-       .format = AmountFormat,
-       .totalName = "GrossSum"}};
+  page.columns = {numberColumn(mm(9)), codeColumn(sheet, mm(24)), descriptionColumn(),          quantityColumn(mm(19)),
+                  unitColumn(mm(13)),  rateColumn(mm(24)),        grossColumn("Amount", mm(28))};
   return invoiceOnPages(page, sheet, lines);
 }
 

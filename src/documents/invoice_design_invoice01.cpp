@@ -1,3 +1,4 @@
+#include "documents/invoice_columns.h"
 #include "documents/invoice_design.h"
 #include "documents/invoice_page.h"
 
@@ -15,31 +16,15 @@ Report designInvoice01(const InvoiceSheet& sheet, const InvoiceLines& lines) {
                    .referenceCaption = mm(27),
                    .referenceColumns = 2,
                    .signing = SigningPlace::BesideTotals};
-  page.columns = {
-      {.heading = "No.", .dataField = "serial", .width = mm(9), .align = Align::Centre},
-      {.heading = sheet.isService() ? "Service" : "Item Code", .dataField = "itemcode", .width = mm(20)},
-      {.heading = "Description", .dataField = "itemname", .headingName = "lbl5"},
-      {.heading = "Quantity", .dataField = "stockout", .width = mm(16), .align = Align::Right, .format = AmountFormat},
-      {.heading = "Unit", .dataField = "unit", .width = mm(11)},
-      {.heading = "Rate", .dataField = "rate", .width = mm(19), .align = Align::Right, .format = AmountFormat},
-      {.heading = "Gross Amount",
-       .dataField = "grossamt",
-       .width = mm(22),
-       .align = Align::Right,
-       .format = AmountFormat,
-       .totalName = "GrossSum"},
-      {.heading = "Discount",
-       .dataField = "discamt",
-       .width = mm(18),
-       .align = Align::Right,
-       .format = AmountFormat,
-       .totalName = "DiscountSum"},
-      {.heading = "Net Amount",
-       .dataField = "itemvalue",
-       .width = mm(22),
-       .align = Align::Right,
-       .format = AmountFormat,
-       .totalName = "NetSum"}};
+  page.columns = {numberColumn(mm(9)),
+                  codeColumn(sheet, mm(20)),
+                  descriptionColumn(),
+                  quantityColumn(mm(16)),
+                  unitColumn(mm(11)),
+                  rateColumn(mm(19)),
+                  grossColumn("Gross Amount", mm(22)),
+                  discountColumn(mm(18)),
+                  netColumn("Net Amount", mm(22))};
   return invoiceOnPages(page, sheet, lines);
 }
 

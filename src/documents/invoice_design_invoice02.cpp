@@ -1,3 +1,4 @@
+#include "documents/invoice_columns.h"
 #include "documents/invoice_design.h"
 #include "documents/invoice_page.h"
 
@@ -13,23 +14,8 @@ Report designInvoice02(const InvoiceSheet& sheet, const InvoiceLines& lines) {
                    .tableSize = 7,
                    .partyWidth = mm(66),
                    .referenceCaption = mm(30)};
-  page.columns = {
-      {.heading = "No.", .dataField = "serial", .width = mm(8), .align = Align::Centre},
-      {.heading = "Description", .dataField = "itemname", .headingName = "lbl5"},
-      {.heading = "Quantity", .dataField = "stockout", .width = mm(15), .align = Align::Right, .format = AmountFormat},
-      {.heading = "Rate", .dataField = "rate", .width = mm(17), .align = Align::Right, .format = AmountFormat},
-      {.heading = "Discount",
-       .dataField = "discamt",
-       .width = mm(16),
-       .align = Align::Right,
-       .format = AmountFormat,
-       .totalName = "DiscountSum"},
-      {.heading = "Net Amount",
-       .dataField = "itemvalue",
-       .width = mm(21),
-       .align = Align::Right,
-       .format = AmountFormat,
-       .totalName = "NetSum"}};
+  page.columns = {numberColumn(mm(8)), descriptionColumn(),    quantityColumn(mm(15)),
+                  rateColumn(mm(17)),  discountColumn(mm(16)), netColumn("Net Amount", mm(21))};
   return invoiceOnPages(page, sheet, lines);
 }
 

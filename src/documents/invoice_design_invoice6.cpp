@@ -1,3 +1,4 @@
+#include "documents/invoice_columns.h"
 #include "documents/invoice_design.h"
 #include "documents/invoice_slip.h"
 
@@ -9,21 +10,8 @@ using namespace printing;
 Report designInvoice6(const InvoiceSheet& sheet, const InvoiceLines& lines) {
   InvoiceSlip slip{
       .totals = {.discountWord = "Discount  ", .amountFormat = SlipAmount, .discountFormat = SlipDeduction}};
-  slip.figures = {
-      {.heading = "Quantity", .dataField = "stockout", .width = mm(14), .align = Align::Right, .format = SlipAmount},
-      {.heading = "Rate", .dataField = "rate", .width = mm(15), .align = Align::Right, .format = SlipAmount},
-      {.heading = "Discount",
-       .dataField = "discamt",
-       .width = mm(15),
-       .align = Align::Right,
-       .format = SlipAmount,
-       .totalName = "DiscountSum"},
-      {.heading = "Amount",
-       .dataField = "itemvalue",
-       .width = mm(18),
-       .align = Align::Right,
-       .format = SlipAmount,
-       .totalName = "NetSum"}};
+  slip.figures = {quantityColumn(mm(14), SlipAmount), rateColumn(mm(15), SlipAmount),
+                  discountColumn(mm(15), SlipAmount), netColumn("Amount", mm(18), SlipAmount)};
   return invoiceOnSlip(slip, sheet, lines);
 }
 

@@ -1,3 +1,4 @@
+#include "documents/invoice_columns.h"
 #include "documents/invoice_design.h"
 #include "documents/invoice_slip.h"
 
@@ -12,15 +13,8 @@ Report designInvoice7(const InvoiceSheet& sheet, const InvoiceLines& lines) {
                               .amountFormat = SlipAmount,
                               .discountFormat = SlipDeduction,
                               .lineDiscounts = LineDiscounts::AmongTotals}};
-  slip.figures = {
-      {.heading = "Quantity", .dataField = "stockout", .width = mm(16), .align = Align::Right, .format = SlipAmount},
-      {.heading = "Rate", .dataField = "rate", .width = mm(18), .align = Align::Right, .format = SlipAmount},
-      {.heading = "Amount",
-       .dataField = "grossamt",
-       .width = mm(22),
-       .align = Align::Right,
-       .format = SlipAmount,
-       .totalName = "GrossSum"}};
+  slip.figures = {quantityColumn(mm(16), SlipAmount), rateColumn(mm(18), SlipAmount),
+                  grossColumn("Amount", mm(22), SlipAmount)};
   return invoiceOnSlip(slip, sheet, lines);
 }
 

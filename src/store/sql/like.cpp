@@ -12,24 +12,29 @@ char32_t folded(char32_t character) {
   return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(character), U_FOLD_CASE_DEFAULT));
 }
 
-// Bytes that are no UTF-8 stand for themselves, above the range of characters.
-std::vector<char32_t> foldedCharacters(std::string_view text) {
-  constexpr char32_t strayByte = 0x110000;
-  std::vector<char32_t> characters;
-  characters.reserve(text.size());
+constexpr char32_t strayByte = 0x110000;
+
+// Hands on each character of a text, folded. Bytes that are no UTF-8 stand for themselves, above the range of
+// characters.
+template <class Take>
+void eachFolded(std::string_view text, Take take) {
   const auto length = static_cast<std::int32_t>(text.size());
   for (std::int32_t at = 0; at < length;) {
-    const std::int32_t start = at;
+    std::int32_t stray = at;
     UChar32 character = 0;
     U8_NEXT(text.data(), at, length, character);
-    if (character < 0) {
-      for (std::int32_t i = start; i < at; ++i) {
-        characters.push_back(strayByte + static_cast<unsigned char>(text[static_cast<std::size_t>(i)]));
-      }
-    } else {
-      characters.push_back(folded(static_cast<char32_t>(character)));
+    if (character >= 0) {
+      take(folded(static_cast<char32_t>(character)));
+      continue;
     }
+    for (; stray < at; ++stray) take(strayByte + static_cast<unsigned char>(text[static_cast<std::size_t>(stray)]));
   }
+}
+
+std::vector<char32_t> foldedCharacters(std::string_view text) {
+  std::vector<char32_t> characters;
+  characters.reserve(text.size());
+  eachFolded(text, [&](char32_t character) { characters.push_back(character); });
   return characters;
 }
 
@@ -150,28 +155,28 @@ bool LikePattern::matches(std::string_view text) const {
   return containsOnly_ ? containsLower(text, contained_) : matchesFolded(LowerAscii{text});
 }
 
-std::string foldedText(std::string_view text) {
-  std::string result;
+void appendFolded(std::string& result, std::string_view text) {
   if (isAscii(text)) {
-    result = text;
-    for (char& c : result) c = lower(c);
-    return result;
+    const std::size_t begin = result.size();
+    result += text;
+    for (std::size_t at = begin; at < result.size(); ++at) result[at] = lower(result[at]);
+    return;
   }
-  result.reserve(text.size());
-  const auto length = static_cast<std::int32_t>(text.size());
-  for (std::int32_t at = 0; at < length;) {
-    const std::int32_t start = at;
-    UChar32 character = 0;
-    U8_NEXT(text.data(), at, length, character);
-    if (character < 0) {
-      result.append(text.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(at - start)));
-      continue;
+  eachFolded(text, [&](char32_t character) {
+    if (character >= strayByte) {
+      result += static_cast<char>(character - strayByte);
+      return;
     }
     char bytes[U8_MAX_LENGTH];
     std::int32_t count = 0;
-    U8_APPEND_UNSAFE(bytes, count, static_cast<UChar32>(folded(static_cast<char32_t>(character))));
+    U8_APPEND_UNSAFE(bytes, count, static_cast<UChar32>(character));
     result.append(bytes, static_cast<std::size_t>(count));
-  }
+  });
+}
+
+std::string foldedText(std::string_view text) {
+  std::string result;
+  appendFolded(result, text);
   return result;
 }
 

@@ -39,6 +39,7 @@ class LikePattern {
 // The text with each of its characters folded as patterns fold theirs: a folded text without wildcards stands in
 // another text exactly where it stands, byte for byte, in the other's folded form. Stray bytes stay as they are.
 std::string foldedText(std::string_view text);
+void appendFolded(std::string& result, std::string_view text);
 
 bool likeMatches(std::string_view text, std::string_view pattern);
 
