@@ -32,13 +32,13 @@ void RecordsetModel::setRecordset(store::Recordset rows) {
   rows_ = std::move(rows);
   for (std::size_t i = 0; i < columns_.size(); ++i)
     fields_[i] = rows_.isOpen() ? rows_.fieldIndex(columns_[i].field) : -1;
-  shown_ = std::min(available(), portion);
+  shown_ = availableUpTo(portion);
   endResetModel();
 }
 
 void RecordsetModel::reload() {
   beginResetModel();
-  shown_ = std::min(available(), std::max(shown_, portion));
+  shown_ = availableUpTo(std::max(shown_, portion));
   endResetModel();
 }
 
@@ -50,8 +50,21 @@ void RecordsetModel::refreshAll() {
   if (shown_ > 0) Q_EMIT dataChanged(index(0, 0), index(shown_ - 1, columnCount() - 1));
 }
 
-int RecordsetModel::available() const {
-  return rows_.isOpen() ? static_cast<int>(rows_.recordCount()) : 0;
+void RecordsetModel::showUpTo(int row) {
+  const int wanted = availableUpTo(row + 1);
+  if (wanted <= shown_) return;
+  beginInsertRows({}, shown_, wanted - 1);
+  shown_ = wanted;
+  endInsertRows();
+}
+
+// A large result is read as far as its rows are wanted, not to its end.
+int RecordsetModel::availableUpTo(int wanted) const {
+  if (!rows_.isOpen()) return 0;
+  store::Recordset rows = rows_;  // the same cursor
+  const auto missing = wanted - static_cast<int>(rows.fetchedCount());
+  if (missing > 0 && rows.hasMoreRows()) rows.fetchMore(missing);
+  return static_cast<int>(std::min<std::int64_t>(wanted, rows_.fetchedCount()));
 }
 
 int RecordsetModel::rowCount(const QModelIndex& parent) const {
@@ -63,11 +76,11 @@ int RecordsetModel::columnCount(const QModelIndex& parent) const {
 }
 
 bool RecordsetModel::canFetchMore(const QModelIndex& parent) const {
-  return !parent.isValid() && shown_ < available();
+  return !parent.isValid() && shown_ < availableUpTo(shown_ + 1);
 }
 
 void RecordsetModel::fetchMore(const QModelIndex& parent) {
-  const int more = parent.isValid() ? 0 : std::min(portion, available() - shown_);
+  const int more = parent.isValid() ? 0 : availableUpTo(shown_ + portion) - shown_;
   if (more <= 0) return;
   beginInsertRows({}, shown_, shown_ + more - 1);
   shown_ += more;
@@ -76,6 +89,8 @@ void RecordsetModel::fetchMore(const QModelIndex& parent) {
 
 QString RecordsetModel::shownText(const store::Value& value, const TableColumn& column) const {
   if (store::isNull(value)) return {};
+  if (const auto* yes = std::get_if<bool>(&value); yes && !(column.yes.empty() && column.no.empty()))
+    return QString::fromStdString(*yes ? column.yes : column.no);
   if (column.format.empty()) return QString::fromStdString(store::textOf(value));
   if (const auto* date = std::get_if<text::DateTime>(&value))
     return QString::fromStdString(text::formatDate(*date, column.format));

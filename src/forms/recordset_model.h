@@ -21,6 +21,8 @@ struct TableColumn {
   ColumnAlignment alignment = ColumnAlignment::Left;
   int width = 12;  // in average characters
   ColumnUse use = ColumnUse::Shown;
+  std::string yes = {};  // of a Yes/No column: what stands for Yes and for No
+  std::string no = {};
 };
 
 // The rows of a recordset in its present order as an item model. The recordset's own position is its user's business:
@@ -39,6 +41,7 @@ class RecordsetModel : public QAbstractTableModel {
   void reload();                             // other rows, or another order
   void refreshRow(int row);                  // other values in one row
   void refreshAll();                         // other values, the same rows
+  void showUpTo(int row);                    // hands the row out, and those before it, at once
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -56,7 +59,7 @@ class RecordsetModel : public QAbstractTableModel {
 
  private:
   QString shownText(const store::Value& value, const TableColumn& column) const;
-  int available() const;
+  int availableUpTo(int wanted) const;
 
   std::vector<TableColumn> columns_;
   std::vector<int> fields_;  // of the recordset, by column

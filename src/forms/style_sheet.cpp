@@ -13,16 +13,16 @@ namespace {
 // A word behind @ stands for a colour or a picture. Every field has the same outline of 1 px, 2 px with the focus; the
 // padding gives way so that nothing moves.
 constexpr const char* sheet = R"(
-QLineEdit, QPlainTextEdit, QTextEdit, QComboBox, QDateEdit {
+QLineEdit, QPlainTextEdit, QTextEdit, QComboBox, QDateEdit, QSpinBox {
   border: 1px solid @border; border-radius: 5px; padding: 4px 6px; background: @base; color: @text;
   selection-background-color: @accent; selection-color: @onAccent; }
 QComboBox, QDateEdit { padding-right: 2px; }
-QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QComboBox:focus, QComboBox:on, QDateEdit:focus {
+QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QComboBox:focus, QComboBox:on, QDateEdit:focus, QSpinBox:focus {
   border: 2px solid @accent; padding: 3px 5px; }
 QComboBox:focus, QComboBox:on, QDateEdit:focus { padding-right: 1px; }
 QLineEdit:read-only, QLineEdit:disabled, QComboBox:disabled, QDateEdit:disabled {
   background: @window; color: @readOnlyText; }
-QComboBox QLineEdit, QDateEdit QLineEdit { border: none; padding: 0; background: transparent; }
+QComboBox QLineEdit, QDateEdit QLineEdit, QSpinBox QLineEdit { border: none; padding: 0; background: transparent; }
 QComboBox::drop-down, QDateEdit::drop-down { border: none; width: 22px; subcontrol-origin: padding; subcontrol-position: center right; }
 QComboBox::down-arrow, QDateEdit::down-arrow { image: url(@chevron); width: 12px; height: 12px; }
 QComboBox QAbstractItemView { border: 1px solid @border; background: @base; outline: 0; padding: 2px; }
@@ -49,6 +49,11 @@ QTableView::item:focus { border: 2px solid @accent; padding: 0 4px; }
 QHeaderView { background: @window; }
 QHeaderView::section { background: @window; color: @quietText; border: none; border-right: 1px solid @gridline;
   border-bottom: 1px solid @border; padding: 5px 6px; font-weight: 600; }
+QListWidget { border: 1px solid @border; border-radius: 5px; background: @base; padding: 3px; outline: 0; }
+QListWidget:focus { border: 2px solid @accent; padding: 2px; }
+QListWidget::item { border: 1px solid transparent; border-radius: 4px; padding: 3px 6px; }
+QListWidget::item:selected { background: @selection; color: @text; }
+QListWidget::item:selected:active { background: @accent; color: @onAccent; }
 QTableCornerButton::section { background: @window; border: none; border-bottom: 1px solid @border; }
 
 QGroupBox { border: 1px solid @border; border-radius: 6px; margin-top: 9px; padding: 8px 6px 4px 6px; }
@@ -57,10 +62,15 @@ QCheckBox::indicator, QRadioButton::indicator { width: 15px; height: 15px; borde
   background: @base; }
 QCheckBox::indicator { border-radius: 4px; }
 QRadioButton::indicator { border-radius: 8px; }
-QCheckBox::indicator:checked, QRadioButton::indicator:checked { background: @accent; border-color: @accent; image: url(@tick); }
+QCheckBox::indicator:checked { background: @accent; border-color: @accent; image: url(@tick); }
+QRadioButton::indicator:checked { border-color: @accent; background: qradialgradient(cx: 0.5, cy: 0.5, radius: 0.5,
+  fx: 0.5, fy: 0.5, stop: 0 @onAccent, stop: 0.42 @onAccent, stop: 0.52 @accent, stop: 1 @accent); }
 QCheckBox::indicator:focus, QRadioButton::indicator:focus { border: 2px solid @accent; width: 13px; height: 13px; }
 QCheckBox::indicator:checked:focus, QRadioButton::indicator:checked:focus { border-color: @text; }
 QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { border-color: @border; background: @window; }
+QCheckBox::indicator:checked:disabled { background: @border; }
+QRadioButton::indicator:checked:disabled { background: qradialgradient(cx: 0.5, cy: 0.5, radius: 0.5, fx: 0.5, fy: 0.5,
+  stop: 0 @disabledText, stop: 0.42 @disabledText, stop: 0.52 @window, stop: 1 @window); }
 QCalendarWidget QWidget#qt_calendar_navigationbar { background: @card; }
 QCalendarWidget QToolButton { color: @text; background: transparent; border: none; border-radius: 4px; padding: 3px 8px; }
 QCalendarWidget QToolButton:hover { background: @pressed; }
@@ -86,6 +96,16 @@ QTabBar::tab:selected { background: @base; color: @text; border-bottom: 2px soli
 QTabBar::tab:hover { color: @text; }
 QTabBar::close-button { image: url(@cross); }
 QTabBar::close-button:hover { background: @pressed; border-radius: 3px; }
+QScrollBar { background: transparent; border: none; margin: 0; }
+QScrollBar:vertical { width: 13px; }
+QScrollBar:horizontal { height: 13px; }
+QScrollBar::handle { background: @scrollHandle; border-radius: 4px; margin: 2px; }
+QScrollBar::handle:vertical { min-height: 32px; }
+QScrollBar::handle:horizontal { min-width: 32px; }
+QScrollBar::handle:hover, QScrollBar::handle:pressed { background: @quietText; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; border: none; }
+QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
+QAbstractScrollArea::corner { background: transparent; border: none; }
 QToolTip { background: @card; color: @text; border: 1px solid @border; padding: 4px; }
 )";
 
@@ -117,6 +137,7 @@ QString styleSheet(const QPalette& palette, const Colours& look, Brightness brig
       {QStringLiteral("text"), text.name()},
       {QStringLiteral("readOnlyText"), mixed(text, base, 0.15).name()},
       {QStringLiteral("disabledText"), palette.color(QPalette::Disabled, QPalette::Text).name()},
+      {QStringLiteral("scrollHandle"), mixed(look.border, look.quietText, 0.25).name()},
       {QStringLiteral("pressed"), mixed(palette.color(QPalette::Button), look.accent, 0.15).name()},
       {QStringLiteral("selection"), mixed(base, look.accent, 0.18).name()},
       {QStringLiteral("totalGround"), mixed(base, look.accent, 0.10).name()},

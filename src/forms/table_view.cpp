@@ -31,11 +31,15 @@ TableView::TableView(QWidget* parent) : QTableView(parent) {
 
 void TableView::showModel(RecordsetModel& model) {
   setModel(&model);
+  setColumnWidths(model.columns());
+}
+
+void TableView::setColumnWidths(const std::vector<TableColumn>& columns) {
   int widest = -1;
-  for (int i = 0; i < model.columnCount(); ++i) {
-    const TableColumn& column = model.columns()[static_cast<std::size_t>(i)];
-    setColumnWidth(i, column.width * fontMetrics().averageCharWidth() + 16);
-    if (widest < 0 || column.width > model.columns()[static_cast<std::size_t>(widest)].width) widest = i;
+  for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
+    const int width = columns[static_cast<std::size_t>(i)].width;
+    setColumnWidth(i, width * fontMetrics().averageCharWidth() + 16);
+    if (widest < 0 || width > columns[static_cast<std::size_t>(widest)].width) widest = i;
   }
   if (widest >= 0) horizontalHeader()->setSectionResizeMode(widest, QHeaderView::Stretch);
 }

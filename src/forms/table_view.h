@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QTableView>
+#include <vector>
 
 namespace velmo::forms {
 
 class RecordsetModel;
+struct TableColumn;
 
 // A list to pick a row from: whole rows are selected, Enter and double click pick, Home and End go to the first and the
 // last row.
@@ -16,6 +18,8 @@ class TableView : public QTableView {
 
   // Shows the model with the widths that its columns declare; the widest takes the room that is left.
   void showModel(RecordsetModel& model);
+  // The widths alone, of a model of another kind.
+  void setColumnWidths(const std::vector<TableColumn>& columns);
 
  Q_SIGNALS:
   void picked(const QModelIndex& index);

@@ -1,7 +1,6 @@
 #include "frame/find_screen.h"
 
 #include <QComboBox>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -13,19 +12,11 @@
 #include "forms/recordset_model.h"
 #include "forms/table_view.h"
 #include "frame/find_statement.h"
+#include "frame/wait_cursor.h"
 
 namespace velmo::frame {
 
 namespace {
-
-// Shows for its life that the program is at work.
-class WaitCursor {
- public:
-  WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 QString shown(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));

@@ -1,6 +1,15 @@
 #include "shell/screen_catalogue.h"
 
 #include "documents/sale_invoice.h"
+#include "masters/employees.h"
+#include "masters/item_settings.h"
+#include "masters/modify_accounts.h"
+#include "masters/modify_inventory.h"
+#include "masters/modify_parties.h"
+#include "masters/modify_services.h"
+#include "masters/simple_lists.h"
+#include "masters/user_logins.h"
+#include "masters/user_rights.h"
 #include "shell/about.h"
 #include "shell/company_info.h"
 #include "shell/currency_settings.h"
@@ -20,6 +29,22 @@ QWidget* makeSaleInvoicesSimple(session::Workplace& workplace, QWidget* parent) 
 constexpr ScreenEntry screens[] = {
     {"Navigation", ScreenKind::ChildWindow, makeNavigation},
     {"SaleInvoicesSimple", ScreenKind::ChildWindow, makeSaleInvoicesSimple},
+    {"ModifyAccounts", ScreenKind::Dialog, masters::makeModifyAccounts},
+    {"ModifyCustomers", ScreenKind::Dialog, masters::makeModifyCustomers},
+    {"ModifySuppliers", ScreenKind::Dialog, masters::makeModifySuppliers},
+    {"ModifyBanks", ScreenKind::Dialog, masters::makeModifyBanks},
+    {"ModifyInventory", ScreenKind::Dialog, masters::makeModifyInventory},
+    {"ModifyServices", ScreenKind::Dialog, masters::makeModifyServices},
+    {"Regions", ScreenKind::Dialog, masters::makeRegions},
+    {"Sectors", ScreenKind::Dialog, masters::makeSectors},
+    {"Employees", ScreenKind::Dialog, masters::makeEmployees},
+    {"InvBrands", ScreenKind::Dialog, masters::makeInvBrands},
+    {"InvLocations", ScreenKind::Dialog, masters::makeInvLocations},
+    {"InvPrices", ScreenKind::Dialog, masters::makeInvPrices},
+    {"InvReorderSettings", ScreenKind::Dialog, masters::makeInvReorderSettings},
+    {"InvValuation", ScreenKind::Dialog, masters::makeInvValuation},
+    {"UserLogins", ScreenKind::Dialog, masters::makeUserLogins},
+    {"UserRights", ScreenKind::Dialog, masters::makeUserRights},
     {"CompanyInfo", ScreenKind::Dialog, makeCompanyInfo},
     {"LogoSetting", ScreenKind::Dialog, makeLogoSetting},
     {"CurrencySettings", ScreenKind::Dialog, makeCurrencySettings},

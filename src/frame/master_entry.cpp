@@ -1,0 +1,109 @@
+#include "frame/master_entry.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "store/connection.h"
+#include "text/number.h"
+
+namespace velmo::frame {
+
+using Refusal = std::function<std::optional<std::string>(const MasterEntry&)>;
+
+bool ColumnOrder::operator()(std::string_view left, std::string_view right) const {
+  const auto lower = [](unsigned char c) { return std::tolower(c); };
+  return std::ranges::lexicographical_compare(left, right, std::less<>(), lower, lower);
+}
+
+std::string MasterEntry::text(std::string_view column) const {
+  const auto found = texts.find(column);
+  return found == texts.end() ? stored(column) : found->second;
+}
+
+store::Value MasterEntry::value(std::string_view column) const {
+  const auto found = values.find(column);
+  if (found != values.end()) return found->second;
+  return isNew || rows.bof() || rows.eof() ? store::Value() : rows.value(column);
+}
+
+std::string MasterEntry::stored(std::string_view column) const {
+  return isNew || rows.bof() || rows.eof() ? std::string() : rows.text(column);
+}
+
+bool MasterEntry::finds(const std::string& statement) const {
+  return !store::Recordset(connection(), statement, store::LockType::ReadOnly, store::Fetch::AsNeeded).isEmpty();
+}
+
+Refusal emptyText(std::string column, std::string words) {
+  return [=](const MasterEntry& entry) {
+    return entry.text(column).empty() ? std::optional(words) : std::nullopt;
+  };
+}
+
+Refusal notNumeric(std::string column, std::string words) {
+  return [=](const MasterEntry& entry) {
+    return text::isNumeric(entry.text(column)) ? std::nullopt : std::optional(words);
+  };
+}
+
+Refusal noEntry(std::string column, std::string words) {
+  return [=](const MasterEntry& entry) {
+    return store::isNull(entry.value(column)) ? std::optional(words) : std::nullopt;
+  };
+}
+
+// Codes differ only in more than the case of their letters, as the key's own order has it.
+Refusal codeTaken(std::string column, std::string select, std::string words) {
+  return [=](const MasterEntry& entry) -> std::optional<std::string> {
+    store::Recordset found(entry.connection(), select + store::quoted(entry.text(column)), store::LockType::ReadOnly,
+                           store::Fetch::AsNeeded);
+    const std::string own = entry.stored(column);
+    for (; !found.eof(); found.moveNext())
+      if (entry.isNew || found.text(column) != own) return words;
+    return std::nullopt;
+  };
+}
+
+Refusal hasRows(std::string select, std::function<std::string(const MasterEntry&)> literal,
+                std::function<std::string(const MasterEntry&)> words) {
+  return [=](const MasterEntry& entry) {
+    return entry.finds(select + literal(entry)) ? std::optional(words(entry)) : std::nullopt;
+  };
+}
+
+Refusal isYesColumn(std::string column, std::string words) {
+  return [=](const MasterEntry& entry) {
+    const bool yes = !entry.isNew && !entry.rows.isEmpty() && entry.rows.yes(column);
+    return yes ? std::optional(words) : std::nullopt;
+  };
+}
+
+std::string codeAfter(const std::string& last, const std::string& parent, int digits) {
+  if (parent.empty()) return {};
+  const auto length = static_cast<std::size_t>(digits);
+  std::string number;
+  if (last.empty()) {
+    number = std::string(length - 1, '0') + '1';
+  } else {
+    const std::string running = last.size() > length ? last.substr(last.size() - length) : last;
+    if (running == std::string(length, '9')) return {};
+    number = std::to_string(static_cast<int>(text::leadingNumber(running)) + 1);
+    number.insert(0, length - std::min(length, number.size()), '0');
+  }
+  return parent + number;
+}
+
+std::string lastInOrder(store::Recordset& rows, std::string_view column) {
+  if (rows.isEmpty()) return {};
+  rows.setSort(std::string(column) + " asc");
+  rows.moveLast();
+  return rows.text(column);
+}
+
+std::string lastCode(const store::Recordset& rows, std::string_view column) {
+  if (!rows.isOpen() || rows.isEmpty()) return {};
+  store::Recordset copy = rows.clone();
+  return lastInOrder(copy, column);
+}
+
+}  // namespace velmo::frame

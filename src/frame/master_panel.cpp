@@ -1,0 +1,258 @@
+#include "frame/master_panel.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <stdexcept>
+
+#include "forms/look.h"
+#include "forms/recordset_model.h"
+#include "forms/table_view.h"
+#include "frame/own_fields.h"
+#include "store/connection.h"
+
+// What a level of a master dialog does; how it is laid out stands in master_panel_layout.cpp.
+namespace velmo::frame {
+
+MasterPanel::MasterPanel(const MasterLevel& level, session::Workplace& workplace, QWidget* parent)
+    : QFrame(parent), level_(level), workplace_(workplace), parentKeys_(1) {
+  setObjectName(shownText(level_.frame));
+  setAccessibleName(shownText(level_.heading));
+  forms::makeCard(*this);
+  auto* column = new QVBoxLayout(this);
+  forms::setGrid(*column, forms::spacing::Normal + forms::spacing::Tight);
+  buildHeading();
+  buildList();
+  buildForm();
+  buildCommands();
+  if (level_.furnish) level_.furnish(*this);
+  setState(State::Browsing);
+}
+
+MasterPanel::~MasterPanel() = default;
+
+MasterBox& MasterPanel::box(std::string_view column) const {
+  for (const auto& box : boxes_)
+    if (box->field().column == column) return *box;
+  throw std::logic_error("no box for " + std::string(column));
+}
+
+void MasterPanel::attempt(const char* title, const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const store::StoreError& failure) {
+    workplace_.prompts.tell(title, failure.what());
+  }
+}
+
+void MasterPanel::load(std::vector<std::string> parentKeys) {
+  parentKeys_ = std::move(parentKeys);
+  openRows();
+  selectRow(rows_.isOpen() && !rows_.isEmpty() ? 0 : -1);
+}
+
+void MasterPanel::openRows() {
+  attempt("Cannot Show", [this] {
+    moving_ = true;
+    rows_ = store::Recordset(workplace_.context.KORDconn, level_.statement(parent()), store::LockType::Optimistic,
+                             store::Fetch::AsNeeded);
+    model_->setRecordset(rows_);
+    const std::int64_t count = rows_.recordCount();
+    count_->setText(count == 0 ? tr("none yet") : QLocale(QLocale::English).toString(static_cast<qlonglong>(count)));
+    moving_ = false;
+  });
+  moving_ = false;
+}
+
+void MasterPanel::reload() {
+  const std::string before = key();
+  openRows();
+  if (!goTo(before)) selectRow(rows_.isOpen() && !rows_.isEmpty() ? 0 : -1);
+}
+
+bool MasterPanel::goTo(const std::string& key) {
+  if (key.empty() || !rows_.isOpen() || rows_.isEmpty()) return false;
+  const int field = rows_.fieldIndex(level_.key);
+  const bool isText = rows_.fields()[static_cast<std::size_t>(field)].type == store::ColumnType::Text;
+  rows_.moveFirst();
+  if (!rows_.find(level_.key + " = " + (isText ? store::quoted(key) : key))) {
+    rows_.moveFirst();
+    return false;
+  }
+  selectRow(rows_.position());
+  return true;
+}
+
+// The list and the rows go to the place together; -1 for none.
+void MasterPanel::selectRow(std::int64_t row) {
+  moving_ = true;
+  if (row >= 0) {
+    model_->showUpTo(static_cast<int>(row));
+    rows_.moveTo(row);
+    list_->setCurrentIndex(model_->index(static_cast<int>(row), 0));
+  } else {
+    list_->setCurrentIndex({});
+  }
+  moving_ = false;
+  showRow();
+}
+
+void MasterPanel::rowChosen() {
+  if (moving_ || isBusy() || !list_->currentIndex().isValid()) return;
+  attempt("Cannot Show", [this] {
+    rows_.moveTo(list_->currentIndex().row());
+    showRow();
+  });
+}
+
+std::string MasterPanel::key() const {
+  if (state_ == State::Adding || !rows_.isOpen() || rows_.bof() || rows_.eof()) return {};
+  return rows_.text(level_.key);
+}
+
+void MasterPanel::showRow() {
+  const bool there = rows_.isOpen() && !rows_.bof() && !rows_.eof();
+  for (const auto& box : boxes_) {
+    box->show(there ? rows_.value(box->field().column) : store::Value());
+    box->setOpen(box->field().use == BoxUse::Open);
+  }
+  if (level_.shown) level_.shown(*this);
+  setState(State::Browsing);
+  Q_EMIT currentChanged();
+}
+
+void MasterPanel::boxEdited(MasterBox& box) {
+  if (state_ == State::Browsing) setState(State::Changing);
+  if (level_.changed) level_.changed(*this, box.field().column);
+}
+
+void MasterPanel::setState(State state) {
+  const bool wasBusy = isBusy();
+  state_ = state;
+  list_->setEnabled(!isBusy());
+  add_->setEnabled(!isBusy() && hasParent());
+  cancel_->setEnabled(isBusy());
+  if (remove_) remove_->setEnabled(!isBusy());
+  if (wasBusy != isBusy()) Q_EMIT busyChanged();
+}
+
+void MasterPanel::add() {
+  if (isBusy() || !hasParent()) return;
+  attempt("Cannot Add", [this] {
+    keyBefore_ = key();
+    setState(State::Adding);
+    for (const auto& box : boxes_) {
+      box->showInitial(workplace_.clock.today());
+      box->setOpen(box->field().use != BoxUse::ShownOnly);
+    }
+    if (level_.shown) level_.shown(*this);
+    if (level_.begin && !level_.begin(*this)) {
+      setState(State::Browsing);
+      if (!goTo(keyBefore_)) showRow();
+      return;
+    }
+    Q_EMIT currentChanged();
+    if (level_.firstColumn.empty())
+      focusFirstBox();
+    else
+      focusBox(level_.firstColumn);
+  });
+}
+
+MasterEntry MasterPanel::entry() const {
+  MasterEntry entry{.workplace = workplace_,
+                    .rows = rows_,
+                    .texts = {},
+                    .values = {},
+                    .parentKeys = parentKeys_,
+                    .isNew = state_ == State::Adding};
+  for (const auto& box : boxes_) {
+    entry.texts[box->field().column] = box->text();
+    entry.values[box->field().column] = box->value();
+  }
+  return entry;
+}
+
+void MasterPanel::save() {
+  attempt("Cannot Save", [this] {
+    const bool nothing = state_ != State::Adding && (!rows_.isOpen() || rows_.isEmpty());
+    if (nothing) return workplace_.prompts.tell("Cannot Save", level_.addFirst);
+    const MasterEntry entry = this->entry();
+    for (const MasterTest& test : level_.tests) {
+      const std::optional<std::string> refusal = test.refusal(entry);
+      if (!refusal) continue;
+      workplace_.prompts.tell("Cannot Save", *refusal);
+      if (!test.column.empty()) focusBox(test.column);
+      return;
+    }
+    write(entry);
+  });
+}
+
+void MasterPanel::write(const MasterEntry& entry) {
+  std::vector<store::FieldValue> values;
+  for (const WrittenColumn& column : level_.written)
+    values.push_back({column.column, column.value ? column.value(entry) : entry.value(column.column)});
+  const std::string keyBefore = key();
+  store::Connection::Transaction transaction(workplace_.context.KORDconn);
+  if (entry.isNew)
+    rows_.addNew(values);
+  else
+    rows_.update(values);
+  if (level_.alsoWrite) level_.alsoWrite(entry, keyBefore);
+  transaction.commit();
+  const std::string saved = rows_.text(level_.key);
+  setState(State::Browsing);
+  openRows();
+  if (!goTo(saved)) selectRow(rows_.isEmpty() ? -1 : 0);
+  focusList();
+}
+
+void MasterPanel::cancel() {
+  if (!isBusy()) return;
+  const std::string before = state_ == State::Adding ? keyBefore_ : key();
+  setState(State::Browsing);
+  openRows();
+  if (!goTo(before)) selectRow(rows_.isOpen() && !rows_.isEmpty() ? 0 : -1);
+  focusList();
+}
+
+void MasterPanel::remove() {
+  if (!level_.deletion || isBusy()) return;
+  const MasterDeletion& deletion = *level_.deletion;
+  attempt("Cannot Delete", [&] {
+    if (!rows_.isOpen() || rows_.isEmpty() || rows_.bof() || rows_.eof())
+      return workplace_.prompts.tell(deletion.none.title, deletion.none.text);
+    const MasterEntry entry = this->entry();
+    for (const auto& refuses : deletion.refusals)
+      if (const std::optional<std::string> refusal = refuses(entry))
+        return workplace_.prompts.tell("Cannot Delete", *refusal);
+    const session::Answer answer = workplace_.prompts.ask(
+        {.title = "Delete Confirmation", .text = deletion.question(entry), .buttons = session::Buttons::YesNo});
+    if (answer != session::Answer::Yes) return;
+    const std::int64_t place = rows_.position();
+    rows_.remove();
+    openRows();
+    selectRow(std::min(place, rows_.recordCount() - 1));
+    focusList();
+  });
+}
+
+void MasterPanel::focusList() {
+  list_->setFocus(Qt::OtherFocusReason);
+}
+
+void MasterPanel::focusBox(std::string_view column) {
+  QWidget* control = box(column).control();
+  control->setFocus(Qt::TabFocusReason);
+  if (auto* line = qobject_cast<QLineEdit*>(control)) line->selectAll();
+}
+
+void MasterPanel::focusFirstBox() {
+  for (const auto& box : boxes_) {
+    const bool open = box->field().use != BoxUse::ShownOnly;
+    if (open) return focusBox(box->field().column);
+  }
+}
+
+}  // namespace velmo::frame

@@ -1,0 +1,131 @@
+#include "forms/look.h"
+#include "frame/own_fields.h"
+#include "frame/picker_screen.h"
+#include "store/sql/like.h"
+
+namespace velmo::frame {
+namespace {
+
+constexpr int portion = 256;
+constexpr char columnEnd = '\t';  // between the columns of a row's text; no key types it
+
+std::string selectOf(const PickerType& type) {
+  std::string shown;
+  for (const forms::TableColumn& column : type.columns)
+    shown += (shown.empty() ? "" : std::string(" & '") + columnEnd + "' & ") + column.field;
+  return "SELECT " + type.key + " AS RowKey, (" + shown + ") AS RowText" + type.from;
+}
+
+}  // namespace
+
+PickerModel::PickerModel(const PickerType& type, store::Connection& connection, QObject* parent)
+    : QAbstractTableModel(parent), type_(type), connection_(connection) {
+  open(type_.order);
+}
+
+void PickerModel::open(const std::string& order) {
+  list_ = std::make_unique<PickList>(connection_, PickListSource{.select = selectOf(type_),
+                                                                 .condition = {},
+                                                                 .order = order,
+                                                                 .displayColumn = "RowText",
+                                                                 .keyColumn = "RowKey",
+                                                                 .tables = type_.tables});
+  narrow(typed_);
+}
+
+void PickerModel::narrow(const std::string& typed) {
+  beginResetModel();
+  typed_ = typed;
+  list_->narrow(typed);
+  kept_.reset();
+  if (typed.find_first_of("%_[") != std::string::npos) keepMatchesWithinColumns();
+  handedOut_ = foundUpTo(portion);
+  endResetModel();
+}
+
+// A typed wildcard must not reach from one column into the next.
+void PickerModel::keepMatchesWithinColumns() {
+  const store::sql::LikePattern pattern("%" + typed_ + "%");
+  kept_.emplace();
+  for (int at = 0; at < list_->sizeUpTo(at + 1); ++at) {
+    std::string_view rest = list_->display(at);
+    while (true) {
+      const std::size_t end = rest.find(columnEnd);
+      if (pattern.matches(rest.substr(0, end))) {
+        kept_->push_back(at);
+        break;
+      }
+      if (end == std::string_view::npos) break;
+      rest.remove_prefix(end + 1);
+    }
+  }
+}
+
+int PickerModel::found() const {
+  return kept_ ? static_cast<int>(kept_->size()) : list_->size();
+}
+
+int PickerModel::foundUpTo(int wanted) const {
+  return kept_ ? std::min(wanted, found()) : list_->sizeUpTo(wanted);
+}
+
+int PickerModel::entry(int row) const {
+  return kept_ ? kept_->at(static_cast<std::size_t>(row)) : row;
+}
+
+void PickerModel::sortBy(const std::string& order) {
+  open(order);
+}
+
+void PickerModel::readAgain() {
+  open(list_->source().order);
+}
+
+int PickerModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : handedOut_;
+}
+
+int PickerModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(type_.columns.size());
+}
+
+bool PickerModel::canFetchMore(const QModelIndex& parent) const {
+  return !parent.isValid() && handedOut_ < foundUpTo(handedOut_ + 1);
+}
+
+void PickerModel::fetchMore(const QModelIndex& parent) {
+  const int wanted = parent.isValid() ? 0 : foundUpTo(handedOut_ + portion);
+  if (wanted <= handedOut_) return;
+  beginInsertRows({}, handedOut_, wanted - 1);
+  handedOut_ = wanted;
+  endInsertRows();
+}
+
+QVariant PickerModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || index.row() >= handedOut_) return {};
+  const bool right =
+      type_.columns[static_cast<std::size_t>(index.column())].alignment == forms::ColumnAlignment::Right;
+  if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
+  if (role == Qt::FontRole) return right ? QVariant(forms::figureFont()) : QVariant();
+  if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
+  std::string_view text = list_->display(entry(index.row()));
+  for (int column = 0; column < index.column(); ++column) {
+    const std::size_t end = text.find(columnEnd);
+    if (end == std::string_view::npos) return {};
+    text.remove_prefix(end + 1);
+  }
+  return shownText(text.substr(0, text.find(columnEnd)));
+}
+
+QVariant PickerModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+    return QAbstractTableModel::headerData(section, orientation, role);
+  const forms::TableColumn& column = type_.columns[static_cast<std::size_t>(section)];
+  if (role == Qt::DisplayRole) return shownText(column.caption);
+  if (role == Qt::TextAlignmentRole)
+    return QVariant(Qt::AlignVCenter |
+                    (column.alignment == forms::ColumnAlignment::Right ? Qt::AlignRight : Qt::AlignLeft));
+  return {};
+}
+
+}  // namespace velmo::frame
