@@ -16,6 +16,8 @@
 namespace velmo::shell {
 namespace {
 
+constexpr int smallestWidth = 500;
+
 const char* wordsOf(store::BackUpStage stage) {
   switch (stage) {
     case store::BackUpStage::Copying:
@@ -37,14 +39,14 @@ class About : public QDialog {
     column->addLayout(makeName());
     addLines(*column);
     column->addWidget(makeBackUp());
-    auto* close = new QPushButton(QStringLiteral("Close"), this);
+    auto* close = new QPushButton(QStringLiteral("&Close"), this);
     close->setObjectName(QStringLiteral("OkBttn"));
     close->setMinimumSize(104, 34);
     close->setDefault(true);
     connect(close, &QPushButton::clicked, this, &About::accept);
     column->addWidget(close, 0, Qt::AlignRight);
     close->setFocus();
-    setMinimumWidth(500);
+    setMinimumWidth(smallestWidth);
   }
 
   // While the copy is made the box stays: the program works in it.
@@ -98,6 +100,7 @@ class About : public QDialog {
                                   "before it takes its name; you need not stop working elsewhere."),
                    card);
     stage_->setWordWrap(true);
+    stage_->setMinimumHeight(stage_->heightForWidth(smallestWidth - 6 * forms::spacing::Section));
     grid->addWidget(stage_);
     bar_ = new QProgressBar(card);
     bar_->setRange(0, 0);

@@ -17,12 +17,16 @@ constexpr const char* programTitle = "Velmo Point of Sale";
 
 }  // namespace
 
+void introduceProgram(QApplication& application) {
+  application.setApplicationName(QStringLiteral("velmo"));
+  application.setApplicationDisplayName(QLatin1String(programTitle));
+  application.setApplicationVersion(QStringLiteral(VELMO_VERSION));
+  application.setDesktopFileName(QStringLiteral("velmo"));
+  application.setWindowIcon(programIcon());
+}
+
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
-  setApplicationName(QStringLiteral("velmo"));
-  setApplicationDisplayName(QLatin1String(programTitle));
-  setApplicationVersion(QStringLiteral("1.0.0"));
-  setDesktopFileName(QStringLiteral("velmo"));
-  setWindowIcon(programIcon());
+  introduceProgram(*this);
   // The login window closes before the main window shows.
   setQuitOnLastWindowClosed(false);
 }

@@ -8,6 +8,9 @@
 
 namespace velmo::shell {
 
+// Name, version and icon of the program, as the desktop and `About` show them.
+void introduceProgram(QApplication& application);
+
 // The program from its start to its end: look, company file, login, main window.
 class Application : public QApplication {
  public:

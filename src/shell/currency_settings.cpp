@@ -37,6 +37,7 @@ class CurrencySettings : public SettingsDialog {
     countries_->setObjectName(QStringLiteral("CountryList"));
     countries_->setAccessibleName(QStringLiteral("Country"));
     countries_->setUniformItemSizes(true);
+    countries_->ensurePolished();  // it measures its rows once, before it is shown
     for (; !currencies_.eof(); currencies_.moveNext())
       countries_->addItem(QString::fromStdString(currencies_.text("Country")));
     auto* label = new QLabel(QStringLiteral("C&ountry"), this);

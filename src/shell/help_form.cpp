@@ -34,11 +34,14 @@ QWidget* makeHelpForm(session::Workplace& workplace, QWidget* parent) {
   matter->setAccessibleName(QStringLiteral("Help text"));
   matter->setOpenLinks(false);
   matter->document()->setDocumentMargin(forms::spacing::Section);
+  matter->document()->setDefaultStyleSheet(QStringLiteral("li { margin-bottom: 6px; } p { margin-bottom: 8px; }"));
   if (known) matter->setHtml(QString::fromStdString(topic.text("Matter")));
   column->addWidget(matter, 1);
 
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);
-  buttons->button(QDialogButtonBox::Close)->setDefault(true);
+  QPushButton* close = buttons->button(QDialogButtonBox::Close);
+  close->setMinimumSize(104, 34);
+  close->setDefault(true);
   QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
   column->addWidget(buttons);
   dialog->resize(680, 540);

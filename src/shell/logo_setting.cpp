@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -31,7 +32,7 @@ class LogoSetting : public QDialog {
     newButton_->setDefault(true);
     noLogoButton_ = addButton(*row, "NoLogoBttn", QStringLiteral("No &Logo"));
     row->addStretch(1);
-    QPushButton* close = addButton(*row, "CloseBttn", QStringLiteral("Close"));
+    QPushButton* close = addButton(*row, "CloseBttn", QStringLiteral("&Close"));
     column->addLayout(row);
     connect(newButton_, &QPushButton::clicked, this, &LogoSetting::choose);
     connect(noLogoButton_, &QPushButton::clicked, this, &LogoSetting::clear);
@@ -69,10 +70,22 @@ class LogoSetting : public QDialog {
     return button;
   }
 
+  // As it will be printed: on white, whatever the look, and as sharp as the screen shows it.
+  QPixmap logoOnPaper() const {
+    const qreal density = devicePixelRatioF();
+    const QPixmap logo = logoPicture(pictureSize * density);
+    if (logo.isNull()) return {};
+    QPixmap paper(pictureSize * density);
+    paper.fill(Qt::white);
+    QPainter(&paper).drawPixmap((paper.width() - logo.width()) / 2, (paper.height() - logo.height()) / 2, logo);
+    paper.setDevicePixelRatio(density);
+    return paper;
+  }
+
   void showLogo() {
     std::error_code absent;
     const bool there = std::filesystem::exists(logoFile(), absent);
-    const QPixmap picture = logoPicture(pictureSize);
+    const QPixmap picture = logoOnPaper();
     picture_->setPixmap(picture);
     picture_->setVisible(!picture.isNull());
     words_->setText(there ? QStringLiteral("The logo file \"mylogo.jpg\" is not a picture. Print-outs leave it out.")

@@ -51,8 +51,8 @@ class PrintSettings : public SettingsDialog {
         type_(type),
         settings_(workplace.context.KORDconn, type.statement) {
     addDialogHeading(body(), QLatin1String(type.heading), settings_.text("name"), "ComName");
-    if (!type_.sizes.empty()) addOptions(QStringLiteral("Paper"), "InvSize", type_.sizes, sizes_);
-    if (!type_.types.empty()) typeBox_ = addOptions(QStringLiteral("Discount"), "InvType", type_.types, types_);
+    if (!type_.sizes.empty()) addOptions(QStringLiteral("&Paper"), "InvSize", type_.sizes, sizes_);
+    if (!type_.types.empty()) typeBox_ = addOptions(QStringLiteral("&Discount"), "InvType", type_.types, types_);
     addLetterhead();
     body().addStretch(1);
     addCommands();

@@ -25,7 +25,7 @@ void SettingsDialog::addCommands() {
   save->setToolTip(QStringLiteral("Saves the settings and closes (Ctrl+S)"));
   save->setDefault(true);
   forms::makePrimary(*save);
-  auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+  auto* cancel = new QPushButton(QStringLiteral("&Cancel"), this);
   cancel->setObjectName(QStringLiteral("CancelBttn"));
   cancel->setToolTip(QStringLiteral("Closes without saving (Esc)"));
   cancel->setAutoDefault(false);

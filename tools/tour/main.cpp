@@ -7,6 +7,7 @@
 #include "demo_company/demonstration_company.h"
 #include "forms/look.h"
 #include "guide.h"
+#include "shell/application.h"
 #include "shell/login_form.h"
 #include "stops.h"
 
@@ -22,6 +23,7 @@ class TravelClock : public session::Clock {
 // In the order of the visit.
 constexpr Stop stops[] = {
     visitSettings,
+    visitMasters,
     visitSaleInvoices,
     visitPrintOuts,
 };
@@ -53,6 +55,7 @@ void walk(const std::filesystem::path& pictures, Scenery scenery, QSize size) {
 
 int run(int argc, char** argv) {
   QApplication application(argc, argv);
+  shell::introduceProgram(application);
   if (argc < 2) {
     std::cerr << "velmo_tour <folder for the pictures> [light|dark|wide]\n";
     return 2;
