@@ -1,8 +1,10 @@
 #include "documents/print_columns.h"
 
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <numeric>
+#include <sstream>
 
 #include "printing/element_text.h"
 #include "printing/typesetter.h"
@@ -14,23 +16,36 @@ using namespace printing;
 namespace {
 
 constexpr double LeastSize = 5;
+constexpr Twips LongestWord = mm(40);
 constexpr Twips CellPadding = mm(2);  // both sides, with some room to spare
 
-// The distinct texts of a column and its sum, as they will stand.
+// What a column must show in one piece: its distinct figures or words, and its sum.
 struct ColumnTexts {
-  std::set<std::string> figures = {};
+  std::set<std::string> pieces = {};
   std::string sum = {};
+  Twips most = std::numeric_limits<Twips>::max();  // longer pieces may break
 };
+
+std::set<std::string> wordsOf(const std::string& text) {
+  std::istringstream stream(text);
+  return {std::istream_iterator<std::string>(stream), {}};
+}
 
 std::vector<ColumnTexts> textsOf(const std::vector<Column>& columns, const ReportData& lines) {
   std::vector<ColumnTexts> texts(columns.size());
   std::vector<double> sums(columns.size(), 0.0);
   for (const auto rows = lines.rows(); rows->next();)
     for (std::size_t index = 0; index < columns.size(); ++index) {
-      if (columns[index].format.empty()) continue;
-      const store::Value value = rows->value(columns[index].dataField);
-      texts[index].figures.insert(formatted(value, columns[index].format));
-      if (!store::isNull(value)) sums[index] += store::numberOf(value);
+      const Column& column = columns[index];
+      if (column.width == 0 && column.format.empty()) continue;
+      const store::Value value = rows->value(column.dataField);
+      if (column.format.empty()) {
+        texts[index].pieces.merge(wordsOf(formatted(value, {})));
+        texts[index].most = LongestWord;
+      } else {
+        texts[index].pieces.insert(formatted(value, column.format));
+        if (!store::isNull(value)) sums[index] += store::numberOf(value);
+      }
     }
   for (std::size_t index = 0; index < columns.size(); ++index)
     if (!columns[index].totalName.empty()) texts[index].sum = formatted(sums[index], columns[index].format);
@@ -42,13 +57,13 @@ Twips widthOf(Typesetter& typesetter, const std::string& text, const FontSpec& f
   return lines.empty() ? 0 : lines.front().width;
 }
 
-// The widths of all columns of figures at a size; 0 for the others.
-std::vector<Twips> figureWidths(Typesetter& typesetter, const std::vector<ColumnTexts>& texts, double size) {
+// The widths that all columns ask for at a size; 0 for those that ask for none.
+std::vector<Twips> neededWidths(Typesetter& typesetter, const std::vector<ColumnTexts>& texts, double size) {
   std::vector<Twips> widths;
   for (const ColumnTexts& column : texts) {
     Twips widest = widthOf(typesetter, column.sum, {.size = size, .weight = Weight::SemiBold});
-    for (const std::string& figure : column.figures)
-      widest = std::max(widest, widthOf(typesetter, figure, {.size = size}));
+    for (const std::string& piece : column.pieces)
+      widest = std::max(widest, std::min(column.most, widthOf(typesetter, piece, {.size = size})));
     widths.push_back(widest == 0 ? 0 : widest + CellPadding);
   }
   return widths;
@@ -66,7 +81,7 @@ FittedColumns fitColumns(std::vector<Column> columns, const ReportData& lines, T
   Typesetter typesetter;
   for (;; size -= 0.5) {
     FittedColumns fitted{columns, size};
-    const std::vector<Twips> widths = figureWidths(typesetter, texts, size);
+    const std::vector<Twips> widths = neededWidths(typesetter, texts, size);
     Twips sum = 0;
     for (std::size_t index = 0; index < columns.size(); ++index) {
       fitted.columns[index].width = std::max(columns[index].width, widths[index]);

@@ -10,9 +10,10 @@ struct FittedColumns {
   double size = 0;  // points of the table's text
 };
 
-// Widens every column that has a format to its widest figure among the lines and, where it is summed, to the sum: a
-// figure broken over two lines could be misread. When less than `leastText` would be left for the column of width 0,
-// the text of the table gets smaller, down to 5 points.
+// Widens every column that has a width of its own to what must not be broken over two lines: the widest figure among
+// the lines and, where it is summed, the sum; of texts the longest word, which may be a code that somebody has to read
+// off, as long as it is within 40 mm. When less than `leastText` would be left for the column of width 0, the text of
+// the table gets smaller, down to 5 points.
 FittedColumns fitColumns(std::vector<printing::Column> columns, const printing::ReportData& lines,
                          printing::Twips bodyWidth, printing::Twips leastText, double size);
 

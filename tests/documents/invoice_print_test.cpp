@@ -317,6 +317,25 @@ TEST(InvoicePrint, NothingOverlapsOrIsCutWhateverItHolds) {
     }
 }
 
+TEST(InvoicePrint, CodesStandOnOneLine) {
+  const InFolder noLogo;
+  for (const Layout& layout : layouts()) {
+    SCOPED_TRACE(layout.name);
+    std::vector<DataRow> data = lines(6);
+    for (DataRow& row : data) row.fields["itemcode"] = std::string("2000000013985");
+    data[0].fields["itemcode"] = std::string("HH-2026/MAHOGANY-99");
+    data[1].fields["itemcode"] = std::string("a code of words");
+    const Report report = layout.design(sheet(), std::make_shared<VectorData>(data));
+    const auto pages = printing::test::pagesOf(report);
+    expectClean(pages, report.design);
+    EXPECT_EQ(pages.size(), 1U);
+    const std::string text = "\n" + wholeText(pages);
+    if (text.find("Item Code") == std::string::npos) continue;
+    for (const char* code : {"2000000013985", "HH-2026/MAHOGANY-99"})
+      EXPECT_NE(text.find("\n" + std::string(code) + "\n"), std::string::npos) << "broken: " << code;
+  }
+}
+
 TEST(InvoicePrint, AnyLogoIsShownWholeOrLeftOut) {
   const QImage picture = [] {
     QImage drawn(640, 400, QImage::Format_RGB32);
