@@ -38,18 +38,9 @@ double discountOf(const printing::ReportData& lines) {
   return sum;
 }
 
-// A line of the company's head; none when nothing stands behind its caption.
-std::string headLine(const std::string& line) {
-  return line.ends_with(": ") ? std::string() : line;
-}
-
 InvoiceSheet sheetOf(InvoiceLayout layout, const session::LoginContext& context, const store::Recordset& document) {
   InvoiceSheet sheet;
-  sheet.letterhead = {.companyName = context.CompanyName,
-                      .address = context.CompanyAddress,
-                      .telephones = headLine(context.CompanyTelLine),
-                      .email = headLine(context.CompanyEmailLine),
-                      .userName = context.UserName};
+  sheet.letterhead = printing::letterheadOf(context);
   if (context.sif == static_cast<int>(layout) + OnOwnLetterhead) {
     sheet.headStyle = printing::HeadStyle::OwnLetterhead;
     sheet.topMargin = context.sitm;

@@ -1,6 +1,7 @@
 #include "printing/paginator.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace velmo::printing {
 
@@ -47,8 +48,13 @@ void Paginator::step() {
       const Group& group = design_.groups[static_cast<std::size_t>(step.level)];
       totals_.beginGroup(step.level);
       totals_.addRow(step.level);
-      if (group.header) place(*group.header, step.level);
-      openGroups_ = step.level + 1;
+      if (!group.header) break;
+      if (group.header->keep == Keep::WithNext) {
+        waiting_.push_back(pieceOf(*group.header, step.level));
+      } else {
+        place(*group.header, step.level);
+        openGroups_ = step.level + 1;
+      }
       break;
     }
     case Step::Detail:
@@ -58,6 +64,7 @@ void Paginator::step() {
     case Step::GroupFooter: {
       const Group& group = design_.groups[static_cast<std::size_t>(step.level)];
       if (group.footer) place(*group.footer, step.level);
+      if (!waiting_.empty() && waiting_.back().level == step.level) placeWaiting(0);  // nothing stands below them
       openGroups_ = step.level;
       break;
     }
@@ -78,25 +85,42 @@ Block Paginator::set(const Section& section, int level, Output output) {
       output);
 }
 
+Paginator::Piece Paginator::pieceOf(const Section& section, int level) {
+  return {.section = &section, .level = level, .page = pageNumber_, .block = set(section, level, output_)};
+}
+
 void Paginator::place(const Section& section, int level) {
-  Block block = set(section, level, output_);
-  if (block.height == 0) return;
-  bool moved = false;
+  Piece piece = pieceOf(section, level);
+  if (piece.block.height == 0) return;
+  placeWaiting(piece.least());
+  placeHere(std::move(piece), 0);
+}
+
+// Headers, on a page that has so much room below the last of them.
+void Paginator::placeWaiting(Twips below) {
+  for (const Piece& header : waiting_) below += header.least();
+  for (Piece& header : std::exchange(waiting_, {})) {
+    const int level = header.level;
+    below -= header.least();
+    if (header.block.height > 0) placeHere(std::move(header), below);
+    openGroups_ = level + 1;
+  }
+}
+
+// On this page, or on the next one when it does not fit with so much below it.
+void Paginator::placeHere(Piece piece, Twips below) {
+  const Section& section = *piece.section;
   if ((breakPending_ || breaksBefore(section)) && !(pageOpen_ && fresh_)) {
     if (pageOpen_) endPage();
     beginPage();
-    moved = true;
   }
   breakPending_ = false;
-  const bool wholeOnly = section.keep == Keep::Together;
-  const Twips needed = (wholeOnly ? block.height : 0) + section.roomBelow;
-  if (!fresh_ && needed > space()) {
+  if (!fresh_ && piece.least() + below > space()) {
     endPage();
     beginPage();
-    moved = true;
   }
-  if (moved) block = set(section, level, output_);  // the page number may stand in it
-  pour(section, level, std::move(block));
+  if (piece.page != pageNumber_) piece.block = set(section, piece.level, output_);  // the number may stand in it
+  pour(section, piece.level, std::move(piece.block));
   if (breaksAfter(section)) breakPending_ = true;
 }
 

@@ -19,7 +19,19 @@ class Paginator {
 
  private:
   void step();
+  // A section as it was set on a page.
+  struct Piece {
+    const Section* section;
+    int level;
+    int page;
+    Block block;
+    Twips least() const { return section->keep == Keep::MayBreak ? 0 : block.height; }
+  };
+
+  Piece pieceOf(const Section& section, int level);
   void place(const Section& section, int level);
+  void placeWaiting(Twips below);
+  void placeHere(Piece piece, Twips below);
   void pour(const Section& section, int level, Block block);
   void placeAtOnce(const std::optional<Section>& section, int level);
   void append(const Block& block);
@@ -35,6 +47,7 @@ class Paginator {
   FunctionTotals totals_;
   SectionLayout layout_;
   std::deque<Page> ready_;
+  std::vector<Piece> waiting_;  // headers that go on the page of what comes next
   Page page_;
   Block footer_;
   Twips y_ = 0;

@@ -44,11 +44,24 @@ void addHeadLines(Report& report, Section& section, const std::vector<HeadLine>&
   }
 }
 
+// A line of the company's head; none when nothing stands behind its caption.
+std::string headLine(const std::string& line) {
+  return line.ends_with(": ") ? std::string() : line;
+}
+
 Frame inCell(const ColumnPlace& place, Twips top, Twips height) {
   return {place.left + CellPadding, top, place.width - 2 * CellPadding, height};
 }
 
 }  // namespace
+
+Letterhead letterheadOf(const session::LoginContext& context) {
+  return {.companyName = context.CompanyName,
+          .address = context.CompanyAddress,
+          .telephones = headLine(context.CompanyTelLine),
+          .email = headLine(context.CompanyEmailLine),
+          .userName = context.UserName};
+}
 
 QImage companyLogo() {
   constexpr int MostPixels = 1600;

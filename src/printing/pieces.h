@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "printing/report.h"
+#include "session/login_context.h"
 
 // Parts that print-outs share. Each puts its elements into a section and the texts they show into the report, so that a
 // layout is a handful of calls. Lengths are Twips within the section, texts UTF-8.
@@ -17,6 +18,9 @@ struct Letterhead {
   std::string email = {};
   std::string userName = {};
 };
+
+// A line whose caption has nothing behind it is left out.
+Letterhead letterheadOf(const session::LoginContext& context);
 
 enum class HeadStyle {
   Company,        // name, address and logo

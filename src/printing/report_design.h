@@ -21,7 +21,9 @@ enum class Align { Left, Centre, Right };
 enum class Weight { Regular, SemiBold, Bold };
 enum class Slant { Upright, Italic };
 enum class PageBreak { None, Before, After, Both };
-enum class Keep { Together, MayBreak };    // a section that does not fit moves whole, or goes on overleaf
+// A section that does not fit on the page moves whole, or goes on overleaf. WithNext, of a group header: moves whole,
+// and also when what comes next does not fit below it.
+enum class Keep { Together, MayBreak, WithNext };
 enum class Repeat { Once, EveryPage };     // of a group header: again on the pages that the group runs on to
 enum class WhenEmpty { KeepPlace, Fold };  // Fold: no height, and what stands below moves up
 enum class Stretch { None, WithContents, WithSection };   // of lines and boxes, as text in them or the section grows
@@ -104,7 +106,6 @@ struct Section {
   std::vector<Element> elements = {};
   PageBreak forcePageBreak = PageBreak::None;
   Keep keep = Keep::Together;
-  Twips roomBelow = 0;  // moves to the next page unless so much is free below it
   Repeat repeat = Repeat::Once;
   Condition visibleWhen = {};
 };

@@ -7,11 +7,7 @@ namespace velmo::vouchers {
 
 printing::Report voucher2Print(const session::LoginContext& context, const store::Recordset& vouchers, int tranType,
                                text::DateTime today) {
-  const VoucherSheet sheet{.letterhead = {.companyName = context.CompanyName,
-                                          .address = context.CompanyAddress,
-                                          .telephones = context.CompanyTelLine,
-                                          .email = context.CompanyEmailLine,
-                                          .userName = context.UserName},
+  const VoucherSheet sheet{.letterhead = printing::letterheadOf(context),
                            .currencyCode = context.ccode,
                            .tranType = tranType,
                            .today = today};

@@ -86,11 +86,36 @@ TEST(Paginator, KeepsSectionsTogetherOrDividesThem) {
   EXPECT_EQ(countPages(taller), 2);
 }
 
-TEST(Paginator, HeaderMovesWithTheRoomItAsksFor) {
+TEST(Paginator, HeaderMovesWithWhatComesNext) {
   ReportDesign design = grouped();
-  design.groups[0].header->roomBelow = RowHeight;
-  EXPECT_EQ(textsOf(reportOf(design, {parent("A", rows(7)), parent("B", {row("b1")})})),
-            (Texts{"A r1 r2 r3 r4 r5 r6 r7 foot", "B b1 foot"}));
+  design.groups[0].header->keep = Keep::WithNext;
+  design.groups[0].footer.reset();
+  const struct {
+    int before;  // rows of A
+    std::vector<DataRow> after;
+    Texts pages;
+  } cases[] = {{8, {row("b1")}, {"A r1 r2 r3 r4 r5 r6 r7 r8", "B b1"}},
+               {7, {row("b1"), row("b2")}, {"A r1 r2 r3 r4 r5 r6 r7 B b1", "b2"}},
+               {8, {}, {"A r1 r2 r3 r4 r5 r6 r7 r8 B"}},
+               {9, {}, {"A r1 r2 r3 r4 r5 r6 r7 r8 r9", "B"}}};
+  for (const auto& [before, after, pages] : cases)
+    EXPECT_EQ(textsOf(reportOf(design, {parent("A", rows(before)), parent("B", after)})), pages) << before;
+
+  // Two levels of headers, again overleaf, over a line that takes three times the room.
+  design.groups[0].dataMember = "outer";
+  design.groups.push_back({.dataMember = "lines", .header = showing("name")});
+  for (Group& group : design.groups) {
+    group.header->keep = Keep::WithNext;
+    group.header->repeat = Repeat::EveryPage;
+  }
+  design.detailMember = "lines";
+  design.detail->height = 3 * RowHeight;
+  const auto section = [](const std::string& name, int count) { return parent(name, rows(count)); };
+  const Report report =
+      reportOf(design, {parent("A", {section("a", 1)}), parent("B", {section("b", 1), section("c", 0)}),
+                        parent("C", {}), parent("D", {section("d", 3)})});
+  EXPECT_EQ(textsOf(report), (Texts{"A a r1 B b r1", "B c C D d r1", "D d r2 r3"}));
+  EXPECT_EQ(countPages(report), 3);
 }
 
 TEST(Paginator, PageMarks) {
