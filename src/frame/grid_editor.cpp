@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
+#include <algorithm>
 
 #include "export/save_as_spreadsheet.h"
 #include "forms/look.h"
@@ -86,7 +87,11 @@ void GridEditor::buildGrid() {
   spreadWidths(*grid_, type_.columns);
   addAction(
       spreadsheet::addSaveAsSpreadsheet(*grid_, type_.title, workplace_.files, workplace_.prompts));
-  connect(model_, &QAbstractItemModel::dataChanged, this, [this] { edited_ = true; });
+  if (!isEdited()) grid_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  connect(model_, &QAbstractItemModel::dataChanged, this, [this] {
+    edited_ = true;
+    count_->clear();
+  });
   connect(model_, &forms::RecordsetModel::refused, this, [this](const QString& words) { count_->setText(words); });
   if (type_.doubleClicked)
     connect(grid_, &QTableView::doubleClicked, this,
@@ -99,7 +104,7 @@ void GridEditor::buildFoot(QHBoxLayout& foot) {
   for (const GridCommand& command : type_.commands) {
     auto* button = makeButton(shownText(command.name), shownText(command.caption), shownText(command.hint));
     connect(button, &QPushButton::clicked, this,
-            [this, &command] { attempt("Cannot Update", [&] { command.run(*this); }); });
+            [this, &command] { attempt(command.failure, [&] { command.run(*this); }); });
     foot.addWidget(button);
   }
   foot.addWidget(count_, 1);
@@ -139,18 +144,25 @@ void GridEditor::read() {
         workplace_.context.KORDconn, statement_,
         type_.saves ? store::LockType::BatchOptimistic : store::LockType::ReadOnly, store::Fetch::All));
     edited_ = false;
-    for (int column = 0; column < model_->columnCount() && model_->rowCount() > 0; ++column)
-      if (model_->columns()[static_cast<std::size_t>(column)].use == forms::ColumnUse::Editable) {
-        grid_->setCurrentIndex(model_->index(0, column));
-        break;
-      }
+    const auto& columns = model_->columns();
+    const auto first = std::ranges::find(columns, forms::ColumnUse::Editable, &forms::TableColumn::use);
+    if (model_->rowCount() > 0)
+      grid_->setCurrentIndex(model_->index(0, isEdited() ? static_cast<int>(first - columns.begin()) : 0));
     showCount();
   });
 }
 
+bool GridEditor::isEdited() const {
+  return std::ranges::any_of(model_->columns(), [](const forms::TableColumn& column) {
+    return column.use == forms::ColumnUse::Editable;
+  });
+}
+
 void GridEditor::showCount() {
-  const bool none = model_->rowCount() == 0;
-  count_->setText(none ? tr("No rows.") : QString());
+  if (model_->rowCount() == 0) return count_->setText(tr("No rows."));
+  if (type_.saves) return count_->clear();
+  const std::int64_t rows = model_->rows().recordCount();
+  count_->setText(rows == 1 ? tr("1 row") : tr("%1 rows").arg(QLocale(QLocale::English).toString(qlonglong{rows})));
 }
 
 void GridEditor::noteEdits() {

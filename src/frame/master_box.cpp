@@ -125,7 +125,7 @@ QWidget* MasterBox::withKeeper() {
   keeper_->setAccessibleName(shownText(field_.keeper.hint));
   keeper_->setToolTip(shownText(field_.keeper.hint));
   keeper_->setAutoDefault(false);
-  keeper_->setFixedWidth(34);
+  keeper_->setFixedWidth(46);
   keeper_->setEnabled(workplace_.screens.hasScreen(field_.keeper.dialog));
   layout->addWidget(keeper_);
   connect(keeper_, &QPushButton::clicked, this, [this] {

@@ -14,6 +14,16 @@
 
 namespace velmo::frame {
 
+namespace {
+
+// Most of the window that the dialog stands over, within bounds that suit its boxes.
+QSize roomyWithin(const QWidget* parent) {
+  const QSize room = parent ? parent->window()->size() - QSize(40, 40) : QSize(1000, 700);
+  return room.boundedTo({1180, 860}).expandedTo({980, 690});
+}
+
+}  // namespace
+
 MasterDialog::MasterDialog(MasterType type, session::Workplace& workplace, QWidget* parent)
     : QDialog(parent), type_(std::move(type)), workplace_(workplace) {
   setObjectName(shownText(type_.screen));
@@ -48,7 +58,7 @@ void MasterDialog::buildLayout() {
   buildFoot(*foot);
   column->addLayout(foot);
   const bool wide = panels_.size() > 1 || panels_.back()->level().formColumns > 1;
-  resize(wide ? QSize(1000, 700) : QSize(620, 540));
+  resize(wide ? roomyWithin(parentWidget()) : QSize(620, 540));
 }
 
 QHBoxLayout* MasterDialog::buildHead() {

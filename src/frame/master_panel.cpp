@@ -2,9 +2,10 @@
 
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollBar>
+#include <QTableView>
 #include <stdexcept>
 
+#include "export/save_as_spreadsheet.h"
 #include "forms/look.h"
 #include "forms/recordset_model.h"
 #include "forms/table_view.h"
@@ -235,6 +236,24 @@ void MasterPanel::remove() {
     openRows();
     selectRow(std::min(place, rows_.recordCount() - 1));
     focusList();
+  });
+}
+
+// Every row with the columns of the list and those of the boxes, secrets and choices' numbers aside.
+void MasterPanel::saveSpreadsheet() {
+  std::vector<forms::TableColumn> columns = level_.columns;
+  for (const MasterField& field : level_.fields) {
+    const bool listed = std::ranges::count(columns, field.column, &forms::TableColumn::field) > 0;
+    if (!listed && field.kind != BoxKind::Secret && field.kind != BoxKind::Choice)
+      columns.push_back({.caption = field.caption, .field = field.column});
+  }
+  attempt("Cannot Save", [&] {
+    forms::RecordsetModel all(columns);  // outlives the table
+    all.setRecordset(store::Recordset(workplace_.context.KORDconn, level_.statement(parent()),
+                                      store::LockType::ReadOnly, store::Fetch::AsNeeded));
+    QTableView table(this);
+    table.setModel(&all);
+    spreadsheet::saveAsSpreadsheet(table, level_.heading, workplace_.files, workplace_.prompts);
   });
 }
 

@@ -74,6 +74,8 @@ class MasterPanel : public QFrame {
   bool hasParent() const { return parentKeys_.size() == 1 || !parent().empty(); }
   void buildHeading();
   void buildList();
+  void addSpreadsheet();
+  void saveSpreadsheet();
   void buildForm();
   void buildCommands();
   QPushButton* makeCommand(const char* name, const QString& caption, const QString& hint);

@@ -2,9 +2,8 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QToolButton>
+#include <QAction>
 
-#include "export/save_as_spreadsheet.h"
 #include "forms/look.h"
 #include "forms/recordset_model.h"
 #include "forms/table_view.h"
@@ -14,17 +13,6 @@
 // How a level of a master dialog is laid out, from the top: heading, list, boxes, commands.
 namespace velmo::frame {
 namespace {
-
-// Ctrl+E in the list; the button is for those who look for it.
-QToolButton* spreadsheetButton(QTableView& list, const QString& title, session::Workplace& workplace) {
-  auto* button = new QToolButton;
-  button->setDefaultAction(
-      spreadsheet::addSaveAsSpreadsheet(list, title.toStdString(), workplace.files, workplace.prompts));
-  button->setText(QObject::tr("Spreadsheet"));
-  button->setAutoRaise(true);
-  button->setFocusPolicy(Qt::NoFocus);
-  return button;
-}
 
 QString commandName(const char* name, const MasterLevel& level) {
   return QLatin1String(name) + shownText(level.suffix);
@@ -55,9 +43,26 @@ void MasterPanel::buildList() {
   list_->showModel(*model_);
   list_->setMinimumHeight(90);
   static_cast<QVBoxLayout*>(layout())->addWidget(list_, 1);
-  heading_->addWidget(spreadsheetButton(*list_, shownText(level_.heading), workplace_));
+  addSpreadsheet();
   connect(list_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &MasterPanel::rowChosen);
   connect(list_, &forms::TableView::picked, this, &MasterPanel::focusFirstBox);
+}
+
+// Ctrl+E in the list; the button is for those who look for it.
+void MasterPanel::addSpreadsheet() {
+  auto* action = new QAction(tr("Save as Spreadsheet..."), this);
+  action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+  action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  addAction(action);
+  auto* button = new QPushButton(tr("Spreadsheet"));
+  button->setObjectName(commandName("SpreadsheetBttn", level_));
+  button->setToolTip(tr("Saves the rows of this list with all their columns as a spreadsheet (Ctrl+E)"));
+  button->setAutoDefault(false);
+  button->setFocusPolicy(Qt::NoFocus);
+  forms::makeQuiet(*button);
+  heading_->addWidget(button);
+  connect(button, &QPushButton::clicked, action, &QAction::trigger);
+  connect(action, &QAction::triggered, this, &MasterPanel::saveSpreadsheet);
 }
 
 void MasterPanel::buildForm() {
@@ -77,8 +82,9 @@ void MasterPanel::buildForm() {
       QWidget* caption = captionFor(*box->control(), shownText(field.caption));
       grid->addWidget(caption, row, 2 * column);
     }
+    if (field.width > 0) box->place()->setFixedWidth(field.width * fontMetrics().averageCharWidth() + 20);
     grid->addWidget(box->place(), row, 2 * column + 1, 1, 2 * span - 1);
-    grid->setColumnStretch(2 * column + 1, 1);
+    if (field.width == 0) grid->setColumnStretch(2 * column + 1, 1);
     column += span;
     connect(box.get(), &MasterBox::edited, this, [this, edited = box.get()] { boxEdited(*edited); });
     boxes_.push_back(std::move(box));

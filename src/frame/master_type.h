@@ -55,6 +55,7 @@ struct MasterField {
   ChoiceKeeper keeper = {};
   std::vector<std::string> options = {};  // OneOfTwo: the two captions
   int span = 1;                           // columns of the form
+  int width = 0;                          // in average characters; 0: what there is
 };
 
 // A column of the row that is saved, in the order of writing: what stands in its box, or what the function makes.

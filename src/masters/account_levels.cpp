@@ -64,8 +64,12 @@ frame::MasterLevel subTypeLevel(const AccountWords& words) {
       },
       .columns = {{.caption = "Code", .field = "Level2ID", .width = 7},
                   {.caption = "Sub type", .field = "L2AccName", .width = 24}},
-      .fields = {{.name = "SubCode", .caption = "Code", .column = "Level2ID", .use = frame::BoxUse::ShownOnly},
-                 {.name = "SubCatCodeTxt", .caption = "Sub type", .column = "L2AccName"}},
+      .fields = {{.name = "SubCode",
+                  .caption = "Code",
+                  .column = "Level2ID",
+                  .use = frame::BoxUse::ShownOnly,
+                  .width = 8},
+                 {.name = "SubCatCodeTxt", .caption = "Name", .column = "L2AccName"}},
       .written = {{"level2id"},
                   {"l2accname"},
                   {"typeid", [](const MasterEntry& entry) -> store::Value { return entry.parent(); }}},
@@ -84,6 +88,7 @@ frame::MasterLevel subTypeLevel(const AccountWords& words) {
                 return std::string("Are you sure, you want to delete this selected sub account type?");
               }},
       .firstColumn = "L2AccName",
+      .formColumns = 2,
       .begin =
           [](frame::MasterPanel& panel) {
             panel.setText("Level2ID", frame::codeAfter(frame::lastCode(panel.rows(), "level2id"), panel.parent(),

@@ -80,8 +80,12 @@ frame::MasterLevel subCategoryLevel(const CatalogueWords& words) {
       },
       .columns = {{.caption = "Code", .field = "SubCatID", .width = 10},
                   {.caption = "Sub category", .field = "SubCatName", .width = 22}},
-      .fields = {{.name = "SubCatCode", .caption = "Code", .column = "SubCatID", .use = frame::BoxUse::ShownOnly},
-                 {.name = "SubCatCodeTxt", .caption = "Sub category", .column = "SubCatName"}},
+      .fields = {{.name = "SubCatCode",
+                  .caption = "Code",
+                  .column = "SubCatID",
+                  .use = frame::BoxUse::ShownOnly,
+                  .width = 10},
+                 {.name = "SubCatCodeTxt", .caption = "Name", .column = "SubCatName"}},
       .written = {{"subcatid"},
                   {"subcatname"},
                   {"catid", [](const MasterEntry& entry) -> store::Value { return entry.parent(); }}},
@@ -96,6 +100,7 @@ frame::MasterLevel subCategoryLevel(const CatalogueWords& words) {
                 return std::string("Are you sure, you want to delete this selected sub category?");
               }},
       .firstColumn = "SubCatName",
+      .formColumns = 2,
   };
 }
 

@@ -7,6 +7,7 @@
 #include "frame/own_fields.h"
 #include "masters/account_levels.h"
 #include "masters/chart_of_accounts.h"
+#include "masters/master_prints.h"
 #include "text/number.h"
 
 namespace velmo::masters {
@@ -67,15 +68,20 @@ frame::MasterLevel typeLevel() {
       },
       .columns = {{.caption = "Code", .field = "TypeID", .width = 5},
                   {.caption = "Type", .field = "Type", .width = 26}},
-      .fields = {{.name = "MainCode", .caption = "Code", .column = "TypeID", .use = frame::BoxUse::ShownOnly},
-                 {.name = "CatCodeTxt", .caption = "Type", .column = "Type"},
+      .fields = {{.name = "MainCode",
+                  .caption = "Code",
+                  .column = "TypeID",
+                  .use = frame::BoxUse::ShownOnly,
+                  .width = 8},
+                 {.name = "CatCodeTxt", .caption = "Name", .column = "Type"},
                  {.name = "FSList",
                   .caption = "Stands under",
                   .column = "NatureID",
                   .kind = frame::BoxKind::Choice,
                   .choices = {.statement = "SELECT * from fsnature order by natureid",
                               .shownColumn = "AccNatureTop",
-                              .boundColumn = "NatureID"}}},
+                              .boundColumn = "NatureID"},
+                  .span = 2}},
       .written = {{"typeid"}, {"type"}, {"natureid"}},
       .tests = {{frame::emptyText("TypeID",
                                   "Select correct financial statements component to save or you may have added maximum "
@@ -98,6 +104,7 @@ frame::MasterLevel typeLevel() {
                 return std::string("Are you sure, you want to delete this selected main account type?");
               }},
       .firstColumn = "NatureID",
+      .formColumns = 2,
       .changed =
           [](MasterPanel& panel, const std::string& column) {
             if (panel.state() == MasterPanel::State::Adding && column == "NatureID")
@@ -165,6 +172,7 @@ QWidget* makeModifyAccounts(session::Workplace& workplace, QWidget* parent) {
                                   .title = "Chart of Accounts",
                                   .levels = {typeLevel(), subTypeLevel(accountWords),
                                              accountLevel(accountWords, accountDetails())},
+                                  .prints = chartOfAccountsPrints(),
                                   .find = [](frame::MasterDialog& dialog) { pickAccount(dialog, wholeChart); },
                                   .besideHeading = detailLine},
                                  workplace, parent);

@@ -3,6 +3,7 @@
 #include "frame/master_dialog.h"
 #include "masters/catalogue_levels.h"
 #include "masters/chart_of_inventory.h"
+#include "masters/master_prints.h"
 
 namespace velmo::masters {
 namespace {
@@ -32,8 +33,12 @@ frame::MasterLevel categoryLevel() {
       },
       .columns = {{.caption = "Code", .field = "CatID", .width = 10},
                   {.caption = "Category", .field = "CatName", .width = 22}},
-      .fields = {{.name = "CatCode", .caption = "Code", .column = "CatID", .use = frame::BoxUse::OpenWhileAdding},
-                 {.name = "CatCodeTxt", .caption = "Category", .column = "CatName"}},
+      .fields = {{.name = "CatCode",
+                  .caption = "Code",
+                  .column = "CatID",
+                  .use = frame::BoxUse::OpenWhileAdding,
+                  .width = 10},
+                 {.name = "CatCodeTxt", .caption = "Name", .column = "CatName"}},
       .written = {{"catid"}, {"catname"}},
       .tests = {{frame::emptyText("CatID", "Enter category code to save."), "CatID"},
                 {frame::emptyText("CatName", "Enter inventory category name to save."), "CatName"},
@@ -54,6 +59,7 @@ frame::MasterLevel categoryLevel() {
                 return std::string("Are you sure, you want to delete this selected category?");
               }},
       .firstColumn = "CatID",
+      .formColumns = 2,
   };
 }
 
@@ -132,6 +138,7 @@ QWidget* makeModifyInventory(session::Workplace& workplace, QWidget* parent) {
   return new frame::MasterDialog({.screen = "ModifyInventory",
                                   .title = "Chart of Inventory",
                                   .levels = {categoryLevel(), numberedSubCategories(), goodsLevel()},
+                                  .prints = inventoryPrints(),
                                   .find = pickItem},
                                  workplace, parent);
 }

@@ -3,6 +3,7 @@
 #include "frame/master_dialog.h"
 #include "masters/account_levels.h"
 #include "masters/chart_of_accounts.h"
+#include "masters/master_prints.h"
 
 namespace velmo::masters {
 namespace {
@@ -126,6 +127,7 @@ frame::MasterDialog* makeParties(const PartyFamily& family, frame::MasterLevel a
        .title = family.title,
        .rootKey = std::to_string(family.type),
        .levels = {std::move(subTypes), std::move(accounts)},
+       .prints = accountsOfTypePrints(family.type, family.title),
        .find = [type = family.type](frame::MasterDialog& dialog) { pickAccount(dialog, type); }},
       workplace, parent);
 }
@@ -146,7 +148,9 @@ QWidget* makeModifyCustomers(session::Workplace& workplace, QWidget* parent) {
                           creditLimitIsNumeric});
   customers.shown = [](MasterPanel& panel) {
     offerSubRegions(panel);
-    if (panel.state() != MasterPanel::State::Adding && !panel.key().empty())
+    if (panel.state() == MasterPanel::State::Adding)
+      panel.box("Region2ID").showInitial(panel.workplace().clock.today());
+    else if (!panel.key().empty())
       panel.box("Region2ID").show(panel.rows().value("Region2ID"));
   };
   customers.changed = [](MasterPanel& panel, const std::string& column) {

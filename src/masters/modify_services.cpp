@@ -2,6 +2,7 @@
 
 #include "frame/master_dialog.h"
 #include "masters/catalogue_levels.h"
+#include "masters/master_prints.h"
 
 namespace velmo::masters {
 namespace {
@@ -70,7 +71,8 @@ QWidget* makeModifyServices(session::Workplace& workplace, QWidget* parent) {
   return new frame::MasterDialog({.screen = "ModifyServices",
                                   .title = "Chart of Services",
                                   .rootKey = "Service",
-                                  .levels = {serviceCategories(), serviceLevel()}},
+                                  .levels = {serviceCategories(), serviceLevel()},
+                                  .prints = servicePrints()},
                                  workplace, parent);
 }
 

@@ -1,6 +1,7 @@
 #include "masters/simple_lists.h"
 
 #include "frame/master_dialog.h"
+#include "masters/master_prints.h"
 #include "text/number.h"
 
 namespace velmo::masters {
@@ -115,10 +116,10 @@ std::function<std::optional<std::string>(const MasterEntry&)> isTheFirst(const s
 }
 
 QWidget* makeOneLevel(const char* screen, const char* title, frame::MasterLevel level, session::Workplace& workplace,
-                      QWidget* parent) {
+                      QWidget* parent, std::vector<frame::MasterPrint> prints = {}) {
   std::vector<frame::MasterLevel> levels;
   levels.push_back(std::move(level));
-  return new frame::MasterDialog({.screen = screen, .title = title, .levels = std::move(levels)}, workplace, parent);
+  return new frame::MasterDialog({.screen = screen, .title = title, .levels = std::move(levels), .prints = std::move(prints)}, workplace, parent);
 }
 
 }  // namespace
@@ -151,7 +152,7 @@ QWidget* makeInvBrands(session::Workplace& workplace, QWidget* parent) {
                       namesLevel("Brands", "BrandID", "BrandName",
                                  "select * from brands where brandid>1 order by BrandName",
                                  "Give location name to save."),
-                      workplace, parent);
+                      workplace, parent, brandPrints());
 }
 
 QWidget* makeInvLocations(session::Workplace& workplace, QWidget* parent) {

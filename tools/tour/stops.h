@@ -11,6 +11,8 @@ class Guide;
 // when a screen no longer is as the tour knows it.
 using Stop = void (*)(Guide& guide, shell::Parent& shell);
 
+// Accounts, parties, the catalogue, people and rights, as their keepers see them.
+void visitMasters(Guide& guide, shell::Parent& shell);
 // The day's work at the sale invoice: a sale on credit, its print-outs, finding it again.
 void visitSaleInvoices(Guide& guide, shell::Parent& shell);
 // The company's own data, its currency, logo and print formats; help and the program's own box.

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "frame/master_type.h"
+
+// The choices of `PrintBttn` on the dialogs of accounts and of the catalogue.
+namespace velmo::masters {
+
+std::vector<frame::MasterPrint> chartOfAccountsPrints();
+// The accounts of one type, under a caption.
+std::vector<frame::MasterPrint> accountsOfTypePrints(int type, const std::string& caption);
+std::vector<frame::MasterPrint> inventoryPrints();
+std::vector<frame::MasterPrint> servicePrints();
+std::vector<frame::MasterPrint> brandPrints();
+
+}  // namespace velmo::masters
