@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <ctime>
 #include <numeric>
 
 namespace velmo::bench {
@@ -39,6 +40,16 @@ double Durations::mean() const {
   return seconds_.empty()
              ? 0
              : std::accumulate(seconds_.begin(), seconds_.end(), 0.0) / static_cast<double>(seconds_.size());
+}
+
+double Durations::processorMean() const {
+  return seconds_.empty() ? 0 : processor_ / static_cast<double>(seconds_.size());
+}
+
+double Durations::processorSeconds() {
+  timespec time = {};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
 double Durations::percentile(double share) const {

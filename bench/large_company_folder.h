@@ -26,20 +26,25 @@ class CompanyCopy {
   std::filesystem::path folder_;
 };
 
-// Durations of single runs, in seconds.
+// Durations of single runs, in seconds: by the clock, and of the processor for this thread.
 class Durations {
  public:
   template <typename Work>
   void measure(Work&& work) {
+    const double processorBegin = processorSeconds();
     const auto begin = std::chrono::steady_clock::now();
     work();
     seconds_.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
+    processor_ += processorSeconds() - processorBegin;
   }
   double mean() const;
+  double processorMean() const;
   double percentile(double share) const;  // 0.95: nineteen of twenty runs were at most so long
 
  private:
+  static double processorSeconds();
   std::vector<double> seconds_;
+  double processor_ = 0;
 };
 
 }  // namespace velmo::bench
