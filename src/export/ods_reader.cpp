@@ -132,29 +132,39 @@ void readRows(PartXml& xml, std::int64_t& row, SheetBuilder& builder, int depth 
 
 OdsBook::OdsBook(const Archive& archive) : archive_(archive) {
   if (isEncrypted(archive)) throw protectedFile();
-  PartXml xml(archive, contentPart);
+}
+
+std::vector<std::string> OdsBook::sheetNames() const {
+  std::vector<std::string> names;
+  PartXml xml(archive_, contentPart);
   enterSpreadsheet(xml);
   while (xml.nextChild()) {
-    if (xml.is(u"table")) names_.push_back(xml.attribute(u"name").toStdString());
+    if (xml.is(u"table")) names.push_back(xml.attribute(u"name").toStdString());
     xml.skip();
   }
   xml.finish();
-  if (names_.empty()) throw ReadFailure("The file has no sheet with rows.");
+  if (names.empty()) throw noRows();
+  return names;
 }
 
 Sheet OdsBook::read(std::size_t sheet, const Progress& progress) const {
-  SheetBuilder builder(names_.at(sheet), progress);
+  Sheet read;
   PartXml xml(archive_, contentPart);
   enterSpreadsheet(xml);
-  std::int64_t row = 0;
-  for (std::size_t table = 0; xml.nextChild();) {
-    if (!xml.is(u"table") || table++ != sheet)
+  std::size_t tables = 0;
+  while (xml.nextChild()) {
+    if (!xml.is(u"table") || tables++ != sheet) {
       xml.skip();
-    else
-      readRows(xml, row, builder);
+      continue;
+    }
+    SheetBuilder builder(xml.attribute(u"name").toStdString(), progress);
+    std::int64_t row = 0;
+    readRows(xml, row, builder);
+    read = builder.take();
   }
   xml.finish();
-  return builder.take();
+  if (sheet >= tables) throw noRows();
+  return read;
 }
 
 }  // namespace velmo::spreadsheet

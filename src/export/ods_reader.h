@@ -10,12 +10,11 @@ class OdsBook {
  public:
   explicit OdsBook(const Archive& archive);
 
-  std::vector<std::string> sheetNames() const { return names_; }
+  std::vector<std::string> sheetNames() const;
   Sheet read(std::size_t sheet, const Progress& progress) const;
 
  private:
   const Archive& archive_;
-  std::vector<std::string> names_;
 };
 
 }  // namespace velmo::spreadsheet

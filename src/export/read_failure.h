@@ -23,6 +23,9 @@ inline ReadFailure notASpreadsheet() {
 inline ReadFailure protectedFile() {
   return ReadFailure("The file is protected by a password. Save it without a password and choose it again.");
 }
+inline ReadFailure noRows() {
+  return ReadFailure("The file has no sheet with rows.");
+}
 inline ReadFailure tooLarge() {
   return ReadFailure("The file holds more than this program takes in at once. Divide it into smaller files.");
 }

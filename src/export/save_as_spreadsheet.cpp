@@ -37,30 +37,41 @@ std::filesystem::path askPlace(const std::string& title, session::FileChooser& f
   return answer == session::Answer::Yes ? place : std::filesystem::path();
 }
 
-}  // namespace
+void save(const TableRows& list, QWidget* window, session::FileChooser& files, session::Prompts& prompts) {
+  const std::filesystem::path place = askPlace(list.design.title, files, prompts);
+  if (place.empty()) return;
+  tl::expected<std::int64_t, std::string> saved;
+  {
+    forms::WorkProgress progress(window, QStringLiteral("Saving the spreadsheet ..."), list.count);
+    saved = saveSheet(place, list.design, list.rows, [&](std::int64_t rows) { return progress.report(rows); });
+  }
+  if (saved)
+    prompts.tell("Spreadsheet Saved", text::formatNumber(static_cast<double>(*saved), "#,##0") +
+                                          (*saved == 1 ? " row was saved in \"" : " rows were saved in \"") +
+                                          place.string() + "\".");
+  else if (!saved.error().empty())
+    prompts.tell(notSaved, saved.error());
+}
 
-void saveAsSpreadsheet(const QTableView& table, const std::string& title, session::FileChooser& files,
-                       session::Prompts& prompts) {
+void tellingFailure(session::Prompts& prompts, const std::function<void()>& work) {
   try {
-    const std::filesystem::path place = askPlace(title, files, prompts);
-    if (place.empty()) return;
-    const TableRows list = rowsOf(table, title);
-    tl::expected<std::int64_t, std::string> saved;
-    {
-      forms::WorkProgress progress(table.window(), QStringLiteral("Saving the spreadsheet ..."), list.count);
-      saved = saveSheet(place, list.design, list.rows, [&](std::int64_t rows) { return progress.report(rows); });
-    }
-    if (saved)
-      prompts.tell("Spreadsheet Saved", text::formatNumber(static_cast<double>(*saved), "#,##0") +
-                                            (*saved == 1 ? " row was saved in \"" : " rows were saved in \"") +
-                                            place.string() + "\".");
-    else if (!saved.error().empty())
-      prompts.tell(notSaved, saved.error());
+    work();
   } catch (const store::StoreError& failure) {
     prompts.tell(notSaved, failure.what());
   } catch (const std::filesystem::filesystem_error& failure) {
     prompts.tell(notSaved, failure.what());
   }
+}
+
+}  // namespace
+
+void saveAsSpreadsheet(const TableRows& list, QWidget* window, session::FileChooser& files, session::Prompts& prompts) {
+  tellingFailure(prompts, [&] { save(list, window, files, prompts); });
+}
+
+void saveAsSpreadsheet(const QTableView& table, const std::string& title, session::FileChooser& files,
+                       session::Prompts& prompts) {
+  tellingFailure(prompts, [&] { save(rowsOf(table, title), table.window(), files, prompts); });
 }
 
 QAction* addSaveAsSpreadsheet(QTableView& table, const std::string& title, session::FileChooser& files,

@@ -61,7 +61,7 @@ void XlsxBook::readWorkbook(const std::string& part) {
     const auto target = relations_.find(sheet.relation);
     return sheet.hidden || target == relations_.end() || target->second.kind != u"worksheet";
   });
-  if (sheets_.empty()) throw ReadFailure("The file has no sheet with rows.");
+  if (sheets_.empty()) throw noRows();
 }
 
 std::string XlsxBook::partOfKind(QStringView kind) const {
@@ -77,7 +77,8 @@ std::vector<std::string> XlsxBook::sheetNames() const {
 }
 
 Sheet XlsxBook::read(std::size_t sheet, const Progress& progress) const {
-  const Listed& listed = sheets_.at(sheet);
+  if (sheet >= sheets_.size()) throw noRows();
+  const Listed& listed = sheets_[sheet];
   const std::string strings = partOfKind(u"sharedStrings");
   const std::string styles = partOfKind(u"styles");
   const XlsxSheetContext context{

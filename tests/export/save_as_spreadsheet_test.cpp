@@ -29,6 +29,7 @@ class SaveAs : public test::SheetFiles {
 
   SaveAs() {
     connection.open(schema::plainConnectionString);
+    store::Connection::Transaction transaction(connection);
     store::Recordset employees(connection, "select * from Employees where EmpID=0");
     for (int i = 0; i < 700; ++i)
       employees.addNew({{"EmpName", "Name " + std::to_string(1000 + i)},
@@ -36,6 +37,7 @@ class SaveAs : public test::SheetFiles {
                         {"NICNo", i == 1 ? "1234.5" : "-"},
                         {"DateJoin", text::DateTime::fromCalendar(2026, 3, 4).addDays(i)},
                         {"Status", i % 2 == 1}});
+    transaction.commit();
     table.setObjectName("Grid");
   }
   void showEmployees(store::Fetch fetch = store::Fetch::All) {
