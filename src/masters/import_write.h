@@ -1,0 +1,12 @@
+#pragma once
+
+#include "masters/import_plan.h"
+#include "store/connection.h"
+
+namespace velmo::masters {
+
+// Writes the rows of a plan that have no problem, and the brands and sub categories that they need, in one transaction:
+// all of them or none. False, and nothing written, when the progress function stopped the work. Throws StoreError.
+bool writeImport(store::Connection& connection, const ImportPlan& plan, const ImportProgress& progress = {});
+
+}  // namespace velmo::masters

@@ -1,0 +1,240 @@
+#include "masters/import_dialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTableView>
+#include <fstream>
+
+#include "export/sheet_reader.h"
+#include "import_sheets.h"
+#include "support/new_company.h"
+#include "support/queued_prompts.h"
+#include "support/typing.h"
+
+namespace velmo::masters {
+namespace {
+
+class ImportScreens : public testing::Test {
+ protected:
+  class Now : public session::Clock {
+   public:
+    text::DateTime now() const override { return text::DateTime::fromCalendar(2026, 11, 22); }
+  };
+  class Chooser : public session::FileChooser {
+   public:
+    std::string openFile(const std::string&, const std::string&, const std::string&) override {
+      std::filesystem::current_path("/");  // as some desktops' dialogs do
+      return answer;
+    }
+    std::string saveFile(const std::string&, const std::string&, const std::string& proposed) override {
+      proposedName = proposed;
+      return answer;
+    }
+    std::string answer;
+    std::string proposedName;
+  };
+  class NoScreens : public session::ScreenOpener {
+   public:
+    bool openScreen(std::string_view) override { return false; }
+    bool openDialog(std::string_view) override { return false; }
+    bool hasScreen(std::string_view) const override { return false; }
+  };
+
+  ImportScreens() {
+    context.KORDconn.open(schema::plainConnectionString);
+    test::NewCompany::run(context.KORDconn,
+                          {"INSERT INTO StockLevel1 (CatID, CatName) VALUES ('HND', 'Hand Tools')",
+                           "INSERT INTO StockLevel2 (SubCatID, SubCatName, CatID) VALUES ('HND01', 'Hammers', 'HND')"});
+  }
+
+  void open(ImportKind kind) {
+    dialog.reset(makeImport(kind, workplace, nullptr));
+    dialog->show();
+  }
+  template <typename Control>
+  Control& control(const char* name) {
+    auto* found = dialog->findChild<Control*>(QLatin1String(name));
+    if (!found) throw std::logic_error(std::string("no control ") + name);
+    return *found;
+  }
+  void choose(const std::string& name, const std::string& bytes) {
+    files.answer = (company.folder() / name).string();
+    std::ofstream(files.answer, std::ios::binary) << bytes;
+    control<QPushButton>("BrowseBttn").click();
+  }
+  void next() { control<QPushButton>("NextBttn").click(); }
+  std::string step() { return control<QLabel>("StepLbl").text().left(11).toStdString(); }
+  std::string summary() { return control<QLabel>("SummaryLbl").text().toStdString(); }
+  // The rows of a grid, cells divided by bars.
+  std::vector<std::string> grid(const char* name) {
+    const QAbstractItemModel& model = *control<QTableView>(name).model();
+    std::vector<std::string> rows;
+    for (int row = 0; row < model.rowCount(); ++row) {
+      QStringList cells;
+      for (int column = 0; column < model.columnCount(); ++column)
+        cells.append(model.index(row, column).data().toString());
+      rows.push_back(cells.join(u'|').toStdString());
+    }
+    return rows;
+  }
+  std::int64_t count(const std::string& statement) {
+    return store::Recordset(context.KORDconn, statement, store::LockType::ReadOnly).recordCount();
+  }
+
+  test::NewCompany company;
+  test::QueuedPrompts prompts;
+  Now clock;
+  Chooser files;
+  NoScreens screens;
+  session::LoginContext context{schema::companyCatalog()};
+  session::Workplace workplace{context, clock, prompts, files, screens};
+  std::unique_ptr<QDialog> dialog;
+};
+
+TEST_F(ImportScreens, LeadFromTheFileToTheBooksByKeyboard) {
+  open(ImportKind::Items);
+  EXPECT_EQ(dialog->objectName(), "ImportItems");
+  test::focus(*dialog);
+  files.answer = (company.folder() / "items.csv").string();
+  std::ofstream(files.answer)
+      << "Price list\n\nCode;Product;Price;Group\n007;Claw;1.234,50;Hammers\n008;Nail;0,75;Nails\n";
+  test::press(*dialog, Qt::Key_Return);  // without a file, going on is choosing one
+  EXPECT_EQ(std::filesystem::current_path(), company.folder());
+  EXPECT_EQ(step(), "Step 1 of 3");
+  EXPECT_THAT(grid("PreviewGrid"), testing::ElementsAre("Price list|||", "|||", "Code|Product|Price|Group",
+                                                        "007|Claw|1.234,50|Hammers", "008|Nail|0,75|Nails"));
+  test::press(*dialog, Qt::Key_Return);
+  EXPECT_EQ(step(), "Step 2 of 3");
+  EXPECT_EQ(control<QSpinBox>("HeadingRow").value(), 3);
+  EXPECT_EQ(control<QComboBox>("Column_SellingPrice").currentText(), "Price");
+  EXPECT_EQ(control<QLabel>("Sample_SellingPrice").text(), "1.234,50  ·  0,75");
+  EXPECT_EQ(control<QComboBox>("DecimalList").currentText(), "Comma: 1.234,50");
+  EXPECT_TRUE(control<QComboBox>("Column_ItemCode").hasFocus());
+  control<QCheckBox>("MakeMissing").setChecked(true);
+  control<QComboBox>("Otherwise_Category").setCurrentText("Hand Tools");
+  test::press(*dialog, Qt::Key_Return);
+  EXPECT_EQ(step(), "Step 3 of 3");
+  EXPECT_THAT(grid("CheckGrid"), testing::ElementsAre("4|007|Claw|HND01  Hammers|", "5|008|Nail|New: HND02  Nails|"));
+  EXPECT_EQ(summary(), "2 new items can be made, with 1 new sub category.");
+  EXPECT_EQ(control<QPushButton>("NextBttn").text(), "&Import 2 items");
+  EXPECT_EQ(count("select itemcode from stocklevel3 where catid like 'HND'"), 0);
+  prompts.expect("Import Items", "2 items were brought in.");
+  control<QPushButton>("NextBttn").setFocus();
+  test::press(control<QPushButton>("NextBttn"), Qt::Key_Return);
+  EXPECT_EQ(dialog->result(), QDialog::Accepted);
+  EXPECT_FALSE(dialog->isVisible());
+  EXPECT_EQ(count("select itemcode from stocklevel3 where sellingprice = 1234.5 and subcatid like 'HND01'"), 1);
+}
+
+TEST_F(ImportScreens, LeaveOutRowsWithProblemsOnlyWhenTold) {
+  open(ImportKind::Customers);
+  choose("customers.csv", "Customer,Credit limit,Region\nZed,1000,General\nYard,ten,\n,5,\nXen,,West\n");
+  next();
+  // The only sub type there is stands in for the column that is not there.
+  EXPECT_EQ(control<QComboBox>("Otherwise_SubType").currentText(), "12001  Trade Customers");
+  next();
+  EXPECT_EQ(summary(), "1 new customer can be made. 3 rows have problems.");
+  EXPECT_THAT(grid("CheckGrid"),
+              testing::ElementsAre("3||Yard|12001  Trade Customers|\"ten\": Enter numeric credit limit.",
+                                   "4|||12001  Trade Customers|Enter customer name to save.",
+                                   "5||Xen|12001  Trade Customers|\"West\": Select correct region name."));
+  control<QCheckBox>("OnlyProblems").setChecked(false);
+  EXPECT_EQ(grid("CheckGrid").size(), 4U);
+  EXPECT_FALSE(control<QPushButton>("NextBttn").isEnabled());
+  files.answer = (company.folder() / "problems.xlsx").string();
+  prompts.expect("Spreadsheet Saved", "4 rows were saved in \"" + files.answer + "\".");
+  control<QTableView>("CheckGrid").actions().front()->trigger();
+  EXPECT_EQ(spreadsheet::readSheet(files.answer)->at(1, 1), spreadsheet::Cell("12001002"));
+
+  // Back, another choice, and forth again: the plan is made anew.
+  control<QPushButton>("BackBttn").click();
+  control<QComboBox>("Column_Region1ID").setCurrentIndex(0);
+  next();
+  EXPECT_EQ(summary(), "2 new customers can be made. 2 rows have problems.");
+  control<QCheckBox>("LeaveOut").setChecked(true);
+  EXPECT_TRUE(control<QPushButton>("NextBttn").isEnabled());
+  prompts.expect("Import Customers", "2 customers were brought in.");
+  next();
+  EXPECT_EQ(count("select acccode from acclevel3 where level2id = 12001"), 3);
+}
+
+TEST_F(ImportScreens, TellWhatIsWrongWithAFileAndGoOnWithAnother) {
+  open(ImportKind::Accounts);
+  prompts.expect("Cannot Read File", "The file is empty.");
+  choose("empty.csv", "");
+  files.answer.clear();
+  next();  // asks for a file again; none is chosen
+  EXPECT_EQ(step(), "Step 1 of 3");
+  prompts.expect("Cannot Read File", "The sheet holds no rows.");
+  choose("blank.csv", "\n\n");
+  choose("accounts.csv", "caf\xE9;rent\n");
+  EXPECT_THAT(grid("PreviewGrid"), testing::ElementsAre("café|rent"));
+  auto& encodings = control<QComboBox>("EncodingList");
+  encodings.setCurrentIndex(encodings.findText("Cyrillic"));
+  Q_EMIT encodings.activated(encodings.currentIndex());
+  EXPECT_THAT(grid("PreviewGrid"), testing::ElementsAre("cafй|rent"));
+  next();
+  prompts.expect("Cannot Import", "Choose the column of \"Name\".");
+  next();
+  EXPECT_EQ(dialog->focusWidget(), &control<QComboBox>("Column_AccName"));
+  control<QComboBox>("Column_AccName").setCurrentIndex(1);
+  control<QComboBox>("Otherwise_SubType").setCurrentText("60002");
+  prompts.expect("Cannot Import", "There are no rows behind the headings.");
+  next();
+  control<QSpinBox>("HeadingRow").setValue(0);
+  EXPECT_EQ(control<QComboBox>("Column_AccName").itemText(1), "Column A");
+  control<QComboBox>("Column_AccName").setCurrentIndex(1);
+  control<QComboBox>("Otherwise_SubType").setCurrentText("60002");
+  next();
+  EXPECT_EQ(summary(), "1 new account can be made.");
+  dialog->reject();
+  EXPECT_EQ(count("select acccode from acclevel3 where accname like 'caf%'"), 0);
+}
+
+TEST_F(ImportScreens, WriteNothingWhenTheBooksRefuse) {
+  class Refusal : public session::Prompts {
+   public:
+    session::Answer ask(const session::Prompt& prompt) override {
+      title = prompt.title;
+      return session::Answer::Ok;
+    }
+    std::string title;
+  };
+  Refusal refusal;
+  session::Workplace other{context, clock, refusal, files, screens};
+  dialog.reset(makeImport(ImportKind::Items, other, nullptr));
+  choose("items.csv", "Code,Name,Sub category\n1,One,Hammers\n2,Two,Hammers\n");
+  next();
+  next();
+  context.KORDconn.execute(
+      "INSERT INTO StockLevel3 (ItemCode, ItemName, CatID, SubCatID) VALUES ('2', 'T', 'HND', 'HND01')");
+  next();
+  EXPECT_EQ(refusal.title, "Cannot Import");
+  EXPECT_EQ(step(), "Step 3 of 3");
+  EXPECT_EQ(count("select itemcode from stocklevel3 where itemcode like '1'"), 0);
+}
+
+TEST_F(ImportScreens, SaveAnEmptyListThatTheyTakeBack) {
+  for (const ImportKind kind : {ImportKind::Accounts, ImportKind::Customers, ImportKind::Vendors, ImportKind::Items}) {
+    open(kind);
+    const ImportDescriptor& descriptor = importDescriptor(kind);
+    files.answer = (company.folder() / "empty.xlsx").string();
+    prompts.expect("Spreadsheet Saved", "0 rows were saved in \"" + files.answer + "\".");
+    control<QPushButton>("EmptyListBttn").click();
+    EXPECT_EQ(files.proposedName, descriptor.title + ".xlsx");
+    control<QPushButton>("BrowseBttn").click();
+    next();
+    for (std::size_t i = 0; i < descriptor.fields.size(); ++i)
+      EXPECT_EQ(control<QComboBox>(("Column_" + descriptor.fields[i].name).c_str()).currentIndex(),
+                static_cast<int>(i + 1))
+          << descriptor.fields[i].name;
+    std::filesystem::remove(files.answer);
+  }
+}
+
+}  // namespace
+}  // namespace velmo::masters

@@ -1,0 +1,113 @@
+#include "masters/import_write.h"
+
+#include "import_sheets.h"
+#include "store/recordset.h"
+#include "support/new_company.h"
+
+namespace velmo::masters {
+namespace {
+
+using test::Cells;
+
+class WrittenImport : public testing::Test {
+ protected:
+  WrittenImport() {
+    connection.open(schema::plainConnectionString);
+    test::NewCompany::run(connection,
+                          {"INSERT INTO StockLevel1 (CatID, CatName) VALUES ('HND', 'Hand Tools')",
+                           "INSERT INTO StockLevel2 (SubCatID, SubCatName, CatID) VALUES ('HND01', 'Hammers', 'HND')"});
+  }
+
+  ImportPlan plan(ImportKind kind, std::vector<Cells> rows, MissingRows missing = MissingRows::Refuse) {
+    const ImportDescriptor& descriptor = importDescriptor(kind);
+    const spreadsheet::Sheet sheet = test::sheetOf(std::move(rows));
+    return planImport(descriptor, sheet, guessMapping(descriptor, sheet), {.missing = missing},
+                      readBooks(connection, descriptor))
+        .value();
+  }
+  // The rows of a statement, one line each.
+  std::string rows(const std::string& statement) {
+    store::Recordset read(connection, statement);
+    std::string lines;
+    for (std::int64_t at = 0; at < read.recordCount(); ++at) {
+      for (std::size_t i = 0; i < read.fields().size(); ++i)
+        lines += (i > 0 ? "|" : "") + store::textOf(read.valueAt(at, static_cast<int>(i)));
+      lines += '\n';
+    }
+    return lines;
+  }
+
+  test::NewCompany company;
+  store::Connection connection{schema::companyCatalog()};
+};
+
+TEST_F(WrittenImport, WritesAllColumnsOfAnAccount) {
+  const ImportPlan made =
+      plan(ImportKind::Customers, {{"Name", "Sub type", "Address", "NTN", "Credit limit", "Remarks"},
+                                   {"O'Brien & Söhne", "12001", "1 Dock Road", "0123", 5000.0, "=1+1"},
+                                   {"Broken", "12001", "", "", "x"},
+                                   {"Zed", "Trade Customers"}});
+  ASSERT_TRUE(writeImport(connection, made));
+  EXPECT_EQ(
+      rows("SELECT AccCode, AccName, Level1ID, Level2ID, Contact, Address, Branch, AccountTitle, AccountNo, Phone, "
+           "Mobile, Fax, EMail, Website, SalesTaxRegnNo, NTN, CreditLimit, CreditTerms, Remarks, AccLevel3.Default, "
+           "EmpID, SectorID, Region1ID, Region2ID FROM AccLevel3 WHERE Level2ID = 12001 AND AccCode > 12001001 "
+           "ORDER BY AccCode"),
+      "12001002|O'Brien & Söhne|120|12001||1 Dock Road||||||||||0123|5000|0|=1+1|False|1|1|1|1\n"
+      "12001003|Zed|120|12001|||||||||||||0|0||False|1|1|1|1\n");
+  EXPECT_EQ(rows("select acccode from acclevel3 where contact is null and level2id = 12001"), "");
+  // The next file goes on from there, and knows the names.
+  EXPECT_THAT(test::shownPlan(plan(ImportKind::Customers, {{"Name", "Sub type"}, {"zed", "12001"}, {"New", "12001"}})),
+              testing::ElementsAre("2 !A customer is already present with the same name.",
+                                   "3 12001004 New @12001  Trade Customers"));
+}
+
+TEST_F(WrittenImport, WritesItemsWithTheBrandsAndSubCategoriesTheyNeed) {
+  const ImportPlan made =
+      plan(ImportKind::Items,
+           {{"Code", "Name", "Category", "Sub category", "Brand", "Price", "Cost method", "Valuation cost"},
+            {"007", "Claw", "HND", "Hammers", "", 150.5},
+            {"ä-1", "Nail", "HND", "Nails", "Bosch", 1.0, "Manual", 0.75},
+            {"Ä-1", "Nail", "HND", "Nails", "Bosch"},
+            {"8", "Service", "Service", "Service01"},
+            {"9", "Screw", "HND", "Nails", "Hilti", 2.0}},
+           MissingRows::Make);
+  EXPECT_EQ(made.problems, 2U);
+  ASSERT_TRUE(writeImport(connection, made));
+  EXPECT_EQ(rows("select brandname from brands order by brandid"), "General\nBosch\nHilti\n");
+  EXPECT_EQ(rows("select subcatid, subcatname from stocklevel2 where catid like 'HND' order by subcatid"),
+            "HND01|Hammers\nHND02|Nails\n");
+  EXPECT_EQ(
+      rows("SELECT ItemCode, ItemName, Description, BrandName, Rack, PurchasePrice, SellingPrice, SellingPrice2, "
+           "SellingPrice3, PackPcs, Unit, ReorderLevel, ValuationCost1, ValuationCost2, ValuationType, Status, CatID, "
+           "SubCatID FROM StockLevel3 INNER JOIN Brands ON StockLevel3.BrandID = Brands.BrandID WHERE CatID like "
+           "'HND' ORDER BY ItemName"),
+      "007|Claw||General||0|150.5|0|0|1|Pcs|0|0|0|True|False|HND|HND01\n"
+      "ä-1|Nail||Bosch||0|1|0|0|1|Pcs|0|0.75|0.75|False|False|HND|HND02\n"
+      "9|Screw||Hilti||0|2|0|0|1|Pcs|0|0|0|True|False|HND|HND02\n");
+}
+
+TEST_F(WrittenImport, WritesAllOrNothing) {
+  std::vector<Cells> file = {{"Code", "Name", "Category", "Sub category", "Brand"}};
+  for (int i = 0; i < 300; ++i) file.push_back({"C" + std::to_string(i), "Item", "HND", "Nails", "Bosch"});
+  const ImportPlan made = plan(ImportKind::Items, file, MissingRows::Make);
+  const auto nothing = [this] {
+    EXPECT_EQ(rows("select itemcode from stocklevel3 where catid like 'HND'"), "");
+    EXPECT_EQ(rows("select brandname from brands"), "General\n");
+    EXPECT_EQ(rows("select subcatid from stocklevel2 where catid like 'HND'"), "HND01\n");
+  };
+  EXPECT_FALSE(writeImport(connection, made, [](std::int64_t row) { return row < 200; }));
+  nothing();
+  // The books have changed since the plan was made.
+  connection.execute(
+      "INSERT INTO StockLevel3 (ItemCode, ItemName, CatID, SubCatID) VALUES ('c250', 'Other', 'HND', 'HND01')");
+  EXPECT_THROW(writeImport(connection, made), store::StoreError);
+  EXPECT_FALSE(connection.inTransaction());
+  connection.execute("DELETE FROM StockLevel3 WHERE ItemCode like 'c250'");
+  nothing();
+  EXPECT_TRUE(writeImport(connection, made));
+  EXPECT_EQ(rows("select count(itemcode) as n from stocklevel3 where subcatid like 'HND02'"), "300\n");
+}
+
+}  // namespace
+}  // namespace velmo::masters
