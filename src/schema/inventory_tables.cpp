@@ -33,7 +33,7 @@ std::vector<store::Table> inventoryTables() {
                    {"SubCatID", Text}},
        .key = {"ItemCode"},
        .relations = {{"SubCatID", "StockLevel2", "SubCatID"}},
-       .indexes = {{"StockLevel3_SubCatID", {"SubCatID"}}}},
+       .indexes = {{"StockLevel3_SubCatID", {"SubCatID", "ItemCode"}}}},
       {.name = "Brands",
        .columns = {{.name = "BrandID", .type = Integer, .autoNumber = true}, {"BrandName", Text}},
        .key = {"BrandID"}},

@@ -51,7 +51,7 @@ void KeysetCursor::rolledBack() noexcept {
   query_ = std::move(saved_->query);
   saved_.reset();
   savedFor_ = 0;
-  looked_ = {};
+  forgetLooked();
 }
 
 void KeysetCursor::stand(std::optional<WalkedRow> row, Where otherwise) {
@@ -64,7 +64,7 @@ void KeysetCursor::stand(std::optional<WalkedRow> row, Where otherwise) {
 void KeysetCursor::requery() {
   remember();
   edit_.reset();
-  looked_ = {};
+  forgetLooked();
   stand(query_.end(connection(), Direction::Forward), Where::After);
 }
 
@@ -115,27 +115,66 @@ void KeysetCursor::movePrevious() {
   }
 }
 
+// Also when another program wrote to the file.
+std::int64_t KeysetCursor::generation() const {
+  return connection().changes.generation(source_->tables.front().table->name);
+}
+
 std::int64_t KeysetCursor::recordCount() const {
-  return query_.count(connection());
+  const std::int64_t now = generation();
+  if (counted_.generation != now) counted_ = {.generation = now, .rows = query_.count(connection())};
+  return counted_.rows;
 }
 
 std::int64_t KeysetCursor::position() const {
   return place_.where == Where::On && !(edit_ && edit_->adding) ? query_.countBefore(connection(), place_.row) : -1;
 }
 
+void KeysetCursor::forgetLooked() noexcept {
+  looked_.rows.clear();
+  counted_.generation = -1;
+}
+
+// A place near those that were looked at is reached from them by index; any other by counting the rows before it.
+void KeysetCursor::lookAround(std::int64_t position) const {
+  constexpr std::int64_t portion = 64;
+  constexpr std::int64_t most = 8 * portion;
+  std::deque<WalkedRow>& rows = looked_.rows;
+  const bool isBehind = !rows.empty() && position >= looked_.end() && position < looked_.end() + portion;
+  const bool isBefore = !rows.empty() && position < looked_.first && position >= looked_.first - portion;
+  if (isBehind) {
+    for (WalkedRow& row : query_.neighbours(connection(), rows.back(), Direction::Forward, portion))
+      rows.push_back(std::move(row));
+    for (; looked_.end() - looked_.first > most; ++looked_.first) rows.pop_front();
+  } else if (isBefore) {
+    for (WalkedRow& row :
+         query_.neighbours(connection(), rows.front(), Direction::Backward, std::min(portion, looked_.first))) {
+      rows.push_front(std::move(row));
+      --looked_.first;
+    }
+    while (looked_.end() - looked_.first > most) rows.pop_back();
+  } else {
+    looked_.generation = generation();
+    std::vector<WalkedRow> found = query_.from(connection(), position, portion);
+    looked_.first = position;
+    rows.assign(std::move_iterator(found.begin()), std::move_iterator(found.end()));
+  }
+}
+
 const WalkedRow& KeysetCursor::rowAt(std::int64_t position) const {
   const std::int64_t changes = sqlite3_total_changes64(connection().database);
-  if (looked_.position != position || looked_.changes != changes) {
-    std::optional<WalkedRow> row = query_.at(connection(), position);
-    if (!row) throw StoreError(ErrorKind::Misuse, "There is no record at this position of the list.");
-    looked_ = {.position = position, .changes = changes, .row = std::move(*row)};
-  }
-  return looked_.row;
+  if (looked_.changes != changes) looked_.rows.clear();
+  looked_.changes = changes;
+  if (position >= 0 && !looked_.holds(position)) lookAround(position);
+  if (!looked_.holds(position))
+    throw StoreError(ErrorKind::Misuse, "There is no record at this position of the list.");
+  return looked_.rows[static_cast<std::size_t>(position - looked_.first)];
 }
 
 void KeysetCursor::moveTo(std::int64_t position) {
   update();
   remember();
+  if (looked_.generation != generation()) forgetLooked();
   stand(rowAt(position), Where::After);
 }
 
@@ -172,7 +211,7 @@ void KeysetCursor::setFilter(std::string_view conditions) {
   update();
   remember();
   query_.setFilter(std::move(filter));
-  looked_ = {};
+  forgetLooked();
   moveFirst();
 }
 
@@ -182,7 +221,7 @@ void KeysetCursor::setSort(std::string_view columns) {
   remember();
   sort_ = columns;
   query_.orderBy(connection(), items);
-  looked_ = {};
+  forgetLooked();
 }
 
 Value KeysetCursor::value(int field) const {

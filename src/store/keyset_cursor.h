@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <optional>
 
 #include "store/cursor.h"
@@ -88,6 +89,7 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   void change(int field, Value value);
   void reload(std::int64_t number);
   const WalkedRow& rowAt(std::int64_t position) const;
+  void forgetLooked() noexcept;
 
   std::shared_ptr<ResultSource> source_;
   KeysetQuery query_;
@@ -96,13 +98,24 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   std::optional<Edit> edit_;
   std::optional<Saved> saved_;
   std::int64_t savedFor_ = 0;
-  // The row last looked at by its position, as long as nothing was written since.
+  // The rows lately looked at by their positions, one behind the other, and the number of all: good until the program
+  // writes, and for a move until another one does.
   struct Looked {
-    std::int64_t position = -1;
-    std::int64_t changes = -1;
-    WalkedRow row;
+    std::int64_t changes = -1;     // by this program, to any table
+    std::int64_t generation = -1;  // of the table, when the first of them were read
+    std::int64_t first = 0;  // position of the first
+    std::deque<WalkedRow> rows;
+    std::int64_t end() const { return first + static_cast<std::int64_t>(rows.size()); }
+    bool holds(std::int64_t position) const { return position >= first && position < end(); }
   };
+  struct Counted {
+    std::int64_t generation = -1;
+    std::int64_t rows = 0;
+  };
+  std::int64_t generation() const;
+  void lookAround(std::int64_t position) const;
   mutable Looked looked_;
+  mutable Counted counted_;
 };
 
 }  // namespace velmo::store

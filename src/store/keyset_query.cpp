@@ -162,19 +162,28 @@ std::string KeysetQuery::selectSql(const Condition& condition, const std::string
   return sql + tail;
 }
 
-std::optional<WalkedRow> KeysetQuery::fetchOne(Connection::Impl& connection, const Condition& condition,
-                                               const std::string& tail) const {
+std::vector<WalkedRow> KeysetQuery::fetch(Connection::Impl& connection, const Condition& condition,
+                                          const std::string& tail) const {
   PreparedStatement statement = connection.prepare(selectSql(condition, tail));
   for (std::size_t i = 0; i < condition.parameters.size(); ++i) {
     statement.bind(static_cast<int>(i) + 1, condition.parameters[i]);
   }
-  if (!statement.step()) return std::nullopt;
-  WalkedRow row;
-  row.reserve(columns_.size());
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    row.push_back(resultValue(statement.handle(), static_cast<int>(i), types_[i]));
+  std::vector<WalkedRow> rows;
+  while (statement.step()) {
+    WalkedRow& row = rows.emplace_back();
+    row.reserve(columns_.size());
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      row.push_back(resultValue(statement.handle(), static_cast<int>(i), types_[i]));
+    }
   }
-  return row;
+  return rows;
+}
+
+std::optional<WalkedRow> KeysetQuery::fetchOne(Connection::Impl& connection, const Condition& condition,
+                                               const std::string& tail) const {
+  std::vector<WalkedRow> rows = fetch(connection, condition, tail);
+  if (rows.empty()) return std::nullopt;
+  return std::move(rows.front());
 }
 
 std::int64_t KeysetQuery::fetchCount(Connection::Impl& connection, const Condition& condition) const {
@@ -205,10 +214,29 @@ std::optional<WalkedRow> KeysetQuery::byNumber(Connection::Impl& connection, std
   return fetchOne(connection, {.sql = columns_[numberSlot_] + " = ?1", .parameters = {number}}, "");
 }
 
-std::optional<WalkedRow> KeysetQuery::at(Connection::Impl& connection, std::int64_t position) const {
-  if (position < 0) return std::nullopt;
-  return fetchOne(connection, base(nullptr),
-                  orderSql(Direction::Forward) + " LIMIT 1 OFFSET " + std::to_string(position));
+std::vector<WalkedRow> KeysetQuery::from(Connection::Impl& connection, std::int64_t position,
+                                         std::int64_t most) const {
+  Condition all = base(nullptr);
+  all.parameters.push_back(most);
+  all.parameters.push_back(position);
+  const std::size_t last = all.parameters.size();
+  return fetch(connection, all,
+               orderSql(Direction::Forward) + " LIMIT ?" + std::to_string(last - 1) + " OFFSET ?" +
+                   std::to_string(last));
+}
+
+std::vector<WalkedRow> KeysetQuery::neighbours(Connection::Impl& connection, const WalkedRow& row, Direction direction,
+                                               std::int64_t most) const {
+  std::vector<WalkedRow> found;
+  for (Condition& step : beyond(base(nullptr), row, direction)) {
+    const std::int64_t missing = most - static_cast<std::int64_t>(found.size());
+    if (missing <= 0) break;
+    step.parameters.push_back(missing);
+    for (WalkedRow& each :
+         fetch(connection, step, orderSql(direction) + " LIMIT ?" + std::to_string(step.parameters.size())))
+      found.push_back(std::move(each));
+  }
+  return found;
 }
 
 std::int64_t KeysetQuery::count(Connection::Impl& connection) const {

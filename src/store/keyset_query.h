@@ -34,7 +34,10 @@ class KeysetQuery {
   std::optional<WalkedRow> next(Connection::Impl& connection, const WalkedRow& row, Direction direction,
                                 const RowTest* condition = nullptr) const;
   std::optional<WalkedRow> byNumber(Connection::Impl& connection, std::int64_t number) const;
-  std::optional<WalkedRow> at(Connection::Impl& connection, std::int64_t position) const;
+  // So many rows, fewer at the end of the list: from a place in the order, or beyond a row, the nearest first.
+  std::vector<WalkedRow> from(Connection::Impl& connection, std::int64_t position, std::int64_t most) const;
+  std::vector<WalkedRow> neighbours(Connection::Impl& connection, const WalkedRow& row, Direction direction,
+                                    std::int64_t most) const;
   std::int64_t count(Connection::Impl& connection) const;
   std::int64_t countBefore(Connection::Impl& connection, const WalkedRow& row) const;
 
@@ -61,6 +64,7 @@ class KeysetQuery {
   bool sortsInPassing(Connection::Impl& connection) const;
   std::string selectSql(const Condition& condition, const std::string& tail) const;
   std::string orderSql(Direction direction) const;
+  std::vector<WalkedRow> fetch(Connection::Impl& connection, const Condition& condition, const std::string& tail) const;
   std::optional<WalkedRow> fetchOne(Connection::Impl& connection, const Condition& condition,
                                     const std::string& tail) const;
   std::int64_t fetchCount(Connection::Impl& connection, const Condition& condition) const;

@@ -80,6 +80,39 @@ TEST(KeysetWalk, SeesNewNeighboursAndSkipsThoseThatLeft) {
   EXPECT_EQ(rows.integer("DocNo"), 3);
 }
 
+// A view reads rows by their places: in runs, in both directions and in jumps.
+TEST(KeysetWalk, RowsAreFoundByTheirPlacesHoweverTheViewMovesAndWhoeverWrites) {
+  std::mt19937 random(20261122);
+  SmallShop shop;
+  addRandomOrders(shop, random, 900);
+  const char* statement = "SELECT OrderNo, DocNo FROM Orders WHERE [Year] = 1 ORDER BY DocNo DESC";
+  Recordset walked = shop.open(statement, LockType::Optimistic, Fetch::AsNeeded);
+  Connection other(shopCatalog());
+  other.open(shopConnectionString(shop.file()));
+  for (int round = 0; round < 6; ++round) {
+    SCOPED_TRACE(round);
+    std::vector<std::int64_t> expected;
+    for (Recordset held = shop.open(statement); !held.eof(); held.moveNext())
+      expected.push_back(held.integer("OrderNo"));
+    const auto count = static_cast<std::int64_t>(expected.size());
+    ASSERT_EQ(walked.recordCount(), count);
+    std::int64_t place = count / 2;
+    for (int step = 0; step < 400; ++step) {
+      const bool jumps = random() % 20 == 0;
+      place += jumps ? static_cast<std::int64_t>(random() % 900) - 450 : static_cast<std::int64_t>(random() % 61) - 30;
+      place = std::clamp(place, std::int64_t{0}, count - 1);
+      if (step == 0) walked.moveTo(place);  // from here on what others wrote is seen
+      ASSERT_EQ(numberOf(walked.valueAt(place, 0)), static_cast<double>(expected[static_cast<std::size_t>(place)]));
+    }
+    EXPECT_EQ(failureOf([&] { walked.moveTo(count); }), ErrorKind::Misuse);
+    EXPECT_EQ(failureOf([&] { walked.moveTo(-1); }), ErrorKind::Misuse);
+    const std::string doomed = std::to_string(expected[static_cast<std::size_t>(place / 2)]);
+    Connection& writer = round % 2 == 0 ? other : shop.connection;
+    writer.execute("DELETE FROM Orders WHERE OrderNo = " + doomed);
+    if (round > 1) writer.execute("INSERT INTO Orders (DocNo, [Year]) VALUES (3, 1)");
+  }
+}
+
 TEST(KeysetWalk, WorksWithoutTheKeyAmongTheFieldsAndLeavesOtherStatementsToTheHeldRows) {
   SmallShop shop;
   shop.addOrders(3);
