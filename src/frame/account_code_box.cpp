@@ -22,6 +22,7 @@ Account currentAccount(const store::Recordset& accounts) {
           .name = accounts.text("accname"),
           .address = accounts.text("address"),
           .phone = accounts.text("phone"),
+          .contact = accounts.text("contact"),
           .terms = accounts.text("creditterms"),
           .creditLimit = accounts.number("creditlimit"),
           .empId = accounts.integer("empid")};

@@ -1,7 +1,9 @@
 #include "frame/master_box.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -31,7 +33,8 @@ QString optionName(const MasterField& field, int option) {
 // The list is read when it is about to be seen.
 class LateCombo : public forms::DropCombo {
  public:
-  LateCombo(QWidget* parent, std::function<void()> beforeList) : DropCombo(parent), beforeList_(std::move(beforeList)) {}
+  LateCombo(QWidget* parent, std::function<void()> beforeList)
+      : DropCombo(parent), beforeList_(std::move(beforeList)) {}
   void showPopup() override {
     beforeList_();
     DropCombo::showPopup();
@@ -43,8 +46,8 @@ class LateCombo : public forms::DropCombo {
 
 }  // namespace
 
-MasterBox::MasterBox(const MasterField& field, session::Workplace& workplace, QWidget* parent)
-    : QObject(parent), field_(field), workplace_(workplace) {
+MasterBox::MasterBox(const MasterField& field, session::Workplace& workplace, QWidget& screen)
+    : field_(field), workplace_(workplace), screen_(screen) {
   choices_ = field_.choices.statement;
   control_ = makeControl();
   if (field_.kind != BoxKind::OneOfTwo) control_->setObjectName(shownText(field_.name));
@@ -59,6 +62,8 @@ QWidget* MasterBox::makeControl() {
     case BoxKind::Digits:
     case BoxKind::Amount:
       return makeLine();
+    case BoxKind::Account:
+      return makeAccountLine();
     case BoxKind::Choice:
     case BoxKind::Suggestion:
       return makeCombo();
@@ -86,6 +91,20 @@ QWidget* MasterBox::makeLine() {
   if (field_.kind == BoxKind::Text || field_.kind == BoxKind::Secret) line_->setMaxLength(longestText);
   if (field_.kind == BoxKind::Secret) line_->setEchoMode(QLineEdit::Password);
   connect(line_, &QLineEdit::textChanged, this, &MasterBox::tell);
+  return line_;
+}
+
+// All boxes of a screen share one list.
+QWidget* MasterBox::makeAccountLine() {
+  auto* list = screen_.findChild<AccountDropList*>();
+  if (!list) list = new AccountDropList(&screen_);
+  account_ = new AccountCodeBox(workplace_.context, *list, {.listCondition = field_.accounts});
+  line_ = account_;
+  connect(line_, &QLineEdit::textChanged, this, &MasterBox::tell);
+  connect(account_, &AccountCodeBox::moveOn, this, [this] {
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+    QCoreApplication::sendEvent(account_, &tab);
+  });
   return line_;
 }
 
@@ -213,6 +232,7 @@ void MasterBox::setText(const std::string& text) {
 }
 
 store::Value MasterBox::value() const {
+  if (account_ && account_->account()) return account_->account()->code;
   if (line_) {
     const std::string text = line_->text().toStdString();
     const bool isText = field_.kind == BoxKind::Text || field_.kind == BoxKind::Secret;

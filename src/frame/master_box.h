@@ -4,6 +4,7 @@
 #include <QObject>
 #include <string>
 
+#include "frame/account_code_box.h"
 #include "frame/master_type.h"
 #include "store/value.h"
 
@@ -23,7 +24,8 @@ class MasterBox : public QObject {
   Q_OBJECT
 
  public:
-  MasterBox(const MasterField& field, session::Workplace& workplace, QWidget* parent);
+  // Drop lists float over the screen, which outlives the box.
+  MasterBox(const MasterField& field, session::Workplace& workplace, QWidget& screen);
 
   const MasterField& field() const { return field_; }
   QWidget* place() const { return place_; }      // what goes into the form
@@ -38,6 +40,8 @@ class MasterBox : public QObject {
   std::string text() const;
   void setText(const std::string& text);  // told as a change
   store::Value value() const;             // as it is written
+  // Of an Account: what the text stands for.
+  const std::optional<Account>& account() const { return account_->account(); }
   void setOpen(bool open);
   // Of a Choice: the entries are the rows of this statement from now on. The entry on show stays when it is among them.
   void offer(const std::string& statement);
@@ -48,6 +52,7 @@ class MasterBox : public QObject {
  private:
   QWidget* makeControl();
   QWidget* makeLine();
+  QWidget* makeAccountLine();
   QWidget* makeCombo();
   QWidget* makeOptions();
   QWidget* withKeeper();
@@ -57,9 +62,11 @@ class MasterBox : public QObject {
 
   const MasterField& field_;
   session::Workplace& workplace_;
+  QWidget& screen_;
   QWidget* control_ = nullptr;
   QWidget* place_ = nullptr;
   QLineEdit* line_ = nullptr;
+  AccountCodeBox* account_ = nullptr;
   forms::DropCombo* combo_ = nullptr;
   QCheckBox* check_ = nullptr;
   forms::DatePicker* day_ = nullptr;

@@ -72,7 +72,7 @@ void MasterPanel::buildForm() {
   int row = 0;
   int column = 0;
   for (const MasterField& field : level_.fields) {
-    auto box = std::make_unique<MasterBox>(field, workplace_, nullptr);
+    auto box = std::make_unique<MasterBox>(field, workplace_, *parentWidget());
     const int span = std::min(field.span, level_.formColumns);
     if (column + span > level_.formColumns) {
       column = 0;

@@ -24,6 +24,7 @@ enum class BoxKind {
   Amount,      // digits and one point
   Choice,      // an entry of a list of rows; the bound column is written
   Suggestion,  // any text, with the known ones to drop down
+  Account,     // the code of an account, with the accounts to drop down
   Check,
   OneOfTwo,  // two options of a Yes/No column, the first for Yes
   Day
@@ -53,6 +54,7 @@ struct MasterField {
   std::string initial = {};  // of a new row; of Choice the bound value, of a Check or OneOfTwo "yes", of a Day "today"
   ChoiceRows choices = {};
   ChoiceKeeper keeper = {};
+  std::string accounts = {};  // Account: what they fulfil, a condition on acclevel3
   std::vector<std::string> options = {};  // OneOfTwo: the two captions
   int span = 1;                           // columns of the form
   int width = 0;                          // in average characters; 0: what there is
