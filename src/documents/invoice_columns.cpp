@@ -31,8 +31,8 @@ Column unitColumn(Twips width) {
   return {.heading = "Unit", .dataField = "unit", .width = width};
 }
 
-Column quantityColumn(Twips width, const std::string& format) {
-  return figureColumn("Quantity", "stockout", width, format);
+Column quantityColumn(const InvoiceSheet& sheet, Twips width, const std::string& format) {
+  return figureColumn("Quantity", quantityFieldOf(sheet.request.kind), width, format);
 }
 Column rateColumn(Twips width, const std::string& format) {
   return figureColumn("Rate", "rate", width, format);

@@ -13,7 +13,8 @@ printing::Column descriptionColumn();  // as wide as the others leave it
 printing::Column unitColumn(printing::Twips width);
 
 // Figures. `format` is a format of numbers, see text/format.h.
-printing::Column quantityColumn(printing::Twips width, const std::string& format = AmountFormat);
+printing::Column quantityColumn(const InvoiceSheet& sheet, printing::Twips width,
+                                const std::string& format = AmountFormat);
 printing::Column rateColumn(printing::Twips width, const std::string& format = AmountFormat);
 
 // Figures that are summed.

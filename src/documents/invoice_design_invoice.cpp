@@ -12,7 +12,7 @@ Report designInvoice(const InvoiceSheet& sheet, const InvoiceLines& lines) {
   page.columns = {numberColumn(mm(9)),
                   codeColumn(sheet, mm(24)),
                   descriptionColumn(),
-                  quantityColumn(mm(16)),
+                  quantityColumn(sheet, mm(16)),
                   unitColumn(mm(11)),
                   rateColumn(mm(19)),
                   grossColumn("Gross Amount", mm(23)),

@@ -13,8 +13,9 @@ Report designInvoice0(const InvoiceSheet& sheet, const InvoiceLines& lines) {
                    .tableSize = 8,
                    .partyWidth = mm(104),
                    .referenceCaption = mm(33)};
-  page.columns = {numberColumn(mm(9)), codeColumn(sheet, mm(24)), descriptionColumn(),          quantityColumn(mm(19)),
-                  unitColumn(mm(13)),  rateColumn(mm(24)),        grossColumn("Amount", mm(28))};
+  page.columns = {numberColumn(mm(9)),           codeColumn(sheet, mm(24)), descriptionColumn(),
+                  quantityColumn(sheet, mm(19)), unitColumn(mm(13)),        rateColumn(mm(24)),
+                  grossColumn("Amount", mm(28))};
   return invoiceOnPages(page, sheet, lines);
 }
 

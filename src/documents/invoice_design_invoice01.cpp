@@ -19,7 +19,7 @@ Report designInvoice01(const InvoiceSheet& sheet, const InvoiceLines& lines) {
   page.columns = {numberColumn(mm(9)),
                   codeColumn(sheet, mm(20)),
                   descriptionColumn(),
-                  quantityColumn(mm(16)),
+                  quantityColumn(sheet, mm(16)),
                   unitColumn(mm(11)),
                   rateColumn(mm(19)),
                   grossColumn("Gross Amount", mm(22)),

@@ -14,7 +14,7 @@ Report designInvoice02(const InvoiceSheet& sheet, const InvoiceLines& lines) {
                    .tableSize = 7,
                    .partyWidth = mm(66),
                    .referenceCaption = mm(30)};
-  page.columns = {numberColumn(mm(8)), descriptionColumn(),    quantityColumn(mm(15)),
+  page.columns = {numberColumn(mm(8)), descriptionColumn(),    quantityColumn(sheet, mm(15)),
                   rateColumn(mm(17)),  discountColumn(mm(16)), netColumn("Net Amount", mm(21))};
   return invoiceOnPages(page, sheet, lines);
 }

@@ -10,7 +10,7 @@ using namespace printing;
 Report designInvoice6(const InvoiceSheet& sheet, const InvoiceLines& lines) {
   InvoiceSlip slip{
       .totals = {.discountWord = "Discount  ", .amountFormat = SlipAmount, .discountFormat = SlipDeduction}};
-  slip.figures = {quantityColumn(mm(14), SlipAmount), rateColumn(mm(15), SlipAmount),
+  slip.figures = {quantityColumn(sheet, mm(14), SlipAmount), rateColumn(mm(15), SlipAmount),
                   discountColumn(mm(15), SlipAmount), netColumn("Amount", mm(18), SlipAmount)};
   return invoiceOnSlip(slip, sheet, lines);
 }

@@ -13,7 +13,7 @@ Report designInvoice7(const InvoiceSheet& sheet, const InvoiceLines& lines) {
                               .amountFormat = SlipAmount,
                               .discountFormat = SlipDeduction,
                               .lineDiscounts = LineDiscounts::AmongTotals}};
-  slip.figures = {quantityColumn(mm(16), SlipAmount), rateColumn(mm(18), SlipAmount),
+  slip.figures = {quantityColumn(sheet, mm(16), SlipAmount), rateColumn(mm(18), SlipAmount),
                   grossColumn("Amount", mm(22), SlipAmount)};
   return invoiceOnSlip(slip, sheet, lines);
 }

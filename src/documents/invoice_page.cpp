@@ -28,15 +28,13 @@ void addTitle(Section& head, Twips width) {
 }
 
 // Name, address and telephone in a frame that grows with them.
-Twips addParty(Section& section, Twips width) {
+Twips addParty(Section& section, const std::string& party, Twips width) {
   constexpr Twips Inset = mm(3);
   const Twips inner = width - 2 * Inset;
   section.elements.push_back(
       {.at = {0, 0, width, mm(22)}, .content = Box{.outline = ink::Rule}, .stretch = Stretch::WithContents});
-  section.elements.push_back({.at = {Inset, mm(1.6), inner, mm(3.6)},
-                              .content = Label{"Bill To"},
-                              .font = {.size = 7.5},
-                              .colour = ink::Quiet});
+  section.elements.push_back(
+      {.at = {Inset, mm(1.6), inner, mm(3.6)}, .content = Label{party}, .font = {.size = 7.5}, .colour = ink::Quiet});
   section.elements.push_back(
       {.name = "partyname", .at = {Inset, mm(5.4), inner, mm(5)}, .font = {.size = 10.5, .weight = Weight::SemiBold}});
   section.elements.push_back({.name = "partyadd", .at = {Inset, mm(11), inner, mm(4.2)}, .whenEmpty = WhenEmpty::Fold});
@@ -47,7 +45,7 @@ Twips addParty(Section& section, Twips width) {
 
 Section partySection(Report& report, const InvoicePage& page, const InvoiceSheet& sheet) {
   Section section{.name = "Section4", .keep = Keep::MayBreak};
-  Twips lowest = addParty(section, page.partyWidth);
+  Twips lowest = addParty(section, wordsOf(sheet.request.kind).party, page.partyWidth);
   const std::vector<Reference> references = invoiceReferences(sheet);
   const auto count = static_cast<std::ptrdiff_t>(references.size());
   const auto perColumn = count / page.referenceColumns;  // the last column takes what is over
@@ -100,7 +98,7 @@ Section closing(Report& report, const InvoicePage& page, const InvoiceSheet& she
 // The foot of a page names the invoice where other reports name the user: the maker stands below the totals.
 Section foot(Report& report, const InvoiceSheet& sheet) {
   Section section = pageFoot(report, sheet.letterhead, report.design.bodyWidth());
-  report.variables["PrintByLbl"] = (sheet.isService() ? "Service Invoice No. " : "Invoice No. ") + sheet.docno;
+  report.variables["PrintByLbl"] = wordsOf(sheet.request.kind).number + " " + sheet.docno;
   return section;
 }
 

@@ -38,13 +38,11 @@ double discountOf(const printing::ReportData& lines) {
   return sum;
 }
 
-InvoiceSheet sheetOf(InvoiceLayout layout, const session::LoginContext& context, const store::Recordset& document) {
+InvoiceSheet sheetOf(const session::LoginContext& context, const store::Recordset& document,
+                     const PrintRequest& request) {
   InvoiceSheet sheet;
   sheet.letterhead = printing::letterheadOf(context);
-  if (context.sif == static_cast<int>(layout) + OnOwnLetterhead) {
-    sheet.headStyle = printing::HeadStyle::OwnLetterhead;
-    sheet.topMargin = context.sitm;
-  }
+  sheet.request = request;
   sheet.currencyCode = context.ccode;
   sheet.docno = document.text("DocNo");
   sheet.trandate = document.date("TranDate");
@@ -79,10 +77,21 @@ printing::Report invoicePrint(InvoiceLayout layout, const session::LoginContext&
                               const store::Recordset& document, const store::Recordset& lines,
                               const PrintRequest& request) {
   const InvoiceLines data = std::make_shared<printing::RecordsetData>(lines);
-  InvoiceSheet sheet = sheetOf(layout, context, document);
+  InvoiceSheet sheet = sheetOf(context, document, request);
+  if (context.sif == static_cast<int>(layout) + OnOwnLetterhead) {
+    sheet.headStyle = printing::HeadStyle::OwnLetterhead;
+    sheet.topMargin = context.sitm;
+  }
   sheet.lineDiscount = discountOf(*data);
-  sheet.request = request;
   return designOf(layout).report(sheet, data);
+}
+
+printing::Report tradePrint(const session::LoginContext& context, const store::Recordset& document,
+                            const store::Recordset& lines, const PrintRequest& request) {
+  const InvoiceLines data = std::make_shared<printing::RecordsetData>(lines);
+  InvoiceSheet sheet = sheetOf(context, document, request);
+  sheet.lineDiscount = discountOf(*data);
+  return designInvoice(sheet, data);
 }
 
 std::optional<printing::Report> invoicePrint(const session::LoginContext& context, const store::Recordset& document,

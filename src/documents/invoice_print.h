@@ -8,7 +8,7 @@
 
 namespace velmo::documents {
 
-enum class InvoiceKind { Sale, Service };
+enum class InvoiceKind { Sale, Service, SaleReturn, Purchase, PurchaseReturn };
 enum class DocumentState { Valid, Cancelled };
 
 // What the screen tells a print-out beyond the stored document.
@@ -34,5 +34,9 @@ printing::Report invoicePrint(InvoiceLayout layout, const session::LoginContext&
 // In the layout of LoginContext::sif; nothing when it chooses none.
 std::optional<printing::Report> invoicePrint(const session::LoginContext& context, const store::Recordset& document,
                                              const store::Recordset& lines, const PrintRequest& request);
+
+// The print-outs `SReturn`, `PurchaseBill` and `PReturn`, by the kind of the request, on A4 under the company's head.
+printing::Report tradePrint(const session::LoginContext& context, const store::Recordset& document,
+                            const store::Recordset& lines, const PrintRequest& request);
 
 }  // namespace velmo::documents

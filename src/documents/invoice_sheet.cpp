@@ -7,16 +7,54 @@ namespace velmo::documents {
 
 using namespace printing;
 
+SheetWords wordsOf(InvoiceKind kind) {
+  switch (kind) {
+    case InvoiceKind::Sale:
+      return {};
+    case InvoiceKind::Service:
+      return {.heading = "SERVICE INVOICE", .number = "Service Invoice No.", .description = "Description of Service"};
+    case InvoiceKind::SaleReturn:
+      return {.title = "Sale Return / Credit Note",
+              .heading = "SALE RETURN / CREDIT NOTE",
+              .number = "Return No.",
+              .party = "Customer",
+              .d1 = "Sale Invoice No.",
+              .d2 = {},
+              .received = "Amount Paid  "};
+    case InvoiceKind::Purchase:
+      return {.title = "Purchase Bill",
+              .heading = "PURCHASE BILL",
+              .number = "Bill No.",
+              .party = "Vendor",
+              .d1 = "Vendor Invoice No.",
+              .d2 = "Purchase Order No.",
+              .received = "Amount Paid  "};
+    case InvoiceKind::PurchaseReturn:
+      return {.title = "Purchase Return / Debit Note",
+              .heading = "PURCHASE RETURN / DEBIT NOTE",
+              .number = "Return No.",
+              .party = "Vendor",
+              .d1 = "Vendor Invoice No.",
+              .d2 = "Purchase No."};
+  }
+  return {};
+}
+
+std::string quantityFieldOf(InvoiceKind kind) {
+  return kind == InvoiceKind::SaleReturn || kind == InvoiceKind::Purchase ? "stockin" : "stockout";
+}
+
 Report invoiceReport(const InvoiceSheet& sheet, const std::shared_ptr<const ReportData>& lines, Paper paper,
                      Margins margins) {
-  Report report{.title = "Sale Invoice",
+  const SheetWords words = wordsOf(sheet.request.kind);
+  Report report{.title = words.title,
                 .author = sheet.letterhead.companyName,
                 .design = {.paper = paper, .margins = margins, .detailMember = LinesLevel},
                 .data = documentData(lines),
                 .printedOn = sheet.request.today};
   if (sheet.headStyle == HeadStyle::OwnLetterhead) report.design.margins.top = sheet.topMargin;
-  report.variables = {{"vlabel", sheet.isService() ? "SERVICE INVOICE" : "SALE INVOICE"},
-                      {"lbl5", sheet.isService() ? "Description of Service" : "Description"},
+  report.variables = {{"vlabel", words.heading},
+                      {"lbl5", words.description},
                       {"partyname", sheet.partyname},
                       {"partyadd", sheet.partyadd},
                       {"partytel", sheet.partytel.empty() ? "" : "Tel: " + sheet.partytel},
@@ -36,18 +74,23 @@ std::vector<Total> invoiceTotals(const InvoiceSheet& sheet, const TotalsStyle& s
           {"Tlbl2", "Gross Total  " + code, "GrossTotalAmt", amount(sheet.netTotal - sheet.carriage)},
           {"Tlbl3", "Carriage & Freight  " + code, "CarriageAmt", amount(sheet.carriage)},
           {"Tlbl4", "Net Total  " + code, "NetTotalAmt", amount(sheet.netTotal), Emphasis::Strong},
-          {"Tlbl5", style.receivedWord + code, "ReceivedAmt", amount(sheet.received)},
+          {"Tlbl5", (style.receivedWord.empty() ? wordsOf(sheet.request.kind).received : style.receivedWord) + code,
+           "ReceivedAmt", amount(sheet.received)},
           {"Tlbl6", "Balance  " + code, "BalanceAmt", amount(sheet.balance)}};
 }
 
 std::vector<Reference> invoiceReferences(const InvoiceSheet& sheet) {
-  return {{"label3", sheet.isService() ? "Service Invoice No." : "Invoice No.", "docno", sheet.docno},
-          {"datelbl", "Date", "trandate", text::formatDate(sheet.trandate, "dd-mm-yyyy")},
-          {"naturelbl", "Terms of Payment", "nature", sheet.nature},
-          {"d1lbl", "Purchase Order No.", "d1txt", sheet.d1txt},
-          {"d1dtlbl", "Dated", "d1dttxt", sheet.d1dttxt},
-          {"d2lbl", "Delivery Challan No.", "d2txt", sheet.d2txt},
-          {"d2dtlbl", "Dated", "d2dttxt", sheet.d2dttxt}};
+  const SheetWords words = wordsOf(sheet.request.kind);
+  std::vector<Reference> references = {{"label3", words.number, "docno", sheet.docno},
+                                       {"datelbl", "Date", "trandate", text::formatDate(sheet.trandate, "dd-mm-yyyy")},
+                                       {"naturelbl", "Terms of Payment", "nature", sheet.nature},
+                                       {"d1lbl", words.d1, "d1txt", sheet.d1txt},
+                                       {"d1dtlbl", "Dated", "d1dttxt", sheet.d1dttxt}};
+  if (!words.d2.empty()) {
+    references.push_back({"d2lbl", words.d2, "d2txt", sheet.d2txt});
+    references.push_back({"d2dtlbl", "Dated", "d2dttxt", sheet.d2dttxt});
+  }
+  return references;
 }
 
 }  // namespace velmo::documents

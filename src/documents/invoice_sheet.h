@@ -10,6 +10,22 @@ namespace velmo::documents {
 
 inline constexpr const char* AmountFormat = "#,##0.00; (#,##0.00)";
 
+// What a kind of document calls itself and its parts on paper.
+struct SheetWords {
+  std::string title = "Sale Invoice";  // of the report
+  std::string heading = "SALE INVOICE";
+  std::string number = "Invoice No.";
+  std::string party = "Bill To";
+  std::string d1 = "Purchase Order No.";
+  std::string d2 = "Delivery Challan No.";  // none when empty
+  std::string description = "Description";
+  std::string received = "Amount Received  ";
+};
+
+SheetWords wordsOf(InvoiceKind kind);
+// The field of the lines that holds what came in or went out.
+std::string quantityFieldOf(InvoiceKind kind);
+
 // An invoice as it stands on paper: texts, and amounts still as numbers.
 struct InvoiceSheet {
   printing::Letterhead letterhead = {};
@@ -45,7 +61,7 @@ enum class LineDiscounts { InColumn, AmongTotals };
 // Words and formats in which the layouts differ.
 struct TotalsStyle {
   std::string discountWord = "Additional Discount  ";
-  std::string receivedWord = "Amount Received  ";
+  std::string receivedWord = {};  // "": as the kind of document has it
   std::string amountFormat = AmountFormat;
   std::string discountFormat = AmountFormat;
   LineDiscounts lineDiscounts = LineDiscounts::InColumn;

@@ -1,9 +1,9 @@
 #include "documents/sale_invoice_type.h"
 
-#include "documents/find_sales_simple.h"
+#include "documents/find_screens.h"
+#include "documents/trade_rules.h"
 #include "store/connection.h"
 #include "store/value.h"
-#include "text/number.h"
 
 namespace velmo::documents {
 
@@ -13,7 +13,6 @@ using frame::above;
 using frame::below;
 using frame::DocumentValues;
 using frame::Figure;
-using frame::figureOf;
 using frame::HeaderRow;
 using frame::minus;
 using frame::Narration;
@@ -22,9 +21,6 @@ using frame::SaveSituation;
 
 constexpr std::string_view pointOfSale = "0";  // of InvTypeList
 
-bool toWalkIn(const DocumentValues& values) {
-  return values.PartyCodeTxt == "12001001";
-}
 bool leavesBalance(const DocumentValues& values) {
   return values.totals.Balance != "0.00";
 }
@@ -57,16 +53,11 @@ std::string saleOrderStatement(const std::string& reference, int fyid) {
 
 std::vector<frame::ValidationStep> validation() {
   return {
-      {.fails = [](const DocumentValues& v, const SaveSituation&) { return v.IncomeAcc.empty(); },
-       .text = "Select a correct income account.",
-       .control = "IncomeCode"},
-      {.fails = [](const DocumentValues& v, const SaveSituation&) { return v.PartyNameTxt.empty(); },
-       .text = "Select a correct customer. You may select Account Code '12001001' for a Walk-in (Cash) Customer.",
-       .control = "PartyCodeTxt"},
-      {.fails = [](const DocumentValues& v, const SaveSituation&) { return toWalkIn(v) && leavesBalance(v); },
-       .text = "Select a correct customer to give debit for balance amount. Debit cannot be given to a Walk-in (Cash) "
-               "Customer.",
-       .control = "PartyCodeTxt"},
+      headAccountChosen("Select a correct income account."),
+      partyChosen("Select a correct customer. You may select Account Code '12001001' for a Walk-in (Cash) Customer."),
+      cashPartySettles("12001001",
+                       "Select a correct customer to give debit for balance amount. Debit cannot be given to a Walk-in "
+                       "(Cash) Customer."),
       {.fails = [](const DocumentValues& v,
                    const SaveSituation&) { return v.field("InvTypeList") == pointOfSale && leavesBalance(v); },
        .text = "You are saving a Point of Sale Invoice. You must receive full amount of invoice.",
@@ -80,16 +71,8 @@ std::vector<frame::ValidationStep> validation() {
 }
 
 void header(const DocumentValues& values, const session::LoginContext& context, HeaderRow& row) {
-  const auto amount = [&](const std::string& shown) { return text::amountFrom(shown); };
-  row.set("PartyCode", store::integerOf(values.IncomeCode));
-  row.set("PartyCode2", store::integerOf(values.PartyCodeTxt));
+  writeTradeHeader(values, row);
   row.set("Text11", "0");  // the mode of payment: cash
-  row.set("Discount", amount(values.totals.Discount));
-  row.set("Carriage", amount(values.totals.Carriage));
-  row.set("TrAmount", amount(values.totals.NetTotal));
-  row.set("Received", amount(values.totals.Received));
-  row.set("Balance", amount(values.totals.Balance));
-  row.set("WordsAmt", frame::amountInWordsOnly(amount(values.totals.NetTotal)));
   row.set("InvLedger", context.InvoiceInvLedger);
 }
 
@@ -114,13 +97,13 @@ frame::PostingTable posting() {
 
 frame::AgingRow openItem(const DocumentValues& values) {
   const std::int64_t docNo = store::integerOf(values.DocNo);
-  const double received = figureOf(values.totals, Figure::Received);
+  const double received = receivedOf(values);
   return {.docNo = docNo,
           .docNo2 = docNo,
           .tranDate = values.TrDate,
           .tranDate2 = values.TrDate,
           .partyCode = store::integerOf(values.PartyCodeTxt),
-          .trAmount = figureOf(values.totals, Figure::NetTotal),
+          .trAmount = netTotalOf(values),
           .payment = received,
           .totPayment = received};
 }

@@ -74,7 +74,7 @@ void DocumentScreen::ClearForNewRecord() {
   card_->setDay(workplace_.clock.today());
   card_->setCancelled(false);
   party_->clear();
-  fields_.setInitial();
+  fields_.setInitial(workplace_.clock.today());
   references_->setJob(0);
   references_->setEmployee(0);
   references_->setLocation(workplace_.context.stocklocationid);

@@ -91,7 +91,7 @@ QHBoxLayout* DocumentScreen::buildFoot() {
   Desc_->setMinimumHeight(40);
   Desc_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   column->addWidget(Desc_, 1);
-  totals_ = new TotalsPanel(workplace_.prompts, nullptr);
+  totals_ = new TotalsPanel(type_.receivedCaption, workplace_.prompts, nullptr);
   row->addWidget(notes, 1);
   row->addWidget(totals_, 0);
   return row;

@@ -23,6 +23,7 @@ namespace velmo::frame {
 enum class FieldKind {
   Text,
   Choice,  // one of `choices`; its index is the value
+  Day,     // a date, today on a new document; its text is the value
   Unseen   // no control: the shown document's value is kept, a new one gets `initial`
 };
 
@@ -93,6 +94,7 @@ struct DocumentType {
   std::vector<DocumentField> fields = {};
   std::vector<DateLookup> dateLookups = {};
   ItemGridKind lines = {};
+  std::string_view receivedCaption = "Amount Received ";  // of what is paid with the document
 
   std::vector<ValidationStep> validation = {};  // after those of every document
 

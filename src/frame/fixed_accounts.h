@@ -18,5 +18,8 @@ inline constexpr FixedAccount carriageOutwards{60001001, "Carriage & Freight Out
 inline constexpr std::int64_t walkInCustomer = 12001001;
 inline constexpr std::int64_t retailPurchase = 21001001;
 inline constexpr std::int64_t salesIncome = 40001001;
+inline constexpr std::int64_t salesReturnsIncome = 40001002;
+inline constexpr std::int64_t purchasesExpense = 50001002;
+inline constexpr std::int64_t purchaseReturnsExpense = 50001003;
 
 }  // namespace velmo::frame

@@ -4,7 +4,9 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "forms/date_picker.h"
 #include "forms/look.h"
+#include "frame/day_text.h"
 
 namespace velmo::frame {
 
@@ -29,6 +31,8 @@ QWidget* OwnFields::makeControl(const DocumentField& field) {
     auto* list = new QComboBox;
     for (const std::string_view choice : field.choices) list->addItem(shownText(choice));
     control = list;
+  } else if (field.kind == FieldKind::Day) {
+    control = new forms::DatePicker;
   } else {
     auto* line = new QLineEdit;
     line->setMaxLength(longestText);
@@ -40,8 +44,9 @@ QWidget* OwnFields::makeControl(const DocumentField& field) {
   return control;
 }
 
-void OwnFields::setInitial() {
-  for (const DocumentField& field : fields_) setText(field.name, std::string(field.initial));
+void OwnFields::setInitial(const text::DateTime& today) {
+  for (const DocumentField& field : fields_)
+    setText(field.name, field.kind == FieldKind::Day ? dayText(today) : std::string(field.initial));
 }
 
 void OwnFields::show(const store::Recordset& tran) {
@@ -58,6 +63,7 @@ std::string OwnFields::text(std::string_view name) const {
   const auto found = controls_.find(name);
   if (found == controls_.end()) return unseen_.at(name);
   if (const auto* list = qobject_cast<const QComboBox*>(found->second)) return std::to_string(list->currentIndex());
+  if (const auto* day = qobject_cast<const forms::DatePicker*>(found->second)) return dayText(day->day());
   return static_cast<const QLineEdit*>(found->second)->text().toStdString();
 }
 
@@ -68,6 +74,8 @@ void OwnFields::setText(std::string_view name, const std::string& text) {
     unseen_[field->name] = text;
   } else if (auto* list = qobject_cast<QComboBox*>(found->second)) {
     list->setCurrentIndex(choiceIndex(*field, text));
+  } else if (auto* picker = qobject_cast<forms::DatePicker*>(found->second)) {
+    if (const auto day = dayFrom(text)) picker->setDay(*day);
   } else {
     auto* line = static_cast<QLineEdit*>(found->second);
     line->setText(QString::fromStdString(text));

@@ -6,6 +6,7 @@
 
 #include "frame/document_type.h"
 #include "store/recordset.h"
+#include "text/date_time.h"
 
 namespace velmo::frame {
 
@@ -17,7 +18,7 @@ class OwnFields {
   // Makes the control of a field; its owner is the layout that it is put into.
   QWidget* makeControl(const DocumentField& field);
 
-  void setInitial();
+  void setInitial(const text::DateTime& today);
   void show(const store::Recordset& tran);
   std::map<std::string, std::string, std::less<>> texts() const;
 

@@ -7,6 +7,7 @@
 
 #include "forms/look.h"
 #include "forms/number_box.h"
+#include "frame/own_fields.h"
 #include "session/prompts.h"
 
 namespace velmo::frame {
@@ -31,7 +32,8 @@ bool beginsNumber(const QString& text) {
 
 }  // namespace
 
-TotalsPanel::TotalsPanel(session::Prompts& prompts, QWidget* parent) : QFrame(parent), prompts_(prompts) {
+TotalsPanel::TotalsPanel(std::string_view receivedCaption, session::Prompts& prompts, QWidget* parent)
+    : QFrame(parent), prompts_(prompts) {
   forms::makeCard(*this);
   auto* grid = new QGridLayout(this);
   forms::setGrid(*grid, forms::spacing::Normal);
@@ -44,7 +46,7 @@ TotalsPanel::TotalsPanel(session::Prompts& prompts, QWidget* parent) : QFrame(pa
   gTotal_ = addFigure(*grid, 1, 2, "GTotal", tr("Gross Total "));
   carriage_ = addAmount(*grid, 2, 2, "Carriage", tr("Carriage and Freight "), true);
   netTotal_ = addFigure(*grid, 0, 4, "NetTotal", tr("Net Total "));
-  received_ = addAmount(*grid, 1, 4, "Received", tr("Amount Received "), false);
+  received_ = addAmount(*grid, 1, 4, "Received", shownText(receivedCaption), false);
   balance_ = addFigure(*grid, 2, 4, "Balance", tr("Balance "));
   forms::makeTotal(*netTotal_);
   forms::makeTotal(*balance_);

@@ -24,7 +24,7 @@ class TotalsPanel : public QFrame {
   Q_OBJECT
 
  public:
-  TotalsPanel(session::Prompts& prompts, QWidget* parent);
+  TotalsPanel(std::string_view receivedCaption, session::Prompts& prompts, QWidget* parent);
 
   void setSums(const LineSums& sums);
   // The currency stands before the words; the rule says whether the amount received follows the net total.

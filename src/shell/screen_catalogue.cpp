@@ -1,12 +1,16 @@
 #include "shell/screen_catalogue.h"
 
 #include "documents/sale_invoice.h"
+#include "documents/trade_screens.h"
 #include "masters/employees.h"
+#include "masters/inv_below_reorder.h"
 #include "masters/item_settings.h"
 #include "masters/modify_accounts.h"
 #include "masters/modify_inventory.h"
 #include "masters/modify_parties.h"
 #include "masters/modify_services.h"
+#include "masters/password.h"
+#include "masters/search_item.h"
 #include "masters/simple_lists.h"
 #include "masters/user_logins.h"
 #include "masters/user_rights.h"
@@ -26,9 +30,24 @@ QWidget* makeSaleInvoicesSimple(session::Workplace& workplace, QWidget* parent) 
   return documents::makeSaleInvoicesSimple(workplace, parent, {.voucher = showDocumentVoucher});
 }
 
+QWidget* makeSaleReturns(session::Workplace& workplace, QWidget* parent) {
+  return documents::makeSaleReturns(workplace, parent, {.voucher = showDocumentVoucher});
+}
+
+QWidget* makePurchaseBillsSimple(session::Workplace& workplace, QWidget* parent) {
+  return documents::makePurchaseBillsSimple(workplace, parent, {.voucher = showDocumentVoucher});
+}
+
+QWidget* makePurchaseReturns(session::Workplace& workplace, QWidget* parent) {
+  return documents::makePurchaseReturns(workplace, parent, {.voucher = showDocumentVoucher});
+}
+
 constexpr ScreenEntry screens[] = {
     {"Navigation", ScreenKind::ChildWindow, makeNavigation},
     {"SaleInvoicesSimple", ScreenKind::ChildWindow, makeSaleInvoicesSimple},
+    {"SaleReturns", ScreenKind::ChildWindow, makeSaleReturns},
+    {"PurchaseBillsSimple", ScreenKind::ChildWindow, makePurchaseBillsSimple},
+    {"PurchaseReturns", ScreenKind::ChildWindow, makePurchaseReturns},
     {"ModifyAccounts", ScreenKind::Dialog, masters::makeModifyAccounts},
     {"ModifyCustomers", ScreenKind::Dialog, masters::makeModifyCustomers},
     {"ModifySuppliers", ScreenKind::Dialog, masters::makeModifySuppliers},
@@ -43,6 +62,9 @@ constexpr ScreenEntry screens[] = {
     {"InvPrices", ScreenKind::Dialog, masters::makeInvPrices},
     {"InvReorderSettings", ScreenKind::Dialog, masters::makeInvReorderSettings},
     {"InvValuation", ScreenKind::Dialog, masters::makeInvValuation},
+    {"InvBelowReorder", ScreenKind::ChildWindow, masters::makeInvBelowReorder},
+    {"SearchItem", ScreenKind::Dialog, masters::makeSearchItem},
+    {"Password", ScreenKind::Dialog, masters::makePassword},
     {"UserLogins", ScreenKind::Dialog, masters::makeUserLogins},
     {"UserRights", ScreenKind::Dialog, masters::makeUserRights},
     {"CompanyInfo", ScreenKind::Dialog, makeCompanyInfo},

@@ -126,11 +126,14 @@ class InvoiceCompany {
   session::Workplace workplace{context, clock, prompts, files, screens};
 };
 
-// The sale invoice screen under a person's hands.
+// A document screen, of sale invoices unless told otherwise, under a person's hands.
 class InvoiceScreen {
  public:
-  explicit InvoiceScreen(InvoiceCompany& shop, frame::PrintOuts printOuts = {})
-      : shop_(shop), screen_(documents::makeSaleInvoicesSimple(shop.workplace, nullptr, std::move(printOuts))) {
+  using Make = QWidget* (*)(session::Workplace&, QWidget*, frame::PrintOuts);
+
+  explicit InvoiceScreen(InvoiceCompany& shop, frame::PrintOuts printOuts = {},
+                         Make make = documents::makeSaleInvoicesSimple)
+      : shop_(shop), screen_(make(shop.workplace, nullptr, std::move(printOuts))) {
     screen_->resize(1280, 800);
     screen_->show();
     QApplication::setActiveWindow(screen_.get());

@@ -1,0 +1,139 @@
+#include "documents/find_screens.h"
+
+namespace velmo::documents {
+
+namespace {
+
+using enum frame::FindCondition;
+using enum forms::ColumnAlignment;
+
+constexpr const char* day = "dd-mm-yyyy";
+constexpr const char* money = "0.00;(0.00)";
+
+constexpr std::string_view select =
+    "Transactions.TranNo, Transactions.DocNo, Transactions.TranDate, Transactions.Text1, Transactions.TrAmount, "
+    "Transactions.Received, Transactions.Balance, Transactions.Nature, Transactions.D1, Transactions.D1Date, "
+    "Transactions.D2, Transactions.D2Date, Employees.EmpName, StockLocation.LocationName, iif(Transactions.Cancel=0, "
+    "'', 'CANCELLED') AS CStatus, Users.UserName AS AddedBy, Transactions.TimeAdded, Users_1.UserName AS EditedBy, "
+    "Transactions.TimeEdited";
+
+const frame::FindColumn serialNo{"Serial No.", "Transactions.DocNo", Number, "Give serial no. to find."};
+const frame::FindColumn date{"Date", "Transactions.TranDate", OnDay};
+const frame::FindColumn terms{"Terms of Payment", "Transactions.Nature", AsTyped, "Give terms of payment to find."};
+const frame::FindColumn customer{"Customer Name", "Transactions.Text1", Contains, "Give customer name to find."};
+const frame::FindColumn vendor{"Vendor Name", "Transactions.Text1", Contains, "Give vendor name to find."};
+const frame::FindColumn amount{"Amount", "Transactions.TrAmount", Number, "Give amount to find."};
+
+// What the two references of a kind of document are called in the list of what was found.
+struct References {
+  const char* first;
+  const char* second = nullptr;
+};
+
+std::vector<forms::TableColumn> resultColumns(const char* party, const char* paid, References references) {
+  std::vector<forms::TableColumn> columns = {
+      {.caption = "Serial No.", .field = "DocNo", .alignment = Right, .width = 9},
+      {.caption = "Date", .field = "TranDate", .format = day, .width = 10},
+      {.caption = party, .field = "Text1", .width = 28},
+      {.caption = "Amount", .field = "TrAmount", .format = money, .alignment = Right},
+      {.caption = paid, .field = "Received", .format = money, .alignment = Right},
+      {.caption = "Balance", .field = "Balance", .format = money, .alignment = Right},
+      {.caption = "Terms of Payment", .field = "Nature", .width = 16},
+      {.caption = references.first, .field = "D1", .width = 16},
+      {.caption = "Dated", .field = "D1Date", .width = 10}};
+  if (references.second) {
+    columns.push_back({.caption = references.second, .field = "D2", .width = 16});
+    columns.push_back({.caption = "Dated", .field = "D2Date", .width = 10});
+  }
+  const forms::TableColumn last[] = {{.caption = "Employee", .field = "EmpName", .width = 18},
+                                     {.caption = "Location", .field = "LocationName", .width = 16},
+                                     {.caption = "Status", .field = "CStatus", .width = 10},
+                                     {.caption = "Added By", .field = "AddedBy", .width = 14},
+                                     {.caption = "Time Added", .field = "TimeAdded", .width = 19},
+                                     {.caption = "Edited By", .field = "EditedBy", .width = 14},
+                                     {.caption = "Time Edited", .field = "TimeEdited", .width = 19}};
+  columns.insert(columns.end(), std::begin(last), std::end(last));
+  return columns;
+}
+
+}  // namespace
+
+frame::FindType findSalesSimple() {
+  return {.screen = "FindSalesSimple",
+          .title = "FIND SALE INVOICES",
+          .viewRight = 94,
+          .select = select,
+          .columns = {serialNo,
+                      date,
+                      terms,
+                      {"Purchase Order No.", "Transactions.D1", AsTyped, "Give purchase order no. to find."},
+                      {"Purchase Order Date", "Transactions.D1Date", AsTyped, "Give purchase order date to find."},
+                      {"Delivery Challan No.", "Transactions.D2", AsTyped, "Give delivery challan no. to find."},
+                      {"Delivery Challan Date", "Transactions.D2Date", AsTyped, "Give delivery challan date to find."},
+                      customer,
+                      amount},
+          .result = resultColumns("Customer Name", "Received", {"Purchase Order No.", "Delivery Challan No."})};
+}
+
+frame::FindType findSalesPOS() {
+  return {.screen = "FindSalesPOS",
+          .title = "FIND POINT OF SALE INVOICES",
+          .viewRight = 97,
+          .select = select,
+          .columns = {serialNo,
+                      date,
+                      customer,
+                      {"Employee", "Employees.EmpName", Contains, "Give employee name to find."},
+                      {"User Login", "Users.UserName", Contains, "Give user login to find."},
+                      amount},
+          .result = resultColumns("Customer Name", "Received", {"Purchase Order No.", "Delivery Challan No."})};
+}
+
+frame::FindType findSReturns() {
+  return {.screen = "FindSReturns",
+          .title = "FIND SALE RETURNS",
+          .viewRight = 100,
+          .select = select,
+          .columns = {serialNo,
+                      date,
+                      terms,
+                      {"Invoice No.", "Transactions.D1", AsTyped, "Give invoice no. to find."},
+                      {"Invoice Date", "Transactions.D1Date", AsTyped, "Give invoice date to find."},
+                      customer,
+                      amount},
+          .result = resultColumns("Customer Name", "Paid", {"Invoice No."})};
+}
+
+frame::FindType findPurchasesSimple() {
+  return {.screen = "FindPurchasesSimple",
+          .title = "FIND PURCHASES",
+          .viewRight = 59,
+          .select = select,
+          .columns = {serialNo,
+                      date,
+                      terms,
+                      {"Vendor Invoice No.", "Transactions.D1", AsTyped, "Give vendor invoice no. to find."},
+                      {"Vendor Invoice Date", "Transactions.D1Date", AsTyped, "Give vendor invoice date to find."},
+                      {"Purchase Order No.", "Transactions.D2", AsTyped, "Give purchase order no. to find."},
+                      {"Purchase Order Date", "Transactions.D2Date", AsTyped, "Give purchase order date to find."},
+                      vendor,
+                      amount},
+          .result = resultColumns("Vendor Name", "Paid", {"Vendor Invoice No.", "Purchase Order No."})};
+}
+
+frame::FindType findPReturns() {
+  return {.screen = "FindPReturns",
+          .title = "FIND PURCHASE RETURNS",
+          .viewRight = 62,
+          .select = select,
+          .columns = {serialNo,
+                      date,
+                      terms,
+                      {"Purchase No.", "Transactions.D2", AsTyped, "Give purchase no. to find."},
+                      {"Purchase Date", "Transactions.D2Date", AsTyped, "Give purchase date to find."},
+                      vendor,
+                      amount},
+          .result = resultColumns("Vendor Name", "Received", {"Vendor Invoice No.", "Purchase No."})};
+}
+
+}  // namespace velmo::documents

@@ -1,0 +1,112 @@
+#include "documents/purchase_bill_type.h"
+
+#include "documents/find_screens.h"
+#include "documents/trade_rules.h"
+#include "store/value.h"
+#include "text/number.h"
+
+namespace velmo::documents {
+
+namespace {
+
+using frame::above;
+using frame::below;
+using frame::DocumentValues;
+using frame::Figure;
+using frame::minus;
+using frame::Narration;
+using frame::PostedAccount;
+
+std::vector<frame::DocumentField> fields() {
+  using enum frame::FieldPlace;
+  return {{.name = "D1", .column = "D1", .label = "Vendor Invoice No."},
+          {.name = "D1Dt", .column = "D1Date", .label = "Dated ", .place = Beside},
+          {.name = "D2", .column = "D2", .label = "Purchase Order No."},
+          {.name = "D2Dt", .column = "D2Date", .label = "Dated ", .place = Beside}};
+}
+
+std::string purchaseOrderStatement(const std::string& number, int fyid) {
+  const std::optional<double> docNo = text::numberFrom(number);
+  if (!docNo) return {};
+  return "Select trandate, docno from transactions where docno = " + text::numberText(*docNo) +
+         " and trantype=92 and fyid = " + std::to_string(fyid) + " and cancel = No";
+}
+
+frame::PostingTable posting() {
+  using enum Figure;
+  return {.documentName = [](const DocumentValues& v) { return "Invoice No " + v.DocNo + "/" + v.field("D1"); },
+          .rows = {
+              {.account = PostedAccount::Head, .narration = Narration::Lines, .debit = GTotal},
+              {.when = {above(Carriage)},
+               .account = frame::carriageInwards,
+               .narration = Narration::Lines,
+               .debit = Carriage},
+              {.when = {below(Carriage)},
+               .account = frame::carriageInwards,
+               .narration = Narration::Lines,
+               .credit = minus(Carriage)},
+              {.when = {above(Received), above(Balance)}, .account = PostedAccount::Party, .debit = Received},
+              {.when = {above(Received)}, .account = frame::cashInHand, .credit = Received},
+              {.when = {above(Balance)}, .account = PostedAccount::Party, .credit = NetTotal},
+          }};
+}
+
+frame::AgingRow openItem(const DocumentValues& values) {
+  const std::int64_t docNo = store::integerOf(values.DocNo);
+  return {.docNo = docNo,
+          .docNo2 = docNo,
+          .vendorInvNo = values.field("D1"),
+          .tranDate = values.TrDate,
+          .tranDate2 = values.TrDate,
+          .partyCode = store::integerOf(values.PartyCodeTxt),
+          .trAmount = netTotalOf(values),
+          .payment = receivedOf(values),
+          .totPayment = receivedOf(values)};
+}
+
+}  // namespace
+
+const frame::DocumentType& purchaseBillType() {
+  static const frame::DocumentType type{
+      .TranType = purchaseBillTranType,
+      .screen = "PurchaseBillsSimple",
+      .title = "PURCHASES",
+      .duplicateText = "This Serial No. already exists. Saving this would create duplicate values.",
+      .viewRight = 58,
+      .find = findPurchasesSimple(),
+      .party = {.caption = "Vendor",
+                .listCondition = "Level1ID=120 or Level1ID=210",
+                .newParty = {.caption = "New Vendor", .right = 12, .dialog = "ModifySuppliers"}},
+      .head =
+          frame::HeadRules{
+              .caption = "Expense Account", .listCondition = "Level1ID=500", .initialCode = frame::purchasesExpense},
+      .fields = fields(),
+      .dateLookups = {{.from = "D2", .to = "D2Dt", .statement = purchaseOrderStatement}},
+      .lines = {.quantityField = "StockIn",
+                .priceField = "PurchasePrice",
+                .priceCaption = "Purchase Price",
+                .historyTranType = purchaseBillTranType,
+                .historyQuantityField = "StockIn",
+                .serialNumbers = frame::SerialNumbers::Kept},
+      .receivedCaption = "Amount Paid ",
+      .validation =
+          {fieldFilled("D1", "Select correct vendor invoice number."),
+           headAccountChosen("Select a correct expense account."),
+           partyChosen("Select a correct vendor. You may select Account Code '21001001' for a Retail / Cash Purchase."),
+           cashPartySettles("21001001",
+                            "Select a correct vendor to give credit for balance amount. Credit cannot be given to a "
+                            "Retail / Cash Purchase Account."),
+           frame::locationIsListed(), frame::jobIsListedOrBlank(), frame::employeeIsListedOrBlank(),
+           frame::receivedWithinNetTotal("Amount paid cannot be greater then the total payable.")},
+      .header =
+          [](const DocumentValues& values, const session::LoginContext& context, frame::HeaderRow& row) {
+            writeTradeHeader(values, row);
+            row.set("InvLedger", context.BillInvLedger);
+          },
+      .posting = posting(),
+      .aging = frame::AgingRule{.side = frame::AgingSide::Payable, .row = openItem},
+  };
+  return type;
+}
+
+}  // namespace velmo::documents

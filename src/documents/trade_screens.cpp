@@ -1,0 +1,38 @@
+#include "documents/trade_screens.h"
+
+#include "documents/invoice_print.h"
+#include "documents/purchase_bill_type.h"
+#include "documents/purchase_return_type.h"
+#include "documents/sale_return_type.h"
+#include "documents/show_print.h"
+#include "frame/document_screen.h"
+
+namespace velmo::documents {
+
+namespace {
+
+QWidget* makeScreen(frame::DocumentType type, InvoiceKind kind, session::Workplace& workplace, QWidget* parent,
+                    frame::PrintOuts printOuts) {
+  type.print = [kind](session::Workplace& place, const frame::DocumentValues& onScreen, QWidget* screen) {
+    showPrint(place, onScreen, screen, kind,
+              [](const auto& context, const auto& document, const auto& lines, const PrintRequest& request)
+                  -> std::optional<printing::Report> { return tradePrint(context, document, lines, request); });
+  };
+  return new frame::DocumentScreen(std::move(type), workplace, std::move(printOuts), parent);
+}
+
+}  // namespace
+
+QWidget* makeSaleReturns(session::Workplace& workplace, QWidget* parent, frame::PrintOuts printOuts) {
+  return makeScreen(saleReturnType(), InvoiceKind::SaleReturn, workplace, parent, std::move(printOuts));
+}
+
+QWidget* makePurchaseBillsSimple(session::Workplace& workplace, QWidget* parent, frame::PrintOuts printOuts) {
+  return makeScreen(purchaseBillType(), InvoiceKind::Purchase, workplace, parent, std::move(printOuts));
+}
+
+QWidget* makePurchaseReturns(session::Workplace& workplace, QWidget* parent, frame::PrintOuts printOuts) {
+  return makeScreen(purchaseReturnType(), InvoiceKind::PurchaseReturn, workplace, parent, std::move(printOuts));
+}
+
+}  // namespace velmo::documents

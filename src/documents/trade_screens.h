@@ -1,0 +1,15 @@
+#pragma once
+
+#include "frame/print_outs.h"
+#include "session/workplace.h"
+
+class QWidget;
+
+namespace velmo::documents {
+
+// The screens of returns and purchases, on a blank document, or on LoginContext::OpenTranNo when OpenTranFlag is set.
+QWidget* makeSaleReturns(session::Workplace& workplace, QWidget* parent, frame::PrintOuts printOuts = {});
+QWidget* makePurchaseBillsSimple(session::Workplace& workplace, QWidget* parent, frame::PrintOuts printOuts = {});
+QWidget* makePurchaseReturns(session::Workplace& workplace, QWidget* parent, frame::PrintOuts printOuts = {});
+
+}  // namespace velmo::documents
