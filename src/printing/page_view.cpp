@@ -136,36 +136,50 @@ void PageView::pagesChanged() {
   verticalScrollBar()->setValue(value);
 }
 
-bool PageView::find(const QString& text, bool backwards) {
+Search PageView::find(const QString& text, bool backwards) {
   if (text != sought_) hit_ = {};
   sought_ = text;
+  step_ = backwards ? -1 : 1;
+  reached_ = hit_.page >= 0 ? hit_ : Hit{currentPage(), backwards ? 0 : -1};
+  pagesTried_ = 0;
   viewport()->update();
-  if (text.isEmpty()) return false;
-  pages_.makeAll();
-  relayout();
-  const int step = backwards ? -1 : 1;
-  Hit at = hit_.page >= 0 ? hit_ : Hit{currentPage(), backwards ? 0 : -1};
-  for (int visited = 0; visited <= pages_.made();) {
-    at.run += step;
-    const Drawing* drawing = &pages_.page(at.page)->drawing;
-    if (at.run < 0 || at.run >= static_cast<int>(drawing->texts.size())) {
-      at.page = (at.page + step + pages_.made()) % pages_.made();
-      drawing = &pages_.page(at.page)->drawing;
-      at.run = backwards ? static_cast<int>(drawing->texts.size()) : -1;
-      ++visited;
+  return text.isEmpty() ? ended(Search::NotFound) : findOn();
+}
+
+Search PageView::findOn() {
+  while (pagesTried_ <= pages_.made()) {
+    const Drawing& drawing = pages_.page(reached_.page)->drawing;
+    const int next = reached_.run + step_;
+    if (next < 0 || next >= static_cast<int>(drawing.texts.size())) {
+      if (!turnPage()) return Search::MorePages;
       continue;
     }
-    const TextRun& run = drawing->texts[static_cast<std::size_t>(at.run)];
-    if (!drawnText(*drawing, run, pages_.total()).contains(text, Qt::CaseInsensitive)) continue;
-    hit_ = at;
-    const double top = tops_[static_cast<std::size_t>(at.page)] + run.at.top * scale_;
+    reached_.run = next;
+    const TextRun& run = drawing.texts[static_cast<std::size_t>(next)];
+    if (!drawnText(drawing, run, pages_.total()).contains(sought_, Qt::CaseInsensitive)) continue;
+    hit_ = reached_;
+    const double top = tops_[static_cast<std::size_t>(hit_.page)] + run.at.top * scale_;
     verticalScrollBar()->setValue(static_cast<int>(top) - viewport()->height() / 3);
-    viewport()->update();
-    return true;
+    return ended(Search::Found);
   }
   hit_ = {};
+  return ended(Search::NotFound);
+}
+
+// The search goes on to the page behind or before, round the ends once all pages are there.
+bool PageView::turnPage() {
+  const int next = reached_.page + step_;
+  const bool round = next < 0 || next >= pages_.made();
+  if (round && !pages_.complete()) return false;
+  reached_.page = round ? (step_ > 0 ? 0 : pages_.made() - 1) : next;
+  reached_.run = step_ > 0 ? -1 : static_cast<int>(pages_.page(reached_.page)->drawing.texts.size());
+  ++pagesTried_;
+  return true;
+}
+
+Search PageView::ended(Search result) {
   viewport()->update();
-  return false;
+  return result;
 }
 
 void PageView::paintHits(QPainter& painter, int index) const {

@@ -7,6 +7,8 @@
 namespace velmo::printing {
 
 enum class Fit { Width, Page, Free };
+// MorePages: not in the pages that are made, and there will be more.
+enum class Search { Found, NotFound, MorePages };
 
 // The pages of a report under each other, as white sheets on a neutral ground.
 class PageView : public QAbstractScrollArea {
@@ -26,7 +28,9 @@ class PageView : public QAbstractScrollArea {
   void pagesChanged();  // more pages were made, or their count is known
   // The next place behind or before the last find that holds the text, in either case of letters, and round from the
   // last page to the first. All places are marked; a text that is nowhere, or "", marks none.
-  bool find(const QString& text, bool backwards);
+  Search find(const QString& text, bool backwards);
+  // Goes on with a search that asked for more pages, where it stood.
+  Search findOn();
 
  Q_SIGNALS:
   void viewChanged();
@@ -53,8 +57,13 @@ class PageView : public QAbstractScrollArea {
     bool operator==(const Hit&) const = default;
   };
   void paintHits(QPainter& painter, int index) const;
-  Hit hit_;         // the one that was found last
-  QString sought_;  // shown wherever it stands
+  bool turnPage();
+  Search ended(Search result);
+  Hit hit_;             // the one that was found last
+  QString sought_;      // shown wherever it stands
+  Hit reached_;         // by the search
+  int step_ = 1;        // of the search: 1 or -1
+  int pagesTried_ = 0;  // by the search
 };
 
 }  // namespace velmo::printing

@@ -27,7 +27,8 @@ PdfJob::PdfJob(const Report& report, std::string path, int countedPages)
 }
 
 bool PdfJob::refused() {
-  return failed("The file '" + path_ + "' could not be written: " + file_.errorString().toStdString() + ".");
+  return failed("The file '" + path_ + "' could not be written: " + file_.errorString().toStdString() +
+                ". Nothing was saved.");
 }
 
 bool PdfJob::step() {

@@ -21,8 +21,9 @@ class QSpinBox;
 namespace velmo::printing {
 
 // A report on the screen: pages, zoom, find, print, save as PDF. The first page shows at once, the others are made in
-// idle moments; printing and saving go on in such moments too, with a progress bar, and can be stopped. Several may be
-// open, and none holds up the screens. Deletes itself when it is closed.
+// idle moments; printing, saving, and the way to a page or a find that is not yet made go on in such moments too, with
+// a progress bar, and can be stopped. What failed is told above the pages. Several may be open, and none holds up the
+// screens. Deletes itself when it is closed.
 class PreviewWindow : public QMainWindow {
   Q_OBJECT
 
@@ -41,7 +42,9 @@ class PreviewWindow : public QMainWindow {
   // Prints or saves in idle moments. `doing` stands before "page 3 of 9", `done` is said at the end.
   void run(std::unique_ptr<PageJob> job, const QString& doing, const QString& done);
   bool isRunning() const { return job_ != nullptr; }
-  void stop();  // what runs
+  // Also while pages are made that somebody waits for.
+  bool isBusy() const { return isRunning() || awaited_; }
+  void stop();  // what it is busy with
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -57,9 +60,18 @@ class PreviewWindow : public QMainWindow {
   void addZoomCommands();
   void addFindBox();
   void buildStatus();
+  void buildPages();
   void makeMore();
+  bool moreCome() const { return idle_.isActive(); }  // not after the last page, nor when the data have failed
+  void makeInIdleMoment();
+  // Tries again and again while more pages are made, for a moment at once and then in idle moments, until the attempt
+  // says that it is at its end, as it must when no more come. `words` hold the place of the number of pages.
+  void await(const QString& words, std::function<bool()> attempt);
+  void goTo(int index);  // page, from 0; the last one when there are less
   void workOn();
   void endJob(const QString& message);
+  void showWork();
+  void tellProblem(const QString& sentence);
   void showState();
   void chooseZoom(const QString& choice);
   void find(bool backwards);
@@ -74,6 +86,7 @@ class PreviewWindow : public QMainWindow {
   QLineEdit* findTxt_ = nullptr;
   QAction* printBttn_ = nullptr;
   QAction* pdfBttn_ = nullptr;
+  QLabel* problemLbl_ = nullptr;
   QProgressBar* progress_ = nullptr;
   QPushButton* stopBttn_ = nullptr;
   QTimer idle_;
@@ -81,6 +94,8 @@ class PreviewWindow : public QMainWindow {
   std::unique_ptr<PageJob> job_;
   QString doing_;
   QString done_;
+  std::function<bool()> awaited_;  // what somebody waits for
+  QString awaiting_;
   std::function<void()> closed_;
 };
 

@@ -1,11 +1,9 @@
 #include "export/sheet_writer.h"
 
 #include <malloc.h>
-#include <sys/resource.h>
-
-#include <csignal>
 
 #include "sheet_files.h"
+#include "support/small_disk.h"
 
 namespace velmo::spreadsheet {
 namespace {
@@ -38,21 +36,6 @@ class SheetWriter : public test::SheetFiles {
     return found;
   }
   SheetDesign two{.title = "Items", .columns = {{.caption = "Item"}, {.caption = "Price", .format = "0.00;(0.00)"}}};
-};
-
-// Files may not grow beyond a size: what a full disk looks like to whoever writes.
-class SmallDisk {
- public:
-  explicit SmallDisk(rlim_t bytes) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit small{bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-  }
-  ~SmallDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
-
- private:
-  rlimit before_;
 };
 
 TEST_F(SheetWriter, WritesEveryValueAsWhatItIs) {
@@ -139,7 +122,7 @@ TEST_F(SheetWriter, LeavesNothingHalfOnAFullDisk) {
   for (const rlim_t room : {100'000U, 20'000U, 2'000U, 0U}) {
     tl::expected<std::int64_t, std::string> saved;
     {
-      const SmallDisk disk(room);
+      const velmo::test::SmallDisk disk(room);
       saved = saveSheet(file, two, many(5000));
     }
     ASSERT_FALSE(saved) << room;
@@ -156,7 +139,7 @@ TEST_F(SheetWriter, NoticesADiskThatFillsUpAnywhere) {
   for (rlim_t room = 500; room < 90'000; room += 977) {
     tl::expected<std::int64_t, std::string> saved;
     {
-      const SmallDisk disk(room);
+      const velmo::test::SmallDisk disk(room);
       saved = saveSheet(folder / "list.xlsx", two, many(700));
     }
     if (saved)

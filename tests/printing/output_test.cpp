@@ -12,6 +12,7 @@
 #include "printing/typesetter.h"
 #include "sample_report.h"
 #include "store/error.h"
+#include "support/small_disk.h"
 
 namespace velmo::printing::test {
 namespace {
@@ -56,6 +57,28 @@ TEST(PdfWriter, RefusedFilesAreToldInASentenceAndLeaveNothing) {
     EXPECT_EQ(problem->back(), '.');
   }
   EXPECT_TRUE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).isEmpty());
+}
+
+TEST(PdfWriter, FullDiskKeepsTheFormerFileAndLeavesNoPart) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath(QStringLiteral("list.pdf"));
+  ASSERT_EQ(writePdf(listOf(2), path.toStdString()), std::nullopt);
+  const qint64 size = QFileInfo(path).size();
+  for (const qint64 room : {qint64{0}, qint64{100}, size / 2, size - 1}) {
+    SCOPED_TRACE(room);
+    int pages = 0;
+    const velmo::test::SmallDisk disk(static_cast<rlim_t>(room));
+    const auto problem = writePdf(listOf(5000), path.toStdString(), [&](int written, int) {
+      pages = written;
+      return true;
+    });
+    ASSERT_TRUE(problem.has_value());
+    EXPECT_EQ(problem->rfind("The file '" + path.toStdString() + "' could not be written: ", 0), 0U) << *problem;
+    EXPECT_TRUE(problem->ends_with(". Nothing was saved.")) << *problem;
+    EXPECT_LT(pages, 250) << "nobody waits for all pages to learn of it";
+    EXPECT_EQ(QFileInfo(path).size(), size);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+  }
 }
 
 TEST(PdfWriter, DataThatFailsLeavesNoFile) {

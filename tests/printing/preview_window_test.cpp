@@ -115,6 +115,7 @@ TEST_F(PreviewWindowTest, ZoomHasItsBoundsAndFits) {
 
 TEST_F(PreviewWindowTest, FindGoesRoundInBothDirectionsAndMarksTheHits) {
   show(95);
+  auto& box = control<QLineEdit>("FindTxt");
   const struct {
     const char* sought;
     bool backwards;
@@ -123,12 +124,13 @@ TEST_F(PreviewWindowTest, FindGoesRoundInBothDirectionsAndMarksTheHits) {
                {"r9", true, 10},  {"xyz", false, 0}, {"r5", false, 1}};
   for (const auto& [sought, backwards, page] : steps) {
     press(Qt::CTRL | Qt::Key_Home);
-    EXPECT_EQ(view().find(QLatin1String(sought), backwards), page > 0) << sought;
+    box.setText(QLatin1String(sought));
+    press(backwards ? Qt::SHIFT | Qt::Key_F3 : QKeySequence(Qt::Key_F3));
+    EXPECT_EQ(window_->statusBar()->currentMessage().isEmpty(), page > 0) << sought;
     if (page > 0) {
       EXPECT_EQ(view().currentPage(), page - 1) << sought;
     }
   }
-  auto& box = control<QLineEdit>("FindTxt");
   box.setText(QStringLiteral("no such text"));
   press(Qt::Key_F3);
   EXPECT_EQ(window_->statusBar()->currentMessage(), QStringLiteral("\"no such text\" is not in this report."));
@@ -177,20 +179,76 @@ TEST_F(PreviewWindowTest, SavesWhileTheProgramGoesOn) {
   EXPECT_TRUE(QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden).isEmpty());
 }
 
+// Of 6,000 pages only the first ones are there when the keys come.
+TEST_F(PreviewWindowTest, NeitherALongWayNorALongSearchHoldsUpTheProgram) {
+  const auto find = [&](const char* text) {
+    control<QLineEdit>("FindTxt").setText(QLatin1String(text));
+    press(Qt::Key_F3);
+  };
+  const struct {
+    std::function<void()> command;
+    int page;  // that it comes to in the end, from 0
+  } ways[] = {{[&] { press(Qt::CTRL | Qt::Key_End); }, 5999},
+              {[&] { find("r59999"); }, 5999},
+              {[&] { control<QSpinBox>("PageBox").setValue(5500); }, 5499},
+              {[&] { find("no such text"); }, 0}};
+  for (const auto& [command, page] : ways) {
+    delete window_;
+    show(60000);
+    QElapsedTimer timer;
+    timer.start();
+    command();
+    EXPECT_LT(timer.elapsed(), 5000) << "the command itself, whatever the report's length";
+    EXPECT_TRUE(window_->isBusy() && control<QPushButton>("StopBttn").isVisible());
+    EXPECT_TRUE(comesTrue([&] { return !window_->statusBar()->currentMessage().isEmpty(); }));
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(window_->isBusy() || control<QPushButton>("StopBttn").isVisible());
+    EXPECT_EQ(view().currentPage(), 0);
+    command();
+    EXPECT_TRUE(comesTrue([&] { return !window_->isBusy(); }));
+    EXPECT_EQ(view().currentPage(), page);
+  }
+  EXPECT_EQ(window_->statusBar()->currentMessage(), QStringLiteral("\"no such text\" is not in this report."));
+  EXPECT_EQ(window_->pages().total(), 6000);
+}
+
+TEST_F(PreviewWindowTest, FindsOnThePagesThatAreThereWithoutTheOthers) {
+  show(60000);
+  control<QLineEdit>("FindTxt").setText(QStringLiteral("r25"));
+  press(Qt::Key_F3);
+  EXPECT_EQ(view().currentPage(), 2);
+  EXPECT_FALSE(window_->isBusy() || window_->pages().complete());
+}
+
 TEST_F(PreviewWindowTest, TellsHowSavingEnded) {
   show(3);
-  const struct {
-    QString path;
-    QString message;
-  } cases[] = {{folder_.filePath(QStringLiteral("x.pdf")), QStringLiteral("Saved as ")},
-               {folder_.filePath(QStringLiteral("no/x.pdf")), QStringLiteral("The file '")}};
-  for (const auto& [path, message] : cases) {
-    files_.path_ = path.toStdString();
+  const auto save = [&](const QString& name) {
+    files_.path_ = folder_.filePath(name).toStdString();
     press(QKeySequence::Save);
     EXPECT_TRUE(comesTrue([&] { return !window_->isRunning(); }));
-    EXPECT_TRUE(window_->statusBar()->currentMessage().startsWith(message + path));
-  }
-  EXPECT_TRUE(QFile::exists(cases[0].path));
+  };
+  auto& problem = control<QLabel>("ProblemLbl");
+  save(QStringLiteral("no/x.pdf"));
+  EXPECT_TRUE(problem.isVisible());
+  EXPECT_TRUE(problem.text().startsWith(QStringLiteral("The file '") + folder_.filePath(QStringLiteral("no/x.pdf"))));
+  EXPECT_TRUE(window_->statusBar()->currentMessage().isEmpty());
+  save(QStringLiteral("x.pdf"));
+  EXPECT_TRUE(problem.isHidden());
+  EXPECT_EQ(window_->statusBar()->currentMessage(),
+            QStringLiteral("Saved as ") + folder_.filePath(QStringLiteral("x.pdf")));
+  EXPECT_TRUE(QFile::exists(folder_.filePath(QStringLiteral("x.pdf"))));
+}
+
+TEST_F(PreviewWindowTest, DataThatFailsOnTheWayIsTold) {
+  ReportDesign design = smallSheet();
+  design.detail = showing("name");
+  std::vector<DataRow> data = rows(30);
+  data.push_back({.fields = {{"another", std::string("field")}}, .chapters = {}});
+  window_ = showPreview(nullptr, reportOf(design, data), files_);
+  press(Qt::CTRL | Qt::Key_End);
+  EXPECT_TRUE(control<QLabel>("ProblemLbl").isVisible());
+  EXPECT_FALSE(window_->isBusy());
+  EXPECT_EQ(view().currentPage(), window_->pages().made() - 1);
 }
 
 TEST_F(PreviewWindowTest, LivesBesideItsOwnerAndGoesWithIt) {
