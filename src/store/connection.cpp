@@ -109,11 +109,16 @@ void Connection::Impl::run(const char* sql) {
 }
 
 std::int64_t Connection::Impl::write(std::string_view sql, const std::vector<Value>& parameters) {
-  finishReaders();
   PreparedStatement statement = prepare(sql);
   for (std::size_t i = 0; i < parameters.size(); ++i) statement.bind(static_cast<int>(i) + 1, parameters[i]);
+  return write(statement);
+}
+
+std::int64_t Connection::Impl::write(PreparedStatement& statement) {
+  finishReaders();
   while (statement.step()) {
   }
+  statement.reset();
   return sqlite3_changes64(database);
 }
 

@@ -56,6 +56,7 @@ struct Connection::Impl {
   void run(const char* sql);
   // Runs a writing statement and returns the number of rows it wrote, cascades left out.
   std::int64_t write(std::string_view sql, const std::vector<Value>& parameters);
+  std::int64_t write(PreparedStatement& statement);  // the same, with its values bound
 
   void begin();
   void commit();

@@ -103,7 +103,7 @@ class ListCursor : public Cursor, public TransactionParticipant, public std::ena
   void remember();
   void requireWritable() const;
   void beginEdit();
-  void apply(RowId row, const FieldValues& values);
+  void change(RowId row, const FieldValues& values);
   void dropEdit();
   RowId appendRow();
   void leaveRemoved();

@@ -43,8 +43,17 @@ void ListCursor::beginEdit() {
                .positionBefore = place_.position};
 }
 
-void ListCursor::apply(RowId row, const FieldValues& values) {
-  for (const auto& [field, value] : values) rows_->edit(row, field, value);
+// A row that is written as it is changed stays as it was when that fails.
+void ListCursor::change(RowId row, const FieldValues& values) {
+  const RowState stateBefore = rows_->state(row);
+  const RowSet::Edits before = rows_->edits(row);
+  try {
+    for (const auto& [field, value] : values) rows_->edit(row, field, value);
+    if (source().lock == LockType::Optimistic) rows_->write(row);
+  } catch (...) {
+    rows_->restore(row, stateBefore, before);
+    throw;
+  }
 }
 
 void ListCursor::dropEdit() {
@@ -75,18 +84,9 @@ void ListCursor::setAt(std::int64_t position, int field, const Value& value) {
     set(field, value);
     return;
   }
-  Value kept = source().fittedFor(field, value);
+  const FieldValues kept{{field, source().fittedFor(field, value)}};
   remember();
-  const RowState stateBefore = rows_->state(row);
-  const RowSet::Edits before = rows_->edits(row);
-  rows_->edit(row, field, std::move(kept));
-  if (source().lock != LockType::Optimistic) return;
-  try {
-    rows_->write(row);
-  } catch (...) {
-    rows_->restore(row, stateBefore, before);
-    throw;
-  }
+  change(row, kept);
 }
 
 RowId ListCursor::appendRow() {
@@ -120,12 +120,12 @@ void ListCursor::addNew() {
 void ListCursor::addNew(const FieldValues& values) {
   const RowId row = appendRow();
   try {
-    apply(row, values);
-    update();
+    change(row, values);
   } catch (...) {
     dropEdit();
     throw;
   }
+  edit_.reset();
 }
 
 void ListCursor::update() {
@@ -141,18 +141,8 @@ void ListCursor::update(const FieldValues& values) {
   requireWritable();
   const RowId row = currentRow();
   remember();
-  const std::optional<Edit> editBefore = edit_;
-  const RowState stateBefore = rows_->state(row);
-  const RowSet::Edits before = rows_->edits(row);
-  beginEdit();
-  try {
-    apply(row, values);
-    update();
-  } catch (...) {
-    rows_->restore(row, stateBefore, before);
-    edit_ = editBefore;
-    throw;
-  }
+  change(row, values);
+  edit_.reset();
 }
 
 void ListCursor::cancelUpdate() {
@@ -203,6 +193,7 @@ std::vector<RowId> ListCursor::pendingRowsInOrder() const {
   for (RowId row = 0; row < rows_->fetched(); ++row) {
     if (!shown[static_cast<std::size_t>(row)]) order.push_back(row);
   }
+  std::erase_if(order, [&](RowId row) { return !rows_->isPending(row); });
   std::vector<RowId> pending;
   for (RowState state : {RowState::Deleted, RowState::Modified, RowState::Inserted}) {
     std::ranges::copy_if(order, std::back_inserter(pending), [&](RowId row) { return rows_->state(row) == state; });
@@ -212,7 +203,7 @@ std::vector<RowId> ListCursor::pendingRowsInOrder() const {
 
 void ListCursor::writeBatch() {
   remember();
-  for (RowId row : pendingRowsInOrder()) rows_->write(row);
+  rows_->write(pendingRowsInOrder());
 }
 
 void ListCursor::updateBatch() {
@@ -232,7 +223,7 @@ void ListCursor::updateBatch() {
     return;
   }
   const std::size_t mark = rows_->undoMark();
-  connection.run("SAVEPOINT batch");
+  connection.prepare("SAVEPOINT batch").step();
   try {
     writeBatch();
   } catch (...) {
@@ -241,7 +232,7 @@ void ListCursor::updateBatch() {
     rows_->undoTo(mark);
     throw;
   }
-  connection.run("RELEASE batch");
+  connection.prepare("RELEASE batch").step();
 }
 
 void ListCursor::cancelBatch() {

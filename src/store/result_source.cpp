@@ -7,20 +7,19 @@
 namespace velmo::store {
 namespace {
 
-// Folded as SQLite folds names: A to Z alone.
-std::string folded(std::string_view name) {
-  std::string lower(name);
-  for (char& c : lower) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return lower;
+char lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool sameName(std::string_view left, std::string_view right) {
+  return std::ranges::equal(left, right, {}, lower, lower);
 }
 
 int tableIndex(ResultSource& source, const sql::ResultColumn& column) {
   if (column.table.empty() || column.column.empty()) return -1;
   const std::string& alias = column.tableAlias.empty() ? column.table : column.tableAlias;
   for (std::size_t i = 0; i < source.tables.size(); ++i) {
-    if (folded(source.tables[i].alias) == folded(alias)) return static_cast<int>(i);
+    if (sameName(source.tables[i].alias, alias)) return static_cast<int>(i);
   }
   const Table* table = source.connection->catalog.find(column.table);
   if (table == nullptr) return -1;
@@ -61,7 +60,7 @@ std::shared_ptr<ResultSource> describeResult(std::shared_ptr<Connection::Impl> c
     const int table = tableIndex(*source, column);
     const Column* base =
         table < 0 ? nullptr : source->tables[static_cast<std::size_t>(table)].table->find(column.column);
-    source->byFoldedName_.emplace(folded(column.name), static_cast<int>(source->fields.size()));
+    source->byName_.emplace(column.name, static_cast<int>(source->fields.size()));
     source->sources.push_back({.column = base, .table = base == nullptr ? -1 : table});
     source->types.push_back(column.type);
     source->fields.push_back({.name = column.name,
@@ -73,9 +72,19 @@ std::shared_ptr<ResultSource> describeResult(std::shared_ptr<Connection::Impl> c
   return source;
 }
 
+std::size_t ResultSource::NameHash::operator()(std::string_view name) const noexcept {
+  std::size_t hash = 14695981039346656037U;  // Fowler, Noll, Vo
+  for (const char c : name) hash = (hash ^ static_cast<unsigned char>(lower(c))) * 1099511628211U;
+  return hash;
+}
+
+bool ResultSource::NameEqual::operator()(std::string_view left, std::string_view right) const noexcept {
+  return sameName(left, right);
+}
+
 int ResultSource::fieldIndex(std::string_view name) const {
-  const auto found = byFoldedName_.find(folded(name));
-  return found == byFoldedName_.end() ? -1 : found->second;
+  const auto found = byName_.find(name);
+  return found == byName_.end() ? -1 : found->second;
 }
 
 int ResultSource::requireField(std::string_view name) const {
@@ -85,7 +94,7 @@ int ResultSource::requireField(std::string_view name) const {
 }
 
 void ResultSource::addChapter(const std::string& name) {
-  byFoldedName_.emplace(folded(name), static_cast<int>(fields.size()));
+  byName_.emplace(name, static_cast<int>(fields.size()));
   fields.push_back({.name = name, .type = ColumnType::Text, .readOnly = true, .chapter = true});
 }
 

@@ -42,7 +42,16 @@ struct ResultSource {
 
  private:
   friend std::shared_ptr<ResultSource> describeResult(std::shared_ptr<Connection::Impl>, BoundStatement, LockType);
-  std::unordered_map<std::string, int> byFoldedName_;
+  // Names are compared as SQLite compares them: A to Z alone without regard to case.
+  struct NameHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view name) const noexcept;
+  };
+  struct NameEqual {
+    using is_transparent = void;
+    bool operator()(std::string_view left, std::string_view right) const noexcept;
+  };
+  std::unordered_map<std::string, int, NameHash, NameEqual> byName_;
 };
 
 // Throws StoreError (Statement) when the statement is no SELECT.

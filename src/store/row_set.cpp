@@ -75,9 +75,10 @@ int RowSet::compare(RowId left, RowId right, int field) const {
 }
 
 bool RowSet::hasPendingRows() const {
-  return std::ranges::any_of(states_, [](RowState state) {
-    return state == RowState::Modified || state == RowState::Inserted || state == RowState::Deleted;
-  });
+  for (RowId row = 0; row < fetched(); ++row) {
+    if (isPending(row)) return true;
+  }
+  return false;
 }
 
 void RowSet::setState(RowId row, RowState state) {
@@ -94,7 +95,6 @@ RowId RowSet::append() {
   states_.push_back(RowState::Gone);
   remember(row, false);  // taken back, the row is no row at all
   states_.back() = RowState::Inserted;
-  edits_.emplace(row, Edits{});
   return row;
 }
 
@@ -119,7 +119,11 @@ RowSet::Edits RowSet::edits(RowId row) const {
 void RowSet::restore(RowId row, RowState state, Edits edits) {
   remember(row, false);
   setState(row, state);
-  if (edits.empty() && state != RowState::Inserted) {
+  setEdits(row, std::move(edits));
+}
+
+void RowSet::setEdits(RowId row, Edits edits) {
+  if (edits.empty()) {
     edits_.erase(row);
   } else {
     edits_[row] = std::move(edits);
@@ -138,36 +142,47 @@ void RowSet::discard(RowId row) {
 }
 
 void RowSet::write(RowId row) {
-  const RowState present = state(row);
-  if (present == RowState::Clean || present == RowState::Gone) return;
+  write(row, RowWriter(*source_));
+}
+
+void RowSet::write(const std::vector<RowId>& rows) {
   const RowWriter writer(*source_);
+  for (const RowId row : rows) write(row, writer);
+}
+
+void RowSet::write(RowId row, const RowWriter& writer) {
+  if (!isPending(row)) return;
+  const RowState present = state(row);
   const OriginalValue original = [&](int field) {
     return stored_.value(static_cast<std::size_t>(row), static_cast<std::size_t>(field));
   };
-  Edits changes = edits(row);
   if (present == RowState::Deleted) {
     writer.remove(original);
     remember(row, false);
     setState(row, RowState::Gone);
     return;
   }
+  const auto pending = edits_.find(row);
+  static const Edits nothing;
+  const Edits& changes = pending == edits_.end() ? nothing : pending->second;
+  Edits filledIn;
   if (present == RowState::Inserted) {
-    for (FieldChange& filledIn : writer.insert(changes)) {
-      std::erase_if(changes, [&](const FieldChange& change) { return change.field == filledIn.field; });
-      changes.push_back(std::move(filledIn));
-    }
+    filledIn = writer.insert(changes);
   } else {
-    std::erase_if(changes, [](const FieldChange& change) { return change.value == change.original; });
-    if (!changes.empty()) writer.update(changes, original);
+    Edits differing = changes;
+    std::erase_if(differing, [](const FieldChange& change) { return change.value == change.original; });
+    if (!differing.empty()) writer.update(differing, original);
   }
   remember(row, true);
-  for (const FieldChange& change : changes) {
-    stored_.set(static_cast<std::size_t>(row), static_cast<std::size_t>(change.field), change.value);
+  for (const Edits* written : {&changes, static_cast<const Edits*>(&filledIn)}) {
+    for (const FieldChange& change : *written)
+      stored_.set(static_cast<std::size_t>(row), static_cast<std::size_t>(change.field), change.value);
   }
   edits_.erase(row);
   setState(row, RowState::Clean);
 }
 
+// Between two marks the first record of a row is enough: winding back ends there.
 void RowSet::remember(RowId row, bool storedToo) {
   Connection::Impl& connection = *source_->connection;
   if (connection.transaction == 0) return;
@@ -176,8 +191,10 @@ void RowSet::remember(RowId row, bool storedToo) {
     undoTransaction_ = connection.transaction;
     connection.enrol(shared_from_this());
   }
+  if (undo_.size() > undoMark_ && undo_.back().row == row && (!storedToo || !undo_.back().stored.empty())) return;
   Undo before{.row = row, .state = state(row), .edits = edits(row), .stored = {}};
   if (storedToo) {
+    before.stored.reserve(source_->types.size());
     for (std::size_t i = 0; i < source_->types.size(); ++i) {
       before.stored.push_back(stored_.value(static_cast<std::size_t>(row), i));
     }
@@ -186,7 +203,8 @@ void RowSet::remember(RowId row, bool storedToo) {
 }
 
 std::size_t RowSet::undoMark() {
-  return undoTransaction_ == source_->connection->transaction ? undo_.size() : 0;
+  undoMark_ = undoTransaction_ == source_->connection->transaction ? undo_.size() : 0;
+  return undoMark_;
 }
 
 void RowSet::undoTo(std::size_t mark) {
@@ -197,11 +215,7 @@ void RowSet::undoTo(std::size_t mark) {
       stored_.set(static_cast<std::size_t>(before.row), i, before.stored[i]);
     }
     setState(before.row, before.state);
-    if (before.edits.empty() && before.state != RowState::Inserted) {
-      edits_.erase(before.row);
-    } else {
-      edits_[before.row] = std::move(before.edits);
-    }
+    setEdits(before.row, std::move(before.edits));
   }
 }
 
@@ -212,6 +226,7 @@ void RowSet::rolledBack() noexcept {
 
 void RowSet::forgetUndo() noexcept {
   undo_.clear();
+  undoMark_ = 0;
   undoTransaction_ = 0;
 }
 

@@ -44,6 +44,7 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
 
   RowState state(RowId row) const { return states_[static_cast<std::size_t>(row)]; }
   bool isThere(RowId row) const { return state(row) != RowState::Deleted && state(row) != RowState::Gone; }
+  bool isPending(RowId row) const { return state(row) != RowState::Clean && state(row) != RowState::Gone; }
   // Rises whenever a row ceases to be there, and the other one when a row comes back.
   std::int64_t losses() const { return losses_; }
   std::int64_t returns() const { return returns_; }
@@ -63,6 +64,7 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
 
   // Writes the pending changes of one row to the file, in the transaction that is open. Changes nothing when it throws.
   void write(RowId row);
+  void write(const std::vector<RowId>& rows);  // one after the other, up to the one that cannot be written
 
   // Client state can be wound back to a mark within the open transaction.
   std::size_t undoMark();
@@ -83,6 +85,8 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
 
   explicit RowSet(std::shared_ptr<const ResultSource> source);
   void setState(RowId row, RowState state);
+  void write(RowId row, const RowWriter& writer);
+  void setEdits(RowId row, Edits edits);
   void remember(RowId row, bool storedToo);
   void forgetUndo() noexcept;
 
@@ -95,6 +99,7 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   std::int64_t returns_ = 0;
   std::int64_t undoTransaction_ = 0;
   std::vector<Undo> undo_;
+  std::size_t undoMark_ = 0;  // the last mark handed out
 };
 
 }  // namespace velmo::store

@@ -103,52 +103,64 @@ int RowWriter::tableOfNewRow(const std::vector<FieldChange>& values) const {
   return table;
 }
 
-std::vector<FieldChange> RowWriter::insert(const std::vector<FieldChange>& values) const {
-  const int tableNumber = tableOfNewRow(values);
-  const SourceTable& target = source_.tables[static_cast<std::size_t>(tableNumber)];
-  const Table& table = *target.table;
-  SqlText text{.sql = "INSERT INTO " + quotedName(table.name), .parameters = {}};
-  auto given = [&](const Column* column) {
-    return std::ranges::any_of(values, [&](const FieldChange& value) {
-      return source_.sources[static_cast<std::size_t>(value.field)].column == column && !isNull(value.value);
-    });
-  };
-  for (const std::string& name : table.key) {
-    const Column* column = table.find(name);
-    if (!column->autoNumber && !given(column)) {
-      throw StoreError(ErrorKind::Constraint,
-                       "The record was not saved: " + table.name + "." + name + " must not be empty.");
-    }
-  }
-  if (values.empty()) {
-    text.sql += " DEFAULT VALUES";
-  } else {
-    std::string names;
-    for (const FieldChange& value : values) {
-      if (!names.empty()) names += ", ";
-      names += quotedName(source_.sources[static_cast<std::size_t>(value.field)].column->name);
-    }
-    text.sql += " (" + names + ") VALUES (";
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      if (i > 0) text.sql += ", ";
-      text.parameter(values[i].value);
-    }
-    text.sql += ")";
-  }
-  source_.connection->write(text.sql, text.parameters);
+bool RowWriter::isGiven(const Column& column, const std::vector<FieldChange>& values) const {
+  return std::ranges::any_of(values, [&](const FieldChange& value) {
+    return source_.sources[static_cast<std::size_t>(value.field)].column == &column && !isNull(value.value);
+  });
+}
 
+std::string RowWriter::insertSql(const Table& table, const std::vector<FieldChange>& values) const {
+  std::string sql = "INSERT INTO " + quotedName(table.name);
+  if (values.empty()) return sql + " DEFAULT VALUES";
+  std::string parameters;
+  const char* separator = " (";
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    sql += separator + quotedName(source_.sources[static_cast<std::size_t>(values[i].field)].column->name);
+    separator = ", ";
+    parameters += (i == 0 ? "?" : ", ?") + std::to_string(i + 1);
+  }
+  return sql + ") VALUES (" + parameters + ")";
+}
+
+PreparedStatement& RowWriter::insertion(const Table& table, const std::vector<FieldChange>& values) const {
+  if (!insertion_ || !std::ranges::equal(insertion_->fields, values, {}, {}, &FieldChange::field)) {
+    std::vector<int> fields;
+    for (const FieldChange& value : values) fields.push_back(value.field);
+    insertion_.reset();
+    insertion_.emplace(std::move(fields), source_.connection->prepare(insertSql(table, values)));
+  }
+  return insertion_->statement;
+}
+
+std::vector<FieldChange> RowWriter::filledIn(int table, const std::vector<FieldChange>& values) const {
   std::vector<FieldChange> filledIn;
   for (std::size_t i = 0; i < source_.sources.size(); ++i) {
     const SourceField& field = source_.sources[i];
-    if (field.table != tableNumber) continue;
+    if (field.table != table) continue;
     if (field.column->autoNumber) {
       const std::int64_t key = sqlite3_last_insert_rowid(source_.connection->database);
       filledIn.push_back({.field = static_cast<int>(i), .original = {}, .value = key});
-    } else if (field.column->type == ColumnType::YesNo && !given(field.column)) {
+    } else if (field.column->type == ColumnType::YesNo && !isGiven(*field.column, values)) {
       filledIn.push_back({.field = static_cast<int>(i), .original = {}, .value = false});
     }
   }
   return filledIn;
+}
+
+std::vector<FieldChange> RowWriter::insert(const std::vector<FieldChange>& values) const {
+  const int tableNumber = tableOfNewRow(values);
+  const Table& table = *source_.tables[static_cast<std::size_t>(tableNumber)].table;
+  for (const std::string& name : table.key) {
+    const Column* column = table.find(name);
+    if (!column->autoNumber && !isGiven(*column, values)) {
+      throw StoreError(ErrorKind::Constraint,
+                       "The record was not saved: " + table.name + "." + name + " must not be empty.");
+    }
+  }
+  PreparedStatement& statement = insertion(table, values);
+  for (std::size_t i = 0; i < values.size(); ++i) statement.bind(static_cast<int>(i) + 1, values[i].value);
+  source_.connection->write(statement);
+  return filledIn(tableNumber, values);
 }
 
 void RowWriter::remove(const OriginalValue& original) const {

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "store/result_source.h"
+#include "store/statement_cache.h"
 
 namespace velmo::store {
 
@@ -16,8 +18,9 @@ struct FieldChange {
 
 using OriginalValue = std::function<Value(int field)>;
 
-// Writes the rows of a result back to the tables they come from, one statement for each table. Every failure is a
-// StoreError; a row that is no longer as it was read is ErrorKind::Conflict.
+// Writes the rows of a result back to the tables they come from, one statement for each table; new rows with the same
+// fields, one after the other, share theirs. Every failure is a StoreError; a row that is no longer as it was read is
+// ErrorKind::Conflict.
 class RowWriter {
  public:
   explicit RowWriter(const ResultSource& source) : source_(source) {}
@@ -28,10 +31,20 @@ class RowWriter {
   void remove(const OriginalValue& original) const;
 
  private:
+  struct Insertion {
+    std::vector<int> fields;
+    PreparedStatement statement;
+  };
+
   void updateTable(int table, const std::vector<FieldChange>& changes, const OriginalValue& original) const;
   int tableOfNewRow(const std::vector<FieldChange>& values) const;
+  bool isGiven(const Column& column, const std::vector<FieldChange>& values) const;
+  std::string insertSql(const Table& table, const std::vector<FieldChange>& values) const;
+  PreparedStatement& insertion(const Table& table, const std::vector<FieldChange>& values) const;
+  std::vector<FieldChange> filledIn(int table, const std::vector<FieldChange>& values) const;
 
   const ResultSource& source_;
+  mutable std::optional<Insertion> insertion_;  // the last one
 };
 
 }  // namespace velmo::store
