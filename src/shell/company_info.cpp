@@ -7,8 +7,8 @@
 #include <array>
 
 #include "forms/look.h"
+#include "frame/settings_dialog.h"
 #include "session/login.h"
-#include "shell/settings_dialog.h"
 
 namespace velmo::shell {
 namespace {
@@ -29,7 +29,7 @@ constexpr std::array<InfoField, 9> infoFields = {{{"name", "&Name"},
                                                   {"salestaxreg", "Sales tax &registration"},
                                                   {"description", "&Description"}}};
 
-class CompanyInfo : public SettingsDialog {
+class CompanyInfo : public frame::SettingsDialog {
  public:
   CompanyInfo(session::Workplace& workplace, QWidget* parent)
       : SettingsDialog(workplace, QStringLiteral("My Company"), parent),

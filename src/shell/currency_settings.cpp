@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 
 #include "forms/look.h"
-#include "shell/settings_dialog.h"
+#include "frame/settings_dialog.h"
 
 namespace velmo::shell {
 namespace {
@@ -16,14 +16,14 @@ namespace {
 constexpr const char* symbolColumn = "CCode\xC2\xA0\xC2\xA0";
 constexpr const char* nameColumn = "Curency\xC2\xA0\xC2\xA0";
 
-class CurrencySettings : public SettingsDialog {
+class CurrencySettings : public frame::SettingsDialog {
  public:
   CurrencySettings(session::Workplace& workplace, QWidget* parent)
       : SettingsDialog(workplace, QStringLiteral("Currency"), parent),
         companyInfo_(workplace.context.KORDconn, "select name, country, currencyname, ccode from businessinfo"),
         currencies_(workplace.context.KORDconn, "select * from Currencies order by Country",
                     store::LockType::ReadOnly) {
-    addDialogHeading(body(), QStringLiteral("Currency"), companyInfo_.text("name"), "CoyName");
+    frame::addDialogHeading(body(), QStringLiteral("Currency"), companyInfo_.text("name"), "CoyName");
     addCountries();
     addFields();
     addCommands();

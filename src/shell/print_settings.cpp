@@ -9,8 +9,8 @@
 
 #include "forms/digits_box.h"
 #include "forms/look.h"
+#include "frame/settings_dialog.h"
 #include "shell/print_format.h"
-#include "shell/settings_dialog.h"
 #include "text/number.h"
 
 namespace velmo::shell {
@@ -44,13 +44,13 @@ struct PrintSettingsType {
   std::span<const Choice> types = {};
 };
 
-class PrintSettings : public SettingsDialog {
+class PrintSettings : public frame::SettingsDialog {
  public:
   PrintSettings(session::Workplace& workplace, const PrintSettingsType& type, QWidget* parent)
       : SettingsDialog(workplace, QLatin1String(type.title), parent),
         type_(type),
         settings_(workplace.context.KORDconn, type.statement) {
-    addDialogHeading(body(), QLatin1String(type.heading), settings_.text("name"), "ComName");
+    frame::addDialogHeading(body(), QLatin1String(type.heading), settings_.text("name"), "ComName");
     if (!type_.sizes.empty()) addOptions(QStringLiteral("&Paper"), "InvSize", type_.sizes, sizes_);
     if (!type_.types.empty()) typeBox_ = addOptions(QStringLiteral("&Discount"), "InvType", type_.types, types_);
     addLetterhead();

@@ -7,7 +7,7 @@
 class QLabel;
 class QVBoxLayout;
 
-namespace velmo::shell {
+namespace velmo::frame {
 
 // A modal dialog that edits settings of the company: a heading, what is set, `SaveBttn` (Enter, Ctrl+S) and
 // `CancelBttn` (Esc). It closes when save() says so; a failure of the store is told and keeps it open.
@@ -38,4 +38,4 @@ class SettingsDialog : public QDialog {
 void addDialogHeading(QVBoxLayout& column, const QString& heading, const std::string& companyName,
                       const char* companyLabel);
 
-}  // namespace velmo::shell
+}  // namespace velmo::frame

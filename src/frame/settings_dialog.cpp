@@ -1,4 +1,4 @@
-#include "shell/settings_dialog.h"
+#include "frame/settings_dialog.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -8,7 +8,7 @@
 
 #include "forms/look.h"
 
-namespace velmo::shell {
+namespace velmo::frame {
 
 SettingsDialog::SettingsDialog(session::Workplace& workplace, const QString& title, QWidget* parent)
     : QDialog(parent), workplace_(workplace), body_(new QVBoxLayout) {
@@ -71,4 +71,4 @@ void addDialogHeading(QVBoxLayout& column, const QString& heading, const std::st
   column.addLayout(lines);
 }
 
-}  // namespace velmo::shell
+}  // namespace velmo::frame
