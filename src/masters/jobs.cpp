@@ -20,17 +20,17 @@ constexpr const char* isParty = "Level1ID=120 or Level1ID=210";
 constexpr const char* peopleInCharge = "Select Empid, EmpName from Employees where status=no order by empname";
 
 std::vector<forms::TableColumn> jobColumns() {
-  return {{.caption = "Job No.", .field = "JobNo", .alignment = ColumnAlignment::Right, .width = 10},
-          {.caption = "Date", .field = "JobDate", .format = "dd-mm-yyyy", .width = 12},
+  return {{.caption = "Job No.", .field = "JobNo", .alignment = ColumnAlignment::Right, .width = 9},
+          {.caption = "Date", .field = "JobDate", .format = "dd-mm-yyyy", .width = 11},
           {.caption = "Description", .field = "JobDesc", .width = 34},
-          {.caption = "Customer", .field = "CustomerName", .width = 28},
-          {.caption = "Expected Delivery", .field = "ExpDeliveryDate", .width = 18},
+          {.caption = "Customer", .field = "CustomerName", .width = 20},
+          {.caption = "Expected Delivery", .field = "ExpDeliveryDate", .width = 17},
           {.caption = "Value of Work",
            .field = "ValueofWork",
            .format = "#,##0.00;(#,##0.00)",
            .alignment = ColumnAlignment::Right,
-           .width = 16},
-          {.caption = "Status", .field = "Status", .width = 9, .yes = "Closed", .no = "Open"}};
+           .width = 14},
+          {.caption = "Status", .field = "Status", .width = 8, .yes = "Closed", .no = "Open"}};
 }
 
 std::vector<frame::MasterField> jobFields() {
