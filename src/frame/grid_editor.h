@@ -22,10 +22,11 @@ struct GridCommand {
   std::string caption;
   std::string hint;
   std::function<void(GridEditor&)> run;
+  const char* failure = "Cannot Update";  // title of what is told when the store refuses
 };
 
 // A screen that edits one aspect of many rows at once, as data. Edits stay in the rows until `SaveBttn` (Ctrl+S) writes
-// all of them or none; `CancelBttn` reads the rows again.
+// all of them or none; `CancelBttn` reads the rows again. One that does not save is a list to look at.
 struct GridEditorType {
   std::string screen;
   std::string title;
@@ -69,6 +70,7 @@ class GridEditor : public QWidget {
   void buildGrid();
   void buildFoot(QHBoxLayout& foot);
   void read();
+  bool isEdited() const;  // cell by cell
   void showCount();
   void attempt(const char* title, const std::function<void()>& action);
 

@@ -7,7 +7,7 @@ namespace velmo::frame {
 namespace {
 
 constexpr int portion = 256;
-constexpr char columnEnd = '\t';  // between the columns of a row's text; no key types it
+constexpr char columnEnd = '\t';  // between the columns of a row's text
 
 std::string selectOf(const PickerType& type) {
   std::string shown;
@@ -38,7 +38,7 @@ void PickerModel::narrow(const std::string& typed) {
   typed_ = typed;
   list_->narrow(typed);
   kept_.reset();
-  if (typed.find_first_of("%_[") != std::string::npos) keepMatchesWithinColumns();
+  if (typed.find_first_of("%_[\t") != std::string::npos) keepMatchesWithinColumns();
   handedOut_ = foundUpTo(portion);
   endResetModel();
 }

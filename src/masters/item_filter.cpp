@@ -71,12 +71,22 @@ class ItemFilter : public QObject {
     if (!changing_ && options_.checkedId() == choice) show();
   }
 
-  // Without a category or brand the grid stays as it is.
+  // Without a category or brand the grid stays as it is. A user who keeps his edits keeps the choice that they belong
+  // to.
   void show() {
     const int which = options_.checkedId();
     const forms::DropCombo* list = listOf(which);
     if (list && !list->matchesEntry()) return;
-    editor_.show(filteredItems(columns_, which, list ? store::textOf(list->boundValue()) : std::string()));
+    const store::Value chosen = list ? list->boundValue() : store::Value();
+    if (editor_.show(filteredItems(columns_, which, store::textOf(chosen)))) {
+      which_ = which;
+      chosen_ = chosen;
+      return;
+    }
+    changing_ = true;
+    options_.button(which_)->setChecked(true);
+    for (const int each : {OfCategory, OfBrand}) listOf(each)->setBoundValue(each == which_ ? chosen_ : store::Value());
+    changing_ = false;
   }
 
   frame::GridEditor& editor_;
@@ -85,6 +95,8 @@ class ItemFilter : public QObject {
   forms::DropCombo* categories_ = nullptr;
   forms::DropCombo* brands_ = nullptr;
   bool changing_ = false;
+  int which_ = AllItems;  // on show
+  store::Value chosen_;
 };
 
 }  // namespace

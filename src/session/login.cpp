@@ -25,7 +25,7 @@ void cleanUpMasters(store::Connection& connection) {
 }
 
 bool passwordFits(const store::Recordset& users, const std::string& typed) {
-  return users.text("password") == typed;
+  return users.text("password") == typed.substr(0, typed.find_last_not_of(' ') + 1);
 }
 
 void saveDefaultLogin(store::Connection& connection, std::int64_t userId, std::int64_t yearId) {

@@ -20,7 +20,8 @@ struct LoginRecords {
 // Removes the rows that were left half-written when the entry of a new account or item was abandoned.
 void cleanUpMasters(store::Connection& connection);
 
-// As exact text; a user without a password (null or empty) is let in by an empty box.
+// As exact text, but for blanks at the end, which the store does not keep; a user without a password (null or empty) is
+// let in by an empty box.
 bool passwordFits(const store::Recordset& users, const std::string& typed);
 
 // Makes the user and the year the ones that the next start proposes.

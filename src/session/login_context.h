@@ -48,6 +48,7 @@ struct LoginContext {
   store::Recordset AccListRS;
   int ChartView = 0;
   int HelpTopicID = 0;
+  std::string SearchText;  // what SearchItem looks for when it opens
   bool OpenTranFlag = false;
   std::int64_t OpenTranNo = 0;
   bool OpenLedgerFlag = false;

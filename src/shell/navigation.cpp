@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -89,13 +90,48 @@ Navigation::Navigation(session::Workplace& workplace, QWidget* parent) : QWidget
 QWidget* Navigation::makeGreeting() {
   auto* card = new QFrame(this);
   forms::makeCard(*card);
-  auto* column = new QVBoxLayout(card);
-  forms::setGrid(*column, forms::spacing::Section + forms::spacing::Normal, forms::spacing::Tight);
+  auto* row = new QHBoxLayout(card);
+  forms::setGrid(*row, forms::spacing::Section + forms::spacing::Normal, forms::spacing::Section);
+  auto* column = new QVBoxLayout;
+  forms::setGrid(*column, 0, forms::spacing::Tight);
+  row->addLayout(column, 3);
+  row->addWidget(makeSearch(), 2);
   forms::makeCaption(*addLabel(column, "LicLbl", "Business Name"));
   companyName_ = addLabel(column, "CoTxt", workplace_.context.CompanyName);
   forms::makeHeading(*companyName_);
   addLabel(column, "DtLbl", text::formatDate(workplace_.clock.today(), "MMMM dd, yyyy"));
   return card;
+}
+
+// Enter shows what is in stock of the items whose code holds the text.
+QWidget* Navigation::makeSearch() {
+  auto* place = new QWidget(this);
+  auto* column = new QVBoxLayout(place);
+  forms::setGrid(*column, 0, forms::spacing::Tight);
+  searchBox_ = new QLineEdit(place);
+  searchBox_->setObjectName(QStringLiteral("SearchBox"));
+  searchBox_->setPlaceholderText(QStringLiteral("Any part of an item code"));
+  searchBox_->setToolTip(QStringLiteral("Shows price and stock of the items (Enter)"));
+  searchBox_->setMinimumHeight(34);
+  searchBox_->setMaxLength(255);
+  searchBox_->setEnabled(workplace_.screens.hasScreen("SearchItem"));
+  auto* caption = new QLabel(QStringLiteral("Search &Item"), place);
+  caption->setBuddy(searchBox_);
+  forms::makeCaption(*caption);
+  searchBox_->setAccessibleName(QStringLiteral("Search Item"));
+  column->addStretch(1);
+  column->addWidget(caption);
+  column->addWidget(searchBox_);
+  connect(searchBox_, &QLineEdit::returnPressed, this, &Navigation::searchItem);
+  return place;
+}
+
+void Navigation::searchItem() {
+  if (searchBox_->text().isEmpty()) return;
+  workplace_.context.SearchText = searchBox_->text().toStdString();
+  workplace_.screens.openDialog("SearchItem");
+  searchBox_->setFocus();
+  searchBox_->selectAll();
 }
 
 QWidget* Navigation::makeLinks() {

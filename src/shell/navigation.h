@@ -5,10 +5,12 @@
 #include "session/workplace.h"
 
 class QLabel;
+class QLineEdit;
 
 namespace velmo::shell {
 
-// The welcome screen: whose books these are, the day, the shortest way to a new document of each kind, and help.
+// The welcome screen: whose books these are, the day, the shortest way to a new document of each kind, to an item's
+// stock and to help.
 class Navigation : public QWidget {
   Q_OBJECT
 
@@ -20,11 +22,15 @@ class Navigation : public QWidget {
 
  private:
   QWidget* makeGreeting();
+  QWidget* makeSearch();
   QWidget* makeLinks();
   QWidget* makeHelp();
 
   session::Workplace& workplace_;
+  void searchItem();
+
   QLabel* companyName_ = nullptr;
+  QLineEdit* searchBox_ = nullptr;
 };
 
 QWidget* makeNavigation(session::Workplace& workplace, QWidget* parent);

@@ -3,6 +3,8 @@
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
+#include <algorithm>
+
 namespace velmo::store::sql {
 namespace {
 
@@ -71,6 +73,8 @@ bool containsLower(std::string_view text, std::string_view wanted) {
 
 LikePattern::LikePattern(std::string_view pattern) {
   const std::vector<char32_t> characters = foldedCharacters(pattern);
+  const auto lastClose = std::ranges::find(characters.rbegin(), characters.rend(), U']');
+  const auto closedUpTo = static_cast<std::size_t>(characters.rend() - lastClose);
   for (std::size_t at = 0; at < characters.size(); ++at) {
     switch (characters[at]) {
       case U'%':
@@ -79,8 +83,11 @@ LikePattern::LikePattern(std::string_view pattern) {
       case U'_':
         steps_.push_back({.kind = Kind::AnyOne});
         break;
-      case U'[':
-        at = readList(characters, at);
+      case U'[':  // one that nothing closes is an ordinary character
+        if (at < closedUpTo)
+          at = readList(characters, at);
+        else
+          steps_.push_back({.character = U'['});
         break;
       default:
         steps_.push_back({.character = characters[at]});
@@ -93,23 +100,18 @@ LikePattern::LikePattern(std::string_view pattern) {
   }
 }
 
-// A bracket that nothing closes is an ordinary character. Returns the place of the list's last character.
+// Of a bracket that is closed. Returns the place of the list's last character.
 std::size_t LikePattern::readList(const std::vector<char32_t>& pattern, std::size_t open) {
   Step list{.kind = Kind::List};
   std::size_t at = open + 1;
-  if (at < pattern.size() && (pattern[at] == U'!' || pattern[at] == U'^') && at + 1 < pattern.size() &&
-      pattern[at + 1] != U']') {
+  if ((pattern[at] == U'!' || pattern[at] == U'^') && pattern[at + 1] != U']') {
     list.negated = true;
     ++at;
   }
-  while (at < pattern.size() && pattern[at] != U']') {
+  while (pattern[at] != U']') {
     const bool range = at + 2 < pattern.size() && pattern[at + 1] == U'-' && pattern[at + 2] != U']';
     list.ranges.push_back({pattern[at], range ? pattern[at + 2] : pattern[at]});
     at += range ? 3 : 1;
-  }
-  if (at >= pattern.size()) {
-    steps_.push_back({.character = U'['});
-    return open;
   }
   if (!list.ranges.empty()) steps_.push_back(std::move(list));
   return at;
