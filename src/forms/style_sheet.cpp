@@ -44,11 +44,11 @@ QPushButton[look="quiet"]:disabled { color: @disabledText; }
 
 QTableView { border: 1px solid @border; border-radius: 5px; gridline-color: @gridline; background: @base;
   alternate-background-color: @alternate; selection-background-color: @selection; selection-color: @text; outline: 0; }
-QTableView::item { border: none; padding: 0 6px; }
-QTableView::item:focus { border: 2px solid @accent; padding: 0 4px; }
+QTableView::item { border: none; padding: 0 3px; }
+QTableView::item:focus { border: 2px solid @accent; padding: 0 1px; }
 QHeaderView { background: @window; }
 QHeaderView::section { background: @window; color: @quietText; border: none; border-right: 1px solid @gridline;
-  border-bottom: 1px solid @border; padding: 5px 9px; font-weight: 600; }
+  border-bottom: 1px solid @border; padding: 5px 6px; font-weight: 600; }
 QListWidget { border: 1px solid @border; border-radius: 5px; background: @base; padding: 3px; outline: 0; }
 QListWidget:focus { border: 2px solid @accent; padding: 2px; }
 QListWidget::item { border: 1px solid transparent; border-radius: 4px; padding: 3px 6px; }

@@ -6,6 +6,7 @@
 #include "frame/master_dialog.h"
 #include "frame/own_fields.h"
 #include "masters/account_levels.h"
+#include "masters/bring_in.h"
 #include "masters/chart_of_accounts.h"
 #include "masters/master_prints.h"
 #include "text/number.h"
@@ -30,8 +31,12 @@ constexpr int fixedTypes[] = {100, 110, 120, 130, 140, 210, 220, 320, 400, 500, 
 
 // The components whose types are numbered in one series.
 std::string seriesOf(const std::string& component) {
-  static constexpr const char* series[] = {"natureid=10 or natureid=11", "natureid=20 or natureid=21", "natureid=30",
-                                           "natureid=40",                "natureid=50",                "natureid=60",
+  static constexpr const char* series[] = {"natureid=10 or natureid=11",
+                                           "natureid=20 or natureid=21",
+                                           "natureid=30",
+                                           "natureid=40",
+                                           "natureid=50",
+                                           "natureid=60",
                                            "natureid=61 or natureid=62 or natureid=65"};
   const std::string own = "natureid=" + component;
   for (const std::string filter : series)
@@ -63,25 +68,23 @@ frame::MasterLevel typeLevel() {
       .suffix = "",
       .heading = "Account types",
       .key = "TypeID",
-      .statement = [](const std::string&) {
-        return std::string("SELECT typeid, type, natureid from AccLevel1 order by typeid");
-      },
+      .statement =
+          [](const std::string&) {
+            return std::string("SELECT typeid, type, natureid from AccLevel1 order by typeid");
+          },
       .columns = {{.caption = "Code", .field = "TypeID", .width = 5},
                   {.caption = "Type", .field = "Type", .width = 26}},
-      .fields = {{.name = "MainCode",
-                  .caption = "Code",
-                  .column = "TypeID",
-                  .use = frame::BoxUse::ShownOnly,
-                  .width = 8},
-                 {.name = "CatCodeTxt", .caption = "Name", .column = "Type"},
-                 {.name = "FSList",
-                  .caption = "Stands under",
-                  .column = "NatureID",
-                  .kind = frame::BoxKind::Choice,
-                  .choices = {.statement = "SELECT * from fsnature order by natureid",
-                              .shownColumn = "AccNatureTop",
-                              .boundColumn = "NatureID"},
-                  .span = 2}},
+      .fields =
+          {{.name = "MainCode", .caption = "Code", .column = "TypeID", .use = frame::BoxUse::ShownOnly, .width = 8},
+           {.name = "CatCodeTxt", .caption = "Name", .column = "Type"},
+           {.name = "FSList",
+            .caption = "Stands under",
+            .column = "NatureID",
+            .kind = frame::BoxKind::Choice,
+            .choices = {.statement = "SELECT * from fsnature order by natureid",
+                        .shownColumn = "AccNatureTop",
+                        .boundColumn = "NatureID"},
+            .span = 2}},
       .written = {{"typeid"}, {"type"}, {"natureid"}},
       .tests = {{frame::emptyText("TypeID",
                                   "Select correct financial statements component to save or you may have added maximum "
@@ -100,9 +103,10 @@ frame::MasterLevel typeLevel() {
                                      "There have been sub account types present in this main account type. Delete them "
                                      "before deleting it.");
                                })},
-              .question = [](const MasterEntry&) {
-                return std::string("Are you sure, you want to delete this selected main account type?");
-              }},
+              .question =
+                  [](const MasterEntry&) {
+                    return std::string("Are you sure, you want to delete this selected main account type?");
+                  }},
       .firstColumn = "NatureID",
       .formColumns = 2,
       .changed =
@@ -168,14 +172,15 @@ std::vector<frame::MasterField> accountDetails() {
 }  // namespace
 
 QWidget* makeModifyAccounts(session::Workplace& workplace, QWidget* parent) {
-  return new frame::MasterDialog({.screen = "ModifyAccounts",
-                                  .title = "Chart of Accounts",
-                                  .levels = {typeLevel(), subTypeLevel(accountWords),
-                                             accountLevel(accountWords, accountDetails())},
-                                  .prints = chartOfAccountsPrints(),
-                                  .find = [](frame::MasterDialog& dialog) { pickAccount(dialog, wholeChart); },
-                                  .besideHeading = detailLine},
-                                 workplace, parent);
+  return new frame::MasterDialog(
+      {.screen = "ModifyAccounts",
+       .title = "Chart of Accounts",
+       .levels = {typeLevel(), subTypeLevel(accountWords), accountLevel(accountWords, accountDetails())},
+       .prints = chartOfAccountsPrints(),
+       .find = [](frame::MasterDialog& dialog) { pickAccount(dialog, wholeChart); },
+       .besideHeading = detailLine,
+       .bringIn = bringIn(ImportKind::Accounts)},
+      workplace, parent);
 }
 
 }  // namespace velmo::masters

@@ -1,6 +1,7 @@
 #include "masters/modify_inventory.h"
 
 #include "frame/master_dialog.h"
+#include "masters/bring_in.h"
 #include "masters/catalogue_levels.h"
 #include "masters/chart_of_inventory.h"
 #include "masters/master_prints.h"
@@ -28,9 +29,10 @@ frame::MasterLevel categoryLevel() {
       .suffix = "",
       .heading = "Categories",
       .key = "CatID",
-      .statement = [](const std::string&) {
-        return std::string("SELECT catid, catname from Stocklevel1 where catid not like 'Service' order by catid");
-      },
+      .statement =
+          [](const std::string&) {
+            return std::string("SELECT catid, catname from Stocklevel1 where catid not like 'Service' order by catid");
+          },
       .columns = {{.caption = "Code", .field = "CatID", .width = 10},
                   {.caption = "Category", .field = "CatName", .width = 22}},
       .fields = {{.name = "CatCode",
@@ -55,9 +57,10 @@ frame::MasterLevel categoryLevel() {
                     return std::string(
                         "There have been sub categories present in this category. Delete them before deleting it.");
                   })},
-              .question = [](const MasterEntry&) {
-                return std::string("Are you sure, you want to delete this selected category?");
-              }},
+              .question =
+                  [](const MasterEntry&) {
+                    return std::string("Are you sure, you want to delete this selected category?");
+                  }},
       .firstColumn = "CatID",
       .formColumns = 2,
   };
@@ -66,8 +69,7 @@ frame::MasterLevel categoryLevel() {
 frame::MasterLevel numberedSubCategories() {
   frame::MasterLevel level = subCategoryLevel(words);
   level.tests = {
-      {frame::emptyText("SubCatID",
-                        "You have added maximum number of sub categories in the selected main category.")},
+      {frame::emptyText("SubCatID", "You have added maximum number of sub categories in the selected main category.")},
       {frame::emptyText("SubCatName", "Enter sub inventory category name to save."), "SubCatName"},
       {frame::codeTaken("SubCatID", "select subcatid from stocklevel2 where subcatid like ",
                         "A sub category is already present with the same code. Give a different code.")}};
@@ -139,7 +141,8 @@ QWidget* makeModifyInventory(session::Workplace& workplace, QWidget* parent) {
                                   .title = "Chart of Inventory",
                                   .levels = {categoryLevel(), numberedSubCategories(), goodsLevel()},
                                   .prints = inventoryPrints(),
-                                  .find = pickItem},
+                                  .find = pickItem,
+                                  .bringIn = bringIn(ImportKind::Items)},
                                  workplace, parent);
 }
 

@@ -2,6 +2,7 @@
 
 #include "frame/master_dialog.h"
 #include "masters/account_levels.h"
+#include "masters/bring_in.h"
 #include "masters/chart_of_accounts.h"
 #include "masters/master_prints.h"
 
@@ -85,18 +86,12 @@ std::vector<frame::MasterField> customerDetails() {
 
 // The credit terms of a bank account hold the bank's name.
 std::vector<frame::MasterField> bankDetails() {
-  return {accountBox("CreditTerms", "Bank"),
-          accountBox("AccountNo", "Account no."),
-          accountBox("Branch", "Branch"),
-          accountBox("AccountTitle", "Account title"),
-          accountBox("Contact", "Contact"),
-          accountBox("Phone", "Phone"),
-          accountBox("Address", "Address"),
-          accountBox("Mobile", "Mobile"),
-          accountBox("EMail", "E-mail"),
-          accountBox("Fax", "Fax"),
-          accountBox("Website", "Website"),
-          accountBox("Remarks", "Remarks")};
+  return {accountBox("CreditTerms", "Bank"), accountBox("AccountNo", "Account no."),
+          accountBox("Branch", "Branch"),    accountBox("AccountTitle", "Account title"),
+          accountBox("Contact", "Contact"),  accountBox("Phone", "Phone"),
+          accountBox("Address", "Address"),  accountBox("Mobile", "Mobile"),
+          accountBox("EMail", "E-mail"),     accountBox("Fax", "Fax"),
+          accountBox("Website", "Website"),  accountBox("Remarks", "Remarks")};
 }
 
 // The sub regions on offer are those of the region; the shown one stays while the region has it.
@@ -115,6 +110,7 @@ struct PartyFamily {
   int type;
   AccountWords words;
   const char* heading;
+  std::optional<ImportKind> import = {};
 };
 
 // The first tests and the last one are the accounts'; a family's own stand before the last.
@@ -128,7 +124,8 @@ frame::MasterDialog* makeParties(const PartyFamily& family, frame::MasterLevel a
        .rootKey = std::to_string(family.type),
        .levels = {std::move(subTypes), std::move(accounts)},
        .prints = accountsOfTypePrints(family.type, family.title),
-       .find = [type = family.type](frame::MasterDialog& dialog) { pickAccount(dialog, type); }},
+       .find = [type = family.type](frame::MasterDialog& dialog) { pickAccount(dialog, type); },
+       .bringIn = family.import ? bringIn(*family.import) : nullptr},
       workplace, parent);
 }
 
@@ -156,16 +153,16 @@ QWidget* makeModifyCustomers(session::Workplace& workplace, QWidget* parent) {
   customers.changed = [](MasterPanel& panel, const std::string& column) {
     if (column == "Region1ID") offerSubRegions(panel);
   };
-  return makeParties({"ModifyCustomers", "Customers", customerType, words, "Customers"}, std::move(customers),
-                     workplace, parent);
+  return makeParties({"ModifyCustomers", "Customers", customerType, words, "Customers", ImportKind::Customers},
+                     std::move(customers), workplace, parent);
 }
 
 QWidget* makeModifySuppliers(session::Workplace& workplace, QWidget* parent) {
   const AccountWords words = wordsFor("supplier", "Supplier");
   frame::MasterLevel suppliers = accountLevel(words, partyDetails());
   suppliers.tests.insert(suppliers.tests.end() - 1, creditLimitIsNumeric);
-  return makeParties({"ModifySuppliers", "Vendors / Suppliers", vendorType, words, "Suppliers"}, std::move(suppliers),
-                     workplace, parent);
+  return makeParties({"ModifySuppliers", "Vendors / Suppliers", vendorType, words, "Suppliers", ImportKind::Vendors},
+                     std::move(suppliers), workplace, parent);
 }
 
 QWidget* makeModifyBanks(session::Workplace& workplace, QWidget* parent) {

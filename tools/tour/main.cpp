@@ -25,6 +25,7 @@ constexpr Stop stops[] = {
     visitSettings,
     visitMasters,
     visitSaleInvoices,
+    visitTradeDocuments,
     visitPrintOuts,
 };
 

@@ -17,6 +17,8 @@ void visitMasters(Guide& guide, shell::Parent& shell);
 void visitSaleInvoices(Guide& guide, shell::Parent& shell);
 // The company's own data, its currency, logo and print formats; help and the program's own box.
 void visitSettings(Guide& guide, shell::Parent& shell);
+// A purchase, a credit note and a debit note.
+void visitTradeDocuments(Guide& guide, shell::Parent& shell);
 // One invoice in every layout, on plain paper and on the company's own letterhead, and the label sheets.
 void visitPrintOuts(Guide& guide, shell::Parent& shell);
 
