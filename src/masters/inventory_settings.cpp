@@ -64,10 +64,19 @@ class InventorySettings : public frame::SettingsDialog {
   void showStored() {
     const auto number = static_cast<int>(settings_.integer("StockMovement"));
     number_->setText(QString::number(number));
-    if (QAbstractButton* option = inward_.button(number / 10)) option->setChecked(true);
-    if (QAbstractButton* option = outward_.button(number % 10)) option->setChecked(true);
+    check(inward_, number / 10);
+    check(outward_, number % 10);
     QAbstractButton* first = inward_.checkedButton() ? inward_.checkedButton() : inward_.button(1);
     first->setFocus();
+  }
+
+  // Tab comes to the chosen option of a group, from there arrows lead to the others.
+  static void check(QButtonGroup& group, int index) {
+    QAbstractButton* chosen = group.button(index);
+    if (!chosen) return;
+    for (QAbstractButton* option : group.buttons())
+      option->setFocusPolicy(option == chosen ? Qt::StrongFocus : Qt::ClickFocus);
+    chosen->setChecked(true);
   }
 
   bool save() override {
