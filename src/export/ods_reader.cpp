@@ -104,9 +104,7 @@ void readRow(PartXml& xml, std::int64_t row, int rows, SheetBuilder& builder) {
       continue;
     }
     const Cell cell = cellOf(xml);
-    if (!covered && !isEmpty(cell))
-      for (std::int64_t down = row; down < row + rows; ++down)
-        for (std::int64_t along = column; along < column + repeated; ++along) builder.put(down, along, cell);
+    if (!covered) builder.fill(row, rows, column, repeated, cell);
     column += repeated;
   }
 }

@@ -7,7 +7,10 @@ namespace velmo::spreadsheet {
 std::string textOf(const Cell& cell) {
   if (const auto* words = std::get_if<std::string>(&cell)) return *words;
   if (const auto* number = std::get_if<double>(&cell)) return text::numberText(*number);
-  if (const auto* date = std::get_if<text::DateTime>(&cell)) return date->iso();
+  if (const auto* date = std::get_if<text::DateTime>(&cell)) {
+    const std::string iso = date->iso();
+    return date->day == 0 && date->second > 0 ? iso.substr(iso.find(' ') + 1) : iso;  // a time of no day
+  }
   if (const auto* yes = std::get_if<bool>(&cell)) return *yes ? "Yes" : "No";
   return {};
 }

@@ -3,7 +3,7 @@
 namespace velmo::spreadsheet {
 namespace {
 
-constexpr std::int64_t mostCells = 10'000'000;
+constexpr std::int64_t mostCells = 5'000'000;
 constexpr std::int64_t mostBytes = std::int64_t{1} << 29;
 constexpr std::int64_t rowsBetweenReports = 512;
 
@@ -35,6 +35,15 @@ void SheetBuilder::put(std::int64_t row, std::int64_t column, Cell cell) {
     if (bytes_ > mostBytes) throw tooLarge();
   }
   cells[at] = std::move(cell);
+}
+
+void SheetBuilder::fill(std::int64_t row, std::int64_t rows, std::int64_t column, std::int64_t columns,
+                        const Cell& cell) {
+  if (isEmpty(cell)) return;
+  if (row + rows > mostRows || column + columns > mostColumns) throw damagedFile();
+  if (rows * columns > mostCells) throw tooLarge();
+  for (std::int64_t down = row; down < row + rows; ++down)
+    for (std::int64_t along = column; along < column + columns; ++along) put(down, along, cell);
 }
 
 }  // namespace velmo::spreadsheet

@@ -15,6 +15,8 @@ class SheetBuilder {
 
   // Rows and columns count from 0. Empty cells need not be put.
   void put(std::int64_t row, std::int64_t column, Cell cell);
+  // The same cell in every place of a block.
+  void fill(std::int64_t row, std::int64_t rows, std::int64_t column, std::int64_t columns, const Cell& cell);
   Sheet take() { return std::move(sheet_); }
 
  private:

@@ -42,17 +42,29 @@ std::string utf16ByZeros(std::string_view bytes) {
   return {};
 }
 
+bool isWestern(const char* encoding) {
+  const std::string_view name = encoding;
+  return name == "ISO-8859-1" || name == western;
+}
+
+// Lists give few letters to go by: another encoding than the western one has to be likely, and clearly likelier.
 std::string byLanguage(std::string_view bytes) {
-  constexpr std::int32_t sure = 50;  // per cent; short lists give too few letters to go by
+  constexpr std::int32_t likely = 30;  // per cent
+  constexpr std::int32_t clearly = 10;
   constexpr std::size_t enough = 1 << 16;
   UErrorCode error = U_ZERO_ERROR;
   const std::unique_ptr<UCharsetDetector, decltype(&ucsdet_close)> detector(ucsdet_open(&error), &ucsdet_close);
   const std::string_view sample = bytes.substr(0, enough);
   ucsdet_setText(detector.get(), sample.data(), static_cast<std::int32_t>(sample.size()), &error);
-  const UCharsetMatch* match = ucsdet_detect(detector.get(), &error);
-  if (U_FAILURE(error) || !match || ucsdet_getConfidence(match, &error) < sure) return western;
-  const std::string name = ucsdet_getName(match, &error);
-  return name.starts_with("ISO-8859-1") || name.starts_with("UTF") ? western : name;
+  std::int32_t count = 0;
+  const UCharsetMatch** matches = ucsdet_detectAll(detector.get(), &count, &error);
+  if (U_FAILURE(error) || count == 0) return western;
+  std::int32_t westernConfidence = 0;
+  for (std::int32_t i = 0; i < count; ++i)
+    if (isWestern(ucsdet_getName(matches[i], &error)))
+      westernConfidence = std::max(westernConfidence, ucsdet_getConfidence(matches[i], &error));
+  const std::int32_t confidence = ucsdet_getConfidence(matches[0], &error);
+  return confidence >= std::max(likely, westernConfidence + clearly) ? ucsdet_getName(matches[0], &error) : western;
 }
 
 std::string converted(std::string_view bytes, const std::string& encoding) {
@@ -94,9 +106,10 @@ std::string withLineFeeds(const std::string& text) {
 }  // namespace
 
 DecodedText decoded(std::string_view bytes, const std::string& encoding) {
-  std::string from = encoding;
+  std::string from = encoding == "UTF-16" ? std::string() : encoding;
   if (from.empty()) from = byteOrderMark(bytes);
   if (from.empty()) from = utf16ByZeros(bytes);
+  if (from.empty() && !encoding.empty()) from = "UTF-16LE";  // of the two orders the usual one
   if (from.empty()) from = isUtf8(bytes) ? "UTF-8" : byLanguage(bytes);
   std::string text = from == "UTF-8" && isUtf8(bytes) ? std::string(bytes) : converted(bytes, from);
   if (text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);

@@ -11,7 +11,8 @@ struct DecodedText {
 };
 
 // The text of a file's bytes. Without an encoding it is found out: by a byte order mark, as UTF-8 when the bytes are
-// sound UTF-8, otherwise by what languages look like, with Windows-1252 for what stays unsure. Throws ReadFailure when
+// sound UTF-8, otherwise by what languages look like, with Windows-1252 for what stays unsure. For "UTF-16" the byte
+// order is found out. Throws ReadFailure when
 // the bytes are no text, or do not fit the encoding.
 DecodedText decoded(std::string_view bytes, const std::string& encoding = {});
 

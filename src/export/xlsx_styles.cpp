@@ -8,6 +8,13 @@ bool isBuiltInDate(int id) {
   return (id >= 14 && id <= 22) || (id >= 27 && id <= 36) || (id >= 45 && id <= 47) || (id >= 50 && id <= 58);
 }
 
+// "[h]", "[mm]": hours beyond a day, minutes beyond an hour. Such a cell holds a number of days.
+bool isLengthOfTime(QStringView bracket) {
+  const QChar unit = bracket.size() > 2 ? bracket[1].toLower() : QChar();
+  const auto isUnit = [unit](QChar character) { return character.toLower() == unit; };
+  return QStringView(u"hms").contains(unit) && std::ranges::all_of(bracket.mid(1, bracket.size() - 2), isUnit);
+}
+
 void readCodes(PartXml& xml, std::map<int, NumberMeaning>& meanings) {
   while (xml.nextChild()) {
     meanings[xml.attribute(u"numFmtId").toInt()] = NumberMeaning::of(xml.attribute(u"formatCode"));
@@ -27,12 +34,10 @@ NumberMeaning NumberMeaning::of(QStringView code) {
       ++i;  // the next one is shown as it is, or as a gap
     } else if (character == u'"' || character == u'[') {
       const qsizetype end = code.indexOf(character == u'"' ? u'"' : u']', i + 1);
-      if (end < 0) break;
+      if (end < 0 || isLengthOfTime(code.mid(i, end + 1 - i))) break;
       i = end;
     } else if (QStringView(u"dmyhs").contains(character)) {
-      // Hours beyond a day stand in brackets: a length of time, which is a number.
-      return {.isDate = !code.contains(u"[h", Qt::CaseInsensitive) && !code.contains(u"[m]", Qt::CaseInsensitive) &&
-                        !code.contains(u"[s", Qt::CaseInsensitive)};
+      return {.isDate = true};
     } else if (character == u'g' && code.mid(i, 7).compare(u"General", Qt::CaseInsensitive) == 0) {
       i += 6;
     }
