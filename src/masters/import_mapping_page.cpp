@@ -58,6 +58,19 @@ QStringList choicesFor(const ImportField& field, const ImportBooks& books) {
   return choices;
 }
 
+// The wheel scrolls the page over lists that nobody works in, and does not change them.
+class WheelForFocusOnly : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool passedBy = event->type() == QEvent::Wheel && !static_cast<QWidget*>(watched)->hasFocus();
+    if (passedBy) event->ignore();
+    return passedBy;
+  }
+};
+
 QLabel* columnHeading(const QString& words) {
   auto* label = new QLabel(words);
   forms::makeCaption(*label);
@@ -131,6 +144,8 @@ void ImportMappingPage::addLine(QGridLayout& grid, const ImportField& field) {
   for (QComboBox* list : {line.column, line.otherwise}) {
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list->setMinimumContentsLength(12);
+    list->setFocusPolicy(Qt::StrongFocus);
+    list->installEventFilter(new WheelForFocusOnly(list));
   }
   line.sample->setObjectName(QStringLiteral("Sample_") + name);
   line.sample->setTextFormat(Qt::PlainText);

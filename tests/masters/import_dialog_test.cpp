@@ -1,5 +1,7 @@
 #include "masters/import_dialog.h"
 
+#include <zip.h>
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -193,6 +195,48 @@ TEST_F(ImportScreens, TellWhatIsWrongWithAFileAndGoOnWithAnother) {
   EXPECT_EQ(summary(), "1 new account can be made.");
   dialog->reject();
   EXPECT_EQ(count("select acccode from acclevel3 where accname like 'caf%'"), 0);
+}
+
+TEST_F(ImportScreens, ShowTheSheetsOfAWorkbookAndWhatItsCellsLack) {
+  const auto row = [](const char* cells) { return std::string("<d:table-row>") + cells + "</d:table-row>"; };
+  const std::string text = "<d:table-cell d:value-type='string'><d:p>";
+  const std::string end = "</d:p></d:table-cell>";
+  const std::string formula = "<d:table-cell d:formula='of:=A1'/>";
+  const std::string content = "<d:document-content xmlns:d='d'><d:body><d:spreadsheet><d:table d:name='Notes'>" +
+                              row((text + "hello" + end).c_str()) + "</d:table><d:table d:name='Vendors'>" +
+                              row((text + "Vendor" + end + text + "Credit limit" + end).c_str()) +
+                              row((text + "Zed" + end + formula).c_str()) +
+                              "</d:table></d:spreadsheet></d:body></d:document-content>";
+  files.answer = (company.folder() / "book.ods").string();
+  const std::string type = "application/vnd.oasis.opendocument.spreadsheet";
+  zip_t* archive = zip_open(files.answer.c_str(), ZIP_CREATE, nullptr);
+  zip_file_add(archive, "mimetype", zip_source_buffer(archive, type.data(), type.size(), 0), 0);
+  zip_file_add(archive, "content.xml", zip_source_buffer(archive, content.data(), content.size(), 0), 0);
+  ASSERT_EQ(zip_close(archive), 0);
+
+  open(ImportKind::Vendors);
+  control<QPushButton>("BrowseBttn").click();
+  EXPECT_THAT(grid("PreviewGrid"), testing::ElementsAre("hello"));
+  EXPECT_FALSE(control<QComboBox>("SeparatorList").isVisible());
+  auto& sheets = control<QComboBox>("SheetList");
+  ASSERT_TRUE(sheets.isVisible());
+  sheets.setCurrentIndex(1);
+  Q_EMIT sheets.activated(1);
+  next();
+  next();
+  EXPECT_EQ(summary(), "0 new suppliers can be made. 1 row has a problem.");
+  EXPECT_EQ(control<QLabel>("ProblemLbl").text(),
+            "Credit limit: The formula has no stored result. Open the file in its own program and save it again.");
+  control<QCheckBox>("LeaveOut").setChecked(true);
+  EXPECT_FALSE(control<QPushButton>("NextBttn").isEnabled());
+  // The same file again: what was chosen is guessed anew for another sheet only.
+  control<QPushButton>("BackBttn").click();
+  control<QComboBox>("Column_CreditLimit").setCurrentIndex(0);
+  control<QPushButton>("BackBttn").click();
+  next();
+  EXPECT_EQ(control<QComboBox>("Column_CreditLimit").currentIndex(), 0);
+  next();
+  EXPECT_EQ(summary(), "1 new supplier can be made.");
 }
 
 TEST_F(ImportScreens, WriteNothingWhenTheBooksRefuse) {

@@ -87,6 +87,42 @@ TEST_F(WrittenImport, WritesItemsWithTheBrandsAndSubCategoriesTheyNeed) {
       "9|Screw||Hilti||0|2|0|0|1|Pcs|0|0|0|True|False|HND|HND02\n");
 }
 
+TEST_F(WrittenImport, KnowsTheBooksByCodesAndNames) {
+  test::NewCompany::run(
+      connection,
+      {"INSERT INTO Regions1 (Region1ID, Region1Name) VALUES (2, 'North')",
+       "INSERT INTO Regions2 (Region2ID, Region2Name, Region1ID) VALUES (2, 'General', 2)",
+       "INSERT INTO AccLevel2 (Level2ID, L2AccName, TypeID) VALUES (12002, 'Trade Customers', 120)",
+       "INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (12002007, 'Ünal', 120, 12002)",
+       "INSERT INTO StockLevel3 (ItemCode, ItemName, CatID, SubCatID) VALUES ('Äb-1', 'X', 'HND', 'HND01')"});
+  using Outcome = NameLookup::Outcome;
+  const ImportBooks customers = readBooks(connection, importDescriptor(ImportKind::Customers));
+  EXPECT_EQ(customers.types.rows().size(), 1U);
+  EXPECT_EQ(customers.subTypes.find("  TRADE customers").outcome, Outcome::Several);
+  EXPECT_EQ(customers.subTypes.find("12002 trade customers").outcome, Outcome::One);
+  EXPECT_EQ(customers.subTypes.find("21001").outcome, Outcome::None);
+  EXPECT_EQ(customers.subTypes.find("").outcome, Outcome::None);
+  EXPECT_EQ(customers.subRegions.find("General").outcome, Outcome::Several);
+  EXPECT_EQ(customers.subRegions.findUnder("2", "general").row, 1U);
+  EXPECT_EQ(customers.lastCodes.at("12002"), "12002007");
+  EXPECT_TRUE(customers.taken.contains(foldedName("üNAL")));
+  EXPECT_TRUE(customers.taken.contains(foldedName("Walk-in (Cash) Customer")));
+  EXPECT_FALSE(customers.taken.contains(foldedName("Cash in Hand")));
+
+  const ImportBooks accounts = readBooks(connection, importDescriptor(ImportKind::Accounts));
+  EXPECT_GT(accounts.types.rows().size(), 10U);
+  EXPECT_EQ(accounts.lastCodes.at("60002"), "60002015");
+  EXPECT_TRUE(accounts.taken.contains("60002 " + foldedName("rent")));
+
+  const ImportBooks items = readBooks(connection, importDescriptor(ImportKind::Items));
+  EXPECT_EQ(items.categories.find("Service").outcome, Outcome::None);
+  EXPECT_EQ(items.subCategories.find("General Services").outcome, Outcome::None);
+  EXPECT_EQ(items.subCategories.findUnder("HND", "hammers").outcome, Outcome::One);
+  EXPECT_EQ(items.lastCodes.at("HND"), "HND01");
+  EXPECT_TRUE(items.taken.contains(foldedName("äB-1")));
+  EXPECT_TRUE(items.taken.contains(foldedName("srv001"))) << "a service has its code for itself";
+}
+
 TEST_F(WrittenImport, WritesAllOrNothing) {
   std::vector<Cells> file = {{"Code", "Name", "Category", "Sub category", "Brand"}};
   for (int i = 0; i < 300; ++i) file.push_back({"C" + std::to_string(i), "Item", "HND", "Nails", "Bosch"});
