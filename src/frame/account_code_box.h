@@ -16,7 +16,7 @@ struct Account {
   std::string name;
   std::string address;
   std::string phone;
-  std::string contact;
+  std::string contact = {};
   std::string terms;
   double creditLimit = 0;
   std::int64_t empId = 0;
