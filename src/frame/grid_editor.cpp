@@ -85,8 +85,7 @@ void GridEditor::buildGrid() {
   grid_->setAccessibleName(shownText(type_.title));
   grid_->setModel(model_);
   spreadWidths(*grid_, type_.columns);
-  addAction(
-      spreadsheet::addSaveAsSpreadsheet(*grid_, type_.title, workplace_.files, workplace_.prompts));
+  addAction(spreadsheet::addSaveAsSpreadsheet(*grid_, type_.title, workplace_.files, workplace_.prompts));
   if (!isEdited()) grid_->setSelectionBehavior(QAbstractItemView::SelectRows);
   connect(model_, &QAbstractItemModel::dataChanged, this, [this] {
     edited_ = true;
@@ -140,9 +139,9 @@ bool GridEditor::show(const std::string& statement) {
 void GridEditor::read() {
   attempt("Cannot Show", [this] {
     const WaitCursor wait;
-    model_->setRecordset(store::Recordset(
-        workplace_.context.KORDconn, statement_,
-        type_.saves ? store::LockType::BatchOptimistic : store::LockType::ReadOnly, store::Fetch::All));
+    model_->setRecordset(store::Recordset(workplace_.context.KORDconn, statement_,
+                                          type_.saves ? store::LockType::BatchOptimistic : store::LockType::ReadOnly,
+                                          store::Fetch::All));
     edited_ = false;
     const auto& columns = model_->columns();
     const auto first = std::ranges::find(columns, forms::ColumnUse::Editable, &forms::TableColumn::use);
@@ -153,9 +152,8 @@ void GridEditor::read() {
 }
 
 bool GridEditor::isEdited() const {
-  return std::ranges::any_of(model_->columns(), [](const forms::TableColumn& column) {
-    return column.use == forms::ColumnUse::Editable;
-  });
+  return std::ranges::any_of(model_->columns(),
+                             [](const forms::TableColumn& column) { return column.use == forms::ColumnUse::Editable; });
 }
 
 void GridEditor::showCount() {
@@ -175,10 +173,13 @@ void GridEditor::save() {
   attempt("Cannot Save", [this] {
     const WaitCursor wait;
     grid_->setFocus();  // takes what is being typed
+    count_->setText(tr("Saving..."));
+    count_->repaint();
     model_->rows().updateBatch();
     edited_ = false;
     count_->setText(tr("Saved."));
   });
+  if (edited_) count_->clear();
 }
 
 void GridEditor::cancel() {

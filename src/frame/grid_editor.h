@@ -30,8 +30,8 @@ struct GridCommand {
 struct GridEditorType {
   std::string screen;
   std::string title;
-  std::string grid;        // its name
-  std::string hint = {};   // a line above the grid
+  std::string grid;       // its name
+  std::string hint = {};  // a line above the grid
   std::vector<forms::TableColumn> columns;
   std::function<void(GridEditor&, QHBoxLayout&)> filters = {};  // fills the row above the grid and shows the first rows
   std::vector<GridCommand> commands = {};

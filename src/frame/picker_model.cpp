@@ -1,3 +1,5 @@
+#include <QDeadlineTimer>
+
 #include "forms/look.h"
 #include "frame/own_fields.h"
 #include "frame/picker_screen.h"
@@ -37,40 +39,53 @@ void PickerModel::narrow(const std::string& typed) {
   beginResetModel();
   typed_ = typed;
   list_->narrow(typed);
-  kept_.reset();
-  if (typed.find_first_of("%_[\t") != std::string::npos) keepMatchesWithinColumns();
-  handedOut_ = foundUpTo(portion);
+  within_.reset();
+  // A typed wildcard must not reach from one column into the next.
+  const bool isPlain = typed.find_first_of("%_[\t") == std::string::npos;
+  const bool fitsAll = typed.find_first_not_of('%') == std::string::npos;
+  if (!isPlain && !fitsAll) within_.emplace(store::sql::LikePattern("%" + typed + "%"));
+  found_ = handedOut_ = foundUpTo(portion);
   endResetModel();
 }
 
-// A typed wildcard must not reach from one column into the next.
-void PickerModel::keepMatchesWithinColumns() {
-  const store::sql::LikePattern pattern("%" + typed_ + "%");
-  kept_.emplace();
-  for (int at = 0; at < list_->sizeUpTo(at + 1); ++at) {
-    std::string_view rest = list_->display(at);
-    while (true) {
-      const std::size_t end = rest.find(columnEnd);
-      if (pattern.matches(rest.substr(0, end))) {
-        kept_->push_back(at);
-        break;
-      }
-      if (end == std::string_view::npos) break;
-      rest.remove_prefix(end + 1);
-    }
+// False when the list has no further entry to look at.
+bool PickerModel::keepNext() const {
+  const int at = within_->next;
+  if (list_->sizeUpTo(at + 1) <= at) return false;
+  ++within_->next;
+  std::string_view rest = list_->display(at);
+  while (true) {
+    const std::size_t end = rest.find(columnEnd);
+    const bool holds = within_->pattern.matches(rest.substr(0, end));
+    if (holds) within_->kept.push_back(at);
+    if (holds || end == std::string_view::npos) return true;
+    rest.remove_prefix(end + 1);
   }
 }
 
-int PickerModel::found() const {
-  return kept_ ? static_cast<int>(kept_->size()) : list_->size();
+int PickerModel::foundUpTo(int wanted) const {
+  if (!within_) return list_->sizeUpTo(wanted);
+  while (std::ssize(within_->kept) < wanted && keepNext()) {
+  }
+  return std::min(wanted, static_cast<int>(within_->kept.size()));
 }
 
-int PickerModel::foundUpTo(int wanted) const {
-  return kept_ ? std::min(wanted, found()) : list_->sizeUpTo(wanted);
+bool PickerModel::searchFor(int milliseconds) {
+  constexpr int more = 1000;
+  for (const QDeadlineTimer end(milliseconds); !end.hasExpired();) {
+    const int wanted = found_ + more;
+    found_ = foundUpTo(wanted);
+    if (found_ < wanted) return true;
+  }
+  return false;
+}
+
+int PickerModel::found() const {
+  return found_;
 }
 
 int PickerModel::entry(int row) const {
-  return kept_ ? kept_->at(static_cast<std::size_t>(row)) : row;
+  return within_ ? within_->kept.at(static_cast<std::size_t>(row)) : row;
 }
 
 void PickerModel::sortBy(const std::string& order) {
@@ -103,8 +118,7 @@ void PickerModel::fetchMore(const QModelIndex& parent) {
 
 QVariant PickerModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= handedOut_) return {};
-  const bool right =
-      type_.columns[static_cast<std::size_t>(index.column())].alignment == forms::ColumnAlignment::Right;
+  const bool right = type_.columns[static_cast<std::size_t>(index.column())].alignment == forms::ColumnAlignment::Right;
   if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
   if (role == Qt::FontRole) return right ? QVariant(forms::figureFont()) : QVariant();
   if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};

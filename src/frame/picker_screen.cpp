@@ -24,7 +24,9 @@ PickerScreen::PickerScreen(PickerType type, session::Workplace& workplace,
   model_ = new PickerModel(type_, workplace_.context.KORDconn, this);
   buildLayout();
   resize(940, 560);
-  showCount();
+  counting_.setInterval(0);
+  connect(&counting_, &QTimer::timeout, this, &PickerScreen::countOn);
+  count();
   SearchBox_->setFocus();
 }
 
@@ -92,7 +94,7 @@ bool PickerScreen::eventFilter(QObject* watched, QEvent* event) {
 
 void PickerScreen::search() {
   model_->narrow(SearchBox_->text().toStdString());
-  showCount();
+  count();
 }
 
 void PickerScreen::refresh() {
@@ -103,7 +105,7 @@ void PickerScreen::refresh() {
     workplace_.prompts.tell("Cannot Show", failure.what());
   }
   SearchBox_->clear();
-  showCount();
+  count();
   SearchBox_->setFocus();
 }
 
@@ -112,6 +114,23 @@ void PickerScreen::sortBy(int column) {
   if (at >= type_.headerOrders.size() || type_.headerOrders[at].empty()) return;
   const WaitCursor wait;
   model_->sortBy(type_.headerOrders[at]);
+  count();
+}
+
+// The rows of a long list are counted in idle moments, so that the next key does not wait.
+void PickerScreen::count() {
+  constexpr int atOnce = 2;  // milliseconds
+  counting_.stop();
+  if (model_->searchFor(atOnce)) return showCount();
+  count_->setText(tr("Counting..."));
+  counting_.start();
+}
+
+void PickerScreen::countOn() {
+  constexpr int slice = 8;  // milliseconds
+  if (!model_->searchFor(slice)) return;
+  counting_.stop();
+  showCount();
 }
 
 void PickerScreen::showCount() {

@@ -2,6 +2,7 @@
 
 #include <QAbstractTableModel>
 #include <QDialog>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -45,7 +46,9 @@ class PickerModel : public QAbstractTableModel {
   void narrow(const std::string& typed);
   void sortBy(const std::string& order);
   void readAgain();  // what others wrote meanwhile
-  int found() const;
+  // Looks for further rows for about so long; true when all are found.
+  bool searchFor(int milliseconds);
+  int found() const;  // so far
   std::string key(int row) const { return std::string(list_->key(entry(row))); }
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -57,7 +60,13 @@ class PickerModel : public QAbstractTableModel {
 
  private:
   void open(const std::string& order);
-  void keepMatchesWithinColumns();
+  // Rows that were found are kept only when one of their columns holds the text.
+  struct WithinColumns {
+    store::sql::LikePattern pattern;
+    std::vector<int> kept;  // of the list's entries
+    int next = 0;           // the first of them that was not looked at
+  };
+  bool keepNext() const;
   int foundUpTo(int wanted) const;
   int entry(int row) const;  // of the list
 
@@ -65,7 +74,8 @@ class PickerModel : public QAbstractTableModel {
   store::Connection& connection_;
   std::unique_ptr<PickList> list_;
   std::string typed_;
-  std::optional<std::vector<int>> kept_;  // of the list's entries; nothing: all of them
+  mutable std::optional<WithinColumns> within_;  // nothing: the list finds no others
+  int found_ = 0;
   int handedOut_ = 0;
 };
 
@@ -87,6 +97,8 @@ class PickerScreen : public QDialog {
   void refresh();
   void pick();
   void sortBy(int column);
+  void count();
+  void countOn();
   void showCount();
 
   const PickerType type_;
@@ -96,6 +108,7 @@ class PickerScreen : public QDialog {
   QLineEdit* SearchBox_;
   forms::TableView* grid_;
   QLabel* count_;
+  QTimer counting_;
 };
 
 }  // namespace velmo::frame

@@ -19,10 +19,10 @@ SettingsDialog::SettingsDialog(session::Workplace& workplace, const QString& tit
   column->addLayout(body_, 1);
 }
 
-void SettingsDialog::addCommands() {
-  auto* save = new QPushButton(QStringLiteral("&Save"), this);
-  save->setObjectName(QStringLiteral("SaveBttn"));
-  save->setToolTip(QStringLiteral("Saves the settings and closes (Ctrl+S)"));
+void SettingsDialog::addCommands(const SaveCommand& command) {
+  auto* save = new QPushButton(QLatin1String(command.caption), this);
+  save->setObjectName(QLatin1String(command.name));
+  save->setToolTip(QLatin1String(command.hint));
   save->setDefault(true);
   forms::makePrimary(*save);
   auto* cancel = new QPushButton(QStringLiteral("&Cancel"), this);

@@ -15,6 +15,13 @@ class SettingsDialog : public QDialog {
   Q_OBJECT
 
  public:
+  // The primary button, where a dialog names it otherwise.
+  struct SaveCommand {
+    const char* name = "SaveBttn";
+    const char* caption = "&Save";
+    const char* hint = "Saves the settings and closes (Ctrl+S)";
+  };
+
   SettingsDialog(session::Workplace& workplace, const QString& title, QWidget* parent);
 
  protected:
@@ -23,7 +30,8 @@ class SettingsDialog : public QDialog {
 
   QVBoxLayout& body() { return *body_; }
   // The commands stand last, so that Tab comes to them last. To be called when the body is complete.
-  void addCommands();
+  void addCommands(const SaveCommand& command);
+  void addCommands() { addCommands({}); }
   bool refuse(const std::string& text);  // tells it under "Cannot Save"; false
 
   session::Workplace& workplace_;

@@ -23,10 +23,10 @@ class ItemFilter : public QObject {
     add(row, OfBrand, "Brand", brands_ = makeList("BrandList", "Brand"));
     row.addStretch(1);
     store::Connection& connection = editor.workplace().context.KORDconn;
-    categories_->setSource({connection,
-                            "SELECT catid, catname from Stocklevel1 where catid not like 'Service' order by catname",
-                            store::LockType::ReadOnly},
-                           "catname", "catid");
+    categories_->setSource(
+        {connection, "SELECT catid, catname from Stocklevel1 where catid not like 'Service' order by catname",
+         store::LockType::ReadOnly},
+        "catname", "catid");
     brands_->setSource(
         {connection, "SELECT brandid, brandname FROM brands ORDER BY brandname", store::LockType::ReadOnly},
         "brandname", "brandid");

@@ -1,15 +1,13 @@
 #include "masters/password.h"
 
-#include <QDialog>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QShortcut>
 
 #include "forms/drop_combo.h"
 #include "forms/look.h"
 #include "frame/own_fields.h"
+#include "frame/settings_dialog.h"
 #include "session/login.h"
 
 namespace velmo::masters {
@@ -17,23 +15,18 @@ namespace {
 
 constexpr int longestPassword = 255;
 
-class Password : public QDialog {
+class Password : public frame::SettingsDialog {
  public:
   Password(session::Workplace& workplace, QWidget* parent)
-      : QDialog(parent),
-        workplace_(workplace),
+      : SettingsDialog(workplace, tr("Password"), parent),
         users_(workplace.context.KORDconn, "Select * from users order by username") {
     setObjectName("Password");
-    setWindowTitle(tr("Password"));
-    auto* column = new QVBoxLayout(this);
-    forms::setGrid(*column, forms::spacing::Section + forms::spacing::Normal, forms::spacing::Section);
-    auto* heading = new QLabel(tr("Change Password"));
-    forms::makeHeading(*heading);
-    column->addWidget(heading);
-    column->addLayout(makeFields());
-    column->addStretch(1);
-    column->addLayout(makeCommands());
-    resize(440, 300);
+    frame::addDialogHeading(body(), tr("Change Password"), workplace.context.CompanyName, "CoyName");
+    body().addLayout(makeFields());
+    body().addStretch(1);
+    addCommands(
+        {.name = "ChangePwd", .caption = "&Save New Password", .hint = "Saves the new password and closes (Ctrl+S)"});
+    resize(460, 320);
     showUser();
     oldPassword_->setFocus();
   }
@@ -67,29 +60,6 @@ class Password : public QDialog {
     return box;
   }
 
-  QLayout* makeCommands() {
-    auto* change = new QPushButton(tr("&Save New Password"));
-    change->setObjectName("ChangePwd");
-    change->setToolTip(tr("Saves the new password and closes (Ctrl+S)"));
-    change->setDefault(true);
-    forms::makePrimary(*change);
-    auto* cancel = new QPushButton(tr("&Cancel"));
-    cancel->setObjectName("CancelBttn");
-    cancel->setToolTip(tr("Closes without saving (Esc)"));
-    cancel->setAutoDefault(false);
-    auto* row = new QHBoxLayout;
-    forms::setGrid(*row, 0);
-    row->addStretch(1);
-    for (QPushButton* button : {change, cancel}) {
-      button->setMinimumSize(104, 34);
-      row->addWidget(button);
-    }
-    connect(change, &QPushButton::clicked, this, &Password::save);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, change, [change] { change->click(); });
-    return row;
-  }
-
   void showUser() {
     user_->setSource(users_, "username", "userid");
     user_->setBoundValue(std::int64_t{workplace_.context.UserID});
@@ -97,29 +67,24 @@ class Password : public QDialog {
     users_.find("userid = " + std::to_string(workplace_.context.UserID));
   }
 
-  void refuse(std::initializer_list<QLineEdit*> boxes, const char* title, const char* text) {
+  bool refuse(std::initializer_list<QLineEdit*> boxes, const char* title, const char* text) {
     for (QLineEdit* box : boxes) box->clear();
     (*boxes.begin())->setFocus();
     workplace_.prompts.tell(title, text);
+    return false;
   }
 
-  void save() {
+  bool save() override {
     if (!session::passwordFits(users_, oldPassword_->text().toStdString()))
       return refuse({oldPassword_, newPassword_, repeated_}, "Wrong Password",
                     "The old password provided is incorrect! Please try again!");
     if (newPassword_->text() != repeated_->text())
       return refuse({newPassword_, repeated_}, "Password Mismatch", "Please re-type your new password!");
-    try {
-      users_.update({{"Password", newPassword_->text().toStdString()}});
-    } catch (const store::StoreError& failure) {
-      workplace_.prompts.tell("Cannot Save", failure.what());
-      return;
-    }
+    users_.update({{"Password", newPassword_->text().toStdString()}});
     users_.close();
-    accept();
+    return true;
   }
 
-  session::Workplace& workplace_;
   store::Recordset users_;
   QFormLayout* fields_ = nullptr;
   forms::DropCombo* user_ = nullptr;

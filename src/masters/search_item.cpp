@@ -45,17 +45,20 @@ void addSearch(GridEditor& editor, QHBoxLayout& row) {
 
 }  // namespace
 
+// The lines of other items are left out before the documents are looked up: there are many.
 std::string stockByItem(int fyid, const std::string& typed) {
+  const std::string pattern = store::quoted("%" + typed + "%");
   return "SELECT StockLevel3.ItemCode, StockLevel3.ItemName, StockLevel3.SellingPrice, Sum(Query1.Bal) AS SumOfBal, "
          "StockLevel3.Unit, StockLevel3.Rack, StockLevel2.SubCatName, StockLevel1.CatName FROM (SELECT "
          "StockFlow.ItemCode, IIf(IsNull([StockIn]),0,[StockIn]) AS StocksIn, IIf(IsNull([Stockout]),0,[Stockout]) AS "
          "Stocksout, [Stocksin]-[Stocksout] AS Bal FROM Transactions INNER JOIN StockFlow ON Transactions.TranNo = "
          "StockFlow.TranNo WHERE Transactions.FYID=" +
          std::to_string(fyid) +
-         " AND Transactions.Cancel=No AND Transactions.InvLedger=No) AS Query1 RIGHT JOIN ((StockLevel1 INNER JOIN "
-         "StockLevel2 ON StockLevel1.CatID = StockLevel2.CatID) INNER JOIN StockLevel3 ON StockLevel2.SubCatID = "
+         " AND Transactions.Cancel=No AND Transactions.InvLedger=No AND StockFlow.ItemCode like " + pattern +
+         ") AS Query1 RIGHT JOIN ((StockLevel1 INNER JOIN StockLevel2 ON StockLevel1.CatID = StockLevel2.CatID) INNER "
+         "JOIN StockLevel3 ON StockLevel2.SubCatID = "
          "StockLevel3.SubCatID) ON Query1.ItemCode = StockLevel3.ItemCode WHERE StockLevel3.ItemCode like " +
-         store::quoted("%" + typed + "%") +
+         pattern +
          " GROUP BY StockLevel3.ItemCode, StockLevel3.ItemName, StockLevel3.SellingPrice, StockLevel3.Unit, "
          "StockLevel3.Rack, StockLevel2.SubCatName, StockLevel1.CatName ORDER BY StockLevel3.ItemCode";
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QTableView>
+#include <QTimer>
 
+#include "forms/drop_combo.h"
 #include "frame/master_dialog.h"
 #include "support/company_session.h"
 
@@ -27,6 +29,22 @@ class MasterCompany : public CompanySession {
       if (view.model()->index(row, 0).data().toString() == code) return view.selectRow(row);
     FAIL() << "no row " << code.toStdString() << " in " << list;
   }
+  // The entry of a drop list, as if it was picked.
+  void pick(const char* list, const store::Value& bound) { control<forms::DropCombo>(list).setBoundValue(bound); }
+  // Clicks a button that opens a modal dialog, and visits the dialog there.
+  void inDialogOf(const char* button, const std::function<void(QDialog&)>& visit) {
+    bool visited = false;
+    QTimer::singleShot(0, dialog.get(), [&] {
+      auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (!modal || modal == dialog.get()) return;
+      visited = true;
+      visit(*modal);
+      modal->close();
+    });
+    click(button);
+    EXPECT_TRUE(visited) << button << " opened no dialog";
+  }
+  void run(std::initializer_list<const char*> statements) { NewCompany::run(context->KORDconn, statements); }
   int count(const char* list) { return control<QTableView>(list).model()->rowCount(); }
   void refused(const char* button, const char* title, const std::string& text) {
     SCOPED_TRACE(text);

@@ -31,6 +31,7 @@ const std::vector<MasterStop>& masterStops() {
       {"InvValuation", "valuation-methods"},
       {"UserLogins", "user-logins"},
       {"UserRights", "user-rights"},
+      {"Password", "password"},
   };
   return stops;
 }
@@ -50,6 +51,17 @@ void visitPicker(Guide& guide, QWidget& dialog, const char* name, const QString&
                  });
 }
 
+void visitStock(Guide& guide, shell::Parent& shell) {
+  session::ScreenOpener& screens = shell.workplace().screens;
+  shell.workplace().context.SearchText = "04";
+  guide.inDialog([&] { screens.openDialog("SearchItem"); },
+                 [&](QWidget& dialog) { guide.picture(dialog, "search-item"); });
+  screens.openScreen("InvBelowReorder");
+  guide.rest();
+  guide.picture(shell, "below-reorder");
+  guide.press(Qt::Key_Escape);
+}
+
 }  // namespace
 
 void visitMasters(Guide& guide, shell::Parent& shell) {
@@ -63,6 +75,7 @@ void visitMasters(Guide& guide, shell::Parent& shell) {
                      if (name == "ModifyAccounts") visitPicker(guide, dialog, "find-account", "bank");
                      if (name == "ModifyInventory") visitPicker(guide, dialog, "find-item", "oil");
                    });
+  visitStock(guide, shell);
 }
 
 }  // namespace velmo::tour

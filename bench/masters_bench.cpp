@@ -1,0 +1,208 @@
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTimer>
+#include <memory>
+
+#include "forms/file_dialogs.h"
+#include "large_company_folder.h"
+#include "masters/inv_below_reorder.h"
+#include "masters/item_settings.h"
+#include "masters/modify_accounts.h"
+#include "masters/modify_inventory.h"
+#include "masters/modify_parties.h"
+#include "masters/search_item.h"
+#include "schema/company_file.h"
+#include "session/login.h"
+
+namespace velmo::bench {
+namespace {
+
+constexpr demo::LargeCompany manyItems = {.invoices = 200000, .items = 200000, .accounts = 20000};
+constexpr const char* largestSubCategory = "G01";
+
+class NoPrompts : public session::Prompts {
+ public:
+  session::Answer ask(const session::Prompt& prompt) override {
+    throw std::logic_error("unexpected message: " + prompt.text);
+  }
+};
+
+class NoScreens : public session::ScreenOpener {
+ public:
+  bool openScreen(std::string_view) override { return false; }
+  bool openDialog(std::string_view) override { return false; }
+  bool hasScreen(std::string_view) const override { return true; }
+};
+
+// User 1 at work on a copy of a large company, a quarter of whose items stand in one sub category.
+class Desk {
+ public:
+  Desk() : company_(enter()) {
+    context_.KORDconn.open(schema::plainConnectionString);
+    for (const char* other : {"G02", "G03", "G04", "G05"})
+      context_.KORDconn.execute(std::string("UPDATE StockLevel3 SET SubCatID = 'G01' WHERE SubCatID = '") + other +
+                                "'");
+    session::fillLoginContext(context_, session::LoginRecords(context_.KORDconn));
+  }
+
+  session::LoginContext& context() { return context_; }
+
+  template <typename Make>
+  QWidget& open(Make make, Durations& durations) {
+    screen_.reset();
+    durations.measure([&] {
+      screen_.reset(make(workplace_, nullptr));
+      screen_->show();
+      QApplication::setActiveWindow(screen_.get());
+      QApplication::processEvents();
+    });
+    return *screen_;
+  }
+
+ private:
+  static CompanyCopy enter() {
+    enterCompany(manyItems);
+    return {};
+  }
+
+  CompanyCopy company_;
+  session::SystemClock clock_;
+  NoPrompts prompts_;
+  NoScreens screens_;
+  forms::FileDialogs files_;
+  session::LoginContext context_{schema::companyCatalog()};
+  session::Workplace workplace_{context_, clock_, prompts_, files_, screens_};
+  std::unique_ptr<QWidget> screen_;
+};
+
+template <typename Control>
+Control& control(QWidget& screen, const char* name) {
+  if (auto* found = screen.findChild<Control*>(QLatin1String(name))) return *found;
+  throw std::logic_error(std::string("no control ") + name);
+}
+
+void press(QWidget& widget, int key) {
+  QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &down);
+  QApplication::processEvents();
+}
+
+void chooseRow(QTableView& list, const QString& code) {
+  for (int row = 0; row < list.model()->rowCount(); ++row)
+    if (list.model()->index(row, 0).data().toString() == code) return list.selectRow(row);
+  throw std::logic_error("no row " + code.toStdString());
+}
+
+void report(benchmark::State& state, const std::string& name, const Durations& durations) {
+  state.counters[name + "_p95_ms"] = durations.percentile(0.95) * 1e3;
+  state.counters[name + "_max_ms"] = durations.percentile(1) * 1e3;
+}
+
+void StepsThroughALargeSubCategory(benchmark::State& state) {
+  Desk desk;
+  for (auto _ : state) {
+    Durations open, load, down, toEnd, up;
+    QWidget& dialog = desk.open(masters::makeModifyInventory, open);
+    auto& list = control<QTableView>(dialog, "L3List");
+    load.measure([&] {
+      chooseRow(control<QTableView>(dialog, "L2List"), largestSubCategory);
+      QApplication::processEvents();
+    });
+    list.setFocus();
+    for (int step = 0; step < 500; ++step) down.measure([&] { press(list, Qt::Key_Down); });
+    toEnd.measure([&] { press(list, Qt::Key_End); });
+    if (list.model()->rowCount() < 50000) throw std::logic_error("the sub category is too small");
+    for (int step = 0; step < 500; ++step) up.measure([&] { press(list, Qt::Key_Up); });
+    report(state, "open", open);
+    report(state, "load", load);
+    report(state, "down", down);
+    report(state, "end", toEnd);
+    report(state, "up", up);
+  }
+}
+BENCHMARK(StepsThroughALargeSubCategory)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+// Opens the picker of a dialog, types, and goes to what was picked last.
+template <typename Make>
+void searchIn(benchmark::State& state, Make make, const std::vector<std::string>& typed) {
+  Desk desk;
+  for (auto _ : state) {
+    Durations open, picker, plain, wildcards, pick;
+    QWidget& dialog = desk.open(make, open);
+    QTimer::singleShot(0, &dialog, [&] {
+      auto& search = *static_cast<QDialog*>(QApplication::activeModalWidget());
+      auto& box = control<QLineEdit>(search, "SearchBox");
+      QApplication::processEvents();
+      for (const std::string& text : typed)
+        for (std::size_t length = 1; length <= text.size(); ++length) {
+          const std::string part = text.substr(0, length);
+          const bool isPlain = part.find_first_of("%_[") == std::string::npos;
+          (isPlain ? plain : wildcards).measure([&] {
+            box.setText(QString::fromStdString(part));
+            QApplication::processEvents();
+          });
+        }
+      pick.measure([&] { press(box, Qt::Key_Return); });
+    });
+    control<QPushButton>(dialog, "FindBttn").click();
+    // Opened once more, for the time that it takes alone.
+    QTimer::singleShot(0, &dialog, [&] {
+      QApplication::processEvents();
+      static_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+    });
+    picker.measure([&] { control<QPushButton>(dialog, "FindBttn").click(); });
+    report(state, "open", open);
+    report(state, "picker", picker);
+    report(state, "key", plain);
+    report(state, "wildcard_key", wildcards);
+    report(state, "pick", pick);
+  }
+}
+
+void SearchForAnItem(benchmark::State& state) {
+  searchIn(state, masters::makeModifyInventory,
+           {"hinge", "zzzz", "a", "00", "%", "_", "b%k", "heavy%[a-c]", "goods 12", "2000001499"});
+}
+BENCHMARK(SearchForAnItem)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+void SearchForAnAccount(benchmark::State& state) {
+  searchIn(state, masters::makeModifyAccounts, {"hinge", "zzzz", "1", "%", "_", "b%k", "12015"});
+}
+BENCHMARK(SearchForAnAccount)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+void OpenOtherScreens(benchmark::State& state) {
+  Desk desk;
+  for (auto _ : state) {
+    Durations customers, prices, margin, save, searchOne, searchMany, belowReorder;
+    desk.open(masters::makeModifyCustomers, customers);
+    QWidget& grid = desk.open(masters::makeInvPrices, prices);
+    control<QLineEdit>(grid, "ProfitTxt").setText("25");
+    margin.measure([&] {
+      control<QPushButton>(grid, "UpdateBttn").click();
+      QApplication::processEvents();
+    });
+    save.measure([&] { control<QPushButton>(grid, "SaveBttn").click(); });
+    desk.context().SearchText = "2000001499";
+    desk.open(masters::makeSearchItem, searchOne);
+    desk.context().SearchText = "1";
+    desk.open(masters::makeSearchItem, searchMany);
+    desk.open(masters::makeInvBelowReorder, belowReorder);
+    report(state, "customers", customers);
+    report(state, "prices", prices);
+    report(state, "margin", margin);
+    report(state, "save", save);
+    report(state, "search_one", searchOne);
+    report(state, "search_many", searchMany);
+    report(state, "below_reorder", belowReorder);
+  }
+}
+BENCHMARK(OpenOtherScreens)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace velmo::bench
