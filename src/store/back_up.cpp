@@ -5,7 +5,9 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
+#include <future>
 #include <map>
 #include <memory>
 
@@ -101,6 +103,16 @@ class Repaints {
   BackUpStage stage_;
 };
 
+// Does what the database or the system does in one piece, however long that takes, beside the screen. Work that shows
+// progress by itself would do so on the wrong thread.
+void besideScreen(const BackUpRequest& request, BackUpStage stage, const std::function<void()>& work) {
+  constexpr std::chrono::milliseconds betweenRepaints(40);
+  std::future<void> running = std::async(std::launch::async, work);
+  while (running.wait_for(betweenRepaints) == std::future_status::timeout)
+    if (request.progress) request.progress(stage);
+  running.get();
+}
+
 using Database = std::unique_ptr<sqlite3, decltype(&sqlite3_close)>;
 
 // A file of the back-up's own, without the checks and settings of a company's file. Failures name `shownAs`.
@@ -176,8 +188,8 @@ void verify(const Catalog& catalog, const BackUpRequest& request, const Evidence
   forgetCached(copy);
   Connection connection(catalog, request.newestSchemaVersion);
   connection.impl()->open(copy, password);
+  besideScreen(request, BackUpStage::Verifying, [&] { requireSound(connection, shownAs); });
   const Repaints repaints(connection.handle(), request.progress, BackUpStage::Verifying);
-  requireSound(connection, shownAs);
   compare(evidence, evidenceOf(connection, request.proofs), shownAs);
   connection.impl()->run("PRAGMA journal_mode = DELETE");  // one file that can be read where nothing can be written
 }
@@ -192,9 +204,10 @@ BackUpResult makeCopy(const Catalog& catalog, const BackUpRequest& request, cons
     evidence = copySource(catalog, request, copy.path, file);
     compact(request, copy.path, compacted.path, file);
   }
-  syncToDisk(compacted.path, O_RDWR);
+  const auto sync = [&] { syncToDisk(compacted.path, O_RDWR); };
+  besideScreen(request, BackUpStage::Compacting, sync);
   verify(catalog, request, evidence, compacted.path, destination.password, file);
-  syncToDisk(compacted.path, O_RDWR);
+  besideScreen(request, BackUpStage::Verifying, sync);
   const BackUpResult result{.file = file, .bytes = fs::file_size(compacted.path), .records = [&] {
                               std::int64_t sum = 0;
                               for (const auto& [table, rows] : evidence.rowCounts) sum += rows;

@@ -19,7 +19,7 @@ struct BackUpRequest {
   // SELECTs of the dialect whose every row has to read the same in the copy as in the file.
   std::vector<std::string> proofs = {};
   int newestSchemaVersion = anySchemaVersion;
-  // Called many times a second, so that the screen can repaint.
+  // Called many times a second, on the thread that called backUp(), so that the screen can repaint.
   std::function<void(BackUpStage)> progress = {};
 };
 

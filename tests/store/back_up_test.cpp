@@ -9,6 +9,8 @@
 
 #include <csignal>
 #include <fstream>
+#include <map>
+#include <thread>
 
 #include "small_shop.h"
 
@@ -100,6 +102,26 @@ TEST_F(BackUp, IsOfOneMomentWhileOthersWrite) {
   EXPECT_GE(inCopy, 400);
   EXPECT_LE(inCopy, 400 + written);
   EXPECT_EQ(Recordset(shop, "select count(*) as N from Orders").integer("N"), 400 + written);
+}
+
+// Enough records for every stage to take a while.
+TEST_F(BackUp, TellsEveryStageOnTheThreadThatWaits) {
+  const char* many =
+      "INSERT INTO Orders (DocNo, Year, Party, Amount) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
+      "WHERE i < 300000) SELECT i, 1, 'party ' || i, i FROM n";
+  ASSERT_EQ(sqlite3_exec(shop.handle(), many, nullptr, nullptr, nullptr), SQLITE_OK);
+  std::map<BackUpStage, int> calls;
+  bool elsewhere = false;
+  const auto here = std::this_thread::get_id();
+  progress = [&](BackUpStage stage) {
+    ++calls[stage];
+    elsewhere = elsewhere || std::this_thread::get_id() != here;
+  };
+  save(target);
+  EXPECT_FALSE(elsewhere) << "a window may be painted by its own thread only";
+  EXPECT_GT(calls[BackUpStage::Copying], 5);
+  EXPECT_GT(calls[BackUpStage::Compacting], 0);
+  EXPECT_GT(calls[BackUpStage::Verifying], 5) << "also while the copy is tested for soundness, in one piece";
 }
 
 TEST_F(BackUp, ReplacesAnEarlierOneOnlyWhenItIsWhole) {
