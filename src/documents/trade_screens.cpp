@@ -3,6 +3,7 @@
 #include "documents/invoice_print.h"
 #include "documents/purchase_bill_type.h"
 #include "documents/purchase_return_type.h"
+#include "documents/sale_invoice_pos_type.h"
 #include "documents/sale_return_type.h"
 #include "documents/show_print.h"
 #include "frame/document_screen.h"
@@ -22,6 +23,19 @@ QWidget* makeScreen(frame::DocumentType type, InvoiceKind kind, session::Workpla
 }
 
 }  // namespace
+
+QWidget* makeSaleInvoicesPOS(session::Workplace& workplace, QWidget* parent, frame::PrintOuts printOuts) {
+  frame::DocumentType type = saleInvoicePosType();
+  // A slip, whatever layout the invoices of the office have.
+  type.print = [](session::Workplace& place, const frame::DocumentValues& onScreen, QWidget* screen) {
+    showPrint(place, onScreen, screen, InvoiceKind::Sale,
+              [](const auto& context, const auto& document, const auto& lines,
+                 const PrintRequest& request) -> std::optional<printing::Report> {
+                return invoicePrint(InvoiceLayout::Invoice7, context, document, lines, request);
+              });
+  };
+  return new frame::DocumentScreen(std::move(type), workplace, std::move(printOuts), parent);
+}
 
 QWidget* makeSaleReturns(session::Workplace& workplace, QWidget* parent, frame::PrintOuts printOuts) {
   return makeScreen(saleReturnType(), InvoiceKind::SaleReturn, workplace, parent, std::move(printOuts));

@@ -12,6 +12,7 @@
 #include "frame/document_card.h"
 #include "frame/item_grid.h"
 #include "frame/party_card.h"
+#include "frame/payment_panel.h"
 #include "frame/references_card.h"
 #include "frame/totals_panel.h"
 #include "text/format.h"
@@ -79,14 +80,19 @@ void DocumentScreen::ClearForNewRecord() {
   references_->setEmployee(0);
   references_->setLocation(workplace_.context.stocklocationid);
   if (IncomeCode_) IncomeCode_->setText(QString::number(type_.head->initialCode));
+  if (ACodeTxt_) ACodeTxt_->setText(QString::number(type_.counter->debitCode));
   Desc_->clear();
   showConversion({});
+  if (ScanLbl_) ScanLbl_->clear();
   totals_->setCurrencyName(workplace_.context.currencyname);
   totals_->setTyped({.Discount = "0.00", .Carriage = "0.00", .Received = "0.00"});
   recalculate();
   lines_->bind(SubTran_);
   commands_->setEnabled(true);
-  party_->focusCode();
+  if (type_.counter)
+    lines_->focusFirstCell();
+  else
+    party_->focusCode();
 }
 
 void DocumentScreen::bindSheet(std::int64_t tranNo) {
@@ -138,6 +144,7 @@ void DocumentScreen::fillFromTran() {
   references_->setEmployee(Tran_.integer("EmpID"));
   references_->setLocation(Tran_.integer("LocationFrom"));
   if (IncomeCode_) IncomeCode_->setText(QString::fromStdString(codeText(Tran_.integer("partycode"))));
+  if (ACodeTxt_) ACodeTxt_->setText(QString::fromStdString(Tran_.text("text4")));
   Desc_->setPlainText(QString::fromStdString(Tran_.text("Desc")));
   showConversion(type_.convertedColumn.empty() ? std::string() : Tran_.text(type_.convertedColumn));
   totals_->setTyped({.Discount = shownAmount(Tran_, "Discount"),
@@ -161,6 +168,7 @@ void DocumentScreen::recalculate() {
 void DocumentScreen::partyChanged() {
   const PartyCard::Party party = party_->party();
   lines_->setParty(party.code, party.name);
+  if (type_.counter) return;
   totals_->setReceivedRule(party_->isCashParty() ? type_.party.cashRule : ReceivedRule::AsTyped);
 }
 
@@ -179,6 +187,8 @@ DocumentValues DocumentScreen::values() const {
                         .CreditLimit = party_->CreditLimit(),
                         .IncomeCode = {},
                         .IncomeAcc = {},
+                        .ACodeTxt = {},
+                        .Acc = {},
                         .JobList = references_->job(),
                         .EmpList = references_->employee(),
                         .LocationList = references_->location(),
@@ -188,6 +198,10 @@ DocumentValues DocumentScreen::values() const {
     values.IncomeCode = IncomeCode_->text().toStdString();
     values.IncomeAcc = IncomeAcc_->text().toStdString();
   }
+  if (ACodeTxt_) {
+    values.ACodeTxt = ACodeTxt_->text().toStdString();
+    values.Acc = Acc_->text().toStdString();
+  }
   return values;
 }
 
@@ -195,6 +209,30 @@ DocumentValues DocumentScreen::values() const {
 
 void DocumentScreen::ValidateAndSave(PrintMode mode) {
   if (!commands_->save->isEnabled() || !lines_->commitEdit()) return;
+  if (BalPic_)
+    openPayment(mode);
+  else
+    save(mode);
+}
+
+// The money is taken before the document is saved.
+void DocumentScreen::openPayment(PrintMode mode) {
+  FormPic_->setEnabled(false);
+  disconnect(BalPic_, &PaymentPanel::taken, this, nullptr);
+  connect(BalPic_, &PaymentPanel::taken, this, [this, mode] {
+    closePayment();
+    save(mode);
+  });
+  BalPic_->open();
+}
+
+void DocumentScreen::closePayment() {
+  BalPic_->hide();
+  FormPic_->setEnabled(true);
+  lines_->setFocus(Qt::OtherFocusReason);
+}
+
+void DocumentScreen::save(PrintMode mode) {
   attempt("Cannot Save", [&] {
     const DocumentValues values = this->values();
     if (passes(values) && PostDocument(values)) afterSave(mode, values);

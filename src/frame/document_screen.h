@@ -28,6 +28,7 @@ class ItemGrid;
 class PartyCard;
 class ReferencesCard;
 class TotalsPanel;
+class PaymentPanel;
 
 // The screen of every business document: one document at a time, new or shown, saved by posting it. What a kind of
 // document has of its own stands in its DocumentType.
@@ -59,6 +60,9 @@ class DocumentScreen : public QWidget {
   QHBoxLayout* buildCards();
   QHBoxLayout* buildFoot();
   QWidget* buildHead();
+  QWidget* buildDebitAccount();
+  void buildPayment();
+  QWidget* buildCounterStrip();
   void orderTabs();
   void connectParts();
   void connectCommands();
@@ -71,6 +75,9 @@ class DocumentScreen : public QWidget {
   bool passes(const DocumentValues& values);
   bool PostDocument(const DocumentValues& values);
   void afterSave(PrintMode mode, const DocumentValues& values);
+  void save(PrintMode mode);
+  void openPayment(PrintMode mode);
+  void closePayment();
   void printDocument(const DocumentValues& values);
   void printVoucher();
 
@@ -115,6 +122,11 @@ class DocumentScreen : public QWidget {
   TotalsPanel* totals_ = nullptr;
   AccountCodeBox* IncomeCode_ = nullptr;  // none on documents without a second account
   QLineEdit* IncomeAcc_ = nullptr;
+  AccountCodeBox* ACodeTxt_ = nullptr;  // of documents that are paid at the counter
+  QLineEdit* Acc_ = nullptr;
+  QWidget* FormPic_ = nullptr;  // all but the payment panel
+  PaymentPanel* BalPic_ = nullptr;
+  QLabel* ScanLbl_ = nullptr;  // what became of the last scan
   QPlainTextEdit* Desc_ = nullptr;
   QLineEdit* TranNo_ = nullptr;
   QLabel* ConvLbl_ = nullptr;

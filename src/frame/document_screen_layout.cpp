@@ -1,3 +1,4 @@
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -13,7 +14,9 @@
 #include "frame/document_screen.h"
 #include "frame/item_grid.h"
 #include "frame/party_card.h"
+#include "frame/payment_panel.h"
 #include "frame/references_card.h"
+#include "frame/scan_listener.h"
 #include "frame/totals_panel.h"
 
 // How a document screen is laid out, from the top: title and the ways to other documents; which document, whose, what
@@ -32,15 +35,29 @@ void DocumentScreen::buildLayout() {
   TranNo_->setReadOnly(true);
   TranNo_->hide();
 
-  auto* layout = new QVBoxLayout(this);
+  auto* whole = new QVBoxLayout(this);
+  forms::setGrid(*whole, 0);
+  FormPic_ = new QWidget;
+  FormPic_->setObjectName("FormPic");
+  whole->addWidget(FormPic_);
+  auto* layout = new QVBoxLayout(FormPic_);
   forms::setGrid(*layout, forms::spacing::Normal);
   layout->addLayout(buildTitleRow());
   layout->addLayout(buildCards());
   lines_ = new ItemGrid(type_.lines, workplace_, this);
   layout->addWidget(lines_, 1);
+  if (type_.counter) layout->addWidget(buildCounterStrip());
   layout->addLayout(buildFoot());
   layout->addWidget(commands_->actions());
+  if (type_.counter) buildPayment();
   orderTabs();
+}
+
+void DocumentScreen::buildPayment() {
+  party_->fixCode(type_.counter->partyCode, type_.counter->termsWithoutParty);
+  totals_->setReceivedRule(ReceivedRule::Tendered);
+  BalPic_ = new PaymentPanel(*totals_, this);
+  connect(BalPic_, &PaymentPanel::givenUp, this, &DocumentScreen::closePayment);
 }
 
 QHBoxLayout* DocumentScreen::buildTitleRow() {
@@ -83,6 +100,7 @@ QHBoxLayout* DocumentScreen::buildFoot() {
   auto* column = new QVBoxLayout(notes);
   forms::setGrid(*column, forms::spacing::Normal, forms::spacing::Tight);
   if (type_.head) column->addWidget(buildHead());
+  if (type_.counter) column->addWidget(buildDebitAccount());
   Desc_ = new QPlainTextEdit;
   Desc_->setObjectName("Desc");
   Desc_->setAccessibleName(tr("Remarks"));
@@ -118,6 +136,63 @@ QWidget* DocumentScreen::buildHead() {
   return head;
 }
 
+// What the cashier needs to know of keys and scans, below the lines.
+QWidget* DocumentScreen::buildCounterStrip() {
+  auto* strip = new QWidget;
+  auto* row = new QHBoxLayout(strip);
+  forms::setGrid(*row, 0);
+  auto* hint = new QLabel(tr("Press F4 to view items' list."));
+  hint->setObjectName("F4Lbl");
+  forms::makeCaption(*hint);
+  ScanLbl_ = new QLabel;
+  ScanLbl_->setObjectName("ScanLbl");
+  ScanLbl_->setAccessibleName(tr("Last scan"));
+  ScanLbl_->setTextFormat(Qt::PlainText);
+  ScanLbl_->setProperty("look", "warning");
+  auto* again = new QCheckBox(tr("Scanning an item again raises its quantity"));
+  again->setObjectName("RaiseQuantity");
+  again->setChecked(true);
+  again->setFocusPolicy(Qt::ClickFocus);
+  row->addWidget(hint);
+  row->addWidget(ScanLbl_, 1, Qt::AlignCenter);
+  row->addWidget(again);
+  connect(again, &QCheckBox::toggled, this,
+          [this](bool raise) { lines_->setScannedAgain(raise ? ScannedAgain::RaiseQuantity : ScannedAgain::NewLine); });
+  auto* scanner = new ScanListener(*FormPic_, *lines_);
+  connect(scanner, &ScanListener::scanned, lines_, &ItemGrid::scan);
+  connect(lines_, &ItemGrid::scanned, ScanLbl_, &QLabel::clear);
+  connect(lines_, &ItemGrid::unknownScanned, this,
+          [this](const QString& code) { ScanLbl_->setText(tr("No item has the code %1.").arg(code)); });
+  return strip;
+}
+
+// Where the money goes stands in place of the income account, which the counter does not change.
+QWidget* DocumentScreen::buildDebitAccount() {
+  IncomeCode_->parentWidget()->hide();
+  auto* list = new AccountDropList(this);
+  list->setObjectName("AccCodeList");
+  auto* debit = new QWidget;
+  auto* row = new QHBoxLayout(debit);
+  forms::setGrid(*row, 0);
+  const CounterRules& rules = *type_.counter;
+  ACodeTxt_ = new AccountCodeBox(workplace_.context, *list, {.listCondition = std::string(rules.listCondition)});
+  ACodeTxt_->setObjectName("ACodeTxt");
+  ACodeTxt_->setFixedWidth(96);
+  Acc_ = new QLineEdit;
+  Acc_->setObjectName("Acc");
+  Acc_->setReadOnly(true);
+  Acc_->setFocusPolicy(Qt::NoFocus);
+  Acc_->setAccessibleName(tr("%1 name").arg(shownText(rules.caption)));
+  row->addWidget(captionFor(*ACodeTxt_, shownText(rules.caption)));
+  row->addWidget(ACodeTxt_);
+  row->addWidget(Acc_, 1);
+  connect(ACodeTxt_, &AccountCodeBox::accountResolved, this,
+          [this](const Account& account) { Acc_->setText(QString::fromStdString(account.name)); });
+  connect(ACodeTxt_, &AccountCodeBox::accountCleared, Acc_, &QLineEdit::clear);
+  connect(ACodeTxt_, &AccountCodeBox::moveOn, this, [this] { lines_->focusFirstCell(); });
+  return debit;
+}
+
 void DocumentScreen::orderTabs() {
   CI_ = new QPushButton(tr("New Item"), this);
   CI_->setObjectName("CI");
@@ -127,8 +202,9 @@ void DocumentScreen::orderTabs() {
   static_cast<QHBoxLayout*>(commands_->actions()->layout())->insertWidget(8, CI_);
   // As the eye goes: which document, whose, its references, the lines, the amounts, then the commands.
   QWidget* last = nullptr;
-  for (QWidget* part : std::initializer_list<QWidget*>{card_, party_, references_, lines_, totals_, IncomeCode_, Desc_,
-                                                       commands_->actions(), commands_->navigation()}) {
+  for (QWidget* part :
+       std::initializer_list<QWidget*>{card_, party_, references_, lines_, totals_, IncomeCode_, ACodeTxt_, Desc_,
+                                       commands_->actions(), commands_->navigation()}) {
     if (!part) continue;
     QList<QWidget*> stops = part->findChildren<QWidget*>();
     stops.prepend(part);

@@ -46,7 +46,8 @@ DocumentTotals RecalculateTotals(const LineSums& sums, const TypedAmounts& typed
   totals.NetTotal = shown(amountFrom(totals.GTotal) + amountFrom(totals.Carriage));
   totals.AmtWords = std::string(currencyName) + " " + amountInWordsOnly(amountFrom(totals.NetTotal));
   totals.Received = rule == ReceivedRule::WholeNetTotal ? totals.NetTotal : numericOrZero(typed.Received);
-  totals.Balance = shown(amountFrom(totals.NetTotal) - amountFrom(totals.Received));
+  const double open = amountFrom(totals.NetTotal) - amountFrom(totals.Received);
+  totals.Balance = shown(rule == ReceivedRule::Tendered ? -open : open);
   return totals;
 }
 

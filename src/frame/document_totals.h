@@ -24,7 +24,11 @@ struct TypedAmounts {
   std::string Received;
 };
 
-enum class ReceivedRule { AsTyped, WholeNetTotal };
+enum class ReceivedRule {
+  AsTyped,
+  WholeNetTotal,  // always what is to be paid
+  Tendered        // as typed, and the balance is the change: what is received less what is to be paid
+};
 
 // Every figure of the totals column as it is shown. A figure is computed from the shown texts of the figures before it,
 // so that what is posted adds up to the cent as the eye adds it.

@@ -75,6 +75,16 @@ struct HeadRules {
   std::int64_t initialCode = 0;
 };
 
+// A document that is paid in full as it is saved: saving first takes the money, in a panel over the document, and the
+// ledger's debit goes to an account that the user may choose. The party and the second account are given.
+struct CounterRules {
+  std::string_view caption;  // of the debit account
+  std::string_view listCondition;
+  std::int64_t debitCode = 0;
+  std::int64_t partyCode = 0;
+  std::string_view termsWithoutParty;  // when the party's account is not there
+};
+
 struct ConversionCommand {
   std::string_view name;
   std::string_view caption;
@@ -91,6 +101,7 @@ struct DocumentType {
 
   PartyRules party;
   std::optional<HeadRules> head = {};
+  std::optional<CounterRules> counter = {};
   std::vector<DocumentField> fields = {};
   std::vector<DateLookup> dateLookups = {};
   ItemGridKind lines = {};

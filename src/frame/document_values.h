@@ -35,6 +35,9 @@ struct DocumentValues {
   std::string IncomeCode;
   std::string IncomeAcc;
 
+  std::string ACodeTxt = {};  // of documents that are paid at the counter: where the money goes
+  std::string Acc = {};
+
   ListChoice JobList;
   ListChoice EmpList;
   ListChoice LocationList;

@@ -59,10 +59,16 @@ class ItemGrid : public QWidget {
 
   ItemSheet& sheet() { return sheet_; }
 
+  // One more piece of the item with this code, as a scanner reads it; the next free line waits for the next one.
+  void scan(const QString& code);
+  void setScannedAgain(ScannedAgain again) { again_ = again; }
+
  Q_SIGNALS:
-  void linesChanged();   // the totals are to be computed again
-  void saveRequested();  // Ctrl+S; the cell in edit has been accepted
-  void escapePressed();  // Esc when no cell was in edit; linesChanged() went before
+  void linesChanged();                       // the totals are to be computed again
+  void saveRequested();                      // Ctrl+S; the cell in edit has been accepted
+  void scanned();                            // scan() found its item; linesChanged() went before
+  void unknownScanned(const QString& code);  // no item has the code, and nothing changed
+  void escapePressed();                      // Esc when no cell was in edit; linesChanged() went before
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -98,6 +104,8 @@ class ItemGrid : public QWidget {
   bool watchEditor(QEvent& event);
   void focusLeft();
   void editorLeft();
+  void openItemList();
+  bool scanTyped();
   void showStockPanel();
   void narrowItems();
   void choose(const QString& itemCode);
@@ -113,6 +121,7 @@ class ItemGrid : public QWidget {
   QTimer IListTimer_;
   QTimer narrowTimer_;
   QString openedText_;  // of the cell in edit
+  ScannedAgain again_ = ScannedAgain::RaiseQuantity;
   int serialRow_ = -1;  // whose serials are open
   bool InItemList_ = false;
   bool ending_ = false;  // a cell's end is under way: its messages must not end it again

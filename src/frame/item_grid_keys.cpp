@@ -81,7 +81,7 @@ bool ItemGrid::watchEditor(QEvent& event) {
 }
 
 bool ItemGrid::tableKey(QKeyEvent& event) {
-  if (isEditing()) {  // typed ahead, before the focus reached the cell
+  if (isEditing()) {                       // typed ahead, before the focus reached the cell
     if (editor_->hasFocus()) return true;  // the cell had no use for the key: it must not go round again
     QCoreApplication::sendEvent(editor_, &event);
     return true;
@@ -131,6 +131,7 @@ bool ItemGrid::commandKey(const QKeyEvent& event) {
     if (commitEdit()) Q_EMIT saveRequested();
     return true;
   }
+  if (isEnter(event) && scanTyped()) return true;
   if (isEnter(event) || event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) {
     if (!commitEdit()) return true;
     const bool moved = moveToNextCell(event.key() == Qt::Key_Backtab ? -1 : 1);
@@ -141,7 +142,10 @@ bool ItemGrid::commandKey(const QKeyEvent& event) {
       escape();
       return true;
     case Qt::Key_F4:
-      toggleSerialBox();
+      if (sheet_.kind().f4 == F4Key::ItemList)
+        openItemList();
+      else
+        toggleSerialBox();
       return true;
     case Qt::Key_Delete:
       if (!(event.modifiers() & Qt::ControlModifier)) return false;
@@ -185,6 +189,41 @@ void ItemGrid::showStockPanel() {
   StockBox_->setGeometry(placeBelow(*Grid_->viewport(), cell, *StockBox_->parentWidget(), StockBox_->wantedSize()));
   StockBox_->show();
   StockBox_->raise();
+}
+
+// Enter in the code of a line that is still free is a scan, where the document is written at the counter.
+bool ItemGrid::scanTyped() {
+  if (sheet_.kind().scan != ScanRule::OnePiece || !isEditing() || !openedText_.isEmpty()) return false;
+  const QString code = editor_->text().trimmed();
+  if (Grid_->currentIndex().column() != static_cast<int>(GridColumn::ItemCode) || code.isEmpty()) return false;
+  if (isServiceCode(code.toStdString())) return false;
+  scan(code);
+  return true;
+}
+
+void ItemGrid::scan(const QString& code) {
+  if (!isBound()) return;
+  cancelEdit();
+  const std::optional<int> row = sheet_.scan(code.toStdString(), again_);
+  if (!row) {
+    QApplication::beep();
+    Q_EMIT unknownScanned(code);
+    return;
+  }
+  lineChanged(*row);
+  int next = 0;
+  while (next + 1 < sheet_.rowCount() && !sheet_.plainText(next, GridColumn::ItemCode).empty()) ++next;
+  setCurrentCell(next, GridColumn::ItemCode);
+  Grid_->scrollTo(Grid_->currentIndex());
+  Grid_->setFocus(Qt::OtherFocusReason);
+  Q_EMIT scanned();
+}
+
+// The list of the item code of this line, whatever cell the user is in.
+void ItemGrid::openItemList() {
+  if (StockBox_->isVisible()) return StockBox_->enterList();
+  const int row = Grid_->currentIndex().row();
+  if (row >= 0 && setCurrentCell(row, GridColumn::ItemCode) && beginEdit()) StockBox_->enterList();
 }
 
 void ItemGrid::narrowItems() {

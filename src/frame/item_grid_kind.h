@@ -6,6 +6,13 @@ namespace velmo::frame {
 
 enum class StockWarning { None, Shown };  // "Short Item Balance" when more is sold than there is
 enum class SerialNumbers { None, Kept };  // the serial box of a line
+enum class ItemHistory { LastLines, None };
+enum class F4Key { SerialBox, ItemList };
+
+// What Enter does in the item code of a line: to the next cell, or the counter's way: one piece, and to the next line.
+enum class ScanRule { ToNextCell, OnePiece };
+// Whether an item that is scanned again raises the quantity of its line or gets a line of its own.
+enum class ScannedAgain { RaiseQuantity, NewLine };
 
 // In what the item grids of the screens differ.
 struct ItemGridKind {
@@ -18,6 +25,9 @@ struct ItemGridKind {
   std::string historyQuantityField = "StockOut";
   StockWarning stockWarning = StockWarning::None;
   SerialNumbers serialNumbers = SerialNumbers::None;
+  ItemHistory history = ItemHistory::LastLines;
+  F4Key f4 = F4Key::SerialBox;
+  ScanRule scan = ScanRule::ToNextCell;
 };
 
 }  // namespace velmo::frame

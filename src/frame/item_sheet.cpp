@@ -133,6 +133,24 @@ void ItemSheet::enterItemCode(int row, std::string_view typed) {
   }
 }
 
+std::optional<int> ItemSheet::scan(std::string_view code, ScannedAgain again) {
+  const auto item = findItem(code);
+  if (!item) return std::nullopt;
+  int free = -1;
+  for (int row = 0; row < rowCount(); ++row) {
+    const std::string there = plainText(row, GridColumn::ItemCode);
+    if (there.empty() && free < 0) free = row;
+    if (there != item->code || again == ScannedAgain::NewLine) continue;
+    const double quantity = text::amountFrom(plainText(row, GridColumn::Quantity));
+    enter(row, GridColumn::Quantity, text::numberText(quantity + 1));
+    return row;
+  }
+  if (free < 0) return std::nullopt;
+  fillFromItem(free, *item);
+  enter(free, GridColumn::Quantity, "1");
+  return free;
+}
+
 bool ItemSheet::chooseItem(int row, std::string_view itemCode) {
   const auto item = listedItem(workplace_.context.KORDconn, kind_, itemCode);
   if (!item) return false;

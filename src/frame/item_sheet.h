@@ -37,6 +37,9 @@ class ItemSheet {
   // Puts a typed text into a cell. An item's code brings the item along, and the amounts of the line follow. False,
   // and nothing changed, when the text may not stand there.
   bool enter(int row, GridColumn column, std::string_view typed);
+  // One more piece of the item with this code: of a line that has it already, when that is wanted, otherwise in the
+  // first line that is free. Gives the line; nothing, and nothing changed, when no item has the code.
+  std::optional<int> scan(std::string_view code, ScannedAgain again);
   // As if the item's code had been typed in full, for an item of the drop list.
   bool chooseItem(int row, std::string_view itemCode);
   void recalculateLine(int row);

@@ -107,6 +107,15 @@ void PartyCard::show(const Party& party) {
 void PartyCard::clear() {
   code_->clear();
   blank();
+  if (fixedCode_ != 0) code_->setText(QString::number(fixedCode_));
+}
+
+void PartyCard::fixCode(std::int64_t code, std::string_view termsWithoutParty) {
+  fixedCode_ = code;
+  termsWithoutParty_ = termsWithoutParty;
+  code_->setReadOnly(true);
+  code_->setFocusPolicy(Qt::NoFocus);
+  CA_->hide();
 }
 
 bool PartyCard::isCashParty() const {
@@ -131,6 +140,7 @@ void PartyCard::fill(const Account& account) {
 
 void PartyCard::blank() {
   for (QLineEdit* line : {name_, address_, telephone_, terms_}) line->clear();
+  terms_->setText(QString::fromStdString(termsWithoutParty_));
   creditLimit_ = 0;
   openName();
   Q_EMIT employeeFound(0);

@@ -39,6 +39,8 @@ class PartyCard : public QFrame {
 
   QPushButton& newPartyCommand() { return *CA_; }
   void focusCode();
+  // The account is given by the document: its code is shown and not typed, and no other party is made from here.
+  void fixCode(std::int64_t code, std::string_view termsWithoutParty);
 
  Q_SIGNALS:
   // The code stands for another account, or for none, or the name changed.
@@ -56,6 +58,8 @@ class PartyCard : public QFrame {
   session::Workplace& workplace_;
   double balance_ = 0;
   double creditLimit_ = 0;
+  std::int64_t fixedCode_ = 0;  // 0 for none
+  std::string termsWithoutParty_;
   AccountCodeBox* code_;
   QLineEdit* name_;
   QLineEdit* address_;

@@ -22,9 +22,18 @@ void setAccount(LedgerLine& line, const PostingRow& row, const DocumentValues& v
     line.accName = fixed->name;
     return;
   }
-  const bool party = std::get<PostedAccount>(row.account) == PostedAccount::Party;
-  line.accCode = store::integerOf(party ? values.PartyCodeTxt : values.IncomeCode);
-  line.accName = party ? values.PartyNameTxt : values.IncomeAcc;
+  const auto set = [&line](const std::string& code, const std::string& name) {
+    line.accCode = store::integerOf(code);
+    line.accName = name;
+  };
+  switch (std::get<PostedAccount>(row.account)) {
+    case PostedAccount::Party:
+      return set(values.PartyCodeTxt, values.PartyNameTxt);
+    case PostedAccount::Head:
+      return set(values.IncomeCode, values.IncomeAcc);
+    case PostedAccount::Debit:
+      return set(values.ACodeTxt, values.Acc);
+  }
 }
 
 std::optional<double> amountOf(const std::optional<PostedAmount>& amount, const DocumentTotals& totals) {
@@ -75,7 +84,7 @@ tl::expected<std::vector<LedgerLine>, std::string> ledgerLines(const PostingTabl
     if (!std::ranges::all_of(row.when, [&](const FigureTest& test) { return holds(test, values.totals); })) continue;
     LedgerLine line;
     setAccount(line, row, values);
-    line.desc = row.narration == Narration::Document ? ofDocument : ofLines;
+    line.desc = table.narration ? table.narration(values) : row.narration == Narration::Document ? ofDocument : ofLines;
     line.debit = amountOf(row.debit, values.totals);
     line.credit = amountOf(row.credit, values.totals);
     lines.push_back(std::move(line));

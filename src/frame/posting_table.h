@@ -35,7 +35,8 @@ constexpr FigureTest below(Figure figure) {
 
 enum class PostedAccount {
   Party,  // PartyCodeTxt, PartyNameTxt
-  Head    // IncomeCode, IncomeAcc
+  Head,   // IncomeCode, IncomeAcc
+  Debit   // ACodeTxt, Acc
 };
 
 enum class Narration {
@@ -68,6 +69,8 @@ struct PostingTable {
   // What stands behind the party's name in a narration of the document: "Invoice No 12".
   std::function<std::string(const DocumentValues&)> documentName;
   std::vector<PostingRow> rows;
+  // The narration of every row, where a kind of document has one of its own.
+  std::function<std::string(const DocumentValues&)> narration = {};
 };
 
 struct LedgerLine {

@@ -132,6 +132,11 @@ QWidget* StockPanel::buildDetails() {
   DetailGrid_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   DetailGrid_->showModel(*history_);
   column->addWidget(DetailGrid_, 1);
+  if (kind_.history == ItemHistory::None) {
+    HisParty_->hide();
+    DetailGrid_->hide();
+    column->addStretch(1);
+  }
   return details;
 }
 
@@ -203,7 +208,8 @@ void StockPanel::ShowItemHistory() {
   price_->setText(QString::fromStdString(text::formatNumber(store::numberOf(item->price), "0.00;(0.00)")));
   ItemCategory_->setText(QString::fromStdString(item->category));
   StockBalance_->setText(QString::fromStdString(balanceText(*item)));
-  history_->setRecordset(itemHistory(context_.KORDconn, kind_, code, partyCode_, context_.FYID));
+  if (kind_.history == ItemHistory::LastLines)
+    history_->setRecordset(itemHistory(context_.KORDconn, kind_, code, partyCode_, context_.FYID));
 }
 
 std::string StockPanel::balanceText(const ListedItem& item) const {

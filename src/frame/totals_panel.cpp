@@ -69,6 +69,16 @@ TotalsPanel::TotalsPanel(std::string_view receivedCaption, session::Prompts& pro
   }
 }
 
+TotalsPanel::PaymentBoxes TotalsPanel::takePaymentBoxes() {
+  auto& grid = static_cast<QGridLayout&>(*layout());
+  for (QWidget* box : std::initializer_list<QWidget*>{received_, balance_}) {
+    for (auto* caption : findChildren<QLabel*>())
+      if (caption->buddy() == box) delete caption;
+    grid.removeWidget(box);
+  }
+  return {received_, balance_};
+}
+
 QLineEdit* TotalsPanel::addFigure(QGridLayout& grid, int row, int column, const char* name, const QString& caption) {
   auto* figure = new QLineEdit;
   figure->setObjectName(name);

@@ -26,6 +26,13 @@ class TotalsPanel : public QFrame {
  public:
   TotalsPanel(std::string_view receivedCaption, session::Prompts& prompts, QWidget* parent);
 
+  // Takes what is received and the balance out of the panel, for a place of their own.
+  struct PaymentBoxes {
+    forms::NumberBox* received;
+    QLineEdit* balance;
+  };
+  PaymentBoxes takePaymentBoxes();
+
   void setSums(const LineSums& sums);
   // The currency stands before the words; the rule says whether the amount received follows the net total.
   void setCurrencyName(const std::string& name);

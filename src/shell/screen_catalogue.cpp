@@ -4,7 +4,9 @@
 #include "documents/trade_screens.h"
 #include "masters/employees.h"
 #include "masters/inv_below_reorder.h"
+#include "masters/inventory_settings.h"
 #include "masters/item_settings.h"
+#include "masters/jobs.h"
 #include "masters/modify_accounts.h"
 #include "masters/modify_inventory.h"
 #include "masters/modify_parties.h"
@@ -30,6 +32,10 @@ QWidget* makeSaleInvoicesSimple(session::Workplace& workplace, QWidget* parent) 
   return documents::makeSaleInvoicesSimple(workplace, parent, {.voucher = showDocumentVoucher});
 }
 
+QWidget* makeSaleInvoicesPOS(session::Workplace& workplace, QWidget* parent) {
+  return documents::makeSaleInvoicesPOS(workplace, parent, {.voucher = showDocumentVoucher});
+}
+
 QWidget* makeSaleReturns(session::Workplace& workplace, QWidget* parent) {
   return documents::makeSaleReturns(workplace, parent, {.voucher = showDocumentVoucher});
 }
@@ -45,6 +51,7 @@ QWidget* makePurchaseReturns(session::Workplace& workplace, QWidget* parent) {
 constexpr ScreenEntry screens[] = {
     {"Navigation", ScreenKind::ChildWindow, makeNavigation},
     {"SaleInvoicesSimple", ScreenKind::ChildWindow, makeSaleInvoicesSimple},
+    {"SaleInvoicesPOS", ScreenKind::ChildWindow, makeSaleInvoicesPOS},
     {"SaleReturns", ScreenKind::ChildWindow, makeSaleReturns},
     {"PurchaseBillsSimple", ScreenKind::ChildWindow, makePurchaseBillsSimple},
     {"PurchaseReturns", ScreenKind::ChildWindow, makePurchaseReturns},
@@ -67,6 +74,8 @@ constexpr ScreenEntry screens[] = {
     {"Password", ScreenKind::Dialog, masters::makePassword},
     {"UserLogins", ScreenKind::Dialog, masters::makeUserLogins},
     {"UserRights", ScreenKind::Dialog, masters::makeUserRights},
+    {"InventorySettings", ScreenKind::Dialog, masters::makeInventorySettings},
+    {"Jobs", ScreenKind::Dialog, masters::makeJobs},
     {"CompanyInfo", ScreenKind::Dialog, makeCompanyInfo},
     {"LogoSetting", ScreenKind::Dialog, makeLogoSetting},
     {"CurrencySettings", ScreenKind::Dialog, makeCurrencySettings},

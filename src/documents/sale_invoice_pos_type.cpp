@@ -1,0 +1,117 @@
+#include "documents/sale_invoice_pos_type.h"
+
+#include "documents/find_screens.h"
+#include "documents/sale_invoice_type.h"
+#include "documents/trade_rules.h"
+#include "store/value.h"
+
+namespace velmo::documents {
+
+namespace {
+
+using frame::above;
+using frame::below;
+using frame::DocumentValues;
+using frame::Figure;
+using frame::minus;
+using frame::PostedAccount;
+using frame::SaveSituation;
+
+// References of an invoice that was written on the other screen stay as they are.
+std::vector<frame::DocumentField> fields() {
+  using enum frame::FieldKind;
+  using enum frame::FieldPlace;
+  return {{.name = "PayMode",
+           .column = "Text11",
+           .label = "Payment Mode",
+           .kind = Choice,
+           .place = Head,
+           .choices = {"Cash", "Cheque", "Credit Card", "Demand Draft", "Pay Order", "Online Transfer"},
+           .initial = "0"},
+          {.name = "InvTypeList", .column = "Text12", .kind = Unseen, .initial = "0"},
+          {.name = "D1", .column = "D1", .kind = Unseen},
+          {.name = "D1Dt", .column = "D1Date", .kind = Unseen},
+          {.name = "D2", .column = "D2", .kind = Unseen},
+          {.name = "D2Dt", .column = "D2Date", .kind = Unseen}};
+}
+
+// The money goes straight into the debit account: the customer's is never posted.
+frame::PostingTable posting() {
+  using enum Figure;
+  return {.documentName = [](const DocumentValues& v) { return "Invoice No " + v.DocNo; },
+          .rows =
+              {
+                  {.when = {above(NetTotal)}, .account = PostedAccount::Debit, .debit = NetTotal},
+                  {.account = PostedAccount::Head, .credit = GTotal},
+                  {.when = {above(Carriage)}, .account = frame::carriageOutwards, .credit = Carriage},
+                  {.when = {below(Carriage)}, .account = frame::carriageOutwards, .debit = minus(Carriage)},
+              },
+          .narration = [](const DocumentValues& v) { return v.Desc; }};
+}
+
+// What was tendered, as the panel showed it.
+frame::AgingRow openItem(const DocumentValues& values) {
+  const std::int64_t docNo = store::integerOf(values.DocNo);
+  return {.docNo = docNo,
+          .docNo2 = docNo,
+          .tranDate = values.TrDate,
+          .tranDate2 = values.TrDate,
+          .partyCode = store::integerOf(values.PartyCodeTxt),
+          .trAmount = netTotalOf(values),
+          .payment = receivedOf(values),
+          .totPayment = receivedOf(values)};
+}
+
+}  // namespace
+
+const frame::DocumentType& saleInvoicePosType() {
+  static const frame::DocumentType type{
+      .TranType = saleInvoiceTranType,
+      .screen = "SaleInvoicesPOS",
+      .title = "POINT OF SALE INVOICES",
+      .duplicateText = "This Serial No. already exists in Sale Invoices. Saving this would create duplicate values.",
+      .viewRight = 97,
+      .find = findSalesPOS(),
+      .party = {.caption = "Customer",
+                .listCondition = "Level1ID=120 or Level1ID=210",
+                .newParty = {.caption = "New Customer", .right = 12, .dialog = "ModifyCustomers"},
+                .cashCode = frame::walkInCustomer},
+      .head =
+          frame::HeadRules{
+              .caption = "Income Account", .listCondition = "Level1ID=400", .initialCode = frame::salesIncome},
+      .counter = frame::CounterRules{.caption = "Debit Account",
+                                     .listCondition = "Level1ID=100 or Level1ID=110",
+                                     .debitCode = frame::cashInHand.code,
+                                     .partyCode = frame::walkInCustomer,
+                                     .termsWithoutParty = "CASH"},
+      .fields = fields(),
+      .lines = {.stockWarning = frame::StockWarning::Shown,
+                .serialNumbers = frame::SerialNumbers::Kept,
+                .history = frame::ItemHistory::None,
+                .f4 = frame::F4Key::ItemList,
+                .scan = frame::ScanRule::OnePiece},
+      .validation = {partyChosen("Select a correct customer. You may select Account Code '12001001' for a Walk-in "
+                                 "(Cash) Customer."),
+                     frame::locationIsListed(),
+                     frame::jobIsListedOrBlank(),
+                     frame::employeeIsListedOrBlank(),
+                     {.fails = [](const DocumentValues& v, const SaveSituation&) { return v.Acc.empty(); },
+                      .text = "Select a correct account to debit.",
+                      .control = "ACodeTxt"}},
+      .header =
+          [](const DocumentValues& values, const session::LoginContext& context, frame::HeaderRow& row) {
+            writeTradeHeader(values, row);
+            row.set("Received", netTotalOf(values));
+            row.set("Balance", 0.0);
+            row.set("Text4", values.ACodeTxt);
+            row.set("InvLedger", context.InvoiceInvLedger);
+          },
+      .keptColumns = {"Text10"},
+      .posting = posting(),
+      .aging = frame::AgingRule{.side = frame::AgingSide::Receivable, .row = openItem},
+      .printSettings = "InvoiceSettings",
+  };
+  return type;
+}
+
+}  // namespace velmo::documents
