@@ -110,7 +110,7 @@ void Connection::Impl::run(const char* sql) {
 
 std::int64_t Connection::Impl::write(std::string_view sql, const std::vector<Value>& parameters) {
   PreparedStatement statement = prepare(sql);
-  for (std::size_t i = 0; i < parameters.size(); ++i) statement.bind(static_cast<int>(i) + 1, parameters[i]);
+  for (std::size_t i = 0; i < parameters.size(); ++i) statement.bindInPlace(static_cast<int>(i) + 1, parameters[i]);
   return write(statement);
 }
 

@@ -53,9 +53,9 @@ class Cursor {
   virtual void set(int field, const Value& value) = 0;
   virtual void setAt(std::int64_t position, int field, const Value& value) = 0;
   virtual void addNew() = 0;
-  virtual void addNew(const FieldValues& values) = 0;
+  virtual void addNew(FieldValues values) = 0;
   virtual void update() = 0;
-  virtual void update(const FieldValues& values) = 0;
+  virtual void update(FieldValues values) = 0;
   virtual void cancelUpdate() = 0;
   virtual void remove() = 0;
   virtual void removeBlank(int field) = 0;

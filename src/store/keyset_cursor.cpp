@@ -166,8 +166,7 @@ const WalkedRow& KeysetCursor::rowAt(std::int64_t position) const {
   if (looked_.changes != changes) looked_.rows.clear();
   looked_.changes = changes;
   if (position >= 0 && !looked_.holds(position)) lookAround(position);
-  if (!looked_.holds(position))
-    throw StoreError(ErrorKind::Misuse, "There is no record at this position of the list.");
+  if (!looked_.holds(position)) throw StoreError(ErrorKind::Misuse, "There is no record at this position of the list.");
   return looked_.rows[static_cast<std::size_t>(position - looked_.first)];
 }
 
@@ -296,9 +295,10 @@ void KeysetCursor::addNew() {
   place_ = {.where = Where::On, .row = WalkedRow(query_.slotCount())};
 }
 
-void KeysetCursor::addNew(const FieldValues& values) {
+void KeysetCursor::addNew(FieldValues values) {
   addNew();
-  for (const auto& [field, value] : values) change(field, value);
+  edit_->changes.reserve(values.size());
+  for (auto& [field, value] : values) change(field, std::move(value));
   try {
     update();
   } catch (...) {
@@ -338,13 +338,13 @@ void KeysetCursor::update() {
   edit_.reset();
 }
 
-void KeysetCursor::update(const FieldValues& values) {
+void KeysetCursor::update(FieldValues values) {
   requireWritable();
   requireRow();
   remember();
   const std::optional<Edit> before = edit_;
   beginEdit();
-  for (const auto& [field, value] : values) change(field, value);
+  for (auto& [field, value] : values) change(field, std::move(value));
   try {
     update();
   } catch (...) {

@@ -47,9 +47,9 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   void set(int field, const Value& value) override;
   void setAt(std::int64_t position, int field, const Value& value) override;
   void addNew() override;
-  void addNew(const FieldValues& values) override;
+  void addNew(FieldValues values) override;
   void update() override;
-  void update(const FieldValues& values) override;
+  void update(FieldValues values) override;
   void cancelUpdate() override;
   void remove() override;
   void removeBlank(int field) override;
@@ -103,7 +103,7 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   struct Looked {
     std::int64_t changes = -1;     // by this program, to any table
     std::int64_t generation = -1;  // of the table, when the first of them were read
-    std::int64_t first = 0;  // position of the first
+    std::int64_t first = 0;        // position of the first
     std::deque<WalkedRow> rows;
     std::int64_t end() const { return first + static_cast<std::int64_t>(rows.size()); }
     bool holds(std::int64_t position) const { return position >= first && position < end(); }

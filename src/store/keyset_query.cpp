@@ -155,8 +155,12 @@ std::string KeysetQuery::orderSql(Direction direction) const {
 
 std::string KeysetQuery::selectSql(const Condition& condition, const std::string& tail) const {
   std::string sql = "SELECT ";
-  for (std::size_t i = 0; i < columns_.size(); ++i) sql += (i == 0 ? "" : ", ") + columns_[i];
-  sql += " FROM " + from_;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (i > 0) sql += ", ";
+    sql += columns_[i];
+  }
+  sql += " FROM ";
+  sql += from_;
   if (numberOrderNeedsTheTable_) sql += " NOT INDEXED";
   if (!condition.sql.empty()) sql += " WHERE " + condition.sql;
   return sql + tail;
@@ -214,15 +218,14 @@ std::optional<WalkedRow> KeysetQuery::byNumber(Connection::Impl& connection, std
   return fetchOne(connection, {.sql = columns_[numberSlot_] + " = ?1", .parameters = {number}}, "");
 }
 
-std::vector<WalkedRow> KeysetQuery::from(Connection::Impl& connection, std::int64_t position,
-                                         std::int64_t most) const {
+std::vector<WalkedRow> KeysetQuery::from(Connection::Impl& connection, std::int64_t position, std::int64_t most) const {
   Condition all = base(nullptr);
   all.parameters.push_back(most);
   all.parameters.push_back(position);
   const std::size_t last = all.parameters.size();
-  return fetch(connection, all,
-               orderSql(Direction::Forward) + " LIMIT ?" + std::to_string(last - 1) + " OFFSET ?" +
-                   std::to_string(last));
+  return fetch(
+      connection, all,
+      orderSql(Direction::Forward) + " LIMIT ?" + std::to_string(last - 1) + " OFFSET ?" + std::to_string(last));
 }
 
 std::vector<WalkedRow> KeysetQuery::neighbours(Connection::Impl& connection, const WalkedRow& row, Direction direction,

@@ -49,9 +49,9 @@ class ListCursor : public Cursor, public TransactionParticipant, public std::ena
   void set(int field, const Value& value) override;
   void setAt(std::int64_t position, int field, const Value& value) override;
   void addNew() override;
-  void addNew(const FieldValues& values) override;
+  void addNew(FieldValues values) override;
   void update() override;
-  void update(const FieldValues& values) override;
+  void update(FieldValues values) override;
   void cancelUpdate() override;
   void remove() override;
   void removeBlank(int field) override;
@@ -103,7 +103,7 @@ class ListCursor : public Cursor, public TransactionParticipant, public std::ena
   void remember();
   void requireWritable() const;
   void beginEdit();
-  void change(RowId row, const FieldValues& values);
+  void change(RowId row, FieldValues values);
   void dropEdit();
   RowId appendRow();
   void leaveRemoved();

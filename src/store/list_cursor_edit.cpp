@@ -5,6 +5,14 @@
 
 // The writing half of ListCursor: edits of the current row, new rows, deletions and batches.
 namespace velmo::store {
+namespace {
+
+bool isBlank(const Value& value) {
+  const auto* text = std::get_if<std::string>(&value);
+  return isNull(value) || (text != nullptr && text->empty());
+}
+
+}  // namespace
 
 void ListCursor::remember() {
   Connection::Impl& connection = *source().connection;
@@ -43,13 +51,17 @@ void ListCursor::beginEdit() {
                .positionBefore = place_.position};
 }
 
-// A row that is written as it is changed stays as it was when that fails.
-void ListCursor::change(RowId row, const FieldValues& values) {
+// A row that is written as it is changed stays as it was when that fails; the values themselves fit already.
+void ListCursor::change(RowId row, FieldValues values) {
+  if (source().lock != LockType::Optimistic) {
+    for (auto& [field, value] : values) rows_->edit(row, field, std::move(value));
+    return;
+  }
   const RowState stateBefore = rows_->state(row);
   const RowSet::Edits before = rows_->edits(row);
   try {
-    for (const auto& [field, value] : values) rows_->edit(row, field, value);
-    if (source().lock == LockType::Optimistic) rows_->write(row);
+    for (auto& [field, value] : values) rows_->edit(row, field, std::move(value));
+    rows_->write(row);
   } catch (...) {
     rows_->restore(row, stateBefore, before);
     throw;
@@ -84,9 +96,9 @@ void ListCursor::setAt(std::int64_t position, int field, const Value& value) {
     set(field, value);
     return;
   }
-  const FieldValues kept{{field, source().fittedFor(field, value)}};
+  FieldValues kept{{field, source().fittedFor(field, value)}};
   remember();
-  change(row, kept);
+  change(row, std::move(kept));
 }
 
 RowId ListCursor::appendRow() {
@@ -117,10 +129,10 @@ void ListCursor::addNew() {
   appendRow();
 }
 
-void ListCursor::addNew(const FieldValues& values) {
+void ListCursor::addNew(FieldValues values) {
   const RowId row = appendRow();
   try {
-    change(row, values);
+    change(row, std::move(values));
   } catch (...) {
     dropEdit();
     throw;
@@ -137,11 +149,11 @@ void ListCursor::update() {
   edit_.reset();
 }
 
-void ListCursor::update(const FieldValues& values) {
+void ListCursor::update(FieldValues values) {
   requireWritable();
   const RowId row = currentRow();
   remember();
-  change(row, values);
+  change(row, std::move(values));
   edit_.reset();
 }
 
@@ -180,7 +192,7 @@ void ListCursor::removeBlank(int field) {
   remember();
   reach(std::numeric_limits<std::int64_t>::max() - 1);
   for (const RowId row : place_.view)
-    if (textOf(rows_->value(row, field)).empty()) rows_->markDeleted(row);
+    if (isBlank(rows_->value(row, field))) rows_->markDeleted(row);
   sync();
   if (!isEmpty()) moveFirst();
 }

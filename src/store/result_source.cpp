@@ -12,7 +12,8 @@ char lower(char c) {
 }
 
 bool sameName(std::string_view left, std::string_view right) {
-  return std::ranges::equal(left, right, {}, lower, lower);
+  return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin(),
+                                                   [](char one, char other) { return lower(one) == lower(other); });
 }
 
 int tableIndex(ResultSource& source, const sql::ResultColumn& column) {
@@ -56,7 +57,10 @@ std::shared_ptr<ResultSource> describeResult(std::shared_ptr<Connection::Impl> c
   source->connection = std::move(connection);
   source->statement = std::move(statement);
   source->lock = lock;
-  for (const sql::ResultColumn& column : source->statement.compiled->columns) {
+  const std::vector<sql::ResultColumn>& columns = source->statement.compiled->columns;
+  source->fields.reserve(columns.size());
+  source->byName_.reserve(columns.size());
+  for (const sql::ResultColumn& column : columns) {
     const int table = tableIndex(*source, column);
     const Column* base =
         table < 0 ? nullptr : source->tables[static_cast<std::size_t>(table)].table->find(column.column);

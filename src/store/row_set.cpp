@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace velmo::store {
 namespace {
@@ -56,18 +57,16 @@ void RowSet::fetchAll() {
 
 Value RowSet::value(RowId row, int field) const {
   if (static_cast<std::size_t>(field) >= source_->types.size()) return Null{};  // a chapter
-  if (state(row) == RowState::Modified || state(row) == RowState::Inserted) {
-    if (const auto found = edits_.find(row); found != edits_.end()) {
-      for (const FieldChange& change : found->second) {
-        if (change.field == field) return change.value;
-      }
+  if (const Edits* edits = pendingEdits(row)) {
+    for (const FieldChange& change : *edits) {
+      if (change.field == field) return change.value;
     }
   }
   return stored_.value(static_cast<std::size_t>(row), static_cast<std::size_t>(field));
 }
 
 int RowSet::compare(RowId left, RowId right, int field) const {
-  if (!edits_.contains(left) && !edits_.contains(right)) {
+  if (pendingEdits(left) == nullptr && pendingEdits(right) == nullptr) {
     return stored_.compare(static_cast<std::size_t>(left), static_cast<std::size_t>(right),
                            static_cast<std::size_t>(field));
   }
@@ -93,14 +92,15 @@ RowId RowSet::append() {
   const RowId row = fetched();
   stored_.append();
   states_.push_back(RowState::Gone);
-  remember(row, false);  // taken back, the row is no row at all
+  remember(row);  // taken back, the row is no row at all
   states_.back() = RowState::Inserted;
   return row;
 }
 
 void RowSet::edit(RowId row, int field, Value value) {
-  remember(row, false);
-  Edits& edits = edits_[row];
+  remember(row);
+  if (pendingEdits(row) == nullptr) setEdits(row, {});
+  Edits& edits = *edits_[static_cast<std::size_t>(row)];
   const auto found = std::ranges::find(edits, field, &FieldChange::field);
   if (found != edits.end()) {
     found->value = std::move(value);
@@ -111,29 +111,40 @@ void RowSet::edit(RowId row, int field, Value value) {
   if (state(row) == RowState::Clean) setState(row, RowState::Modified);
 }
 
+const RowSet::Edits* RowSet::pendingEdits(RowId row) const {
+  const auto place = static_cast<std::size_t>(row);
+  return place < edits_.size() ? edits_[place].get() : nullptr;
+}
+
 RowSet::Edits RowSet::edits(RowId row) const {
-  const auto found = edits_.find(row);
-  return found == edits_.end() ? Edits{} : found->second;
+  const Edits* pending = pendingEdits(row);
+  return pending == nullptr ? Edits{} : *pending;
 }
 
 void RowSet::restore(RowId row, RowState state, Edits edits) {
-  remember(row, false);
+  remember(row);
   setState(row, state);
-  setEdits(row, std::move(edits));
+  takeEdits(row);
+  if (!edits.empty()) setEdits(row, std::move(edits));
+}
+
+RowSet::Edits RowSet::takeEdits(RowId row) {
+  if (pendingEdits(row) == nullptr) return {};
+  return std::move(*std::exchange(edits_[static_cast<std::size_t>(row)], nullptr));
 }
 
 void RowSet::setEdits(RowId row, Edits edits) {
-  if (edits.empty()) {
-    edits_.erase(row);
-  } else {
-    edits_[row] = std::move(edits);
-  }
+  const auto place = static_cast<std::size_t>(row);
+  if (edits_.size() <= place) edits_.resize(place + 1);
+  edits_[place] = std::make_unique<Edits>(std::move(edits));
 }
 
 void RowSet::markDeleted(RowId row) {
-  remember(row, false);
-  setState(row, state(row) == RowState::Inserted ? RowState::Gone : RowState::Deleted);
-  edits_.erase(row);
+  const RowState present = state(row);
+  const bool remembered = isToRemember(row, false);
+  Edits edits = takeEdits(row);
+  if (remembered) undo_.push_back({.row = row, .state = present, .edits = std::move(edits), .stored = {}});
+  setState(row, present == RowState::Inserted ? RowState::Gone : RowState::Deleted);
 }
 
 void RowSet::discard(RowId row) {
@@ -158,13 +169,13 @@ void RowSet::write(RowId row, const RowWriter& writer) {
   };
   if (present == RowState::Deleted) {
     writer.remove(original);
-    remember(row, false);
+    remember(row);
     setState(row, RowState::Gone);
     return;
   }
-  const auto pending = edits_.find(row);
   static const Edits nothing;
-  const Edits& changes = pending == edits_.end() ? nothing : pending->second;
+  const Edits* pending = pendingEdits(row);
+  const Edits& changes = pending == nullptr ? nothing : *pending;
   Edits filledIn;
   if (present == RowState::Inserted) {
     filledIn = writer.insert(changes);
@@ -173,33 +184,40 @@ void RowSet::write(RowId row, const RowWriter& writer) {
     std::erase_if(differing, [](const FieldChange& change) { return change.value == change.original; });
     if (!differing.empty()) writer.update(differing, original);
   }
-  remember(row, true);
-  for (const Edits* written : {&changes, static_cast<const Edits*>(&filledIn)}) {
-    for (const FieldChange& change : *written)
-      stored_.set(static_cast<std::size_t>(row), static_cast<std::size_t>(change.field), change.value);
-  }
-  edits_.erase(row);
-  setState(row, RowState::Clean);
+  store(row, std::move(filledIn));
 }
 
-// Between two marks the first record of a row is enough: winding back ends there.
-void RowSet::remember(RowId row, bool storedToo) {
+// The pending values become the stored ones.
+void RowSet::store(RowId row, Edits filledIn) {
+  const auto place = static_cast<std::size_t>(row);
+  const bool remembered = isToRemember(row, true);
+  Undo before{.row = row, .state = state(row), .edits = takeEdits(row), .stored = {}};
+  before.stored.reserve(remembered ? source_->types.size() : 0);
+  for (std::size_t i = 0; remembered && i < source_->types.size(); ++i)
+    before.stored.push_back(stored_.value(place, i));
+  for (const Edits* written : {&before.edits, &filledIn}) {
+    for (const FieldChange& change : *written) stored_.set(place, static_cast<std::size_t>(change.field), change.value);
+  }
+  setState(row, RowState::Clean);
+  if (remembered) undo_.push_back(std::move(before));
+}
+
+// Whether the open transaction needs a record of the row as it is now. Between two marks the first record of a row is
+// enough: winding back ends there.
+bool RowSet::isToRemember(RowId row, bool storedToo) {
   Connection::Impl& connection = *source_->connection;
-  if (connection.transaction == 0) return;
+  if (connection.transaction == 0) return false;
   if (undoTransaction_ != connection.transaction) {
     forgetUndo();
     undoTransaction_ = connection.transaction;
     connection.enrol(shared_from_this());
   }
-  if (undo_.size() > undoMark_ && undo_.back().row == row && (!storedToo || !undo_.back().stored.empty())) return;
-  Undo before{.row = row, .state = state(row), .edits = edits(row), .stored = {}};
-  if (storedToo) {
-    before.stored.reserve(source_->types.size());
-    for (std::size_t i = 0; i < source_->types.size(); ++i) {
-      before.stored.push_back(stored_.value(static_cast<std::size_t>(row), i));
-    }
-  }
-  undo_.push_back(std::move(before));
+  const bool isLast = undo_.size() > undoMark_ && undo_.back().row == row;
+  return !isLast || (storedToo && undo_.back().stored.empty());
+}
+
+void RowSet::remember(RowId row) {
+  if (isToRemember(row, false)) undo_.push_back({.row = row, .state = state(row), .edits = edits(row), .stored = {}});
 }
 
 std::size_t RowSet::undoMark() {
@@ -215,7 +233,8 @@ void RowSet::undoTo(std::size_t mark) {
       stored_.set(static_cast<std::size_t>(before.row), i, before.stored[i]);
     }
     setState(before.row, before.state);
-    setEdits(before.row, std::move(before.edits));
+    takeEdits(before.row);
+    if (!before.edits.empty()) setEdits(before.row, std::move(before.edits));
   }
 }
 

@@ -4,7 +4,6 @@
 #include <memory>
 #include <optional>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "store/cell_table.h"
@@ -86,14 +85,18 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   explicit RowSet(std::shared_ptr<const ResultSource> source);
   void setState(RowId row, RowState state);
   void write(RowId row, const RowWriter& writer);
+  void store(RowId row, Edits filledIn);
+  const Edits* pendingEdits(RowId row) const;  // nullptr for none
+  Edits takeEdits(RowId row);
   void setEdits(RowId row, Edits edits);
-  void remember(RowId row, bool storedToo);
+  bool isToRemember(RowId row, bool storedToo);
+  void remember(RowId row);
   void forgetUndo() noexcept;
 
   std::shared_ptr<const ResultSource> source_;
   CellTable stored_;
   std::vector<RowState> states_;
-  std::unordered_map<RowId, Edits> edits_;
+  std::vector<std::unique_ptr<Edits>> edits_;  // by row, up to the last that was edited; null where nothing is pending
   std::optional<PreparedStatement> reader_;
   std::int64_t losses_ = 0;
   std::int64_t returns_ = 0;

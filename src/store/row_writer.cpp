@@ -115,9 +115,11 @@ std::string RowWriter::insertSql(const Table& table, const std::vector<FieldChan
   std::string parameters;
   const char* separator = " (";
   for (std::size_t i = 0; i < values.size(); ++i) {
-    sql += separator + quotedName(source_.sources[static_cast<std::size_t>(values[i].field)].column->name);
+    sql += separator;
+    sql += quotedName(source_.sources[static_cast<std::size_t>(values[i].field)].column->name);
     separator = ", ";
-    parameters += (i == 0 ? "?" : ", ?") + std::to_string(i + 1);
+    parameters += i == 0 ? "?" : ", ?";
+    parameters += std::to_string(i + 1);
   }
   return sql + ") VALUES (" + parameters + ")";
 }
@@ -158,7 +160,7 @@ std::vector<FieldChange> RowWriter::insert(const std::vector<FieldChange>& value
     }
   }
   PreparedStatement& statement = insertion(table, values);
-  for (std::size_t i = 0; i < values.size(); ++i) statement.bind(static_cast<int>(i) + 1, values[i].value);
+  for (std::size_t i = 0; i < values.size(); ++i) statement.bindInPlace(static_cast<int>(i) + 1, values[i].value);
   source_.connection->write(statement);
   return filledIn(tableNumber, values);
 }

@@ -37,19 +37,31 @@ void PreparedStatement::letGo() noexcept {
 }
 
 void PreparedStatement::bind(int index, const Value& value) {
+  bind(index, value, SQLITE_TRANSIENT);
+}
+
+void PreparedStatement::bindInPlace(int index, const Value& value) {
+  bind(index, value, SQLITE_STATIC);
+}
+
+void PreparedStatement::bind(int index, const Value& value, void (*ofText)(void*)) {
   struct Binder {
     sqlite3_stmt* statement;
     int index;
+    void (*ofText)(void*);
     int operator()(Null) const { return sqlite3_bind_null(statement, index); }
     int operator()(bool yes) const { return sqlite3_bind_int(statement, index, yes ? -1 : 0); }
     int operator()(std::int64_t number) const { return sqlite3_bind_int64(statement, index, number); }
     int operator()(double number) const { return sqlite3_bind_double(statement, index, number); }
     int operator()(const std::string& text) const {
+      return sqlite3_bind_text64(statement, index, text.data(), text.size(), ofText, SQLITE_UTF8);
+    }
+    int operator()(const text::DateTime& date) const {
+      const std::string text = date.iso();
       return sqlite3_bind_text64(statement, index, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
     }
-    int operator()(const text::DateTime& date) const { return (*this)(date.iso()); }
   };
-  const int code = std::visit(Binder{statement_, index}, value);
+  const int code = std::visit(Binder{statement_, index, ofText}, value);
   if (code != SQLITE_OK) throw sqliteError(cache_->database(), code, cache_->fileName());
 }
 

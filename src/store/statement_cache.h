@@ -23,14 +23,16 @@ class PreparedStatement {
   PreparedStatement& operator=(PreparedStatement&& other) noexcept;
   ~PreparedStatement();
 
-  void bind(int index, const Value& value);  // index from 1
-  bool step();                               // true when there is a row
+  void bind(int index, const Value& value);         // index from 1
+  void bindInPlace(int index, const Value& value);  // the value stays where it is until the statement has run
+  bool step();                                      // true when there is a row
   void reset();
   sqlite3_stmt* handle() const { return statement_; }
 
  private:
   friend class StatementCache;
   PreparedStatement(std::shared_ptr<StatementCache> cache, std::string sql, sqlite3_stmt* statement);
+  void bind(int index, const Value& value, void (*ofText)(void*));
   void letGo() noexcept;
 
   std::shared_ptr<StatementCache> cache_;

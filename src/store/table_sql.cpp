@@ -71,12 +71,16 @@ bool keyStandsInColumn(const Table& table) {
 }  // namespace
 
 std::string quotedName(std::string_view name) {
-  std::string quoted = "\"";
-  for (char c : name) {
-    if (c == '"') quoted += '"';
-    quoted += c;
+  std::string quoted;
+  quoted.reserve(name.size() + 2);
+  quoted += '"';
+  for (std::size_t mark; (mark = name.find('"')) != name.npos; name.remove_prefix(mark + 1)) {
+    quoted += name.substr(0, mark);
+    quoted += "\"\"";
   }
-  return quoted + '"';
+  quoted += name;
+  quoted += '"';
+  return quoted;
 }
 
 std::string createTableSql(const Table& table) {

@@ -201,6 +201,7 @@ double withoutNegativeZero(double value) {
 std::string numberText(double value) {
   if (std::isnan(value)) return "nan";
   if (std::isinf(value)) return value < 0 ? "-inf" : "inf";
+  if (std::abs(value) < 1e15 && std::trunc(value) == value) return std::to_string(static_cast<std::int64_t>(value));
   const Decimal decimal = Decimal::of(value);
   std::string text = decimal.negative ? "-" : "";
   if (decimal.exponent >= 15 || decimal.exponent < -4) {

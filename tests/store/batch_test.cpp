@@ -171,8 +171,8 @@ TEST_F(Batch, RowThatAnotherChangedKeepsTheBatchOutUntilItIsShownAgain) {
   EXPECT_EQ(stored(), "1A7 2B1 3C1 ");
 }
 
-// Seeded edits against a plain list of what the grid should hold; now and then a batch that is written, cancelled, or
-// undone with its transaction.
+// Seeded edits against a plain list of what the grid should hold; now and then a batch that is written, cancelled,
+// undone with its transaction, or mended within it.
 TEST_F(Batch, AnySequenceOfEditsLeavesWhatAListOfThemWould) {
   struct Line {
     std::string item;
@@ -196,12 +196,15 @@ TEST_F(Batch, AnySequenceOfEditsLeavesWhatAListOfThemWould) {
     SCOPED_TRACE(step);
     const auto at = static_cast<std::int64_t>(shown.empty() ? 0 : random() % shown.size());
     const std::string quantity = std::to_string(random() % 90);
-    switch (shown.empty() ? 0 : random() % 12) {
+    switch (shown.empty() ? 0 : random() % 13) {
       case 0:
       case 1:
-      case 2:
         shown.push_back({"N" + std::to_string(step), quantity});
         rows.addNew({{"OrderNo", std::int64_t{1}}, {"Item", shown.back().item}, {"Qty", quantity}});
+        break;
+      case 2:
+        shown.push_back({"B" + std::to_string(step), ""});
+        rows.addNew({{"Item", shown.back().item}, {"OrderNo", std::int64_t{1}}});
         break;
       case 3:
       case 4:
@@ -231,6 +234,21 @@ TEST_F(Batch, AnySequenceOfEditsLeavesWhatAListOfThemWould) {
         rows.remove();
         rows.addNew({{"OrderNo", std::int64_t{99}}});
         EXPECT_EQ(failureOf([&] { rows.updateBatch(); }), ErrorKind::Constraint);
+        break;
+      }
+      case 11: {
+        Connection::Transaction mended(shop.connection);
+        rows.addNew({{"OrderNo", std::int64_t{99}}});
+        rows.setAt(at, rows.fieldIndex("Qty"), quantity);
+        rows.moveTo(at);
+        rows.remove();
+        EXPECT_EQ(failureOf([&] { rows.updateBatch(); }), ErrorKind::Constraint);
+        rows.moveLast();
+        rows.remove();
+        rows.updateBatch();
+        mended.commit();
+        shown.erase(shown.begin() + at);
+        written = shown;
         break;
       }
       default:
