@@ -40,12 +40,16 @@ QPushButton* makeButton(const QString& name, const QString& caption, const QStri
   return button;
 }
 
+int widthOf(const forms::TableColumn& column, const QWidget& widget) {
+  return column.width * widget.fontMetrics().averageCharWidth() + 16;
+}
+
 void spreadWidths(QTableView& grid, const std::vector<forms::TableColumn>& columns) {
   int widest = 0;
   for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
-    const int width = columns[static_cast<std::size_t>(i)].width;
-    grid.setColumnWidth(i, width * grid.fontMetrics().averageCharWidth() + 16);
-    if (width > columns[static_cast<std::size_t>(widest)].width) widest = i;
+    const forms::TableColumn& column = columns[static_cast<std::size_t>(i)];
+    grid.setColumnWidth(i, widthOf(column, grid));
+    if (column.width > columns[static_cast<std::size_t>(widest)].width) widest = i;
   }
   grid.horizontalHeader()->setSectionResizeMode(widest, QHeaderView::Stretch);
 }
@@ -205,7 +209,18 @@ GridDialog::GridDialog(GridEditorType type, session::Workplace& workplace, QWidg
   forms::setGrid(*column, 0);
   column->addWidget(editor_);
   connect(editor_, &GridEditor::closeRequested, this, &QDialog::reject);
-  resize(900, 600);
+  resize(roomyWidth(), 600);
+}
+
+// For the columns side by side, as far as the window below is wide.
+int GridDialog::roomyWidth() const {
+  constexpr int narrowest = 900;
+  int wanted = 4 * forms::spacing::Section;
+  const auto& columns = editor_->model().columns();
+  for (int i = 0; i < static_cast<int>(columns.size()); ++i)
+    if (!editor_->grid().isColumnHidden(i)) wanted += widthOf(columns[static_cast<std::size_t>(i)], *this);
+  const int room = parentWidget() ? parentWidget()->window()->width() - 40 : wanted;
+  return std::max(narrowest, std::min(wanted, room));
 }
 
 void GridDialog::done(int result) {

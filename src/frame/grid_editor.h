@@ -92,6 +92,8 @@ class GridDialog : public QDialog {
   void done(int result) override;
 
  private:
+  int roomyWidth() const;
+
   GridEditor* editor_;
 };
 

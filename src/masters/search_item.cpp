@@ -19,7 +19,7 @@ forms::TableColumn figureColumn(const char* caption, const char* field) {
           .field = field,
           .format = "#,##0.00;(#,##0.00)",
           .alignment = ColumnAlignment::Right,
-          .width = 12};
+          .width = 11};
 }
 
 void addSearch(GridEditor& editor, QHBoxLayout& row) {
@@ -67,14 +67,14 @@ QWidget* makeSearchItem(session::Workplace& workplace, QWidget* parent) {
   return new frame::GridDialog({.screen = "SearchItem",
                                 .title = "Search Item",
                                 .grid = "ItemGrid",
-                                .columns = {{.caption = "Item Code", .field = "ItemCode", .width = 16},
+                                .columns = {{.caption = "Item Code", .field = "ItemCode", .width = 14},
                                             {.caption = "Item Name", .field = "ItemName", .width = 34},
                                             figureColumn("Selling Price", "SellingPrice"),
                                             figureColumn("In Stock", "SumOfBal"),
-                                            {.caption = "Unit", .field = "Unit", .width = 7},
-                                            {.caption = "Rack", .field = "Rack", .width = 8},
+                                            {.caption = "Unit", .field = "Unit", .width = 5},
+                                            {.caption = "Rack", .field = "Rack", .width = 6},
                                             {.caption = "Sub Category", .field = "SubCatName", .width = 16},
-                                            {.caption = "Category", .field = "CatName", .width = 14}},
+                                            {.caption = "Category", .field = "CatName", .width = 12}},
                                 .filters = addSearch,
                                 .saves = false},
                                workplace, parent);
