@@ -6,7 +6,7 @@
 #include "demo_company/openings.h"
 #include "demo_company/parties.h"
 #include "demo_company/people.h"
-#include "demo_company/sales.h"
+#include "demo_company/trade.h"
 #include "schema/company_schema.h"
 #include "session/login.h"
 
@@ -36,7 +36,7 @@ void makeDemonstrationCompany(const std::filesystem::path& folder, const text::D
     session::LoginRecords records(context.KORDconn);
     session::fillLoginContext(context, records);
     records.close();
-    writeSales(context, dice, now);
+    writeTrade(context, dice, now);
     context.KORDconn.close();
   });
 }
