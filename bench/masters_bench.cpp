@@ -99,6 +99,10 @@ void chooseRow(QTableView& list, const QString& code) {
   throw std::logic_error("no row " + code.toStdString());
 }
 
+void reportOnce(benchmark::State& state, const std::string& name, const Durations& durations) {
+  state.counters[name + "_ms"] = durations.mean() * 1e3;
+}
+
 void report(benchmark::State& state, const std::string& name, const Durations& durations) {
   state.counters[name + "_p95_ms"] = durations.percentile(0.95) * 1e3;
   state.counters[name + "_max_ms"] = durations.percentile(1) * 1e3;
@@ -119,10 +123,10 @@ void StepsThroughALargeSubCategory(benchmark::State& state) {
     toEnd.measure([&] { press(list, Qt::Key_End); });
     if (list.model()->rowCount() < 50000) throw std::logic_error("the sub category is too small");
     for (int step = 0; step < 500; ++step) up.measure([&] { press(list, Qt::Key_Up); });
-    report(state, "open", open);
-    report(state, "load", load);
+    reportOnce(state, "open", open);
+    reportOnce(state, "load", load);
     report(state, "down", down);
-    report(state, "end", toEnd);
+    reportOnce(state, "end", toEnd);
     report(state, "up", up);
   }
 }
@@ -157,11 +161,11 @@ void searchIn(benchmark::State& state, Make make, const std::vector<std::string>
       static_cast<QDialog*>(QApplication::activeModalWidget())->reject();
     });
     picker.measure([&] { control<QPushButton>(dialog, "FindBttn").click(); });
-    report(state, "open", open);
-    report(state, "picker", picker);
+    reportOnce(state, "open", open);
+    reportOnce(state, "picker", picker);
     report(state, "key", plain);
     report(state, "wildcard_key", wildcards);
-    report(state, "pick", pick);
+    reportOnce(state, "pick", pick);
   }
 }
 
@@ -193,13 +197,13 @@ void OpenOtherScreens(benchmark::State& state) {
     desk.context().SearchText = "1";
     desk.open(masters::makeSearchItem, searchMany);
     desk.open(masters::makeInvBelowReorder, belowReorder);
-    report(state, "customers", customers);
-    report(state, "prices", prices);
-    report(state, "margin", margin);
-    report(state, "save", save);
-    report(state, "search_one", searchOne);
-    report(state, "search_many", searchMany);
-    report(state, "below_reorder", belowReorder);
+    reportOnce(state, "customers", customers);
+    reportOnce(state, "prices", prices);
+    reportOnce(state, "margin", margin);
+    reportOnce(state, "save", save);
+    reportOnce(state, "search_one", searchOne);
+    reportOnce(state, "search_many", searchMany);
+    reportOnce(state, "below_reorder", belowReorder);
   }
 }
 BENCHMARK(OpenOtherScreens)->Iterations(1)->Unit(benchmark::kMillisecond);
