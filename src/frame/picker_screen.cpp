@@ -127,7 +127,7 @@ void PickerScreen::count() {
 }
 
 void PickerScreen::countOn() {
-  constexpr int slice = 8;  // milliseconds
+  constexpr int slice = 4;  // milliseconds
   if (!model_->searchFor(slice)) return;
   counting_.stop();
   showCount();
