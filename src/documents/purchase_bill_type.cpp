@@ -2,20 +2,13 @@
 
 #include "documents/find_screens.h"
 #include "documents/trade_rules.h"
-#include "store/value.h"
 #include "text/number.h"
 
 namespace velmo::documents {
 
 namespace {
 
-using frame::above;
-using frame::below;
 using frame::DocumentValues;
-using frame::Figure;
-using frame::minus;
-using frame::Narration;
-using frame::PostedAccount;
 
 std::vector<frame::DocumentField> fields() {
   using enum frame::FieldPlace;
@@ -32,36 +25,10 @@ std::string purchaseOrderStatement(const std::string& number, int fyid) {
          " and trantype=92 and fyid = " + std::to_string(fyid) + " and cancel = No";
 }
 
-frame::PostingTable posting() {
-  using enum Figure;
-  return {.documentName = [](const DocumentValues& v) { return "Invoice No " + v.DocNo + "/" + v.field("D1"); },
-          .rows = {
-              {.account = PostedAccount::Head, .narration = Narration::Lines, .debit = GTotal},
-              {.when = {above(Carriage)},
-               .account = frame::carriageInwards,
-               .narration = Narration::Lines,
-               .debit = Carriage},
-              {.when = {below(Carriage)},
-               .account = frame::carriageInwards,
-               .narration = Narration::Lines,
-               .credit = minus(Carriage)},
-              {.when = {above(Received), above(Balance)}, .account = PostedAccount::Party, .debit = Received},
-              {.when = {above(Received)}, .account = frame::cashInHand, .credit = Received},
-              {.when = {above(Balance)}, .account = PostedAccount::Party, .credit = NetTotal},
-          }};
-}
-
 frame::AgingRow openItem(const DocumentValues& values) {
-  const std::int64_t docNo = store::integerOf(values.DocNo);
-  return {.docNo = docNo,
-          .docNo2 = docNo,
-          .vendorInvNo = values.field("D1"),
-          .tranDate = values.TrDate,
-          .tranDate2 = values.TrDate,
-          .partyCode = store::integerOf(values.PartyCodeTxt),
-          .trAmount = netTotalOf(values),
-          .payment = receivedOf(values),
-          .totPayment = receivedOf(values)};
+  frame::AgingRow row = ownOpenItem(values);
+  row.vendorInvNo = values.field("D1");
+  return row;
 }
 
 }  // namespace
@@ -74,20 +41,13 @@ const frame::DocumentType& purchaseBillType() {
       .duplicateText = "This Serial No. already exists. Saving this would create duplicate values.",
       .viewRight = 58,
       .find = findPurchasesSimple(),
-      .party = {.caption = "Vendor",
-                .listCondition = "Level1ID=120 or Level1ID=210",
-                .newParty = {.caption = "New Vendor", .right = 12, .dialog = "ModifySuppliers"}},
+      .party = vendors(),
       .head =
           frame::HeadRules{
               .caption = "Expense Account", .listCondition = "Level1ID=500", .initialCode = frame::purchasesExpense},
       .fields = fields(),
       .dateLookups = {{.from = "D2", .to = "D2Dt", .statement = purchaseOrderStatement}},
-      .lines = {.quantityField = "StockIn",
-                .priceField = "PurchasePrice",
-                .priceCaption = "Purchase Price",
-                .historyTranType = purchaseBillTranType,
-                .historyQuantityField = "StockIn",
-                .serialNumbers = frame::SerialNumbers::Kept},
+      .lines = purchaseLines("StockIn"),
       .receivedCaption = "Amount Paid ",
       .validation =
           {fieldFilled("D1", "Select correct vendor invoice number."),
@@ -103,7 +63,10 @@ const frame::DocumentType& purchaseBillType() {
             writeTradeHeader(values, row);
             row.set("InvLedger", context.BillInvLedger);
           },
-      .posting = posting(),
+      .posting =
+          frame::PostingTable{
+              .documentName = [](const DocumentValues& v) { return "Invoice No " + v.DocNo + "/" + v.field("D1"); },
+              .rows = payableRows(frame::carriageInwards)},
       .aging = frame::AgingRule{.side = frame::AgingSide::Payable, .row = openItem},
   };
   return type;

@@ -1,22 +1,13 @@
 #include "documents/purchase_return_type.h"
 
 #include "documents/find_screens.h"
-#include "documents/purchase_bill_type.h"
 #include "documents/trade_rules.h"
-#include "frame/day_text.h"
-#include "store/value.h"
 
 namespace velmo::documents {
 
 namespace {
 
-using frame::above;
-using frame::below;
 using frame::DocumentValues;
-using frame::Figure;
-using frame::minus;
-using frame::Narration;
-using frame::PostedAccount;
 
 std::vector<frame::DocumentField> fields() {
   using enum frame::FieldKind;
@@ -34,38 +25,10 @@ std::vector<frame::DocumentField> fields() {
           {.name = "D2Dt", .column = "D2Date", .label = "Dated ", .kind = Day, .place = Beside}};
 }
 
-frame::PostingTable posting() {
-  using enum Figure;
-  return {
-      .documentName =
-          [](const DocumentValues& v) { return "Invoice No " + v.DocNo + "/" + v.field("D2") + "/" + v.field("D1"); },
-      .rows = {
-          {.when = {above(Received)}, .account = frame::cashInHand, .debit = Received},
-          {.when = {above(Balance)}, .account = PostedAccount::Party, .debit = NetTotal},
-          {.when = {above(Received), above(Balance)}, .account = PostedAccount::Party, .credit = Received},
-          {.account = PostedAccount::Head, .narration = Narration::Lines, .credit = GTotal},
-          {.when = {above(Carriage)},
-           .account = frame::carriageInwards,
-           .narration = Narration::Lines,
-           .credit = Carriage},
-          {.when = {below(Carriage)},
-           .account = frame::carriageInwards,
-           .narration = Narration::Lines,
-           .debit = minus(Carriage)},
-      }};
-}
-
-// Takes the return off the bill that it names; money got back is a payment below zero.
 frame::AgingRow openItem(const DocumentValues& values) {
-  return {.docNo = store::integerOf(values.field("D2")),
-          .docNo2 = store::integerOf(values.DocNo),
-          .vendorInvNo = values.field("D1"),
-          .tranDate = frame::dayFrom(values.field("D2Dt")).value_or(values.TrDate),
-          .tranDate2 = values.TrDate,
-          .partyCode = store::integerOf(values.PartyCodeTxt),
-          .returned = netTotalOf(values),
-          .payment = -receivedOf(values),
-          .totPayment = balanceOf(values)};
+  frame::AgingRow row = returnedItem(values, "D2", "D2Dt");
+  row.vendorInvNo = values.field("D1");
+  return row;
 }
 
 }  // namespace
@@ -78,19 +41,12 @@ const frame::DocumentType& purchaseReturnType() {
       .duplicateText = "This Serial No. already exists. Saving this would create duplicate values.",
       .viewRight = 62,
       .find = findPReturns(),
-      .party = {.caption = "Vendor",
-                .listCondition = "Level1ID=120 or Level1ID=210",
-                .newParty = {.caption = "New Vendor", .right = 12, .dialog = "ModifySuppliers"}},
+      .party = vendors(),
       .head = frame::HeadRules{.caption = "Expense Account",
                                .listCondition = "Level1ID=500",
                                .initialCode = frame::purchaseReturnsExpense},
       .fields = fields(),
-      .lines = {.quantityField = "StockOut",
-                .priceField = "PurchasePrice",
-                .priceCaption = "Purchase Price",
-                .historyTranType = purchaseBillTranType,
-                .historyQuantityField = "StockIn",
-                .serialNumbers = frame::SerialNumbers::Kept},
+      .lines = purchaseLines("StockOut"),
       .receivedCaption = "Amount Paid ",
       .validation = {fieldNumeric("D2", "Purchase number must be a numeric figure."),
                      fieldFilled("D1", "Select correct vendor invoice number."),
@@ -109,7 +65,11 @@ const frame::DocumentType& purchaseReturnType() {
             writeTradeHeader(values, row);
             row.set("InvLedger", returnLeavesStock(values, context));
           },
-      .posting = posting(),
+      .posting = frame::PostingTable{.documentName =
+                                         [](const DocumentValues& v) {
+                                           return "Invoice No " + v.DocNo + "/" + v.field("D2") + "/" + v.field("D1");
+                                         },
+                                     .rows = receivableRows(frame::carriageInwards)},
       .aging = frame::AgingRule{.side = frame::AgingSide::Payable, .row = openItem},
   };
   return type;

@@ -3,7 +3,6 @@
 #include "documents/find_screens.h"
 #include "documents/sale_invoice_type.h"
 #include "documents/trade_rules.h"
-#include "store/value.h"
 
 namespace velmo::documents {
 
@@ -49,19 +48,6 @@ frame::PostingTable posting() {
           .narration = [](const DocumentValues& v) { return v.Desc; }};
 }
 
-// What was tendered, as the panel showed it.
-frame::AgingRow openItem(const DocumentValues& values) {
-  const std::int64_t docNo = store::integerOf(values.DocNo);
-  return {.docNo = docNo,
-          .docNo2 = docNo,
-          .tranDate = values.TrDate,
-          .tranDate2 = values.TrDate,
-          .partyCode = store::integerOf(values.PartyCodeTxt),
-          .trAmount = netTotalOf(values),
-          .payment = receivedOf(values),
-          .totPayment = receivedOf(values)};
-}
-
 }  // namespace
 
 const frame::DocumentType& saleInvoicePosType() {
@@ -72,10 +58,7 @@ const frame::DocumentType& saleInvoicePosType() {
       .duplicateText = "This Serial No. already exists in Sale Invoices. Saving this would create duplicate values.",
       .viewRight = 97,
       .find = findSalesPOS(),
-      .party = {.caption = "Customer",
-                .listCondition = "Level1ID=120 or Level1ID=210",
-                .newParty = {.caption = "New Customer", .right = 12, .dialog = "ModifyCustomers"},
-                .cashCode = frame::walkInCustomer},
+      .party = customers(),
       .head =
           frame::HeadRules{
               .caption = "Income Account", .listCondition = "Level1ID=400", .initialCode = frame::salesIncome},
@@ -108,7 +91,7 @@ const frame::DocumentType& saleInvoicePosType() {
           },
       .keptColumns = {"Text10"},
       .posting = posting(),
-      .aging = frame::AgingRule{.side = frame::AgingSide::Receivable, .row = openItem},
+      .aging = frame::AgingRule{.side = frame::AgingSide::Receivable, .row = ownOpenItem},  // paid is what was tendered
       .printSettings = "InvoiceSettings",
   };
   return type;

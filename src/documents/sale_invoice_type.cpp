@@ -9,14 +9,8 @@ namespace velmo::documents {
 
 namespace {
 
-using frame::above;
-using frame::below;
 using frame::DocumentValues;
-using frame::Figure;
 using frame::HeaderRow;
-using frame::minus;
-using frame::Narration;
-using frame::PostedAccount;
 using frame::SaveSituation;
 
 constexpr std::string_view pointOfSale = "0";  // of InvTypeList
@@ -76,38 +70,6 @@ void header(const DocumentValues& values, const session::LoginContext& context, 
   row.set("InvLedger", context.InvoiceInvLedger);
 }
 
-frame::PostingTable posting() {
-  using enum Figure;
-  return {.documentName = [](const DocumentValues& values) { return "Invoice No " + values.DocNo; },
-          .rows = {
-              {.when = {above(Received)}, .account = frame::cashInHand, .debit = Received},
-              {.when = {above(Balance)}, .account = PostedAccount::Party, .debit = NetTotal},
-              {.when = {above(Received), above(Balance)}, .account = PostedAccount::Party, .credit = Received},
-              {.account = PostedAccount::Head, .narration = Narration::Lines, .credit = GTotal},
-              {.when = {above(Carriage)},
-               .account = frame::carriageOutwards,
-               .narration = Narration::Lines,
-               .credit = Carriage},
-              {.when = {below(Carriage)},
-               .account = frame::carriageOutwards,
-               .narration = Narration::Lines,
-               .debit = minus(Carriage)},
-          }};
-}
-
-frame::AgingRow openItem(const DocumentValues& values) {
-  const std::int64_t docNo = store::integerOf(values.DocNo);
-  const double received = receivedOf(values);
-  return {.docNo = docNo,
-          .docNo2 = docNo,
-          .tranDate = values.TrDate,
-          .tranDate2 = values.TrDate,
-          .partyCode = store::integerOf(values.PartyCodeTxt),
-          .trAmount = netTotalOf(values),
-          .payment = received,
-          .totPayment = received};
-}
-
 }  // namespace
 
 const frame::DocumentType& saleInvoiceType() {
@@ -118,11 +80,7 @@ const frame::DocumentType& saleInvoiceType() {
       .duplicateText = "This Serial No. already exists in Sale Invoices. Saving this would create duplicate values.",
       .viewRight = 94,
       .find = findSalesSimple(),
-      .party = {.caption = "Customer",
-                .listCondition = "Level1ID=120 or Level1ID=210",
-                .newParty = {.caption = "New Customer", .right = 12, .dialog = "ModifyCustomers"},
-                .cashCode = frame::walkInCustomer,
-                .cashRule = frame::ReceivedRule::WholeNetTotal},
+      .party = customers(),
       .head =
           frame::HeadRules{
               .caption = "Income Account", .listCondition = "Level1ID=400", .initialCode = frame::salesIncome},
@@ -133,8 +91,9 @@ const frame::DocumentType& saleInvoiceType() {
       .header = header,
       .keptColumns = {"Text10"},
       .convertedColumn = "Text10",
-      .posting = posting(),
-      .aging = frame::AgingRule{.side = frame::AgingSide::Receivable, .row = openItem},
+      .posting = frame::PostingTable{.documentName = [](const DocumentValues& v) { return "Invoice No " + v.DocNo; },
+                                     .rows = receivableRows(frame::carriageOutwards)},
+      .aging = frame::AgingRule{.side = frame::AgingSide::Receivable, .row = ownOpenItem},
       .conversions = {{.name = "ConvertBttn2", .caption = "Convert D.C."},
                       {.name = "ConvertBttn3", .caption = "Convert O.G.P."}},
       .printSettings = "InvoiceSettings",

@@ -2,20 +2,12 @@
 
 #include "documents/find_screens.h"
 #include "documents/trade_rules.h"
-#include "frame/day_text.h"
-#include "store/value.h"
 
 namespace velmo::documents {
 
 namespace {
 
-using frame::above;
-using frame::below;
 using frame::DocumentValues;
-using frame::Figure;
-using frame::minus;
-using frame::Narration;
-using frame::PostedAccount;
 
 std::vector<frame::DocumentField> fields() {
   using enum frame::FieldKind;
@@ -31,37 +23,6 @@ std::vector<frame::DocumentField> fields() {
           {.name = "D1Dt", .column = "D1Date", .label = "Dated ", .kind = Day, .place = Beside}};
 }
 
-frame::PostingTable posting() {
-  using enum Figure;
-  return {.documentName = [](const DocumentValues& v) { return "Invoice No " + v.DocNo + "/" + v.field("D1"); },
-          .rows = {
-              {.account = PostedAccount::Head, .narration = Narration::Lines, .debit = GTotal},
-              {.when = {above(Carriage)},
-               .account = frame::carriageOutwards,
-               .narration = Narration::Lines,
-               .debit = Carriage},
-              {.when = {below(Carriage)},
-               .account = frame::carriageOutwards,
-               .narration = Narration::Lines,
-               .credit = minus(Carriage)},
-              {.when = {above(Received), above(Balance)}, .account = PostedAccount::Party, .debit = Received},
-              {.when = {above(Received)}, .account = frame::cashInHand, .credit = Received},
-              {.when = {above(Balance)}, .account = PostedAccount::Party, .credit = NetTotal},
-          }};
-}
-
-// Takes the return off the invoice that it names; money paid back is a payment below zero.
-frame::AgingRow openItem(const DocumentValues& values) {
-  return {.docNo = store::integerOf(values.field("D1")),
-          .docNo2 = store::integerOf(values.DocNo),
-          .tranDate = frame::dayFrom(values.field("D1Dt")).value_or(values.TrDate),
-          .tranDate2 = values.TrDate,
-          .partyCode = store::integerOf(values.PartyCodeTxt),
-          .returned = netTotalOf(values),
-          .payment = -receivedOf(values),
-          .totPayment = balanceOf(values)};
-}
-
 }  // namespace
 
 const frame::DocumentType& saleReturnType() {
@@ -72,11 +33,7 @@ const frame::DocumentType& saleReturnType() {
       .duplicateText = "This Serial No. already exists. Saving this would create duplicate values.",
       .viewRight = 100,
       .find = findSReturns(),
-      .party = {.caption = "Customer",
-                .listCondition = "Level1ID=120 or Level1ID=210",
-                .newParty = {.caption = "New Customer", .right = 12, .dialog = "ModifyCustomers"},
-                .cashCode = frame::walkInCustomer,
-                .cashRule = frame::ReceivedRule::WholeNetTotal},
+      .party = customers(),
       .head =
           frame::HeadRules{
               .caption = "Income Account", .listCondition = "Level1ID=400", .initialCode = frame::salesReturnsIncome},
@@ -99,8 +56,12 @@ const frame::DocumentType& saleReturnType() {
             writeTradeHeader(values, row);
             row.set("InvLedger", returnLeavesStock(values, context));
           },
-      .posting = posting(),
-      .aging = frame::AgingRule{.side = frame::AgingSide::Receivable, .row = openItem},
+      .posting =
+          frame::PostingTable{
+              .documentName = [](const DocumentValues& v) { return "Invoice No " + v.DocNo + "/" + v.field("D1"); },
+              .rows = payableRows(frame::carriageOutwards)},
+      .aging = frame::AgingRule{.side = frame::AgingSide::Receivable,
+                                .row = [](const DocumentValues& v) { return returnedItem(v, "D1", "D1Dt"); }},
   };
   return type;
 }

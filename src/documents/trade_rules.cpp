@@ -1,12 +1,18 @@
 #include "documents/trade_rules.h"
 
+#include "frame/day_text.h"
 #include "store/value.h"
 #include "text/number.h"
 
 namespace velmo::documents {
 
+using frame::above;
+using frame::below;
 using frame::DocumentValues;
 using frame::Figure;
+using frame::minus;
+using frame::Narration;
+using frame::PostedAccount;
 using frame::SaveSituation;
 
 frame::ValidationStep headAccountChosen(std::string_view words) {
@@ -55,6 +61,77 @@ void writeTradeHeader(const DocumentValues& values, frame::HeaderRow& row) {
 
 bool returnLeavesStock(const DocumentValues& values, const session::LoginContext& context) {
   return context.BillInvLedger || values.field("NoteType") == "1";
+}
+
+frame::PartyRules customers() {
+  return {.caption = "Customer",
+          .listCondition = "Level1ID=120 or Level1ID=210",
+          .newParty = {.caption = "New Customer", .right = 12, .dialog = "ModifyCustomers"},
+          .cashCode = frame::walkInCustomer,
+          .cashRule = frame::ReceivedRule::WholeNetTotal};
+}
+
+frame::PartyRules vendors() {
+  return {.caption = "Vendor",
+          .listCondition = "Level1ID=120 or Level1ID=210",
+          .newParty = {.caption = "New Vendor", .right = 12, .dialog = "ModifySuppliers"}};
+}
+
+frame::ItemGridKind purchaseLines(const std::string& quantityField) {
+  constexpr int purchaseBills = 22;
+  return {.quantityField = quantityField,
+          .priceField = "PurchasePrice",
+          .priceCaption = "Purchase Price",
+          .historyTranType = purchaseBills,
+          .historyQuantityField = "StockIn",
+          .serialNumbers = frame::SerialNumbers::Kept};
+}
+
+std::vector<frame::PostingRow> receivableRows(const frame::FixedAccount& carriage) {
+  using enum Figure;
+  return {
+      {.when = {above(Received)}, .account = frame::cashInHand, .debit = Received},
+      {.when = {above(Balance)}, .account = PostedAccount::Party, .debit = NetTotal},
+      {.when = {above(Received), above(Balance)}, .account = PostedAccount::Party, .credit = Received},
+      {.account = PostedAccount::Head, .narration = Narration::Lines, .credit = GTotal},
+      {.when = {above(Carriage)}, .account = carriage, .narration = Narration::Lines, .credit = Carriage},
+      {.when = {below(Carriage)}, .account = carriage, .narration = Narration::Lines, .debit = minus(Carriage)},
+  };
+}
+
+std::vector<frame::PostingRow> payableRows(const frame::FixedAccount& carriage) {
+  using enum Figure;
+  return {
+      {.account = PostedAccount::Head, .narration = Narration::Lines, .debit = GTotal},
+      {.when = {above(Carriage)}, .account = carriage, .narration = Narration::Lines, .debit = Carriage},
+      {.when = {below(Carriage)}, .account = carriage, .narration = Narration::Lines, .credit = minus(Carriage)},
+      {.when = {above(Received), above(Balance)}, .account = PostedAccount::Party, .debit = Received},
+      {.when = {above(Received)}, .account = frame::cashInHand, .credit = Received},
+      {.when = {above(Balance)}, .account = PostedAccount::Party, .credit = NetTotal},
+  };
+}
+
+frame::AgingRow ownOpenItem(const DocumentValues& values) {
+  const std::int64_t docNo = store::integerOf(values.DocNo);
+  return {.docNo = docNo,
+          .docNo2 = docNo,
+          .tranDate = values.TrDate,
+          .tranDate2 = values.TrDate,
+          .partyCode = store::integerOf(values.PartyCodeTxt),
+          .trAmount = netTotalOf(values),
+          .payment = receivedOf(values),
+          .totPayment = receivedOf(values)};
+}
+
+frame::AgingRow returnedItem(const DocumentValues& values, std::string_view numberField, std::string_view dayField) {
+  return {.docNo = store::integerOf(values.field(numberField)),
+          .docNo2 = store::integerOf(values.DocNo),
+          .tranDate = frame::dayFrom(values.field(dayField)).value_or(values.TrDate),
+          .tranDate2 = values.TrDate,
+          .partyCode = store::integerOf(values.PartyCodeTxt),
+          .returned = netTotalOf(values),
+          .payment = -receivedOf(values),
+          .totPayment = balanceOf(values)};
 }
 
 double netTotalOf(const DocumentValues& values) {

@@ -23,6 +23,24 @@ void writeTradeHeader(const frame::DocumentValues& values, frame::HeaderRow& row
 // Every return follows the setting of the purchase bill; a rate adjustment (index 1 of `NoteType`) never moves stock.
 bool returnLeavesStock(const frame::DocumentValues& values, const session::LoginContext& context);
 
+// The parties of sales and of purchases, with the command that makes a new one.
+frame::PartyRules customers();
+frame::PartyRules vendors();
+
+// Lines that bring the purchase price along and show the last purchases. The field holds what comes in or goes out.
+frame::ItemGridKind purchaseLines(const std::string& quantityField);
+
+// The ledger of what is owed to us, a sale invoice or a purchase return: the money first, the second account last.
+std::vector<frame::PostingRow> receivableRows(const frame::FixedAccount& carriage);
+// Of what we owe, a purchase bill or a sale return: the reverse.
+std::vector<frame::PostingRow> payableRows(const frame::FixedAccount& carriage);
+
+// The open item of an invoice or a bill under its own number.
+frame::AgingRow ownOpenItem(const frame::DocumentValues& values);
+// Takes a return off the invoice or bill that its fields name; money that went back is a payment below zero.
+frame::AgingRow returnedItem(const frame::DocumentValues& values, std::string_view numberField,
+                             std::string_view dayField);
+
 // Figures as the open items take them.
 double netTotalOf(const frame::DocumentValues& values);
 double receivedOf(const frame::DocumentValues& values);
