@@ -16,17 +16,23 @@ class PreviewWindow;
 
 namespace velmo::tour {
 
+inline constexpr const char* priceList = "price-list.csv";
+
 // Answers the program's questions on the way and keeps what was said; questions are answered with yes.
 class TravelPrompts : public session::Prompts {
  public:
   session::Answer ask(const session::Prompt& prompt) override;
 };
 
-// Files that print-outs are saved to go into the tour's folder, under their proposed names.
+// Files that print-outs are saved to go into the tour's folder, under their proposed names. What is opened is the price
+// list in the company's folder, once there is one.
 class TravelFiles : public session::FileChooser {
  public:
   explicit TravelFiles(std::filesystem::path folder) : folder_(std::move(folder)) {}
-  std::string openFile(const std::string&, const std::string&, const std::string&) override { return {}; }
+  std::string openFile(const std::string&, const std::string&, const std::string&) override {
+    const std::filesystem::path offered = std::filesystem::current_path() / priceList;
+    return std::filesystem::exists(offered) ? offered.string() : std::string();
+  }
   std::string saveFile(const std::string&, const std::string&, const std::string& proposedName) override {
     return (folder_ / proposedName).string();
   }

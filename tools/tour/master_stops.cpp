@@ -1,5 +1,7 @@
 #include <QPushButton>
 #include <QTableView>
+#include <filesystem>
+#include <fstream>
 
 #include "guide.h"
 
@@ -26,6 +28,8 @@ const std::vector<MasterStop>& masterStops() {
       {"InvBrands", "brands"},
       {"InvLocations", "locations"},
       {"Employees", "employees"},
+      {"Jobs", "jobs"},
+      {"InventorySettings", "inventory-settings"},
       {"InvPrices", "item-prices"},
       {"InvReorderSettings", "re-order-levels"},
       {"InvValuation", "valuation-methods"},
@@ -51,6 +55,28 @@ void visitPicker(Guide& guide, QWidget& dialog, const char* name, const QString&
                  });
 }
 
+// A supplier's price list, with what goes wrong in such lists.
+void visitImport(Guide& guide, QWidget& dialog) {
+  std::ofstream(priceList) << "Barcode,Product,Category,Sub category,Brand,Unit,Cost,Price\n"
+                              "2900000000017,Garden Hose 20 m,PLB,PLB01,Granite,Roll,9.40,13.95\n"
+                              "2900000000024,Garden Hose 30 m,PLB,PLB01,Granite,Roll,13.10,18.95\n"
+                              "2000000010014,Claw Hammer,HND,HND01,Bluefin,Pcs,4.10,5.70\n"
+                              "2900000000031,Hose Connector,PLB,PLB01,Granite,Pcs,n/a,1.25\n"
+                              "2900000000048,,PLB,PLB01,Granite,Pcs,0.60,0.95\n";
+  guide.inDialog([&] { guide.control<QPushButton>(dialog, "ImportBttn").click(); },
+                 [&](QWidget& import) {
+                   auto& next = guide.control<QPushButton>(import, "NextBttn");
+                   next.click();
+                   guide.rest(50);
+                   guide.picture(import, "import-file");
+                   next.click();
+                   guide.picture(import, "import-columns");
+                   next.click();
+                   guide.picture(import, "import-check");
+                 });
+  std::filesystem::remove(priceList);
+}
+
 void visitStock(Guide& guide, shell::Parent& shell) {
   session::ScreenOpener& screens = shell.workplace().screens;
   shell.workplace().context.SearchText = "04";
@@ -74,6 +100,7 @@ void visitMasters(Guide& guide, shell::Parent& shell) {
                      const std::string name = stop.dialog;
                      if (name == "ModifyAccounts") visitPicker(guide, dialog, "find-account", "bank");
                      if (name == "ModifyInventory") visitPicker(guide, dialog, "find-item", "oil");
+                     if (name == "ModifyInventory") visitImport(guide, dialog);
                    });
   visitStock(guide, shell);
 }
