@@ -140,11 +140,9 @@ void RowSet::setEdits(RowId row, Edits edits) {
 }
 
 void RowSet::markDeleted(RowId row) {
-  const RowState present = state(row);
-  const bool remembered = isToRemember(row, false);
-  Edits edits = takeEdits(row);
-  if (remembered) undo_.push_back({.row = row, .state = present, .edits = std::move(edits), .stored = {}});
-  setState(row, present == RowState::Inserted ? RowState::Gone : RowState::Deleted);
+  remember(row);
+  takeEdits(row);
+  setState(row, state(row) == RowState::Inserted ? RowState::Gone : RowState::Deleted);
 }
 
 void RowSet::discard(RowId row) {
@@ -190,16 +188,17 @@ void RowSet::write(RowId row, const RowWriter& writer) {
 // The pending values become the stored ones.
 void RowSet::store(RowId row, Edits filledIn) {
   const auto place = static_cast<std::size_t>(row);
+  const RowState present = state(row);
   const bool remembered = isToRemember(row, true);
-  Undo before{.row = row, .state = state(row), .edits = takeEdits(row), .stored = {}};
-  before.stored.reserve(remembered ? source_->types.size() : 0);
-  for (std::size_t i = 0; remembered && i < source_->types.size(); ++i)
-    before.stored.push_back(stored_.value(place, i));
-  for (const Edits* written : {&before.edits, &filledIn}) {
+  Edits edits = takeEdits(row);
+  std::vector<Value> before;
+  before.reserve(remembered ? source_->types.size() : 0);
+  for (std::size_t i = 0; remembered && i < source_->types.size(); ++i) before.push_back(stored_.value(place, i));
+  for (const Edits* written : {&edits, &filledIn}) {
     for (const FieldChange& change : *written) stored_.set(place, static_cast<std::size_t>(change.field), change.value);
   }
   setState(row, RowState::Clean);
-  if (remembered) undo_.push_back(std::move(before));
+  if (remembered) remember(row, present, std::move(edits), std::move(before));
 }
 
 // Whether the open transaction needs a record of the row as it is now. Between two marks the first record of a row is
@@ -213,11 +212,18 @@ bool RowSet::isToRemember(RowId row, bool storedToo) {
     connection.enrol(shared_from_this());
   }
   const bool isLast = undo_.size() > undoMark_ && undo_.back().row == row;
-  return !isLast || (storedToo && undo_.back().stored.empty());
+  return !isLast || (storedToo && (undo_.back().content == nullptr || undo_.back().content->stored.empty()));
 }
 
 void RowSet::remember(RowId row) {
-  if (isToRemember(row, false)) undo_.push_back({.row = row, .state = state(row), .edits = edits(row), .stored = {}});
+  if (isToRemember(row, false)) remember(row, state(row), edits(row), {});
+}
+
+void RowSet::remember(RowId row, RowState state, Edits edits, std::vector<Value> stored) {
+  const bool empty = edits.empty() && stored.empty();
+  undo_.push_back({.row = row,
+                   .state = state,
+                   .content = empty ? nullptr : std::make_unique<Content>(std::move(edits), std::move(stored))});
 }
 
 std::size_t RowSet::undoMark() {
@@ -229,12 +235,13 @@ void RowSet::undoTo(std::size_t mark) {
   while (undo_.size() > mark) {
     Undo before = std::move(undo_.back());
     undo_.pop_back();
-    for (std::size_t i = 0; i < before.stored.size(); ++i) {
-      stored_.set(static_cast<std::size_t>(before.row), i, before.stored[i]);
-    }
     setState(before.row, before.state);
     takeEdits(before.row);
-    if (!before.edits.empty()) setEdits(before.row, std::move(before.edits));
+    if (before.content == nullptr) continue;
+    for (std::size_t i = 0; i < before.content->stored.size(); ++i) {
+      stored_.set(static_cast<std::size_t>(before.row), i, before.content->stored[i]);
+    }
+    if (!before.content->edits.empty()) setEdits(before.row, std::move(before.content->edits));
   }
 }
 

@@ -75,11 +75,15 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   void rolledBack() noexcept override;
 
  private:
+  // What a row was. Of most rows, blank ones that leave a sheet, the state says it all.
+  struct Content {
+    Edits edits;
+    std::vector<Value> stored;  // empty unless the stored values changed
+  };
   struct Undo {
     RowId row;
     RowState state;
-    Edits edits;
-    std::vector<Value> stored;  // empty unless the stored values changed
+    std::unique_ptr<Content> content;  // nullptr: no edits, stored values unchanged
   };
 
   explicit RowSet(std::shared_ptr<const ResultSource> source);
@@ -88,6 +92,7 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   void store(RowId row, Edits filledIn);
   const Edits* pendingEdits(RowId row) const;  // nullptr for none
   Edits takeEdits(RowId row);
+  void remember(RowId row, RowState state, Edits edits, std::vector<Value> stored);
   void setEdits(RowId row, Edits edits);
   bool isToRemember(RowId row, bool storedToo);
   void remember(RowId row);
