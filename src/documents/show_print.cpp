@@ -1,11 +1,15 @@
 #include "documents/show_print.h"
 
 #include "printing/preview_window.h"
+#include "printing/print_at_once.h"
+#include "session/settings.h"
 
 namespace velmo::documents {
 
-void showPrint(session::Workplace& workplace, const frame::DocumentValues& onScreen, QWidget* screen, InvoiceKind kind,
-               const MakePrint& make) {
+namespace {
+
+std::optional<printing::Report> makeReport(session::Workplace& workplace, const frame::DocumentValues& onScreen,
+                                           InvoiceKind kind, const MakePrint& make) {
   session::LoginContext& context = workplace.context;
   const store::Recordset lines(
       context.KORDconn, "Select * from stockflow where tranno = " + context.PrintRS.text("tranno") + " order by serial",
@@ -13,9 +17,33 @@ void showPrint(session::Workplace& workplace, const frame::DocumentValues& onScr
   const PrintRequest request{.kind = kind,
                              .state = onScreen.Cancel ? DocumentState::Cancelled : DocumentState::Valid,
                              .today = workplace.clock.today()};
-  std::optional<printing::Report> report = make(context, context.PrintRS, lines, request);
+  return make(context, context.PrintRS, lines, request);
+}
+
+}  // namespace
+
+void showPrint(session::Workplace& workplace, const frame::DocumentValues& onScreen, QWidget* screen, InvoiceKind kind,
+               const MakePrint& make) {
+  std::optional<printing::Report> report = makeReport(workplace, onScreen, kind, make);
   if (!report) return;
+  session::LoginContext& context = workplace.context;
   printing::showPreview(screen, std::move(*report), workplace.files, [&context] { context.PrintRS = {}; });
+}
+
+void printSlip(session::Workplace& workplace, const frame::DocumentValues& onScreen, QWidget* screen,
+               const MakePrint& make) {
+  session::LoginContext& context = workplace.context;
+  const std::string printer = session::setting(context.KORDconn, session::settings::SlipPrinter);
+  if (!printer.empty()) {
+    std::optional<printing::Report> slip = makeReport(workplace, onScreen, InvoiceKind::Sale, make);
+    const std::optional<std::string> problem = printing::printAtOnce(std::move(*slip), printer);
+    if (!problem) {
+      context.PrintRS = {};
+      return;
+    }
+    workplace.prompts.tell("Cannot Print", *problem + " The invoice is saved, and its slip is shown instead.");
+  }
+  showPrint(workplace, onScreen, screen, InvoiceKind::Sale, make);
 }
 
 }  // namespace velmo::documents

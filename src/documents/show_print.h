@@ -15,6 +15,11 @@ using MakePrint =
     std::function<std::optional<printing::Report>(const session::LoginContext&, const store::Recordset& document,
                                                   const store::Recordset& lines, const PrintRequest&)>;
 
+// Prints the slip of LoginContext::PrintRS on the printer that the counter has chosen; without one, or when it does not
+// print, the slip is shown.
+void printSlip(session::Workplace& workplace, const frame::DocumentValues& onScreen, QWidget* screen,
+               const MakePrint& make);
+
 // Shows the print-out of LoginContext::PrintRS with its lines, and lets go of the rows when it closes. Nothing is shown
 // when there is no report.
 void showPrint(session::Workplace& workplace, const frame::DocumentValues& onScreen, QWidget* screen, InvoiceKind kind,

@@ -28,7 +28,7 @@ QWidget* makeSaleInvoicesPOS(session::Workplace& workplace, QWidget* parent, fra
   frame::DocumentType type = saleInvoicePosType();
   // A slip, whatever layout the invoices of the office have.
   type.print = [](session::Workplace& place, const frame::DocumentValues& onScreen, QWidget* screen) {
-    showPrint(place, onScreen, screen, InvoiceKind::Sale,
+    printSlip(place, onScreen, screen,
               [](const auto& context, const auto& document, const auto& lines,
                  const PrintRequest& request) -> std::optional<printing::Report> {
                 return invoicePrint(InvoiceLayout::Invoice7, context, document, lines, request);

@@ -9,6 +9,7 @@
 #include "frame/account_code_box.h"
 #include "frame/command_bar.h"
 #include "frame/compose_document.h"
+#include "frame/counter_strip.h"
 #include "frame/document_card.h"
 #include "frame/item_grid.h"
 #include "frame/party_card.h"
@@ -83,7 +84,7 @@ void DocumentScreen::ClearForNewRecord() {
   if (ACodeTxt_) ACodeTxt_->setText(QString::number(type_.counter->debitCode));
   Desc_->clear();
   showConversion({});
-  if (ScanLbl_) ScanLbl_->clear();
+  if (counterStrip_) counterStrip_->clear();
   totals_->setCurrencyName(workplace_.context.currencyname);
   totals_->setTyped({.Discount = "0.00", .Carriage = "0.00", .Received = "0.00"});
   recalculate();

@@ -23,6 +23,7 @@ namespace velmo::frame {
 class AccountCodeBox;
 class AccountDropList;
 class CommandBar;
+class CounterStrip;
 class DocumentCard;
 class ItemGrid;
 class PartyCard;
@@ -90,6 +91,7 @@ class DocumentScreen : public QWidget {
   void previousCommand();
   void nextCommand();
   void openMaster(const MasterCommand& command);
+  void focusNextPart();
 
   // Showing
   bool moveToTran(std::int64_t tranNo);
@@ -126,7 +128,7 @@ class DocumentScreen : public QWidget {
   QLineEdit* Acc_ = nullptr;
   QWidget* FormPic_ = nullptr;  // all but the payment panel
   PaymentPanel* BalPic_ = nullptr;
-  QLabel* ScanLbl_ = nullptr;  // what became of the last scan
+  CounterStrip* counterStrip_ = nullptr;
   QPlainTextEdit* Desc_ = nullptr;
   QLineEdit* TranNo_ = nullptr;
   QLabel* ConvLbl_ = nullptr;

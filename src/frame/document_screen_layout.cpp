@@ -1,4 +1,3 @@
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -10,6 +9,7 @@
 #include "forms/look.h"
 #include "frame/account_code_box.h"
 #include "frame/command_bar.h"
+#include "frame/counter_strip.h"
 #include "frame/document_card.h"
 #include "frame/document_screen.h"
 #include "frame/item_grid.h"
@@ -138,31 +138,14 @@ QWidget* DocumentScreen::buildHead() {
 
 // What the cashier needs to know of keys and scans, below the lines.
 QWidget* DocumentScreen::buildCounterStrip() {
-  auto* strip = new QWidget;
-  auto* row = new QHBoxLayout(strip);
-  forms::setGrid(*row, 0);
-  auto* hint = new QLabel(tr("Press F4 to view items' list."));
-  hint->setObjectName("F4Lbl");
-  forms::makeCaption(*hint);
-  ScanLbl_ = new QLabel;
-  ScanLbl_->setObjectName("ScanLbl");
-  ScanLbl_->setAccessibleName(tr("Last scan"));
-  ScanLbl_->setTextFormat(Qt::PlainText);
-  ScanLbl_->setProperty("look", "warning");
-  auto* again = new QCheckBox(tr("Scanning an item again raises its quantity"));
-  again->setObjectName("RaiseQuantity");
-  again->setChecked(true);
-  again->setFocusPolicy(Qt::ClickFocus);
-  row->addWidget(hint);
-  row->addWidget(ScanLbl_, 1, Qt::AlignCenter);
-  row->addWidget(again);
-  connect(again, &QCheckBox::toggled, this,
-          [this](bool raise) { lines_->setScannedAgain(raise ? ScannedAgain::RaiseQuantity : ScannedAgain::NewLine); });
+  auto* strip = new CounterStrip(workplace_);
+  lines_->setScannedAgain(strip->scannedAgain());
+  connect(strip, &CounterStrip::scannedAgainChosen, lines_, &ItemGrid::setScannedAgain);
   auto* scanner = new ScanListener(*FormPic_, *lines_);
   connect(scanner, &ScanListener::scanned, lines_, &ItemGrid::scan);
-  connect(lines_, &ItemGrid::scanned, ScanLbl_, &QLabel::clear);
-  connect(lines_, &ItemGrid::unknownScanned, this,
-          [this](const QString& code) { ScanLbl_->setText(tr("No item has the code %1.").arg(code)); });
+  connect(lines_, &ItemGrid::scanned, strip, &CounterStrip::clear);
+  connect(lines_, &ItemGrid::unknownScanned, strip, &CounterStrip::tellUnknown);
+  counterStrip_ = strip;
   return strip;
 }
 

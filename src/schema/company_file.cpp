@@ -7,6 +7,7 @@
 
 #include "schema/company_schema.h"
 #include "schema/first_rows.h"
+#include "schema/upgrades.h"
 #include "store/connection_string.h"
 #include "store/error.h"
 #include "store/file_identity.h"
@@ -65,7 +66,7 @@ void prepareCompanyFile(const std::string& connectionString, const text::DateTim
   const store::ConnectionString target = store::parseConnectionString(connectionString);
   std::error_code error;
   if (std::filesystem::exists(std::filesystem::symlink_status(target.dataSource, error)))
-    store::upgradeDatabaseFile(target.dataSource, companyCatalog(), {});
+    store::upgradeDatabaseFile(target.dataSource, companyCatalog(), upgrades());
   else
     store::createDatabaseFile(target.dataSource, companyCatalog(), target.password, schemaVersion,
                               [&now](store::Connection& connection) { writeFirstRows(connection, now); });

@@ -53,6 +53,8 @@ std::vector<store::Table> settingTables() {
                    {"Abbreviation", Text},
                    {"YY", Text}},
        .key = {"FYID"}},
+      // How this company works at its screens: the printer of the counter and the like, by names of the program's own.
+      {.name = "Settings", .columns = {{"SettingName", Text}, {"SettingValue", Text}}, .key = {"SettingName"}},
       // The names of two columns end in two no-break spaces; every statement that names them writes those too.
       {.name = "Currencies",
        .columns =

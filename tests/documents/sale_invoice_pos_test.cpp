@@ -6,6 +6,8 @@
 
 #include "documents/invoice_company.h"
 #include "documents/trade_screens.h"
+#include "printing/preview_window.h"
+#include "session/settings.h"
 
 namespace {
 
@@ -155,6 +157,33 @@ TEST(Counter, AScanLandsInTheLinesWhereverTheFocusIs) {
   QThread::msleep(50);
   test::press(name, Qt::Key_Return);
   EXPECT_EQ(counter.cell(3, GridColumn::ItemCode), "");
+}
+
+TEST(Counter, RemembersHowItWorksAndASlipWhosePrinterIsGoneIsShown) {
+  CounterCompany shop;
+  {
+    Counter counter(shop);
+    counter.find<QAbstractButton>("RaiseQuantity").click();
+    session::saveSetting(shop.context.KORDconn, session::settings::SlipPrinter, "Till 'printer'");
+  }
+  Counter counter(shop);
+  EXPECT_FALSE(counter.find<QAbstractButton>("RaiseQuantity").isChecked());
+  EXPECT_EQ(counter.find<QComboBox>("SlipList").currentText(), QStringLiteral("Till 'printer'"));
+  counter.line(0, "N1", "10");
+  counter.press("PrintBill_0");
+  shop.prompts.expect(
+      "Cannot Print",
+      "The printer \"Till 'printer'\" is not there any more. The invoice is saved, and its slip is shown "
+      "instead.");
+  counter.pay("5");
+  EXPECT_EQ(shop.one("select tramount from transactions where trantype=32"), "3.35");
+  int previews = 0;
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (auto* preview = qobject_cast<printing::PreviewWindow*>(window)) {
+      ++previews;
+      preview->close();
+    }
+  EXPECT_EQ(previews, 1);
 }
 
 TEST(Counter, ANumberIsOnceInBothScreensOfTheYear) {

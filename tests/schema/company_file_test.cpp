@@ -36,6 +36,42 @@ TEST(ConnectionStrings, NameTheSameFileAndPassword) {
   EXPECT_EQ(plain.password, elsewhere.password);
 }
 
+// The layout of a file's tables and indexes, in words of its own.
+std::vector<std::string> layoutOf(const fs::path& file) {
+  std::vector<std::string> all;
+  sqlite3* database = nullptr;
+  EXPECT_EQ(SQLITE_OK, sqlite3_open(file.c_str(), &database));
+  sqlite3_exec(
+      database, "SELECT sql FROM sqlite_master WHERE sql IS NOT NULL ORDER BY name",
+      [](void* found, int, char** texts, char**) {
+        static_cast<std::vector<std::string>*>(found)->emplace_back(texts[0]);
+        return 0;
+      },
+      &all, nullptr);
+  sqlite3_close(database);
+  return all;
+}
+
+TEST(CompanyFile, OfTheFirstVersionIsBroughtUpToDate) {
+  test::NewCompany company;
+  company.connection.close();
+  const fs::path& file = company.file;
+  const std::vector<std::string> current = layoutOf(file);
+  sqlite3* database = nullptr;
+  ASSERT_EQ(SQLITE_OK, sqlite3_open(file.c_str(), &database));
+  ASSERT_EQ(SQLITE_OK, sqlite3_exec(database,
+                                    "DROP TABLE Settings; DROP INDEX StockLevel3_SubCatID; CREATE INDEX "
+                                    "StockLevel3_SubCatID ON StockLevel3 (SubCatID); PRAGMA user_version = 1",
+                                    nullptr, nullptr, nullptr));
+  sqlite3_close(database);
+  ASSERT_NE(layoutOf(file), current);
+  prepareCompanyFile(connectionStringFor(file), today);
+  EXPECT_EQ(layoutOf(file), current);
+  EXPECT_TRUE(fs::exists(file.string() + " before version 2"));
+  prepareCompanyFile(connectionStringFor(file), today);  // nothing is left to do
+  EXPECT_EQ(layoutOf(file), current);
+}
+
 TEST(CompanyFile, IsForItsOwnerAloneAndForAnySqlite) {
   test::NewCompany company;
   struct stat status {};

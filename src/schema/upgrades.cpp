@@ -1,0 +1,37 @@
+#include "schema/upgrades.h"
+
+#include <sqlite3.h>
+
+#include "schema/company_schema.h"
+#include "store/connection.h"
+#include "store/error.h"
+#include "store/table_sql.h"
+
+namespace velmo::schema {
+namespace {
+
+void run(store::Connection& connection, const std::string& sql) {
+  char* message = nullptr;
+  if (sqlite3_exec(connection.handle(), sql.c_str(), nullptr, nullptr, &message) == SQLITE_OK) return;
+  const std::string reason = message == nullptr ? "" : message;
+  sqlite3_free(message);
+  throw store::StoreError(store::ErrorKind::Failed,
+                          "The company's file could not be brought up to date: " + reason + ".");
+}
+
+// Settings got a table, and the items of a sub category an index in the order of their codes.
+void toVersion2(store::Connection& connection) {
+  run(connection, store::createTableSql(*companyCatalog().find("Settings")));
+  const store::Table& items = *companyCatalog().find("StockLevel3");
+  for (const store::Index& index : items.indexes)
+    run(connection, "DROP INDEX IF EXISTS " + store::quotedName(index.name));
+  for (const std::string& sql : store::createIndexSql(items)) run(connection, sql);
+}
+
+}  // namespace
+
+std::vector<store::UpgradeStep> upgrades() {
+  return {{.version = 2, .run = toVersion2}};
+}
+
+}  // namespace velmo::schema

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <vector>
+
+#include "store/file_identity.h"
+
+namespace velmo::schema {
+
+// What brings the files of earlier versions of the program to schemaVersion.
+std::vector<store::UpgradeStep> upgrades();
+
+}  // namespace velmo::schema
