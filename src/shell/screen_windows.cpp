@@ -90,18 +90,21 @@ bool ScreenWindows::closeAll() {
   return true;
 }
 
-// A screen that was closed is gone for its opener at once, although it is deleted a moment later.
+bool ScreenWindows::isScreen(const QObject* object) const {
+  return object->isWidgetType() && openWindow(object->objectName().toStdString()) == object;
+}
+
+// A screen that was closed is gone for its opener at once, although it is deleted a moment later. QMdiArea is a filter
+// of the whole application besides: all other windows, dialogs and message boxes among them, close as they will.
 bool ScreenWindows::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Close && watched->isWidgetType()) {
-    const bool handled = watched->event(event);
-    if (event->isAccepted()) {
-      watched->removeEventFilter(this);
-      windows_.erase(watched->objectName().toStdString());
-      Q_EMIT screenClosed(watched->objectName());
-    }
-    return handled;
+  if (event->type() != QEvent::Close || !isScreen(watched)) return QMdiArea::eventFilter(watched, event);
+  const bool handled = watched->event(event);
+  if (event->isAccepted()) {
+    watched->removeEventFilter(this);
+    windows_.erase(watched->objectName().toStdString());
+    Q_EMIT screenClosed(watched->objectName());
   }
-  return QMdiArea::eventFilter(watched, event);
+  return handled;
 }
 
 }  // namespace velmo::shell

@@ -40,6 +40,7 @@ class ScreenWindows : public QMdiArea, public session::ScreenOpener {
 
  private:
   const ScreenEntry* entryOf(std::string_view name) const;
+  bool isScreen(const QObject* object) const;
   QMdiSubWindow* makeWindow(const ScreenEntry& entry);
 
   std::span<const ScreenEntry> catalogue_;

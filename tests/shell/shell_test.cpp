@@ -4,10 +4,12 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
 #include <fstream>
 
+#include "forms/message_prompts.h"
 #include "session/login.h"
 #include "shell/main_shell.h"
 #include "shell/navigation.h"
@@ -156,6 +158,23 @@ TEST_F(Shell, ReadsTheSharedListsOnceAfterASecond) {
   ASSERT_TRUE(waitFor([&] { return !accounts->isActive(); }));
   context().AccountsRS.moveFirst();
   EXPECT_TRUE(context().AccountsRS.find("AccCode = 99999001"));
+}
+
+// The screens' area is a filter of the whole application.
+TEST_F(Shell, LetsMessageBoxesAndDialogsEndAsTheyWereAnswered) {
+  open();
+  for (const auto& [button, answer] : {std::pair{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}}) {
+    QTimer::singleShot(0, shell_.get(), [button = button] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_TRUE(box);
+      box->button(button)->click();
+    });
+    forms::MessagePrompts prompts;
+    EXPECT_EQ(prompts.ask({.title = "Delete", .text = "Sure?", .buttons = session::Buttons::YesNo}), answer);
+  }
+  QDialog dialog(shell_.get());
+  QTimer::singleShot(0, &dialog, &QDialog::accept);
+  EXPECT_EQ(dialog.exec(), QDialog::Accepted);
 }
 
 TEST_F(Shell, OpensAScreenOnceAndBringsItForward) {
