@@ -1,6 +1,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 
 #include "frame/account_code_box.h"
 #include "frame/command_bar.h"
@@ -51,8 +52,23 @@ void DocumentScreen::connectCommands() {
   on(commands_->previous, &DocumentScreen::previousCommand);
   on(commands_->next, &DocumentScreen::nextCommand);
   on(commands_->settings, [this] { workplace_.screens.openDialog(type_.printSettings); });
+  auto* nextPart = new QShortcut(Qt::Key_F6, this);
+  nextPart->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(nextPart, &QShortcut::activated, this, &DocumentScreen::focusNextPart);
   on(&party_->newPartyCommand(), [this] { openMaster(type_.party.newParty); });
   on(CI_, [this] { openMaster(newItem); });
+}
+
+// Heading, lines, amounts, and round again: what would be a long way by Tab.
+void DocumentScreen::focusNextPart() {
+  const QWidget* focus = focusWidget();
+  if (lines_->isAncestorOf(focus)) {
+    if (lines_->commitEdit()) totals_->firstBox()->setFocus(Qt::TabFocusReason);
+  } else if (totals_->isAncestorOf(focus)) {
+    party_->focusCode();
+  } else {
+    lines_->focusCurrentCell();
+  }
 }
 
 // What this program does not have yet stands there disabled.

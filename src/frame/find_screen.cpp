@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 
 #include "forms/date_picker.h"
 #include "forms/look.h"
@@ -57,6 +58,7 @@ FindScreen::FindScreen(const FindType& type, int tranType, session::Workplace& w
   resize(980, 560);
   columnChosen();
   showAll();
+  value_->setFocus();
 }
 
 FindScreen::~FindScreen() = default;
@@ -92,6 +94,9 @@ QWidget* FindScreen::makeSearchRow() {
   allButton->setAutoDefault(false);
   for (QWidget* part : std::initializer_list<QWidget*>{columns_, value_, day_, findButton, allButton})
     layout->addWidget(part, part == value_ || part == day_ ? 1 : 0);
+  auto* down = new QShortcut(Qt::Key_Down, value_);
+  down->setContext(Qt::WidgetShortcut);
+  connect(down, &QShortcut::activated, this, [this] { grid_->setFocus(); });
   connect(columns_, &QComboBox::currentIndexChanged, this, &FindScreen::columnChosen);
   connect(findButton, &QPushButton::clicked, this, &FindScreen::find);
   connect(allButton, &QPushButton::clicked, this, &FindScreen::showAll);

@@ -175,6 +175,10 @@ void ItemGrid::focusFirstCell() {
   if (setCurrentCell(0, GridColumn::ItemCode)) Grid_->setFocus(Qt::OtherFocusReason);
 }
 
+void ItemGrid::focusCurrentCell() {
+  Grid_->setFocus(Qt::OtherFocusReason);
+}
+
 bool ItemGrid::setCurrentCell(int row, GridColumn column) {
   if (!commitEdit()) return false;
   Grid_->clearSelection();
@@ -245,7 +249,9 @@ void ItemGrid::cancelEdit() {
 
 void ItemGrid::closeEditor() {
   narrowTimer_.stop();
-  const bool hadFocus = editor_->hasFocus() || StockBox_->isInside(QApplication::focusWidget());
+  // Of its window, which is not yet the active one again when a message has just been answered.
+  const QWidget* focus = window()->focusWidget();
+  const bool hadFocus = focus == editor_ || StockBox_->isInside(focus);
   ending_ = true;
   if (hadFocus) Grid_->setFocus(Qt::OtherFocusReason);
   editor_->hide();

@@ -52,6 +52,7 @@ class ItemGrid : public QWidget {
   void setParty(std::string_view code, std::string_view name);
 
   void focusFirstCell();
+  void focusCurrentCell();
   // False when the cell in edit was refused.
   bool setCurrentCell(int row, GridColumn column);
   void removeCurrentRow();

@@ -123,7 +123,7 @@ bool PartyCard::isCashParty() const {
 }
 
 void PartyCard::focusCode() {
-  code_->setFocus(Qt::OtherFocusReason);
+  (fixedCode_ != 0 ? static_cast<QWidget*>(name_) : code_)->setFocus(Qt::OtherFocusReason);
 }
 
 void PartyCard::fill(const Account& account) {

@@ -2,6 +2,7 @@
 #include <QDialog>
 #include <QEventLoop>
 #include <QHeaderView>
+#include <QShortcut>
 #include <QTableView>
 #include <QTimer>
 
@@ -237,6 +238,25 @@ TEST(FindSalesSimple, SearchesSortsAndShowsThePickedInvoice) {
   });
   EXPECT_EQ(screen.text("PartyNameTxt"), "O'Brien");
   EXPECT_EQ(screen.text("NetTotal"), "100.00");
+}
+
+TEST(SaleInvoiceNavigation, OneKeyGoesFromPartToPart) {
+  InvoiceCompany shop;
+  InvoiceScreen screen(shop);
+  QShortcut* next = nullptr;
+  for (auto* shortcut : screen.widget().findChildren<QShortcut*>())
+    if (shortcut->key() == QKeySequence(Qt::Key_F6)) next = shortcut;
+  ASSERT_TRUE(next);
+  const auto focused = [] { return QApplication::focusWidget()->objectName().toStdString(); };
+  screen.type("PartyCodeTxt", "12001003");
+  for (const char* place : {"Grid", "Discount", "PartyCodeTxt", "Grid"}) {
+    Q_EMIT next->activated();
+    EXPECT_EQ(focused(), place);
+  }
+  screen.typeCell(0, frame::GridColumn::ItemCode, "H1");
+  test::press(screen.find<QTableView>("Grid"), Qt::Key_F2);
+  Q_EMIT next->activated();
+  EXPECT_EQ(focused(), "Discount") << "out of a cell in edit";
 }
 
 }  // namespace

@@ -169,5 +169,34 @@ TEST_F(ItemGridKeyboard, DetachGivesUpTheCellInEdit) {
   EXPECT_TRUE(grid.commitEdit());
 }
 
+// A message takes the keyboard, and on some desktops it comes back a moment after the message was answered.
+TEST_F(ItemGridKeyboard, TheKeyboardIsInTheGridAgainAfterAMessage) {
+  class Interrupting : public test::QueuedPrompts {
+   public:
+    session::Answer ask(const session::Prompt& prompt) override {
+      QApplication::setActiveWindow(nullptr);
+      return test::QueuedPrompts::ask(prompt);
+    }
+  } interrupting;
+  session::Workplace interrupted{context, clock, interrupting, files, screens};
+  QWidget window;
+  ItemGrid sheet({.stockWarning = StockWarning::Shown}, interrupted, &window);
+  QLineEdit behind;
+  auto* column = new QVBoxLayout(&window);
+  column->addWidget(&sheet);
+  column->addWidget(&behind);
+  sheet.bind(lines());
+  auto* cells = window.findChild<QTableView*>("Grid");
+  focus(*cells);
+  entry("100");
+  entry("");
+  interrupting.expect("Short Item Balance", "You do not have required balance of this item in hand.");
+  entry("500");
+  QApplication::setActiveWindow(&window);
+  EXPECT_EQ(QApplication::focusWidget(), cells);
+  entry("150");
+  EXPECT_EQ(sheet.sheet().shownText(0, GridColumn::GrossAmount), "75000.00");
+}
+
 }  // namespace
 }  // namespace velmo::frame
