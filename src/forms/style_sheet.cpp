@@ -96,6 +96,10 @@ QTabBar::tab:selected { background: @base; color: @text; border-bottom: 2px soli
 QTabBar::tab:hover { color: @text; }
 QTabBar::close-button { image: url(@cross); }
 QTabBar::close-button:hover { background: @pressed; border-radius: 3px; }
+QDialogButtonBox, QMessageBox { dialogbuttonbox-buttons-have-icons: 0; }
+QProgressBar { border: 1px solid @border; border-radius: 5px; background: @base; color: @text; text-align: center;
+  min-height: 14px; }
+QProgressBar::chunk { background: @accent; border-radius: 4px; }
 QScrollBar { background: transparent; border: none; margin: 0; }
 QScrollBar:vertical { width: 13px; }
 QScrollBar:horizontal { height: 13px; }

@@ -39,13 +39,13 @@ class About : public QDialog {
     column->addLayout(makeName());
     addLines(*column);
     column->addWidget(makeBackUp());
-    auto* close = new QPushButton(QStringLiteral("&Close"), this);
-    close->setObjectName(QStringLiteral("OkBttn"));
-    close->setMinimumSize(104, 34);
-    close->setDefault(true);
-    connect(close, &QPushButton::clicked, this, &About::accept);
-    column->addWidget(close, 0, Qt::AlignRight);
-    close->setFocus();
+    close_ = new QPushButton(QStringLiteral("&Close"), this);
+    close_->setObjectName(QStringLiteral("OkBttn"));
+    close_->setMinimumSize(104, 34);
+    close_->setDefault(true);
+    connect(close_, &QPushButton::clicked, this, &About::accept);
+    column->addWidget(close_, 0, Qt::AlignRight);
+    close_->setFocus();
     setMinimumWidth(smallestWidth);
   }
 
@@ -97,9 +97,10 @@ class About : public QDialog {
     forms::setGrid(*grid, forms::spacing::Section);
     stage_ =
         new QLabel(QStringLiteral("Save a copy of all accounts, items, documents and settings. The copy is checked "
-                                  "before it takes its name; you need not stop working elsewhere."),
+                                  "before it takes its name. Others may go on working meanwhile."),
                    card);
     stage_->setWordWrap(true);
+    stage_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     stage_->setMinimumHeight(stage_->heightForWidth(smallestWidth - 6 * forms::spacing::Section));
     grid->addWidget(stage_);
     bar_ = new QProgressBar(card);
@@ -121,6 +122,7 @@ class About : public QDialog {
   void saveBackUp() {
     const QString restingWords = stage_->text();
     backUp_->setEnabled(false);
+    close_->setEnabled(false);
     saveDirectBackUp(workplace_, [this](store::BackUpStage stage) {
       stage_->setText(QLatin1String(wordsOf(stage)));
       bar_->setVisible(true);
@@ -129,6 +131,7 @@ class About : public QDialog {
     bar_->setVisible(false);
     stage_->setText(restingWords);
     backUp_->setEnabled(true);
+    close_->setEnabled(true);
     backUp_->setFocus();
   }
 
@@ -136,6 +139,7 @@ class About : public QDialog {
   QLabel* stage_ = nullptr;
   QProgressBar* bar_ = nullptr;
   QPushButton* backUp_ = nullptr;
+  QPushButton* close_ = nullptr;
 };
 
 }  // namespace

@@ -19,7 +19,6 @@ constexpr const char* programTitle = "Velmo Point of Sale";
 
 void introduceProgram(QApplication& application) {
   application.setApplicationName(QStringLiteral("velmo"));
-  application.setApplicationDisplayName(QLatin1String(programTitle));
   application.setApplicationVersion(QStringLiteral(VELMO_VERSION));
   application.setDesktopFileName(QStringLiteral("velmo"));
   application.setWindowIcon(programIcon());

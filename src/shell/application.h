@@ -8,7 +8,8 @@
 
 namespace velmo::shell {
 
-// Name, version and icon of the program, as the desktop and `About` show them.
+// Name, version and icon of the program, as the desktop and `About` show them. It has no display name, which the
+// desktop would put behind the title of every window and message.
 void introduceProgram(QApplication& application);
 
 // The program from its start to its end: look, company file, login, main window.
