@@ -1,111 +1,26 @@
-#include <benchmark/benchmark.h>
-
-#include <QApplication>
 #include <QDialog>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
 #include <QTimer>
-#include <memory>
 
-#include "forms/file_dialogs.h"
-#include "large_company_folder.h"
+#include "desk.h"
 #include "masters/inv_below_reorder.h"
 #include "masters/item_settings.h"
 #include "masters/modify_accounts.h"
 #include "masters/modify_inventory.h"
 #include "masters/modify_parties.h"
 #include "masters/search_item.h"
-#include "schema/company_file.h"
-#include "session/login.h"
 
 namespace velmo::bench {
 namespace {
 
-constexpr demo::LargeCompany manyItems = {.invoices = 200000, .items = 200000, .accounts = 20000};
 constexpr const char* largestSubCategory = "G01";
-
-class NoPrompts : public session::Prompts {
- public:
-  session::Answer ask(const session::Prompt& prompt) override {
-    throw std::logic_error("unexpected message: " + prompt.text);
-  }
-};
-
-class NoScreens : public session::ScreenOpener {
- public:
-  bool openScreen(std::string_view) override { return false; }
-  bool openDialog(std::string_view) override { return false; }
-  bool hasScreen(std::string_view) const override { return true; }
-};
-
-// User 1 at work on a copy of a large company, a quarter of whose items stand in one sub category.
-class Desk {
- public:
-  Desk() : company_(enter()) {
-    context_.KORDconn.open(schema::plainConnectionString);
-    for (const char* other : {"G02", "G03", "G04", "G05"})
-      context_.KORDconn.execute(std::string("UPDATE StockLevel3 SET SubCatID = 'G01' WHERE SubCatID = '") + other +
-                                "'");
-    session::fillLoginContext(context_, session::LoginRecords(context_.KORDconn));
-  }
-
-  session::LoginContext& context() { return context_; }
-
-  template <typename Make>
-  QWidget& open(Make make, Durations& durations) {
-    screen_.reset();
-    durations.measure([&] {
-      screen_.reset(make(workplace_, nullptr));
-      screen_->show();
-      QApplication::setActiveWindow(screen_.get());
-      QApplication::processEvents();
-    });
-    return *screen_;
-  }
-
- private:
-  static CompanyCopy enter() {
-    enterCompany(manyItems);
-    return {};
-  }
-
-  CompanyCopy company_;
-  session::SystemClock clock_;
-  NoPrompts prompts_;
-  NoScreens screens_;
-  forms::FileDialogs files_;
-  session::LoginContext context_{schema::companyCatalog()};
-  session::Workplace workplace_{context_, clock_, prompts_, files_, screens_};
-  std::unique_ptr<QWidget> screen_;
-};
-
-template <typename Control>
-Control& control(QWidget& screen, const char* name) {
-  if (auto* found = screen.findChild<Control*>(QLatin1String(name))) return *found;
-  throw std::logic_error(std::string("no control ") + name);
-}
-
-void press(QWidget& widget, int key) {
-  QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier);
-  QApplication::sendEvent(&widget, &down);
-  QApplication::processEvents();
-}
 
 void chooseRow(QTableView& list, const QString& code) {
   for (int row = 0; row < list.model()->rowCount(); ++row)
     if (list.model()->index(row, 0).data().toString() == code) return list.selectRow(row);
   throw std::logic_error("no row " + code.toStdString());
-}
-
-void reportOnce(benchmark::State& state, const std::string& name, const Durations& durations) {
-  state.counters[name + "_ms"] = durations.mean() * 1e3;
-}
-
-void report(benchmark::State& state, const std::string& name, const Durations& durations) {
-  state.counters[name + "_p95_ms"] = durations.percentile(0.95) * 1e3;
-  state.counters[name + "_max_ms"] = durations.percentile(1) * 1e3;
 }
 
 void StepsThroughALargeSubCategory(benchmark::State& state) {
