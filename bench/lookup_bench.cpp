@@ -62,7 +62,7 @@ void keystrokeIn(benchmark::State& state, const frame::PickListSource& source, c
 }
 
 void KeystrokeInItemList(benchmark::State& state) {
-  keystrokeIn(state, frame::itemSource({}),
+  keystrokeIn(state, frame::itemSource(),
               "select ItemCode || '  (' || ItemName || ')' as InvItem from StockLevel3 where Status = 0 and InvItem "
               "like ?1 order by ItemCode");
 }

@@ -5,27 +5,28 @@
 namespace velmo::frame {
 namespace {
 
-std::string itemSelect(const ItemGridKind& kind) {
-  return "SELECT StockLevel3.ItemCode, StockLevel3.ItemName, StockLevel3." + kind.priceField +
-         ", (ItemCode & '  (' & ItemName & ')') AS InvItem, StockLevel3.Description, StockLevel3.Unit, "
-         "StockLevel3.Status, [StockLevel1].[CatName] & ' (' & [StockLevel2].[SubCatName] & ')' AS ItemCategory "
-         "FROM (StockLevel1 INNER JOIN StockLevel2 ON StockLevel1.CatID = StockLevel2.CatID) "
-         "INNER JOIN StockLevel3 ON StockLevel2.SubCatID = StockLevel3.SubCatID";
-}
+const char* const fromItems =
+    " FROM (StockLevel1 INNER JOIN StockLevel2 ON StockLevel1.CatID = StockLevel2.CatID) "
+    "INNER JOIN StockLevel3 ON StockLevel2.SubCatID = StockLevel3.SubCatID";
 
 }  // namespace
 
-PickListSource itemSource(const ItemGridKind& kind) {
-  return {.select = itemSelect(kind),
-          .condition = "(StockLevel3.Status) = No",
-          .order = "StockLevel3.ItemCode",
-          .displayColumn = "InvItem",
-          .keyColumn = "ItemCode",
-          .tables = {"StockLevel1", "StockLevel2", "StockLevel3"}};
+PickListSource itemSource() {
+  return {
+      .select = std::string("SELECT StockLevel3.ItemCode, (ItemCode & '  (' & ItemName & ')') AS InvItem") + fromItems,
+      .condition = "(StockLevel3.Status) = No",
+      .order = "StockLevel3.ItemCode",
+      .displayColumn = "InvItem",
+      .keyColumn = "ItemCode",
+      .tables = {"StockLevel1", "StockLevel2", "StockLevel3"}};
 }
 
 std::optional<ListedItem> listedItem(store::Connection& connection, const ItemGridKind& kind, std::string_view code) {
-  store::Recordset row(connection, itemSelect(kind) + " Where StockLevel3.ItemCode = " + store::quoted(code),
+  store::Recordset row(connection,
+                       "SELECT StockLevel3.ItemCode, StockLevel3.ItemName, StockLevel3." + kind.priceField +
+                           ", StockLevel3.Description, StockLevel3.Unit, [StockLevel1].[CatName] & ' (' & "
+                           "[StockLevel2].[SubCatName] & ')' AS ItemCategory" +
+                           fromItems + " Where StockLevel3.ItemCode = " + store::quoted(code),
                        store::LockType::ReadOnly);
   if (row.isEmpty()) return std::nullopt;
   return ListedItem{.code = row.text("ItemCode"),

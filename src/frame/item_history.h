@@ -23,7 +23,7 @@ struct ListedItem {
 };
 
 // The items that are not blocked, as "code  (name)", in the order of their codes.
-PickListSource itemSource(const ItemGridKind& kind);
+PickListSource itemSource();
 
 std::optional<ListedItem> listedItem(store::Connection& connection, const ItemGridKind& kind, std::string_view code);
 

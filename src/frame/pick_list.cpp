@@ -97,7 +97,8 @@ void PickList::read() {
   const std::string fields[] = {source_.displayColumn, source_.keyColumn};
   store::readTexts(connection_, source_.statement(), fields, [this](std::span<const std::string_view> texts) {
     displays_.append(texts[0]);
-    folded_.append(store::sql::foldedText(texts[0]));
+    store::sql::appendFolded(folded_.buffer, texts[0]);
+    folded_.ends.push_back(static_cast<std::uint32_t>(folded_.buffer.size()));
     keys_.append(texts[1]);
   });
   foldedBytes_.fill(0);

@@ -56,7 +56,7 @@ std::vector<forms::TableColumn> historyColumns(const ItemGridKind& kind) {
 }  // namespace
 
 StockPanel::StockPanel(const ItemGridKind& kind, session::LoginContext& context, QWidget* parent)
-    : QFrame(parent), kind_(kind), context_(context), InvCodes_(context.KORDconn, itemSource(kind)) {
+    : QFrame(parent), kind_(kind), context_(context), InvCodes_(context.KORDconn, itemSource()) {
   setObjectName("StockBox");
   setAccessibleName("Items and stock");
   forms::makeCard(*this);

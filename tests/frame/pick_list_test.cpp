@@ -13,7 +13,7 @@ namespace {
 
 class PickListOfItems : public test::Shop {
  protected:
-  PickList list{context.KORDconn, itemSource({})};
+  PickList list{context.KORDconn, itemSource()};
 
   std::vector<std::string> narrowed(const std::string& typed) {
     list.narrow(typed);
@@ -22,7 +22,7 @@ class PickListOfItems : public test::Shop {
     return keys;
   }
   std::vector<std::string> byStatement(const std::string& typed) {
-    PickListSource source = itemSource({});
+    PickListSource source = itemSource();
     source.condition = "((StockLevel3.Status) = No and ((ItemCode & '  (' & ItemName & ')') like " +
                        store::quoted("%" + typed + "%") + "))";
     const store::Recordset rows(context.KORDconn, source.statement(), store::LockType::ReadOnly);

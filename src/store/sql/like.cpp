@@ -160,8 +160,8 @@ bool LikePattern::matches(std::string_view text) const {
 void appendFolded(std::string& result, std::string_view text) {
   if (isAscii(text)) {
     const std::size_t begin = result.size();
-    result += text;
-    for (std::size_t at = begin; at < result.size(); ++at) result[at] = lower(result[at]);
+    result.resize(begin + text.size());
+    std::ranges::transform(text, result.begin() + static_cast<std::ptrdiff_t>(begin), lower);
     return;
   }
   eachFolded(text, [&](char32_t character) {
