@@ -125,17 +125,28 @@ void FindScreen::showAll() {
   query({});
 }
 
+// A long list is counted by the store, so that it is read only as far as it is looked at.
+std::int64_t FindScreen::countFound(const std::string& condition) const {
+  const store::Recordset& rows = found_->rows();
+  if (!rows.hasMoreRows()) return rows.recordCount();
+  const store::Recordset counted(workplace_.context.KORDconn,
+                                 findCountStatement(tranType_, workplace_.context.FYID, condition),
+                                 store::LockType::ReadOnly);
+  return counted.integer("Documents");
+}
+
 void FindScreen::query(const std::string& condition) {
+  std::int64_t count = 0;
   try {
     const WaitCursor wait;
     found_->setRecordset(store::Recordset(workplace_.context.KORDconn,
                                           findStatement(type_, tranType_, workplace_.context.FYID, condition),
                                           store::LockType::ReadOnly, store::Fetch::AsNeeded));
+    count = countFound(condition);
   } catch (const store::StoreError& error) {
     workplace_.prompts.tell("Cannot Find", error.what());
     return;
   }
-  const std::int64_t count = found_->rows().recordCount();
   count_->setText(count == 1 ? tr("1 document") : tr("%1 documents").arg(count));
   if (count > 0) grid_->selectRow(0);
 }

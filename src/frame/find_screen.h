@@ -35,6 +35,7 @@ class FindScreen : public QDialog {
   void find();
   void showAll();
   void query(const std::string& condition);
+  std::int64_t countFound(const std::string& condition) const;
   void sortBy(int column);
   void noteRow();
   void pick();

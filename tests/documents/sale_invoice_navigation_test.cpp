@@ -2,6 +2,7 @@
 #include <QDialog>
 #include <QEventLoop>
 #include <QHeaderView>
+#include <QLabel>
 #include <QShortcut>
 #include <QTableView>
 #include <QTimer>
@@ -238,6 +239,41 @@ TEST(FindSalesSimple, SearchesSortsAndShowsThePickedInvoice) {
   });
   EXPECT_EQ(screen.text("PartyNameTxt"), "O'Brien");
   EXPECT_EQ(screen.text("NetTotal"), "100.00");
+}
+
+// What is counted is what the list holds, read or not.
+TEST(FindSalesSimple, CountsALongListThatItHasNotReadYet) {
+  InvoiceCompany shop;
+  post(shop, {"Adams"});
+  for (int number = 2; number <= 400; ++number)
+    shop.context.KORDconn.execute(
+        "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, LocationFrom, UserAdded, UserEdited, Text1) VALUES "
+        "(" +
+        std::to_string(number) + ", #01-15-2026#, 32, 1, 1, 1, 1, 'Baker " + std::to_string(number % 4) + "')");
+  InvoiceScreen screen(shop);
+  withFind(screen, [&](QDialog& find) {
+    auto& grid = *find.findChild<QTableView*>("TranGrid");
+    const auto counted = [&] {
+      QStringList texts;
+      for (const auto* label : find.findChildren<QLabel*>()) texts << label->text();
+      return texts.filter("document").join("").toStdString();
+    };
+    const auto search = [&](const char* name) {
+      find.findChild<QComboBox*>("ColList")->setCurrentText("Customer Name");
+      find.findChild<QLineEdit*>("ValueBox")->setText(name);
+      find.findChild<QPushButton*>("FindBttn")->click();
+      return counted();
+    };
+    EXPECT_EQ(counted(), "400 documents");
+    EXPECT_LT(grid.model()->rowCount(), 400);
+    EXPECT_EQ(search("baker"), "399 documents");
+    EXPECT_EQ(search("baker 3"), "100 documents");
+    EXPECT_EQ(search("ADAMS"), "1 document");
+    find.findChild<QPushButton*>("RefBttn")->click();
+    test::press(grid, Qt::Key_End);
+    EXPECT_EQ(grid.model()->rowCount(), 400);
+    EXPECT_EQ(grid.currentIndex().siblingAtColumn(0).data().toString().toStdString(), "400");
+  });
 }
 
 TEST(SaleInvoiceNavigation, OneKeyGoesFromPartToPart) {
