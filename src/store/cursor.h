@@ -58,12 +58,15 @@ class Cursor {
   virtual void update(FieldValues values) = 0;
   virtual void cancelUpdate() = 0;
   virtual void remove() = 0;
-  virtual void removeBlank(int field) = 0;
+  virtual void removeBlank(int field);  // refused: for batches alone
   virtual void updateBatch() = 0;
   virtual void cancelBatch() = 0;
   virtual bool isEditing() const = 0;
 
-  virtual std::shared_ptr<Cursor> chapter(std::string_view name) const = 0;
+  virtual std::shared_ptr<Cursor> chapter(std::string_view name) const;  // refused: for hierarchies alone
+
+ protected:
+  void requireWritable() const;
 };
 
 StoreError noCurrentRow();

@@ -27,11 +27,6 @@ Connection::Impl& KeysetCursor::connection() const {
   return *source_->connection;
 }
 
-void KeysetCursor::requireWritable() const {
-  if (source_->lock == LockType::ReadOnly) throw readOnlyRecordset();
-  connection().requireOpen();
-}
-
 void KeysetCursor::requireRow() const {
   if (place_.where != Where::On) throw noCurrentRow();
 }
@@ -244,10 +239,6 @@ Bookmark KeysetCursor::bookmarkAt(std::int64_t position) const {
   return query_.numberOf(rowAt(position));
 }
 
-std::shared_ptr<Cursor> KeysetCursor::chapter(std::string_view) const {
-  throw StoreError(ErrorKind::Misuse, "The recordset has no chapters.");
-}
-
 // --- writing
 
 void KeysetCursor::beginEdit() {
@@ -371,10 +362,6 @@ void KeysetCursor::remove() {
   RowWriter(*source_).remove([this](int slot) { return place_.row[static_cast<std::size_t>(slot)]; });
   edit_.reset();
   place_.where = Where::OnRemoved;
-}
-
-void KeysetCursor::removeBlank(int) {
-  throw StoreError(ErrorKind::Misuse, "Only the rows of a batch can be deleted together.");
 }
 
 }  // namespace velmo::store

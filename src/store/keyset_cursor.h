@@ -52,12 +52,9 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   void update(FieldValues values) override;
   void cancelUpdate() override;
   void remove() override;
-  void removeBlank(int field) override;
   void updateBatch() override { update(); }
   void cancelBatch() override { cancelUpdate(); }
   bool isEditing() const override { return edit_.has_value(); }
-
-  std::shared_ptr<Cursor> chapter(std::string_view name) const override;
 
   void committed() noexcept override { saved_.reset(); }
   void rolledBack() noexcept override;
@@ -81,7 +78,6 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   };
 
   Connection::Impl& connection() const;
-  void requireWritable() const;
   void requireRow() const;
   void stand(std::optional<WalkedRow> row, Where otherwise);
   void remember();

@@ -4,15 +4,6 @@
 
 namespace velmo::store {
 
-StoreError noCurrentRow() {
-  return {ErrorKind::Misuse,
-          "There is no current record: the list is at its beginning or end, or the record is deleted."};
-}
-
-StoreError readOnlyRecordset() {
-  return {ErrorKind::Misuse, "This list is for reading only."};
-}
-
 ListCursor::ListCursor(std::shared_ptr<RowSet> rows) : rows_(std::move(rows)) {
   rebuild();
 }
@@ -283,7 +274,7 @@ std::int64_t ListCursor::fetchedCount() const {
 }
 
 std::shared_ptr<Cursor> ListCursor::chapter(std::string_view name) const {
-  if (node_ == nullptr) throw StoreError(ErrorKind::Misuse, "The recordset has no chapters.");
+  if (node_ == nullptr) return Cursor::chapter(name);
   const shape::ChildRows rows = node_->requireChapter(name).rowsFor(*node_, currentRow());
   return std::make_shared<ListCursor>(rows.node, rows.part);
 }

@@ -101,7 +101,6 @@ class ListCursor : public Cursor, public TransactionParticipant, public std::ena
   RowId rowAt(std::int64_t position) const;
 
   void remember();
-  void requireWritable() const;
   void beginEdit();
   void change(RowId row, FieldValues values);
   void dropEdit();

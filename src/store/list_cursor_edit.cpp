@@ -36,11 +36,6 @@ void ListCursor::rolledBack() noexcept {
   savedFor_ = 0;
 }
 
-void ListCursor::requireWritable() const {
-  if (source().lock == LockType::ReadOnly) throw readOnlyRecordset();
-  source().connection->requireOpen();
-}
-
 void ListCursor::beginEdit() {
   if (edit_) return;
   const RowId row = currentRow();
@@ -186,8 +181,7 @@ void ListCursor::remove() {
 
 void ListCursor::removeBlank(int field) {
   requireWritable();
-  if (source().lock != LockType::BatchOptimistic)
-    throw StoreError(ErrorKind::Misuse, "Only the rows of a batch can be deleted together.");
+  if (source().lock != LockType::BatchOptimistic) return Cursor::removeBlank(field);
   if (edit_) update();
   remember();
   reach(std::numeric_limits<std::int64_t>::max() - 1);
