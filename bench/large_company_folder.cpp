@@ -6,6 +6,9 @@
 #include <ctime>
 #include <numeric>
 
+#include "schema/company_file.h"
+#include "session/clock.h"
+
 namespace velmo::bench {
 
 namespace fs = std::filesystem;
@@ -19,6 +22,8 @@ void enterCompany(const demo::LargeCompany& size) {
     demo::makeLargeCompany(folder, size);
   }
   fs::current_path(folder);
+  // One that is kept from an earlier version of the program is brought up to date.
+  schema::prepareCompanyFile(schema::plainConnectionString, session::SystemClock().now());
 }
 
 CompanyCopy::CompanyCopy() : before_(fs::current_path()) {
