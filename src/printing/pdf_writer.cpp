@@ -18,7 +18,7 @@ QPageLayout layoutOf(const Page& page) {
 }  // namespace
 
 PdfJob::PdfJob(const Report& report, std::string path, int countedPages)
-    : report_(report), path_(std::move(path)), file_(QString::fromStdString(path_)) {
+    : report_(report), path_(std::move(path)), file_(path_) {
   total_ = countedPages;
   if (!file_.open(QIODevice::WriteOnly))
     refused();
@@ -27,8 +27,7 @@ PdfJob::PdfJob(const Report& report, std::string path, int countedPages)
 }
 
 bool PdfJob::refused() {
-  return failed("The file '" + path_ + "' could not be written: " + file_.errorString().toStdString() +
-                ". Nothing was saved.");
+  return failed("The file '" + path_ + "' could not be written: " + file_.reason() + ". Nothing was saved.");
 }
 
 bool PdfJob::step() {
@@ -53,7 +52,7 @@ bool PdfJob::step() {
   }
   paintPage(painter_, *page, total_);
   ++written_;
-  return file_.error() == QFileDevice::NoError || refused();
+  return file_.isSound() || refused();
 }
 
 bool PdfJob::begin(const Page& first) {
@@ -69,7 +68,7 @@ bool PdfJob::begin(const Page& first) {
 bool PdfJob::finish() {
   painter_.end();
   writer_.reset();
-  if (file_.error() != QFileDevice::NoError || !file_.commit()) return refused();
+  if (!file_.finish()) return refused();
   return false;
 }
 

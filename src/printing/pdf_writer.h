@@ -2,10 +2,10 @@
 
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <functional>
 #include <memory>
 
+#include "forms/whole_file.h"
 #include "printing/page_job.h"
 #include "printing/paginator.h"
 
@@ -27,7 +27,7 @@ class PdfJob : public PageJob {
 
   const Report& report_;
   const std::string path_;
-  QSaveFile file_;
+  forms::WholeFile file_;
   std::unique_ptr<Paginator> counting_;  // while the pages are counted
   int counted_ = 0;
   std::unique_ptr<Paginator> paginator_;

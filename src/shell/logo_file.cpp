@@ -2,7 +2,8 @@
 
 #include <QFile>
 #include <QImageReader>
-#include <QSaveFile>
+
+#include "forms/whole_file.h"
 
 namespace velmo::shell {
 namespace {
@@ -48,9 +49,9 @@ std::string replaceLogo(const std::filesystem::path& chosen) {
            " is not a picture that can be printed, or is too large. The logo was not changed; choose a .jpg picture.";
   std::error_code absent;
   if (std::filesystem::equivalent(chosen, logoFile(), absent)) return {};
-  QSaveFile logo(QString::fromStdString(logoFile().string()));
-  if (!logo.open(QIODevice::WriteOnly) || logo.write(source.readAll()) != source.size() || !logo.commit())
-    return "The logo cannot be saved (" + logo.errorString().toStdString() + "). It was not changed.";
+  forms::WholeFile logo(logoFile().string());
+  if (!logo.open(QIODevice::WriteOnly) || logo.write(source.readAll()) != source.size() || !logo.finish())
+    return "The logo cannot be saved (" + logo.reason() + "). It was not changed.";
   return {};
 }
 

@@ -64,11 +64,15 @@ TEST(PdfWriter, FullDiskKeepsTheFormerFileAndLeavesNoPart) {
   const QString path = folder.filePath(QStringLiteral("list.pdf"));
   ASSERT_EQ(writePdf(listOf(2), path.toStdString()), std::nullopt);
   const qint64 size = QFileInfo(path).size();
-  for (const qint64 room : {qint64{0}, qint64{100}, size / 2, size - 1}) {
-    SCOPED_TRACE(room);
+  const struct {
+    int lines;
+    qint64 room;
+  } cases[] = {{5000, 0}, {5000, 100}, {5000, size}, {2, size / 2}, {2, size - 4000}, {2, size - 20}, {2, size - 1}};
+  for (const auto& [lines, room] : cases) {
+    SCOPED_TRACE(std::to_string(lines) + " lines, room for " + std::to_string(room));
     int pages = 0;
     const velmo::test::SmallDisk disk(static_cast<rlim_t>(room));
-    const auto problem = writePdf(listOf(5000), path.toStdString(), [&](int written, int) {
+    const auto problem = writePdf(listOf(lines), path.toStdString(), [&](int written, int) {
       pages = written;
       return true;
     });
@@ -79,6 +83,8 @@ TEST(PdfWriter, FullDiskKeepsTheFormerFileAndLeavesNoPart) {
     EXPECT_EQ(QFileInfo(path).size(), size);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
   }
+  const velmo::test::SmallDisk disk(static_cast<rlim_t>(size));
+  EXPECT_EQ(writePdf(listOf(2), path.toStdString()), std::nullopt) << "room enough";
 }
 
 TEST(PdfWriter, DataThatFailsLeavesNoFile) {

@@ -6,6 +6,7 @@
 #include "settings_company.h"
 #include "shell/direct_back_up.h"
 #include "shell/navigation.h"
+#include "support/small_disk.h"
 
 namespace velmo::shell {
 namespace {
@@ -84,6 +85,19 @@ TEST_F(LogoAndBackUp, LogoStaysWhenTheChosenFileIsNoPicture) {
   choose(company.folder() / "gone.jpg");
   EXPECT_EQ(content(logo), before);
   expectShown(true);
+}
+
+TEST_F(LogoAndBackUp, LogoStaysWhenTheDiskIsFull) {
+  const std::string before = content(fs::path(picture("mylogo.jpg", "JPG", 10)));
+  open("LogoSetting");
+  for (const int side : {40, 900}) {  // within a buffer of the file, and beyond it
+    const fs::path chosen = picture("chosen.jpg", "PNG", side);
+    const test::SmallDisk disk(fs::file_size(chosen) - 1);
+    files.name = chosen.string();
+    prompts.expect("Cannot Save", "The logo cannot be saved (the disk is full). It was not changed.");
+    control<QPushButton>("NewBttn").click();
+    EXPECT_EQ(content(logo), before);
+  }
 }
 
 TEST_F(LogoAndBackUp, FileDialogThatWandersLeavesTheProgramInItsFolder) {
