@@ -101,6 +101,7 @@ void Parent::startTimers() {
   connect(itemsTimer_, &QTimer::timeout, this, &Parent::readItems);
   connect(accountsTimer_, &QTimer::timeout, this, &Parent::readAccounts);
   connect(idleTimer_, &QTimer::timeout, this, &Parent::moveLogIntoFile);
+  connect(screens_, &ScreenWindows::screenOpening, this, &Parent::readMissingLists);
   connect(screens_, &ScreenWindows::screenClosed, this, &Parent::screenClosed);
   itemsTimer_->start();
   accountsTimer_->start();
@@ -109,11 +110,19 @@ void Parent::startTimers() {
 }
 
 void Parent::readItems() {
+  itemsTimer_->stop();
   readAfresh(context_->ItemsRS, context_->KORDconn, "SELECT * FROM StockLevel3 ORDER BY ItemCode");
 }
 
 void Parent::readAccounts() {
+  accountsTimer_->stop();
   readAfresh(context_->AccountsRS, context_->KORDconn, "SELECT * from AccLevel3 order by acccode");
+}
+
+// For those who open a screen before the lists are read.
+void Parent::readMissingLists() {
+  if (!context_->ItemsRS.isOpen()) readItems();
+  if (!context_->AccountsRS.isOpen()) readAccounts();
 }
 
 void Parent::moveLogIntoFile() {

@@ -51,6 +51,7 @@ class Parent : public QMainWindow {
   void startTimers();
   void readItems();
   void readAccounts();
+  void readMissingLists();
   void moveLogIntoFile();
   void showCompany();
   void screenClosed(const QString& name);

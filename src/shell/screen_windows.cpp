@@ -58,6 +58,7 @@ bool ScreenWindows::openScreen(std::string_view name) {
 
 QMdiSubWindow* ScreenWindows::makeWindow(const ScreenEntry& entry) {
   if (!workplace_) throw std::logic_error("a screen was opened before there was a workplace");
+  Q_EMIT screenOpening();
   QWidget* screen = entry.make(*workplace_, nullptr);
   screen->setObjectName(QString::fromUtf8(entry.name.data(), static_cast<qsizetype>(entry.name.size())));
   screen->setAttribute(Qt::WA_DeleteOnClose);
@@ -73,6 +74,7 @@ bool ScreenWindows::openDialog(std::string_view name) {
   const ScreenEntry* entry = entryOf(name);
   if (!entry || entry->kind != ScreenKind::Dialog) return false;
   if (!workplace_) throw std::logic_error("a dialog was opened before there was a workplace");
+  Q_EMIT screenOpening();
   const std::unique_ptr<QWidget> widget(entry->make(*workplace_, window()));
   auto& dialog = dynamic_cast<QDialog&>(*widget);
   dialog.setObjectName(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));

@@ -32,6 +32,8 @@ class ScreenWindows : public QMdiArea, public session::ScreenOpener {
   bool closeAll();
 
  Q_SIGNALS:
+  // A screen is made next, and may look at whatever screens share.
+  void screenOpening();
   // A child window or dialog was closed.
   void screenClosed(const QString& name);
 

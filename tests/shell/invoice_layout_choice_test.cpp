@@ -29,8 +29,6 @@ class InvoiceLayoutChoice : public testing::Test {
                                                                        .screenWidth = 1920});
     shell_->SkipBackUpPrompt = true;
     shell_->show();
-    while (!shell_->workplace().context.AccountsRS.isOpen())  // read a moment after the start
-      QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     showInvoice();
     screen_ = shell_->screens().openWindow("SaleInvoicesSimple");
   }

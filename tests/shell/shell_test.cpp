@@ -160,6 +160,14 @@ TEST_F(Shell, ReadsTheSharedListsOnceAfterASecond) {
   EXPECT_TRUE(context().AccountsRS.find("AccCode = 99999001"));
 }
 
+TEST_F(Shell, ReadsTheSharedListsForAScreenThatIsOpenedBeforeThat) {
+  open();
+  action("SaleMod_55").trigger();
+  EXPECT_TRUE(context().ItemsRS.isOpen() && context().AccountsRS.isOpen());
+  for (const char* timer : {"InvTimer", "AccTimer"})
+    EXPECT_FALSE(shell_->findChild<QTimer*>(QLatin1String(timer))->isActive()) << timer;
+}
+
 // The screens' area is a filter of the whole application.
 TEST_F(Shell, LetsMessageBoxesAndDialogsEndAsTheyWereAnswered) {
   open();
