@@ -28,7 +28,7 @@ QComboBox::down-arrow, QDateEdit::down-arrow { image: url(@chevron); width: 12px
 QComboBox QAbstractItemView { border: 1px solid @border; background: @base; outline: 0; padding: 2px; }
 QAbstractItemView QLineEdit { border: 2px solid @accent; border-radius: 0; padding: 0 3px; }
 
-QPushButton { border: 1px solid @border; border-radius: 5px; padding: 5px 14px; background: @button; }
+QPushButton { border: 1px solid @border; border-radius: 5px; padding: 5px 14px; background: @button; outline: 0; }
 QPushButton:hover { border-color: @accent; }
 QPushButton:pressed, QPushButton:checked { background: @pressed; }
 QPushButton:focus { border: 2px solid @accent; padding: 4px 13px; }

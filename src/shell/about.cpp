@@ -107,6 +107,9 @@ class About : public QDialog {
     bar_->setRange(0, 0);
     bar_->setTextVisible(false);
     bar_->setVisible(false);
+    QSizePolicy itsPlace = bar_->sizePolicy();
+    itsPlace.setRetainSizeWhenHidden(true);
+    bar_->setSizePolicy(itsPlace);
     grid->addWidget(bar_);
     backUp_ = new QPushButton(QStringLiteral("&Back up now..."), card);
     backUp_->setObjectName(QStringLiteral("Bluff"));
