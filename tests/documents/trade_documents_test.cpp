@@ -1,5 +1,6 @@
 #include <QComboBox>
 
+#include "documents/find_screens.h"
 #include "documents/invoice_company.h"
 #include "documents/invoice_print.h"
 #include "documents/purchase_bill_type.h"
@@ -7,6 +8,7 @@
 #include "documents/sale_return_type.h"
 #include "documents/trade_screens.h"
 #include "forms/date_picker.h"
+#include "frame/find_statement.h"
 #include "printing/page_pictures.h"
 #include "text/number.h"
 
@@ -307,6 +309,50 @@ TEST(TradePrint, SaysWhatItIsAndCountsWhatMoved) {
       all += printing::drawnText(pages[0].drawing, run, 1) + u'\n';
     for (const char* words : printed.words) EXPECT_TRUE(all.contains(QString::fromUtf8(words))) << words;
     EXPECT_TRUE(all.contains(QStringLiteral("7.00"))) << "the quantity";
+  }
+}
+
+// What a document of its kind has in the columns of its Find screen.
+TEST(TradeFind, FindsADocumentByEveryColumnAndNotByAnother) {
+  TradingCompany shop;
+  struct Found {
+    InvoiceScreen::Make make;
+    frame::FindType find;
+    int tranType;
+    const char* party;
+    const char* d1;
+    const char* d2;
+  };
+  for (const Found& kind :
+       {Found{documents::makeSaleReturns, documents::findSReturns(), 35, "12001002", "12", nullptr},
+        Found{documents::makePurchaseBillsSimple, documents::findPurchasesSimple(), 22, "21001002", "V'9", "12"},
+        Found{documents::makePurchaseReturns, documents::findPReturns(), 25, "21001002", "V'9", "12"},
+        Found{documents::makeSaleInvoicesSimple, documents::findSalesPOS(), 32, "12001002", "PO'9", "12"}}) {
+    SCOPED_TRACE(kind.tranType);
+    InvoiceScreen screen(shop, {}, kind.make);
+    screen.type("PartyCodeTxt", kind.party);
+    screen.type("D1", kind.d1);
+    if (kind.d2) screen.type("D2", kind.d2);
+    screen.line(0, "H1", "1");
+    screen.press("SaveBttn");
+    const store::Recordset saved(shop.context.KORDconn,
+                                 "select * from transactions where trantype=" + std::to_string(kind.tranType));
+    const auto count = [&](const std::string& condition) {
+      return store::Recordset(shop.context.KORDconn, frame::findStatement(kind.find, kind.tranType, 1, condition))
+          .recordCount();
+    };
+    EXPECT_EQ(count({}), 1);
+    for (const frame::FindColumn& column : kind.find.columns) {
+      SCOPED_TRACE(column.caption);
+      const std::string field(column.column.substr(column.column.rfind('.') + 1));
+      std::string value = saved.fieldIndex(field) >= 0 ? saved.text(field) : "dmin";  // of the user Administrator
+      if (field == "EmpName") value = shop.one("select empname from employees where empid = " + saved.text("EmpID"));
+      if (value.empty()) value = "%";
+      EXPECT_EQ(count(frame::findCondition(column, value, shop.clock.today()).value()), 1) << value;
+      const text::DateTime otherDay = shop.clock.today().addDays(1);
+      const std::string other = column.condition == frame::FindCondition::Number ? "77777" : "no such' text";
+      EXPECT_EQ(count(frame::findCondition(column, other, otherDay).value()), 0);
+    }
   }
 }
 
