@@ -25,7 +25,7 @@ constexpr std::array<InfoField, 9> infoFields = {{{"name", "&Name"},
                                                   {"fax", "&Fax"},
                                                   {"website", "&Website"},
                                                   {"email", "&E-mail"},
-                                                  {"ntn", "NT&N (national tax number)"},
+                                                  {"ntn", "NTN (national ta&x number)"},
                                                   {"salestaxreg", "Sales tax &registration"},
                                                   {"description", "&Description"}}};
 

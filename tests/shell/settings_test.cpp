@@ -198,6 +198,45 @@ TEST_F(Settings, MarginTakesFiveDigitsAtMost) {
   EXPECT_EQ(margin.text(), QStringLiteral("1234"));
 }
 
+TEST_F(Settings, TabFollowsTheEyeAndEveryAccessKeyIsTakenOnce) {
+  const struct {
+    const char* screen;
+    std::vector<std::string> stops;  // the first has the focus
+  } cases[] = {
+      {"CompanyInfo",
+       {"Info_0", "Info_1", "Info_2", "Info_3", "Info_4", "Info_5", "Info_6", "Info_7", "Info_8", "SaveBttn",
+        "CancelBttn"}},
+      {"CurrencySettings", {"CountryList", "CName", "CSymbol", "SaveBttn", "CancelBttn"}},
+      {"InvoiceSettings", {"InvSize_1", "InvType_1", "HeadCheck", "TM", "SaveBttn", "CancelBttn"}},
+      {"POSettings", {"HeadCheck", "TM", "SaveBttn", "CancelBttn"}},
+      {"LogoSetting", {"NewBttn", "CloseBttn"}},
+      {"About", {"OkBttn", "Bluff"}},
+  };
+  for (const auto& [screen, stops] : cases) {
+    SCOPED_TRACE(screen);
+    open(screen);
+    if (auto* letterhead = dialog->findChild<QAbstractButton*>(QStringLiteral("HeadCheck")))
+      letterhead->setChecked(true);
+    QApplication::setActiveWindow(dialog.get());
+    for (const std::string& stop : stops) {
+      ASSERT_TRUE(QApplication::focusWidget());
+      EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), stop);
+      test::press(*QApplication::focusWidget(), Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"));
+    }
+    EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), stops.front()) << "and round again";
+    std::map<QString, int> keys;
+    for (QWidget* widget : dialog->findChildren<QWidget*>())
+      for (const char* words : {"text", "title"}) {
+        const QKeySequence key = QKeySequence::mnemonic(widget->property(words).toString());
+        if (!key.isEmpty()) ++keys[key.toString()];
+      }
+    for (const auto& [key, uses] : keys) EXPECT_EQ(uses, 1) << key.toStdString();
+    EXPECT_GE(keys.size(), 2U);
+    test::press(*QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(dialog->isVisible());
+  }
+}
+
 TEST(PrintFormat, EveryChoiceIsShownAsItWasStored) {
   for (const auto formats : {invoiceFormats(), orderFormats(), quotationFormats()})
     for (const PrintFormat& format : formats)
