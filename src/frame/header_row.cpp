@@ -1,7 +1,8 @@
 #include "frame/header_row.h"
 
+#include <strings.h>
+
 #include <algorithm>
-#include <cctype>
 #include <stdexcept>
 
 namespace velmo::frame {
@@ -41,7 +42,7 @@ constexpr std::array headerColumns{HeaderColumn{"DocNo", Blank::Zero},         H
                                    HeaderColumn{"InvLedger", Blank::No}};
 
 bool sameName(std::string_view a, std::string_view b) {
-  return std::ranges::equal(a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
+  return a.size() == b.size() && strncasecmp(a.data(), b.data(), a.size()) == 0;
 }
 
 std::size_t indexOf(std::string_view column) {

@@ -97,6 +97,10 @@ void CellTable::set(std::size_t row, std::size_t column, const Value& value) {
   cells_[row * columns_ + column] = cellOf(value);
 }
 
+void CellTable::clear(std::size_t row) {
+  std::fill_n(cells_.begin() + static_cast<std::ptrdiff_t>(row * columns_), columns_, Cell{});
+}
+
 int CellTable::compare(std::size_t leftRow, std::size_t rightRow, std::size_t column) const {
   const Cell& left = cells_[leftRow * columns_ + column];
   const Cell& right = cells_[rightRow * columns_ + column];

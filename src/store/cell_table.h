@@ -24,6 +24,7 @@ class CellTable {
   void append(sqlite3_stmt* statement, const std::vector<ColumnType>& types);  // the row the statement stands on
   Value value(std::size_t row, std::size_t column) const;
   void set(std::size_t row, std::size_t column, const Value& value);
+  void clear(std::size_t row);  // nulls
 
   // Nulls first, numbers and dates by size, texts without regard to the case of A to Z.
   int compare(std::size_t leftRow, std::size_t rightRow, std::size_t column) const;

@@ -4,16 +4,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "store/recordset.h"
 #include "store/result_source.h"
 
 namespace velmo::store {
-
-// Field numbers and the values given for them, converted to their columns.
-using FieldValues = std::vector<std::pair<int, Value>>;
 
 // What stands behind a Recordset; its operations mean what they mean there. Two kinds: ListCursor over rows that are
 // held, KeysetCursor over a table that is walked.

@@ -8,15 +8,15 @@
 namespace velmo::store {
 
 KeysetCursor::KeysetCursor(const std::shared_ptr<const ResultSource>& source, KeysetQuery query)
-    : source_(std::make_shared<ResultSource>(*source)), query_(std::move(query)) {
+    : source_(std::make_shared<ResultSource>(*source)), query_(std::make_shared<KeysetQuery>(std::move(query))) {
   // The key is read beside the fields, selected or not.
-  source_->tables.front().keyFields = query_.keySlots();
-  source_->tables.front().keySelected = !query_.keySlots().empty();
-  stand(query_.end(connection(), Direction::Forward), Where::After);
+  source_->tables.front().keyFields = query_->keySlots();
+  source_->tables.front().keySelected = !query_->keySlots().empty();
+  stand(query_->end(connection(), Direction::Forward), Where::After);
 }
 
 std::shared_ptr<Cursor> KeysetCursor::clone() const {
-  KeysetQuery query = query_;
+  KeysetQuery query = *query_;
   query.setFilter(std::nullopt);
   auto twin = std::make_shared<KeysetCursor>(source_, std::move(query));
   twin->sort_ = sort_;
@@ -60,12 +60,12 @@ void KeysetCursor::requery() {
   remember();
   edit_.reset();
   forgetLooked();
-  stand(query_.end(connection(), Direction::Forward), Where::After);
+  stand(query_->end(connection(), Direction::Forward), Where::After);
 }
 
 bool KeysetCursor::isEmpty() const {
   if (place_.where == Where::On) return false;
-  return !query_.end(connection(), Direction::Forward).has_value();
+  return !query_->end(connection(), Direction::Forward).has_value();
 }
 
 bool KeysetCursor::bof() const {
@@ -81,22 +81,22 @@ bool KeysetCursor::eof() const {
 void KeysetCursor::moveFirst() {
   update();
   remember();
-  stand(query_.end(connection(), Direction::Forward), Where::After);
+  stand(query_->end(connection(), Direction::Forward), Where::After);
 }
 
 void KeysetCursor::moveLast() {
   update();
   remember();
-  stand(query_.end(connection(), Direction::Backward), Where::After);
+  stand(query_->end(connection(), Direction::Backward), Where::After);
 }
 
 void KeysetCursor::moveNext() {
   update();
   remember();
   if (place_.where == Where::Before) {
-    stand(query_.end(connection(), Direction::Forward), Where::After);
+    stand(query_->end(connection(), Direction::Forward), Where::After);
   } else if (place_.where != Where::After) {
-    stand(query_.next(connection(), place_.row, Direction::Forward), Where::After);
+    stand(query_->next(connection(), place_.row, Direction::Forward), Where::After);
   }
 }
 
@@ -104,9 +104,9 @@ void KeysetCursor::movePrevious() {
   update();
   remember();
   if (place_.where == Where::After) {
-    stand(query_.end(connection(), Direction::Backward), Where::After);
+    stand(query_->end(connection(), Direction::Backward), Where::After);
   } else if (place_.where != Where::Before) {
-    stand(query_.next(connection(), place_.row, Direction::Backward), Where::Before);
+    stand(query_->next(connection(), place_.row, Direction::Backward), Where::Before);
   }
 }
 
@@ -117,12 +117,12 @@ std::int64_t KeysetCursor::generation() const {
 
 std::int64_t KeysetCursor::recordCount() const {
   const std::int64_t now = generation();
-  if (counted_.generation != now) counted_ = {.generation = now, .rows = query_.count(connection())};
+  if (counted_.generation != now) counted_ = {.generation = now, .rows = query_->count(connection())};
   return counted_.rows;
 }
 
 std::int64_t KeysetCursor::position() const {
-  return place_.where == Where::On && !(edit_ && edit_->adding) ? query_.countBefore(connection(), place_.row) : -1;
+  return place_.where == Where::On && !(edit_ && edit_->adding) ? query_->countBefore(connection(), place_.row) : -1;
 }
 
 void KeysetCursor::forgetLooked() noexcept {
@@ -138,19 +138,19 @@ void KeysetCursor::lookAround(std::int64_t position) const {
   const bool isBehind = !rows.empty() && position >= looked_.end() && position < looked_.end() + portion;
   const bool isBefore = !rows.empty() && position < looked_.first && position >= looked_.first - portion;
   if (isBehind) {
-    for (WalkedRow& row : query_.neighbours(connection(), rows.back(), Direction::Forward, portion))
+    for (WalkedRow& row : query_->neighbours(connection(), rows.back(), Direction::Forward, portion))
       rows.push_back(std::move(row));
     for (; looked_.end() - looked_.first > most; ++looked_.first) rows.pop_front();
   } else if (isBefore) {
     for (WalkedRow& row :
-         query_.neighbours(connection(), rows.front(), Direction::Backward, std::min(portion, looked_.first))) {
+         query_->neighbours(connection(), rows.front(), Direction::Backward, std::min(portion, looked_.first))) {
       rows.push_front(std::move(row));
       --looked_.first;
     }
     while (looked_.end() - looked_.first > most) rows.pop_back();
   } else {
     looked_.generation = generation();
-    std::vector<WalkedRow> found = query_.from(connection(), position, portion);
+    std::vector<WalkedRow> found = query_->from(connection(), position, portion);
     looked_.first = position;
     rows.assign(std::move_iterator(found.begin()), std::move_iterator(found.end()));
   }
@@ -175,13 +175,13 @@ void KeysetCursor::moveTo(std::int64_t position) {
 Bookmark KeysetCursor::bookmark() const {
   requireRow();
   if (edit_ && edit_->adding) throw noCurrentRow();
-  return query_.numberOf(place_.row);
+  return query_->numberOf(place_.row);
 }
 
 void KeysetCursor::setBookmark(Bookmark row) {
   update();
   remember();
-  std::optional<WalkedRow> found = query_.byNumber(connection(), row);
+  std::optional<WalkedRow> found = query_->byNumber(connection(), row);
   if (!found) throw StoreError(ErrorKind::Misuse, "The marked record is not in the list any more.");
   stand(std::move(found), Where::After);
 }
@@ -191,11 +191,11 @@ bool KeysetCursor::find(std::string_view criterion, SearchFrom from) {
   update();
   remember();
   if (place_.where == Where::Before) {
-    stand(query_.end(connection(), Direction::Forward, &test), Where::After);
+    stand(query_->end(connection(), Direction::Forward, &test), Where::After);
   } else if (place_.where != Where::After) {
     const bool stays = place_.where == Where::On && from == SearchFrom::CurrentRow &&
                        test.passes([this](int field) { return place_.row[static_cast<std::size_t>(field)]; });
-    if (!stays) stand(query_.next(connection(), place_.row, Direction::Forward, &test), Where::After);
+    if (!stays) stand(query_->next(connection(), place_.row, Direction::Forward, &test), Where::After);
   }
   return place_.where == Where::On;
 }
@@ -204,7 +204,9 @@ void KeysetCursor::setFilter(std::string_view conditions) {
   std::optional<RowTest> filter = RowTest::filter(*source_, conditions);
   update();
   remember();
-  query_.setFilter(std::move(filter));
+  auto filtered = std::make_shared<KeysetQuery>(*query_);
+  filtered->setFilter(std::move(filter));
+  query_ = std::move(filtered);
   forgetLooked();
   moveFirst();
 }
@@ -214,7 +216,9 @@ void KeysetCursor::setSort(std::string_view columns) {
   update();
   remember();
   sort_ = columns;
-  query_.orderBy(connection(), items);
+  auto ordered = std::make_shared<KeysetQuery>(*query_);
+  ordered->orderBy(connection(), items);
+  query_ = std::move(ordered);
   forgetLooked();
 }
 
@@ -229,14 +233,14 @@ Value KeysetCursor::value(int field) const {
 
 Value KeysetCursor::valueAt(std::int64_t position, int field) const {
   const WalkedRow& row = rowAt(position);
-  if (place_.where == Where::On && edit_ && !edit_->adding && query_.numberOf(row) == query_.numberOf(place_.row)) {
+  if (place_.where == Where::On && edit_ && !edit_->adding && query_->numberOf(row) == query_->numberOf(place_.row)) {
     return value(field);
   }
   return row[static_cast<std::size_t>(field)];
 }
 
 Bookmark KeysetCursor::bookmarkAt(std::int64_t position) const {
-  return query_.numberOf(rowAt(position));
+  return query_->numberOf(rowAt(position));
 }
 
 // --- writing
@@ -267,7 +271,7 @@ void KeysetCursor::set(int field, const Value& value) {
 void KeysetCursor::setAt(std::int64_t position, int field, const Value& value) {
   requireWritable();
   const WalkedRow row = rowAt(position);
-  if (place_.where == Where::On && query_.numberOf(row) == query_.numberOf(place_.row)) {
+  if (place_.where == Where::On && query_->numberOf(row) == query_->numberOf(place_.row)) {
     set(field, value);
     return;
   }
@@ -283,7 +287,7 @@ void KeysetCursor::addNew() {
   update();
   remember();
   edit_ = Edit{.adding = true, .changes = {}, .before = place_};
-  place_ = {.where = Where::On, .row = WalkedRow(query_.slotCount())};
+  place_ = {.where = Where::On, .row = WalkedRow(query_->slotCount())};
 }
 
 void KeysetCursor::addNew(FieldValues values) {
@@ -300,7 +304,7 @@ void KeysetCursor::addNew(FieldValues values) {
 
 // What the store made of a written row, computed order columns and defaults included.
 void KeysetCursor::reload(std::int64_t number) {
-  std::optional<WalkedRow> row = query_.byNumber(connection(), number);
+  std::optional<WalkedRow> row = query_->byNumber(connection(), number);
   if (!row) throw StoreError(ErrorKind::Conflict, "The record was deleted by another program.");
   place_ = {.where = Where::On, .row = std::move(*row)};
 }
@@ -319,9 +323,9 @@ void KeysetCursor::update() {
   std::erase_if(changes, [](const FieldChange& each) { return each.value == each.original; });
   if (!changes.empty()) {
     writer.update(changes, [this](int slot) { return place_.row[static_cast<std::size_t>(slot)]; });
-    std::int64_t number = query_.numberOf(place_.row);
+    std::int64_t number = query_->numberOf(place_.row);
     for (const FieldChange& each : changes) {
-      if (query_.isNumber(static_cast<std::size_t>(each.field))) number = std::get<std::int64_t>(each.value);
+      if (query_->isNumber(static_cast<std::size_t>(each.field))) number = std::get<std::int64_t>(each.value);
     }
     edit_.reset();
     reload(number);

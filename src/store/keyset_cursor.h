@@ -33,7 +33,7 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   void setBookmark(Bookmark row) override;
   bool find(std::string_view criterion, SearchFrom from) override;
   void setFilter(std::string_view conditions) override;
-  std::string filter() const override { return query_.filter() ? query_.filter()->text() : std::string(); }
+  std::string filter() const override { return query_->filter() ? query_->filter()->text() : std::string(); }
   void setSort(std::string_view columns) override;
   std::string sort() const override { return sort_; }
 
@@ -74,7 +74,7 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
     Place place;
     std::optional<Edit> edit;
     std::string sort;
-    KeysetQuery query;
+    std::shared_ptr<const KeysetQuery> query;
   };
 
   Connection::Impl& connection() const;
@@ -88,7 +88,7 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   void forgetLooked() noexcept;
 
   std::shared_ptr<ResultSource> source_;
-  KeysetQuery query_;
+  std::shared_ptr<const KeysetQuery> query_;
   std::string sort_;
   Place place_;
   std::optional<Edit> edit_;

@@ -56,6 +56,10 @@ std::optional<KeysetQuery> KeysetQuery::of(const ResultSource& source) {
     query.statementOrder_.push_back(
         {.slot = query.addSlot(alias, column->name, column->type), .descending = item.descending});
   }
+  query.select_ = "SELECT ";
+  for (const std::string& column : query.columns_)
+    query.select_ += (&column == &query.columns_.front() ? "" : ", ") + column;
+  query.select_ += " FROM " + query.from_;
   query.orderBy(*source.connection, {});
   return query;
 }
@@ -154,13 +158,7 @@ std::string KeysetQuery::orderSql(Direction direction) const {
 }
 
 std::string KeysetQuery::selectSql(const Condition& condition, const std::string& tail) const {
-  std::string sql = "SELECT ";
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    if (i > 0) sql += ", ";
-    sql += columns_[i];
-  }
-  sql += " FROM ";
-  sql += from_;
+  std::string sql = select_;
   if (numberOrderNeedsTheTable_) sql += " NOT INDEXED";
   if (!condition.sql.empty()) sql += " WHERE " + condition.sql;
   return sql + tail;

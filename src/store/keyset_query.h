@@ -71,6 +71,7 @@ class KeysetQuery {
 
   const Table* table_ = nullptr;
   std::string from_;
+  std::string select_;  // "SELECT ... FROM ..."
   bool numberOrderNeedsTheTable_ = false;
   std::vector<std::string> columns_;  // of each slot, as SQL
   std::vector<ColumnType> types_;

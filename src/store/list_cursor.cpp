@@ -89,7 +89,7 @@ void ListCursor::dropLost() const {
   place_.losses = rows_->losses();
 }
 
-void ListCursor::sync() const {
+void ListCursor::catchUp() const {
   if (place_.returns != rows_->returns()) {
     rebuild();
     return;

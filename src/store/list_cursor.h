@@ -91,7 +91,15 @@ class ListCursor : public Cursor, public TransactionParticipant, public std::ena
     std::optional<RowTest> filter;
   };
 
-  void sync() const;                        // takes in what others added to or removed from the rows
+  // Takes in what others added to or removed from the rows.
+  void sync() const {
+    if (!isInStep()) catchUp();
+  }
+  bool isInStep() const {
+    return place_.returns == rows_->returns() && place_.losses == rows_->losses() &&
+           (part_ != nullptr || place_.seen == rows_->fetched());
+  }
+  void catchUp() const;
   bool reach(std::int64_t position) const;  // reads on until there is such a row
   void dropLost() const;
   void rebuild() const;  // the view anew, from sort and filter

@@ -49,13 +49,13 @@ void ListCursor::beginEdit() {
 // A row that is written as it is changed stays as it was when that fails; the values themselves fit already.
 void ListCursor::change(RowId row, FieldValues values) {
   if (source().lock != LockType::Optimistic) {
-    for (auto& [field, value] : values) rows_->edit(row, field, std::move(value));
+    rows_->edit(row, std::move(values));
     return;
   }
   const RowState stateBefore = rows_->state(row);
   const RowSet::Edits before = rows_->edits(row);
   try {
-    for (auto& [field, value] : values) rows_->edit(row, field, std::move(value));
+    rows_->edit(row, std::move(values));
     rows_->write(row);
   } catch (...) {
     rows_->restore(row, stateBefore, before);
@@ -78,10 +78,10 @@ void ListCursor::dropEdit() {
 
 void ListCursor::set(int field, const Value& value) {
   requireWritable();
-  Value kept = source().fittedFor(field, value);
+  FieldValues kept{{field, source().fittedFor(field, value)}};
   remember();
   beginEdit();
-  rows_->edit(edit_->row, field, std::move(kept));
+  rows_->edit(edit_->row, std::move(kept));
 }
 
 void ListCursor::setAt(std::int64_t position, int field, const Value& value) {
@@ -191,19 +191,21 @@ void ListCursor::removeBlank(int field) {
   if (!isEmpty()) moveFirst();
 }
 
+// Deleted rows first, then changed ones, then new ones; among each as they are shown, and then those that are not.
 std::vector<RowId> ListCursor::pendingRowsInOrder() const {
   sync();
-  std::vector<RowId> order = place_.view;
-  std::vector<bool> shown(static_cast<std::size_t>(rows_->fetched()), false);
-  for (RowId row : order) shown[static_cast<std::size_t>(row)] = true;
-  for (RowId row = 0; row < rows_->fetched(); ++row) {
-    if (!shown[static_cast<std::size_t>(row)]) order.push_back(row);
-  }
-  std::erase_if(order, [&](RowId row) { return !rows_->isPending(row); });
+  const auto isPending = [this](RowId row) { return rows_->isPending(row); };
   std::vector<RowId> pending;
-  for (RowState state : {RowState::Deleted, RowState::Modified, RowState::Inserted}) {
-    std::ranges::copy_if(order, std::back_inserter(pending), [&](RowId row) { return rows_->state(row) == state; });
+  std::ranges::copy_if(place_.view, std::back_inserter(pending), isPending);
+  std::vector<RowId> shown = pending;
+  std::ranges::sort(shown);
+  for (RowId row = 0; row < rows_->fetched(); ++row) {
+    if (isPending(row) && !std::ranges::binary_search(shown, row)) pending.push_back(row);
   }
+  std::ranges::stable_sort(pending, {}, [this](RowId row) {
+    const RowState state = rows_->state(row);
+    return state == RowState::Deleted ? 0 : state == RowState::Modified ? 1 : 2;
+  });
   return pending;
 }
 

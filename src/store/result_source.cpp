@@ -59,12 +59,10 @@ std::shared_ptr<ResultSource> describeResult(std::shared_ptr<Connection::Impl> c
   source->lock = lock;
   const std::vector<sql::ResultColumn>& columns = source->statement.compiled->columns;
   source->fields.reserve(columns.size());
-  source->byName_.reserve(columns.size());
   for (const sql::ResultColumn& column : columns) {
     const int table = tableIndex(*source, column);
     const Column* base =
         table < 0 ? nullptr : source->tables[static_cast<std::size_t>(table)].table->find(column.column);
-    source->byName_.emplace(column.name, static_cast<int>(source->fields.size()));
     source->sources.push_back({.column = base, .table = base == nullptr ? -1 : table});
     source->types.push_back(column.type);
     source->fields.push_back({.name = column.name,
@@ -76,19 +74,10 @@ std::shared_ptr<ResultSource> describeResult(std::shared_ptr<Connection::Impl> c
   return source;
 }
 
-std::size_t ResultSource::NameHash::operator()(std::string_view name) const noexcept {
-  std::size_t hash = 14695981039346656037U;  // Fowler, Noll, Vo
-  for (const char c : name) hash = (hash ^ static_cast<unsigned char>(lower(c))) * 1099511628211U;
-  return hash;
-}
-
-bool ResultSource::NameEqual::operator()(std::string_view left, std::string_view right) const noexcept {
-  return sameName(left, right);
-}
-
 int ResultSource::fieldIndex(std::string_view name) const {
-  const auto found = byName_.find(name);
-  return found == byName_.end() ? -1 : found->second;
+  const auto found =
+      std::ranges::find_if(fields, [name](const FieldInfo& field) { return sameName(field.name, name); });
+  return found == fields.end() ? -1 : static_cast<int>(found - fields.begin());
 }
 
 int ResultSource::requireField(std::string_view name) const {
@@ -98,7 +87,6 @@ int ResultSource::requireField(std::string_view name) const {
 }
 
 void ResultSource::addChapter(const std::string& name) {
-  byName_.emplace(name, static_cast<int>(fields.size()));
   fields.push_back({.name = name, .type = ColumnType::Text, .readOnly = true, .chapter = true});
 }
 

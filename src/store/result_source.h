@@ -3,13 +3,16 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "store/connection_impl.h"
 #include "store/recordset.h"
 
 namespace velmo::store {
+
+// Field numbers and the values given for them, converted to their columns.
+using FieldValues = std::vector<std::pair<int, Value>>;
 
 // A base table of a result: where its rows can be written, and by which fields they are found.
 struct SourceTable {
@@ -34,24 +37,12 @@ struct ResultSource {
   std::vector<ColumnType> types;     // of each field, chapters left out
   std::vector<SourceTable> tables;
 
-  int fieldIndex(std::string_view name) const;    // -1 when absent
+  // Names are compared as SQLite compares them: A to Z alone without regard to case. -1 when absent.
+  int fieldIndex(std::string_view name) const;
   int requireField(std::string_view name) const;  // throws StoreError (Misuse)
   void addChapter(const std::string& name);       // a field behind the others
   // The value as the field's column keeps it. Throws when the field cannot be written or the value does not fit.
   Value fittedFor(int field, const Value& value) const;
-
- private:
-  friend std::shared_ptr<ResultSource> describeResult(std::shared_ptr<Connection::Impl>, BoundStatement, LockType);
-  // Names are compared as SQLite compares them: A to Z alone without regard to case.
-  struct NameHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view name) const noexcept;
-  };
-  struct NameEqual {
-    using is_transparent = void;
-    bool operator()(std::string_view left, std::string_view right) const noexcept;
-  };
-  std::unordered_map<std::string, int, NameHash, NameEqual> byName_;
 };
 
 // Throws StoreError (Statement) when the statement is no SELECT.

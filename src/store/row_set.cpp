@@ -62,11 +62,20 @@ Value RowSet::value(RowId row, int field) const {
       if (change.field == field) return change.value;
     }
   }
+  return storedValue(row, field);
+}
+
+// A row that is not in the file yet holds nothing but its edits.
+Value RowSet::storedValue(RowId row, int field) const {
+  if (state(row) == RowState::Inserted) return Null{};
   return stored_.value(static_cast<std::size_t>(row), static_cast<std::size_t>(field));
 }
 
 int RowSet::compare(RowId left, RowId right, int field) const {
-  if (pendingEdits(left) == nullptr && pendingEdits(right) == nullptr) {
+  const auto isAsStored = [this](RowId row) {
+    return pendingEdits(row) == nullptr && state(row) != RowState::Inserted;
+  };
+  if (isAsStored(left) && isAsStored(right)) {
     return stored_.compare(static_cast<std::size_t>(left), static_cast<std::size_t>(right),
                            static_cast<std::size_t>(field));
   }
@@ -97,16 +106,19 @@ RowId RowSet::append() {
   return row;
 }
 
-void RowSet::edit(RowId row, int field, Value value) {
+void RowSet::edit(RowId row, FieldValues values) {
+  if (values.empty()) return;
   remember(row);
-  if (pendingEdits(row) == nullptr) setEdits(row, {});
+  if (pendingEdits(row) == nullptr) setEdits(row, std::make_unique<Edits>());
   Edits& edits = *edits_[static_cast<std::size_t>(row)];
-  const auto found = std::ranges::find(edits, field, &FieldChange::field);
-  if (found != edits.end()) {
-    found->value = std::move(value);
-  } else {
-    Value original = stored_.value(static_cast<std::size_t>(row), static_cast<std::size_t>(field));
-    edits.push_back({.field = field, .original = std::move(original), .value = std::move(value)});
+  edits.reserve(edits.size() + values.size());
+  for (auto& [field, value] : values) {
+    const auto found = std::ranges::find(edits, field, &FieldChange::field);
+    if (found != edits.end()) {
+      found->value = std::move(value);
+    } else {
+      edits.push_back({.field = field, .original = storedValue(row, field), .value = std::move(value)});
+    }
   }
   if (state(row) == RowState::Clean) setState(row, RowState::Modified);
 }
@@ -124,19 +136,21 @@ RowSet::Edits RowSet::edits(RowId row) const {
 void RowSet::restore(RowId row, RowState state, Edits edits) {
   remember(row);
   setState(row, state);
-  takeEdits(row);
-  if (!edits.empty()) setEdits(row, std::move(edits));
+  setEdits(row, edits.empty() ? nullptr : std::make_unique<Edits>(std::move(edits)));
 }
 
-RowSet::Edits RowSet::takeEdits(RowId row) {
-  if (pendingEdits(row) == nullptr) return {};
-  return std::move(*std::exchange(edits_[static_cast<std::size_t>(row)], nullptr));
-}
-
-void RowSet::setEdits(RowId row, Edits edits) {
+std::unique_ptr<RowSet::Edits> RowSet::takeEdits(RowId row) {
   const auto place = static_cast<std::size_t>(row);
-  if (edits_.size() <= place) edits_.resize(place + 1);
-  edits_[place] = std::make_unique<Edits>(std::move(edits));
+  return place < edits_.size() ? std::move(edits_[place]) : nullptr;
+}
+
+void RowSet::setEdits(RowId row, std::unique_ptr<Edits> edits) {
+  const auto place = static_cast<std::size_t>(row);
+  if (edits_.size() <= place) {
+    if (edits == nullptr) return;
+    edits_.resize(place + 1);
+  }
+  edits_[place] = std::move(edits);
 }
 
 void RowSet::markDeleted(RowId row) {
@@ -174,35 +188,38 @@ void RowSet::write(RowId row, const RowWriter& writer) {
   static const Edits nothing;
   const Edits* pending = pendingEdits(row);
   const Edits& changes = pending == nullptr ? nothing : *pending;
-  Edits filledIn;
   if (present == RowState::Inserted) {
-    filledIn = writer.insert(changes);
-  } else {
-    Edits differing = changes;
-    std::erase_if(differing, [](const FieldChange& change) { return change.value == change.original; });
-    if (!differing.empty()) writer.update(differing, original);
+    store(row, writer.insert(changes));
+    return;
   }
-  store(row, std::move(filledIn));
+  Edits differing = changes;
+  std::erase_if(differing, [](const FieldChange& change) { return change.value == change.original; });
+  if (!differing.empty()) writer.update(differing, original);
+  store(row, {});
 }
 
 // The pending values become the stored ones.
-void RowSet::store(RowId row, Edits filledIn) {
+void RowSet::store(RowId row, const Edits& filledIn) {
   const auto place = static_cast<std::size_t>(row);
-  const RowState present = state(row);
   const bool remembered = isToRemember(row, true);
-  Edits edits = takeEdits(row);
-  std::vector<Value> before;
-  before.reserve(remembered ? source_->types.size() : 0);
-  for (std::size_t i = 0; remembered && i < source_->types.size(); ++i) before.push_back(stored_.value(place, i));
-  for (const Edits* written : {&edits, &filledIn}) {
+  Undo before{.row = row, .state = state(row), .edits = takeEdits(row), .stored = {}};
+  if (before.state == RowState::Inserted) {
+    stored_.clear(place);
+  } else if (remembered) {
+    before.stored = std::make_unique<std::vector<Value>>();
+    for (std::size_t i = 0; i < source_->types.size(); ++i) before.stored->push_back(stored_.value(place, i));
+  }
+  for (const Edits* written : {static_cast<const Edits*>(before.edits.get()), &filledIn}) {
+    if (written == nullptr) continue;
     for (const FieldChange& change : *written) stored_.set(place, static_cast<std::size_t>(change.field), change.value);
   }
   setState(row, RowState::Clean);
-  if (remembered) remember(row, present, std::move(edits), std::move(before));
+  if (remembered) undo_.push_back(std::move(before));
 }
 
 // Whether the open transaction needs a record of the row as it is now. Between two marks the first record of a row is
-// enough: winding back ends there.
+// enough: winding back ends there. The stored values are part of it when they change, but for a row that was not in the
+// file.
 bool RowSet::isToRemember(RowId row, bool storedToo) {
   Connection::Impl& connection = *source_->connection;
   if (connection.transaction == 0) return false;
@@ -211,19 +228,19 @@ bool RowSet::isToRemember(RowId row, bool storedToo) {
     undoTransaction_ = connection.transaction;
     connection.enrol(shared_from_this());
   }
-  const bool isLast = undo_.size() > undoMark_ && undo_.back().row == row;
-  return !isLast || (storedToo && (undo_.back().content == nullptr || undo_.back().content->stored.empty()));
+  if (undo_.size() <= undoMark_ || undo_.back().row != row) return true;
+  const Undo& last = undo_.back();
+  const bool wasInFile = last.state != RowState::Inserted && last.state != RowState::Gone;
+  return storedToo && wasInFile && last.stored == nullptr;
 }
 
 void RowSet::remember(RowId row) {
-  if (isToRemember(row, false)) remember(row, state(row), edits(row), {});
-}
-
-void RowSet::remember(RowId row, RowState state, Edits edits, std::vector<Value> stored) {
-  const bool empty = edits.empty() && stored.empty();
+  if (!isToRemember(row, false)) return;
+  const Edits* pending = pendingEdits(row);
   undo_.push_back({.row = row,
-                   .state = state,
-                   .content = empty ? nullptr : std::make_unique<Content>(std::move(edits), std::move(stored))});
+                   .state = state(row),
+                   .edits = pending == nullptr ? nullptr : std::make_unique<Edits>(*pending),
+                   .stored = {}});
 }
 
 std::size_t RowSet::undoMark() {
@@ -236,12 +253,11 @@ void RowSet::undoTo(std::size_t mark) {
     Undo before = std::move(undo_.back());
     undo_.pop_back();
     setState(before.row, before.state);
-    takeEdits(before.row);
-    if (before.content == nullptr) continue;
-    for (std::size_t i = 0; i < before.content->stored.size(); ++i) {
-      stored_.set(static_cast<std::size_t>(before.row), i, before.content->stored[i]);
+    setEdits(before.row, std::move(before.edits));
+    if (before.stored == nullptr) continue;
+    for (std::size_t i = 0; i < before.stored->size(); ++i) {
+      stored_.set(static_cast<std::size_t>(before.row), i, (*before.stored)[i]);
     }
-    if (!before.content->edits.empty()) setEdits(before.row, std::move(before.content->edits));
   }
 }
 

@@ -55,7 +55,7 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   // Pending changes, at the client only.
   using Edits = std::vector<FieldChange>;
   RowId append();
-  void edit(RowId row, int field, Value value);
+  void edit(RowId row, FieldValues values);
   Edits edits(RowId row) const;
   void restore(RowId row, RowState state, Edits edits);  // takes back what edit() did since
   void markDeleted(RowId row);
@@ -76,24 +76,21 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
 
  private:
   // What a row was. Of most rows, blank ones that leave a sheet, the state says it all.
-  struct Content {
-    Edits edits;
-    std::vector<Value> stored;  // empty unless the stored values changed
-  };
   struct Undo {
     RowId row;
     RowState state;
-    std::unique_ptr<Content> content;  // nullptr: no edits, stored values unchanged
+    std::unique_ptr<Edits> edits;                // nullptr for none
+    std::unique_ptr<std::vector<Value>> stored;  // nullptr unless the stored values of a row in the file changed
   };
 
   explicit RowSet(std::shared_ptr<const ResultSource> source);
   void setState(RowId row, RowState state);
   void write(RowId row, const RowWriter& writer);
-  void store(RowId row, Edits filledIn);
+  void store(RowId row, const Edits& filledIn);
   const Edits* pendingEdits(RowId row) const;  // nullptr for none
-  Edits takeEdits(RowId row);
-  void remember(RowId row, RowState state, Edits edits, std::vector<Value> stored);
-  void setEdits(RowId row, Edits edits);
+  Value storedValue(RowId row, int field) const;
+  std::unique_ptr<Edits> takeEdits(RowId row);
+  void setEdits(RowId row, std::unique_ptr<Edits> edits);
   bool isToRemember(RowId row, bool storedToo);
   void remember(RowId row);
   void forgetUndo() noexcept;

@@ -113,6 +113,9 @@ std::string RowWriter::insertSql(const Table& table, const std::vector<FieldChan
   std::string sql = "INSERT INTO " + quotedName(table.name);
   if (values.empty()) return sql + " DEFAULT VALUES";
   std::string parameters;
+  constexpr std::size_t usualName = 16;
+  sql.reserve(sql.size() + values.size() * (usualName + 6));
+  parameters.reserve(values.size() * 5);
   const char* separator = " (";
   for (std::size_t i = 0; i < values.size(); ++i) {
     sql += separator;
@@ -121,12 +124,16 @@ std::string RowWriter::insertSql(const Table& table, const std::vector<FieldChan
     parameters += i == 0 ? "?" : ", ?";
     parameters += std::to_string(i + 1);
   }
-  return sql + ") VALUES (" + parameters + ")";
+  sql += ") VALUES (";
+  sql += parameters;
+  sql += ')';
+  return sql;
 }
 
 PreparedStatement& RowWriter::insertion(const Table& table, const std::vector<FieldChange>& values) const {
   if (!insertion_ || !std::ranges::equal(insertion_->fields, values, {}, {}, &FieldChange::field)) {
     std::vector<int> fields;
+    fields.reserve(values.size());
     for (const FieldChange& value : values) fields.push_back(value.field);
     insertion_.reset();
     insertion_.emplace(std::move(fields), source_.connection->prepare(insertSql(table, values)));

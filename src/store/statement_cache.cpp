@@ -2,26 +2,25 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "store/sqlite_error.h"
 
 namespace velmo::store {
 
-PreparedStatement::PreparedStatement(std::shared_ptr<StatementCache> cache, std::string sql, sqlite3_stmt* statement)
-    : cache_(std::move(cache)), sql_(std::move(sql)), statement_(statement) {}
+PreparedStatement::PreparedStatement(std::shared_ptr<StatementCache> cache, Entry entry)
+    : cache_(std::move(cache)), entry_(entry) {}
 
 PreparedStatement::PreparedStatement(PreparedStatement&& other) noexcept
-    : cache_(std::move(other.cache_)),
-      sql_(std::move(other.sql_)),
-      statement_(std::exchange(other.statement_, nullptr)) {}
+    : cache_(std::move(other.cache_)), entry_(other.entry_) {}
 
 PreparedStatement& PreparedStatement::operator=(PreparedStatement&& other) noexcept {
   if (this != &other) {
     letGo();
     cache_ = std::move(other.cache_);
-    sql_ = std::move(other.sql_);
-    statement_ = std::exchange(other.statement_, nullptr);
+    entry_ = other.entry_;
   }
   return *this;
 }
@@ -31,9 +30,8 @@ PreparedStatement::~PreparedStatement() {
 }
 
 void PreparedStatement::letGo() noexcept {
-  if (statement_ == nullptr) return;
-  cache_->giveBack(std::move(sql_), statement_);
-  statement_ = nullptr;
+  if (cache_ != nullptr) cache_->giveBack(entry_);
+  cache_.reset();
 }
 
 void PreparedStatement::bind(int index, const Value& value) {
@@ -61,21 +59,21 @@ void PreparedStatement::bind(int index, const Value& value, void (*ofText)(void*
       return sqlite3_bind_text64(statement, index, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
     }
   };
-  const int code = std::visit(Binder{statement_, index, ofText}, value);
+  const int code = std::visit(Binder{handle(), index, ofText}, value);
   if (code != SQLITE_OK) throw sqliteError(cache_->database(), code, cache_->fileName());
 }
 
 bool PreparedStatement::step() {
-  const int code = sqlite3_step(statement_);
+  const int code = sqlite3_step(handle());
   if (code == SQLITE_ROW) return true;
   if (code == SQLITE_DONE) return false;
   const StoreError error = sqliteError(cache_->database(), code, cache_->fileName());
-  sqlite3_reset(statement_);
+  sqlite3_reset(handle());
   throw error;
 }
 
 void PreparedStatement::reset() {
-  sqlite3_reset(statement_);
+  sqlite3_reset(handle());
 }
 
 StatementCache::StatementCache(sqlite3* database, std::string fileName, std::size_t capacity)
@@ -87,41 +85,51 @@ StatementCache::~StatementCache() {
 
 PreparedStatement StatementCache::take(std::string_view sql) {
   if (shut_) throw StoreError(ErrorKind::Misuse, "The database is closed.");
-  if (auto found = bySql_.find(sql); found != bySql_.end()) {
-    const auto entry = found->second;
-    bySql_.erase(found);
-    PreparedStatement taken(shared_from_this(), std::move(entry->sql), entry->statement);
-    idle_.erase(entry);
-    return taken;
+  const auto found = bySql_.find(sql);
+  if (found != bySql_.end() && !found->second->taken) {
+    entries_.splice(entries_.begin(), entries_, found->second);
+    --idle_;
+  } else {
+    sqlite3_stmt* statement = nullptr;
+    const int code = sqlite3_prepare_v3(database_, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT,
+                                        &statement, nullptr);
+    if (code != SQLITE_OK) throw sqliteError(database_, code, fileName_);
+    entries_.push_front({.sql = std::string(sql), .statement = statement});
+    entries_.front().listed = bySql_.emplace(entries_.front().sql, entries_.begin()).second;
   }
-  sqlite3_stmt* statement = nullptr;
-  const int code = sqlite3_prepare_v3(database_, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT,
-                                      &statement, nullptr);
-  if (code != SQLITE_OK) throw sqliteError(database_, code, fileName_);
-  return {shared_from_this(), std::string(sql), statement};
+  entries_.front().taken = true;
+  return {shared_from_this(), entries_.begin()};
 }
 
-void StatementCache::giveBack(std::string sql, sqlite3_stmt* statement) noexcept {
-  sqlite3_reset(statement);  // the failure it repeats was told when it happened
-  sqlite3_clear_bindings(statement);
-  if (shut_ || bySql_.contains(sql)) {
-    sqlite3_finalize(statement);
+void StatementCache::giveBack(Entry entry) noexcept {
+  sqlite3_reset(entry->statement);  // the failure it repeats was told when it happened
+  sqlite3_clear_bindings(entry->statement);
+  entry->taken = false;
+  if (shut_ || !entry->listed) {
+    sqlite3_finalize(entry->statement);
+    entries_.erase(entry);
     return;
   }
-  idle_.push_front({std::move(sql), statement});
-  bySql_.emplace(idle_.front().sql, idle_.begin());
-  if (idle_.size() > capacity_) {
-    bySql_.erase(idle_.back().sql);
-    sqlite3_finalize(idle_.back().statement);
-    idle_.pop_back();
-  }
+  if (++idle_ > capacity_) dropOldest();
+}
+
+void StatementCache::dropOldest() noexcept {
+  const auto oldest = std::find_if(entries_.rbegin(), entries_.rend(), [](const auto& entry) { return !entry.taken; });
+  if (oldest == entries_.rend()) return;
+  bySql_.erase(oldest->sql);
+  sqlite3_finalize(oldest->statement);
+  entries_.erase(std::next(oldest).base());
+  --idle_;
 }
 
 void StatementCache::shut() {
   shut_ = true;
   bySql_.clear();
-  for (const Idle& entry : idle_) sqlite3_finalize(entry.statement);
-  idle_.clear();
+  idle_ = 0;
+  entries_.remove_if([](const CachedStatement& entry) {
+    if (!entry.taken) sqlite3_finalize(entry.statement);
+    return !entry.taken;
+  });
 }
 
 Value columnValue(sqlite3_stmt* statement, int column) {

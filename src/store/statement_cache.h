@@ -16,6 +16,14 @@ namespace velmo::store {
 
 class StatementCache;
 
+// A statement that its cache prepared.
+struct CachedStatement {
+  std::string sql;
+  sqlite3_stmt* statement = nullptr;
+  bool taken = false;
+  bool listed = false;  // found by its text; not when the same text was taken already
+};
+
 // A prepared statement for one user at a time; goes back to its cache, reset, when let go. Failures throw StoreError.
 class PreparedStatement {
  public:
@@ -27,20 +35,21 @@ class PreparedStatement {
   void bindInPlace(int index, const Value& value);  // the value stays where it is until the statement has run
   bool step();                                      // true when there is a row
   void reset();
-  sqlite3_stmt* handle() const { return statement_; }
+  sqlite3_stmt* handle() const { return entry_->statement; }
 
  private:
   friend class StatementCache;
-  PreparedStatement(std::shared_ptr<StatementCache> cache, std::string sql, sqlite3_stmt* statement);
+  using Entry = std::list<CachedStatement>::iterator;
+  PreparedStatement(std::shared_ptr<StatementCache> cache, Entry entry);
   void bind(int index, const Value& value, void (*ofText)(void*));
   void letGo() noexcept;
 
-  std::shared_ptr<StatementCache> cache_;
-  std::string sql_;
-  sqlite3_stmt* statement_ = nullptr;
+  std::shared_ptr<StatementCache> cache_;  // nullptr when moved from
+  Entry entry_;
 };
 
-// The prepared statements of one open file by their SQL text, least recently used ones dropped first.
+// The prepared statements of one open file by their SQL text; of those that are not in use, the least recently used
+// ones are dropped first.
 class StatementCache : public std::enable_shared_from_this<StatementCache> {
  public:
   StatementCache(sqlite3* database, std::string fileName, std::size_t capacity = 200);
@@ -51,25 +60,22 @@ class StatementCache : public std::enable_shared_from_this<StatementCache> {
   PreparedStatement take(std::string_view sql);
   // Finalizes what is idle and whatever comes back later, so that the file can be closed.
   void shut();
-  std::size_t idleCount() const { return idle_.size(); }
-
   sqlite3* database() const { return database_; }
   const std::string& fileName() const { return fileName_; }
 
  private:
   friend class PreparedStatement;
-  struct Idle {
-    std::string sql;
-    sqlite3_stmt* statement;
-  };
-  void giveBack(std::string sql, sqlite3_stmt* statement) noexcept;
+  using Entry = std::list<CachedStatement>::iterator;
+  void giveBack(Entry entry) noexcept;
+  void dropOldest() noexcept;
 
   sqlite3* database_;
   std::string fileName_;
   std::size_t capacity_;
+  std::size_t idle_ = 0;
   bool shut_ = false;
-  std::list<Idle> idle_;  // most recently used first
-  std::unordered_map<std::string_view, std::list<Idle>::iterator> bySql_;
+  std::list<CachedStatement> entries_;  // most recently used first
+  std::unordered_map<std::string_view, Entry> bySql_;
 };
 
 // The value of a column of the row that a statement stands on, in the store's own types: INTEGER, REAL, TEXT, NULL.
