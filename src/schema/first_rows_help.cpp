@@ -55,6 +55,10 @@ underlined</td></tr>
 <tr><td><b>Down</b>, <b>Up</b></td><td>in a code box: into the list below it; in the list: along its entries. Enter or
 Tab picks, Esc clears</td></tr>
 <tr><td><b>Arrow keys</b></td><td>in a grid: from cell to cell. Begin to type to change a cell, Enter to leave it</td></tr>
+<tr><td><b>F6</b></td><td>on a document: from the heading to the lines, to the amounts, and round again</td></tr>
+<tr><td><b>Ctrl+F</b></td><td>finds a document or record; <b>Ctrl+Page Up</b> and <b>Ctrl+Page Down</b> show the
+documents before and behind</td></tr>
+<tr><td><b>Ctrl+P</b></td><td>saves the document and prints it</td></tr>
 <tr><td><b>Ctrl+N</b></td><td>new record on the forms of the menu Maintain</td></tr>
 <tr><td><b>Ctrl+S</b></td><td>saves the document or record on show</td></tr>
 <tr><td><b>Esc</b></td><td>gives up the change on the forms of the menu Maintain</td></tr>
