@@ -7,6 +7,7 @@
 #include "guide.h"
 #include "printing/preview_window.h"
 #include "shell/screen_windows.h"
+#include "travel_logo.h"
 
 namespace velmo::tour {
 
@@ -23,7 +24,7 @@ constexpr LayoutChoice layouts[] = {{"InvSize_1", "InvType_1", "Invoice"},   {"I
                                     {"InvSize_3", "InvType_1", "Invoice01"}, {"InvSize_4", "InvType_1", "Invoice02"},
                                     {"InvSize_2", "InvType_1", "Invoice6"},  {"InvSize_2", "InvType_2", "Invoice7"}};
 
-enum class Head { Company, OwnLetterhead };
+enum class Head { Company, CompanyWithLogo, OwnLetterhead };
 
 // An invoice of this week with most to print: part of it paid, and with the customer's order number.
 std::int64_t fullInvoice(store::Connection& connection) {
@@ -48,7 +49,9 @@ class Printery {
                     [&](QWidget& settings) { choose(settings, choice, head); });
     guide_.control<QPushButton>(screen, "PrintBill_0").click();
     printing::PreviewWindow& preview = guide_.preview();
-    const std::string suffix = head == Head::OwnLetterhead ? "-letterhead" : "";
+    const std::string suffix = head == Head::OwnLetterhead     ? "-letterhead"
+                               : head == Head::CompanyWithLogo ? "-logo"
+                                                               : "";
     guide_.paper(preview.pages().report(), std::string("paper-") + choice.layout + suffix);
     preview.close();
     guide_.rest(20);
@@ -95,6 +98,10 @@ void visitPrintOuts(Guide& guide, shell::Parent& shell) {
   const std::int64_t invoice = fullInvoice(shell.workplace().context.KORDconn);
   for (const LayoutChoice& choice : layouts)
     for (const Head head : {Head::Company, Head::OwnLetterhead}) printery.printInvoice(invoice, choice, head);
+  {
+    const TravelLogo logo;
+    for (const std::size_t which : {0, 5}) printery.printInvoice(invoice, layouts[which], Head::CompanyWithLogo);
+  }
   printery.printLabels(frame::LabelSheet::BarCodesPrint, "BarCodesPrint");
   printery.printLabels(frame::LabelSheet::BarCodesPrint2, "BarCodesPrint2");
 }

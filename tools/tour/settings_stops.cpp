@@ -1,11 +1,9 @@
 #include <QCheckBox>
-#include <QFile>
 #include <QLineEdit>
-#include <QPainter>
 #include <QRadioButton>
 
 #include "guide.h"
-#include "shell/brand_panel.h"
+#include "travel_logo.h"
 
 namespace velmo::tour {
 
@@ -41,24 +39,6 @@ class Office {
   shell::Parent& shell_;
 };
 
-// A logo for the tour's company, in place of one that was chosen.
-void paintLogo() {
-  QImage logo(600, 240, QImage::Format_RGB32);
-  logo.fill(Qt::white);
-  QPainter painter(&logo);
-  painter.setRenderHint(QPainter::Antialiasing);
-  const QColor ink(0x0B, 0x5D, 0x66);
-  shell::drawMark(painter, QRectF(20, 20, 200, 200), ink);
-  QFont font = painter.font();
-  font.setPixelSize(96);
-  font.setBold(true);
-  painter.setFont(font);
-  painter.setPen(ink);
-  painter.drawText(QRect(250, 0, 350, 240), Qt::AlignVCenter | Qt::AlignLeft, QStringLiteral("HHW"));
-  painter.end();
-  if (!logo.save(QStringLiteral("mylogo.jpg"), "JPG", 92)) throw std::runtime_error("cannot write mylogo.jpg");
-}
-
 }  // namespace
 
 void visitSettings(Guide& guide, shell::Parent& shell) {
@@ -74,9 +54,10 @@ void visitSettings(Guide& guide, shell::Parent& shell) {
     guide.control<QCheckBox>(dialog, "HeadCheck").click();
     guide.picture(dialog, "settings-invoice-letterhead");
   });
-  paintLogo();
-  office.picture({"LogoSetting", "settings-logo"});
-  QFile::remove(QStringLiteral("mylogo.jpg"));
+  {
+    const TravelLogo logo;
+    office.picture({"LogoSetting", "settings-logo"});
+  }
   shell.workplace().context.HelpTopicID = 2;
   office.picture({"HelpForm", "help"});
 }
