@@ -1,9 +1,16 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
 namespace velmo::printing {
+
+// Pages of a report, counted from 1. As a printer counts them, 0 stands for its first and its last one.
+struct PageRange {
+  int first = 0;
+  int last = 0;
+};
 
 // Work that goes through the pages of a report one at a time, so that whoever runs it can repaint, tell how far it is,
 // and stop between two of them by letting go of it: what it has written by then is taken back where that can be.
@@ -28,8 +35,19 @@ class PageJob {
     return false;
   }
 
+  // Sets the total by what the range takes of a report of so many pages, and the first of them, from 1. False, with its
+  // sentence, when it takes none.
+  bool take(const PageRange& range, int pages) {
+    const int last = range.last > 0 ? std::min(range.last, pages) : pages;
+    first_ = std::max(range.first, 1);
+    if (first_ > last) return failed("The report has no page " + std::to_string(first_) + ".");
+    total_ = last - first_ + 1;
+    return true;
+  }
+
   int written_ = 0;
   int total_ = 0;
+  int first_ = 1;
 
  private:
   std::optional<std::string> problem_;

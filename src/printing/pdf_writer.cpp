@@ -17,12 +17,11 @@ QPageLayout layoutOf(const Page& page) {
 
 }  // namespace
 
-PdfJob::PdfJob(const Report& report, std::string path, int countedPages)
-    : report_(report), path_(std::move(path)), file_(path_) {
-  total_ = countedPages;
+PdfJob::PdfJob(const Report& report, std::string path, int countedPages, PageRange range)
+    : report_(report), path_(std::move(path)), file_(path_), pages_(countedPages), range_(range) {
   if (!file_.open(QIODevice::WriteOnly))
     refused();
-  else if (total_ == 0)
+  else if (pages_ == 0)
     counting_ = std::make_unique<Paginator>(report_, Output::HeightsOnly);
 }
 
@@ -34,23 +33,28 @@ bool PdfJob::step() {
   if (problem()) return false;
   if (counting_) {
     if (counting_->next())
-      ++counted_;
-    else {
+      ++pages_;
+    else
       counting_.reset();
-      total_ = counted_;
-    }
     return true;
   }
-  if (!paginator_) paginator_ = std::make_unique<Paginator>(report_);
-  const std::optional<Page> page = paginator_->next();
+  if (!paginator_) {
+    if (!take(range_, pages_)) return false;
+    paginator_ = std::make_unique<Paginator>(report_);
+  }
+  const std::optional<Page> page = written_ < total_ ? paginator_->next() : std::nullopt;
   if (!page) return finish();
+  return page->number < first_ || write(*page);
+}
+
+bool PdfJob::write(const Page& page) {
   if (written_ == 0) {
-    if (!begin(*page)) return refused();
+    if (!begin(page)) return refused();
   } else {
-    writer_->setPageLayout(layoutOf(*page));
+    writer_->setPageLayout(layoutOf(page));
     writer_->newPage();
   }
-  paintPage(painter_, *page, total_);
+  paintPage(painter_, page, pages_);
   ++written_;
   return file_.isSound() || refused();
 }

@@ -17,10 +17,11 @@ namespace velmo::printing {
 class PdfJob : public PageJob {
  public:
   // Pages that are already counted are not counted again; 0 when they are not.
-  PdfJob(const Report& report, std::string path, int countedPages = 0);
+  PdfJob(const Report& report, std::string path, int countedPages = 0, PageRange range = {});
   bool step() override;
 
  private:
+  bool write(const Page& page);
   bool begin(const Page& first);
   bool finish();
   bool refused();
@@ -29,7 +30,8 @@ class PdfJob : public PageJob {
   const std::string path_;
   forms::WholeFile file_;
   std::unique_ptr<Paginator> counting_;  // while the pages are counted
-  int counted_ = 0;
+  int pages_ = 0;                        // of the whole report
+  const PageRange range_;
   std::unique_ptr<Paginator> paginator_;
   std::unique_ptr<QPdfWriter> writer_;
   QPainter painter_;

@@ -148,13 +148,23 @@ void PreviewWindow::print() {
   QPrintDialog dialog(printer.get(), this);
   if (pages_.complete()) dialog.setMinMax(1, pages_.total());
   if (dialog.exec() != QDialog::Accepted) return;
+  print(std::move(printer));
+}
+
+// A printer that is a file is written as every other file: whole, or with a reason why not.
+void PreviewWindow::print(std::unique_ptr<QPrinter> printer) {
+  if (const QString file = printer->outputFileName(); !file.isEmpty())
+    return writePdf(file.toStdString(), {printer->fromPage(), printer->toPage()});
   run(std::make_unique<PrintJob>(pages_, std::move(printer)), QStringLiteral("Printing"), QStringLiteral("Printed."));
 }
 
 void PreviewWindow::savePdf() {
   const std::string path = files_.saveFile("Save as PDF", "PDF (*.pdf)", pages_.report().title + ".pdf");
-  if (path.empty()) return;
-  run(std::make_unique<PdfJob>(pages_.report(), path, pages_.total()), QStringLiteral("Writing"),
+  if (!path.empty()) writePdf(path, {});
+}
+
+void PreviewWindow::writePdf(const std::string& path, PageRange range) {
+  run(std::make_unique<PdfJob>(pages_.report(), path, pages_.total(), range), QStringLiteral("Writing"),
       QStringLiteral("Saved as %1").arg(QString::fromStdString(path)));
 }
 

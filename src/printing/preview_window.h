@@ -14,6 +14,7 @@ class QAction;
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QPrinter;
 class QProgressBar;
 class QPushButton;
 class QSpinBox;
@@ -37,7 +38,8 @@ class PreviewWindow : public QMainWindow {
   PageSource& pages() { return pages_; }
   PageView& view() { return *view_; }
 
-  void print();
+  void print();  // asks for the printer
+  void print(std::unique_ptr<QPrinter> printer);
   void savePdf();
   // Prints or saves in idle moments. `doing` stands before "page 3 of 9", `done` is said at the end.
   void run(std::unique_ptr<PageJob> job, const QString& doing, const QString& done);
@@ -73,6 +75,7 @@ class PreviewWindow : public QMainWindow {
   void showWork();
   void tellProblem(const QString& sentence);
   void showState();
+  void writePdf(const std::string& path, PageRange range);
   void chooseZoom(const QString& choice);
   void find(bool backwards);
 

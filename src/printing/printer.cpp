@@ -27,10 +27,8 @@ void PrintJob::setPaper(const Page& page) {
 }
 
 bool PrintJob::begin() {
-  last_ = printer_->toPage() > 0 ? std::min(printer_->toPage(), pages_.total()) : pages_.total();
-  next_ = std::max(printer_->fromPage(), 1);
-  if (next_ > last_) return failed("The report has no page " + std::to_string(next_) + ".");
-  total_ = last_ - next_ + 1;
+  if (!take({printer_->fromPage(), printer_->toPage()}, pages_.total())) return false;
+  next_ = first_;
   printer_->setFullPage(true);
   printer_->setDocName(QString::fromStdString(pages_.report().title));
   setPaper(*pages_.page(next_ - 1));
@@ -57,7 +55,8 @@ bool PrintJob::step() {
   paintPage(painter_, page, pages_.total());
   painter_.restore();
   ++written_;
-  if (++next_ <= last_) return true;
+  ++next_;
+  if (written_ < total_) return true;
   painter_.end();
   return false;
 }

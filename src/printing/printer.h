@@ -26,7 +26,6 @@ class PrintJob : public PageJob {
   std::unique_ptr<QPrinter> printer_;
   QPainter painter_;
   int next_ = 0;  // number of the page that comes next; 0 before the first
-  int last_ = 0;
 };
 
 }  // namespace velmo::printing

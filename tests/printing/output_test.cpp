@@ -124,7 +124,7 @@ TEST(PdfWriter, TextIsSearchableAndTheFileBearsItsTitle) {
     EXPECT_TRUE(facts.contains(QString::fromUtf8(words))) << words << " in " << facts.toStdString();
 }
 
-TEST(PrintJob, SendsTheRangeThatWasAskedFor) {
+TEST(PageJob, GoesThroughTheRangeThatWasAskedFor) {
   const struct {
     int from;
     int to;
@@ -145,6 +145,16 @@ TEST(PrintJob, SendsTheRangeThatWasAskedFor) {
     EXPECT_EQ(job.problem().value_or(""), written > 0 ? "" : "The report has no page 4.");
     QFile file(path);
     EXPECT_EQ(file.open(QIODevice::ReadOnly) ? pageObjects(file.readAll()) : 0, written);
+
+    const QString saved = folder.filePath(QStringLiteral("saved.pdf"));
+    PdfJob saving(pages.report(), saved.toStdString(), 0, {from, to});
+    while (saving.step()) {
+    }
+    EXPECT_EQ(saving.written(), written) << from << " to " << to;
+    EXPECT_EQ(saving.total(), written);
+    EXPECT_EQ(saving.problem(), job.problem());
+    QFile savedFile(saved);
+    EXPECT_EQ(savedFile.open(QIODevice::ReadOnly) ? pageObjects(savedFile.readAll()) : 0, written);
   }
 }
 

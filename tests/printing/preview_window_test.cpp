@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QPrinter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSpinBox>
@@ -17,6 +18,7 @@
 
 #include "sample_report.h"
 #include "store/error.h"
+#include "support/small_disk.h"
 
 namespace velmo::printing::test {
 namespace {
@@ -237,6 +239,25 @@ TEST_F(PreviewWindowTest, TellsHowSavingEnded) {
   EXPECT_EQ(window_->statusBar()->currentMessage(),
             QStringLiteral("Saved as ") + folder_.filePath(QStringLiteral("x.pdf")));
   EXPECT_TRUE(QFile::exists(folder_.filePath(QStringLiteral("x.pdf"))));
+}
+
+TEST_F(PreviewWindowTest, PrintsToAFileAsItSavesOne) {
+  show(95);
+  const QString path = folder_.filePath(QStringLiteral("printed.pdf"));
+  const auto print = [&](rlim_t room) {
+    const velmo::test::SmallDisk disk(room);
+    auto printer = std::make_unique<QPrinter>();
+    printer->setOutputFileName(path);
+    printer->setFromTo(2, 3);
+    window_->print(std::move(printer));
+    EXPECT_TRUE(comesTrue([&] { return !window_->isRunning(); }));
+  };
+  print(5000);
+  EXPECT_TRUE(control<QLabel>("ProblemLbl").isVisible());
+  EXPECT_TRUE(QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden).isEmpty());
+  print(RLIM_INFINITY);
+  EXPECT_EQ(window_->statusBar()->currentMessage(), QStringLiteral("Saved as ") + path);
+  EXPECT_TRUE(QFile::exists(path));
 }
 
 TEST_F(PreviewWindowTest, DataThatFailsOnTheWayIsTold) {
