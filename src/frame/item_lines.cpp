@@ -30,8 +30,8 @@ std::string lineNarrations(const store::Recordset& sheet, std::string_view quant
   const int rate = sheet.fieldIndex("rate");
   const int value = sheet.fieldIndex("itemvalue");
   std::string narrations;
-  for (std::int64_t row = 0, count = sheet.recordCount(); row < count; ++row) {
-    if (store::textOf(sheet.valueAt(row, code)).empty()) continue;
+  const std::int64_t count = sheet.recordCount();
+  for (std::int64_t row = sheet.nextFilled(0, code); row < count; row = sheet.nextFilled(row + 1, code)) {
     const auto shown = [&](int field) { return store::textOf(sheet.valueAt(row, field)); };
     // The words " =Rs." stand in the books whatever the company's currency.
     narrations += "(" + shown(name) + " - " + shown(quantity) + " " + shown(unit) + " @" + std::string(currencyCode) +

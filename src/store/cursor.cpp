@@ -1,5 +1,7 @@
 #include "store/cursor.h"
 
+#include <algorithm>
+
 namespace velmo::store {
 
 StoreError noCurrentRow() {
@@ -9,6 +11,12 @@ StoreError noCurrentRow() {
 
 StoreError readOnlyRecordset() {
   return {ErrorKind::Misuse, "This list is for reading only."};
+}
+
+std::int64_t Cursor::nextFilled(std::int64_t from, int field) const {
+  const std::int64_t count = recordCount();
+  while (from < count && isBlank(valueAt(from, field))) ++from;
+  return std::min(from, count);
 }
 
 void Cursor::removeBlank(int) {

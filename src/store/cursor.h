@@ -42,6 +42,7 @@ class Cursor {
   virtual Value value(int field) const = 0;
   virtual Value valueAt(std::int64_t position, int field) const = 0;
   virtual Bookmark bookmarkAt(std::int64_t position) const = 0;
+  virtual std::int64_t nextFilled(std::int64_t from, int field) const;
   virtual bool hasMoreRows() const = 0;
   virtual std::int64_t fetchedCount() const = 0;
   virtual void fetchMore(int rows) = 0;

@@ -268,6 +268,11 @@ Bookmark ListCursor::bookmarkAt(std::int64_t position) const {
   return rowAt(position);
 }
 
+std::int64_t ListCursor::nextFilled(std::int64_t from, int field) const {
+  while (reach(from) && rows_->isBlank(place_.view[static_cast<std::size_t>(from)], field)) ++from;
+  return std::min(from, static_cast<std::int64_t>(place_.view.size()));
+}
+
 std::int64_t ListCursor::fetchedCount() const {
   sync();
   return static_cast<std::int64_t>(place_.view.size());

@@ -42,6 +42,7 @@ class ListCursor : public Cursor, public TransactionParticipant, public std::ena
   Value value(int field) const override;
   Value valueAt(std::int64_t position, int field) const override;
   Bookmark bookmarkAt(std::int64_t position) const override;
+  std::int64_t nextFilled(std::int64_t from, int field) const override;
   bool hasMoreRows() const override { return part_ == nullptr && rows_->hasMore(); }
   std::int64_t fetchedCount() const override;
   void fetchMore(int rows) override { rows_->fetch(rows); }

@@ -5,15 +5,6 @@
 
 // The writing half of ListCursor: edits of the current row, new rows, deletions and batches.
 namespace velmo::store {
-namespace {
-
-bool isBlank(const Value& value) {
-  const auto* text = std::get_if<std::string>(&value);
-  return isNull(value) || (text != nullptr && text->empty());
-}
-
-}  // namespace
-
 void ListCursor::remember() {
   Connection::Impl& connection = *source().connection;
   if (connection.transaction == 0 || savedFor_ == connection.transaction) return;
@@ -185,8 +176,9 @@ void ListCursor::removeBlank(int field) {
   if (edit_) update();
   remember();
   reach(std::numeric_limits<std::int64_t>::max() - 1);
-  for (const RowId row : place_.view)
-    if (isBlank(rows_->value(row, field))) rows_->markDeleted(row);
+  std::vector<RowId> blank;
+  std::ranges::copy_if(place_.view, std::back_inserter(blank), [&](RowId row) { return rows_->isBlank(row, field); });
+  rows_->markDeleted(blank);
   sync();
   if (!isEmpty()) moveFirst();
 }

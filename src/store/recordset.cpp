@@ -173,6 +173,9 @@ Value Recordset::valueAt(std::int64_t position, int field) const {
 Bookmark Recordset::bookmarkAt(std::int64_t position) const {
   return impl_->open().bookmarkAt(position);
 }
+std::int64_t Recordset::nextFilled(std::int64_t from, int field) const {
+  return impl_->open().nextFilled(from, field);
+}
 bool Recordset::hasMoreRows() const {
   return impl_->open().hasMoreRows();
 }

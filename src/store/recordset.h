@@ -94,6 +94,9 @@ class Recordset {
   // Fields of any row, for item views: no movement of the cursor. Positions are of the present order.
   Value valueAt(std::int64_t position, int field) const;
   Bookmark bookmarkAt(std::int64_t position) const;
+  // The position, `from` or behind it, of the next row that has something in the field, neither null nor "";
+  // recordCount() when there is none.
+  std::int64_t nextFilled(std::int64_t from, int field) const;
 
   // Large results, for item views: the rows read so far, and more of them on demand. recordCount() reads them all.
   bool hasMoreRows() const;

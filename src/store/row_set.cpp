@@ -65,6 +65,11 @@ Value RowSet::value(RowId row, int field) const {
   return storedValue(row, field);
 }
 
+bool RowSet::isBlank(RowId row, int field) const {
+  if (state(row) == RowState::Inserted && pendingEdits(row) == nullptr) return true;
+  return store::isBlank(value(row, field));
+}
+
 // A row that is not in the file yet holds nothing but its edits.
 Value RowSet::storedValue(RowId row, int field) const {
   if (state(row) == RowState::Inserted) return Null{};
@@ -159,6 +164,22 @@ void RowSet::markDeleted(RowId row) {
   setState(row, state(row) == RowState::Inserted ? RowState::Gone : RowState::Deleted);
 }
 
+// Most are new and blank, the rest of a sheet: one record holds for all of them.
+void RowSet::markDeleted(const std::vector<RowId>& rows) {
+  std::vector<RowId> blank;
+  for (const RowId row : rows) {
+    if (state(row) == RowState::Inserted && pendingEdits(row) == nullptr) {
+      blank.push_back(row);
+    } else {
+      markDeleted(row);
+    }
+  }
+  for (const RowId row : blank) setState(row, RowState::Gone);
+  if (!blank.empty() && remembers()) {
+    undo_.emplace_back(blank.front(), RowState::Inserted).others = std::move(blank);
+  }
+}
+
 void RowSet::discard(RowId row) {
   if (state(row) == RowState::Gone) return;
   restore(row, state(row) == RowState::Inserted ? RowState::Gone : RowState::Clean, {});
@@ -217,10 +238,8 @@ void RowSet::store(RowId row, const Edits& filledIn) {
   if (remembered) undo_.push_back(std::move(before));
 }
 
-// Whether the open transaction needs a record of the row as it is now. Between two marks the first record of a row is
-// enough: winding back ends there. The stored values are part of it when they change, but for a row that was not in the
-// file.
-bool RowSet::isToRemember(RowId row, bool storedToo) {
+// Whether a transaction is open; from then on it is told to the rows how it ends.
+bool RowSet::remembers() {
   Connection::Impl& connection = *source_->connection;
   if (connection.transaction == 0) return false;
   if (undoTransaction_ != connection.transaction) {
@@ -228,6 +247,14 @@ bool RowSet::isToRemember(RowId row, bool storedToo) {
     undoTransaction_ = connection.transaction;
     connection.enrol(shared_from_this());
   }
+  return true;
+}
+
+// Whether the open transaction needs a record of the row as it is now. Between two marks the first record of a row is
+// enough: winding back ends there. The stored values are part of it when they change, but for a row that was not in the
+// file.
+bool RowSet::isToRemember(RowId row, bool storedToo) {
+  if (!remembers()) return false;
   if (undo_.size() <= undoMark_ || undo_.back().row != row) return true;
   const Undo& last = undo_.back();
   const bool wasInFile = last.state != RowState::Inserted && last.state != RowState::Gone;
@@ -236,11 +263,8 @@ bool RowSet::isToRemember(RowId row, bool storedToo) {
 
 void RowSet::remember(RowId row) {
   if (!isToRemember(row, false)) return;
-  const Edits* pending = pendingEdits(row);
-  undo_.push_back({.row = row,
-                   .state = state(row),
-                   .edits = pending == nullptr ? nullptr : std::make_unique<Edits>(*pending),
-                   .stored = {}});
+  Undo& before = undo_.emplace_back(row, state(row));
+  if (const Edits* pending = pendingEdits(row)) before.edits = std::make_unique<Edits>(*pending);
 }
 
 std::size_t RowSet::undoMark() {
@@ -254,6 +278,7 @@ void RowSet::undoTo(std::size_t mark) {
     undo_.pop_back();
     setState(before.row, before.state);
     setEdits(before.row, std::move(before.edits));
+    for (const RowId other : before.others) setState(other, before.state);
     if (before.stored == nullptr) continue;
     for (std::size_t i = 0; i < before.stored->size(); ++i) {
       stored_.set(static_cast<std::size_t>(before.row), i, (*before.stored)[i]);

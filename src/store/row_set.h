@@ -49,6 +49,7 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   std::int64_t returns() const { return returns_; }
 
   Value value(RowId row, int field) const;
+  bool isBlank(RowId row, int field) const;  // holds nothing, or no more than an empty text
   int compare(RowId left, RowId right, int field) const;
   bool hasPendingRows() const;
 
@@ -59,6 +60,7 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   Edits edits(RowId row) const;
   void restore(RowId row, RowState state, Edits edits);  // takes back what edit() did since
   void markDeleted(RowId row);
+  void markDeleted(const std::vector<RowId>& rows);
   void discard(RowId row);  // all that is pending in the row
 
   // Writes the pending changes of one row to the file, in the transaction that is open. Changes nothing when it throws.
@@ -75,12 +77,13 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   void rolledBack() noexcept override;
 
  private:
-  // What a row was. Of most rows, blank ones that leave a sheet, the state says it all.
+  // What a row was.
   struct Undo {
     RowId row;
     RowState state;
-    std::unique_ptr<Edits> edits;                // nullptr for none
-    std::unique_ptr<std::vector<Value>> stored;  // nullptr unless the stored values of a row in the file changed
+    std::unique_ptr<Edits> edits = {};                // nullptr for none
+    std::unique_ptr<std::vector<Value>> stored = {};  // nullptr unless those of a row in the file changed
+    std::vector<RowId> others = {};                   // rows of the same state with nothing pending
   };
 
   explicit RowSet(std::shared_ptr<const ResultSource> source);
@@ -91,6 +94,7 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   Value storedValue(RowId row, int field) const;
   std::unique_ptr<Edits> takeEdits(RowId row);
   void setEdits(RowId row, std::unique_ptr<Edits> edits);
+  bool remembers();
   bool isToRemember(RowId row, bool storedToo);
   void remember(RowId row);
   void forgetUndo() noexcept;

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "text/number.h"
 
@@ -35,6 +36,12 @@ std::string textOf(const Value& value) {
     std::string operator()(const text::DateTime& date) const { return dateText(date); }
   };
   return std::visit(Writer{}, value);
+}
+
+std::string textOf(Value&& value) {
+  if (auto* text = std::get_if<std::string>(&value)) return std::move(*text);
+  const Value& other = value;
+  return textOf(other);
 }
 
 double numberOf(const Value& value) {

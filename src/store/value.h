@@ -16,9 +16,15 @@ using Value = std::variant<Null, bool, std::int64_t, double, std::string, text::
 inline bool isNull(const Value& value) {
   return std::holds_alternative<Null>(value);
 }
+// Null or an empty text.
+inline bool isBlank(const Value& value) {
+  const auto* text = std::get_if<std::string>(&value);
+  return isNull(value) || (text != nullptr && text->empty());
+}
 
 // The text that a bound control shows: numbers with up to 15 digits, dates as "1/15/2024 2:07:09 PM", "" for null.
 std::string textOf(const Value& value);
+std::string textOf(Value&& value);
 
 // Null and text that is no number give 0; Yes is -1.
 double numberOf(const Value& value);

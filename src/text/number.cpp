@@ -1,5 +1,6 @@
 #include "text/number.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -201,21 +202,11 @@ double withoutNegativeZero(double value) {
 std::string numberText(double value) {
   if (std::isnan(value)) return "nan";
   if (std::isinf(value)) return value < 0 ? "-inf" : "inf";
-  if (std::abs(value) < 1e15 && std::trunc(value) == value) return std::to_string(static_cast<std::int64_t>(value));
-  const Decimal decimal = Decimal::of(value);
-  std::string text = decimal.negative ? "-" : "";
-  if (decimal.exponent >= 15 || decimal.exponent < -4) {
-    text += decimal.digits[0];
-    if (decimal.digits.size() > 1) text += "." + decimal.digits.substr(1);
-    const int magnitude = std::abs(decimal.exponent);
-    text += decimal.exponent < 0 ? "E-" : "E+";
-    if (magnitude < 10) text += '0';
-    return text + std::to_string(magnitude);
-  }
-  const int places = static_cast<int>(decimal.digits.size()) - 1 - decimal.exponent;
-  const Decimal::Fixed fixed = decimal.rounded(places > 0 ? places : 0);
-  text += fixed.whole.empty() ? "0" : fixed.whole;
-  return fixed.fraction.empty() ? text : text + "." + fixed.fraction;
+  if (value == 0) return "0";
+  char buffer[32];  // "-1.23456789012346E+308"
+  const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 15).ptr;
+  std::replace(buffer, end, 'e', 'E');
+  return {buffer, end};
 }
 
 std::optional<double> numberFrom(std::string_view text) {
