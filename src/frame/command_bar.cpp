@@ -21,12 +21,17 @@ CommandBar::CommandBar(const DocumentType& type, QWidget* screen)
   add = make("AddBttn", tr("New"), tr("Begins a new document"), Qt::CTRL | Qt::Key_N);
   cancel = make("CancelBttn", tr("Cancel"), tr("Throws away what was changed since the last save"));
   remove = make("DelBttn", tr("Delete"), tr("Deletes the document shown"), Qt::CTRL | Qt::Key_D);
-  print = make("PrintBill_0", tr("Print"), tr("Saves the document and prints it"), Qt::CTRL | Qt::Key_P);
-  voucher = make("PrintBill_1", tr("Voucher"), tr("Saves the document and prints its ledger voucher"),
-                 Qt::CTRL | Qt::SHIFT | Qt::Key_P);
-  settings = make("SetBttn", tr("Print Settings"), tr("Chooses the layout of the print-out"));
+  const bool voucherOnly = type.printCommands == PrintCommands::VoucherOnly;
+  print = voucherOnly ? nullptr
+                      : make("PrintBill_0", tr("Print"), tr("Saves the document and prints it"), Qt::CTRL | Qt::Key_P);
+  voucher = make(voucherOnly ? "PrintBill" : "PrintBill_1", tr("Voucher"),
+                 tr("Saves the document and prints its ledger voucher"),
+                 voucherOnly ? Qt::CTRL | Qt::Key_P : Qt::CTRL | Qt::SHIFT | Qt::Key_P);
+  settings = type.printSettings.empty()
+                 ? nullptr
+                 : make("SetBttn", tr("Print Settings"), tr("Chooses the layout of the print-out"));
   forms::makePrimary(*save);
-  forms::makeQuiet(*settings);
+  if (settings) forms::makeQuiet(*settings);
 
   auto* above = new QHBoxLayout(navigation_);
   forms::setGrid(*above, 0, forms::spacing::Tight);
@@ -36,7 +41,8 @@ CommandBar::CommandBar(const DocumentType& type, QWidget* screen)
   forms::setGrid(*below, 0, forms::spacing::Tight);
   for (QPushButton* button : {save, add, cancel, remove}) below->addWidget(button);
   below->addSpacing(forms::spacing::Section);
-  for (QPushButton* button : {print, voucher, settings}) below->addWidget(button);
+  for (QPushButton* button : {print, voucher, settings})
+    if (button) below->addWidget(button);
   below->addStretch(1);
   for (const ConversionCommand& conversion : type.conversions) {
     QPushButton* convert = make(std::string(conversion.name).c_str(), shownText(conversion.caption),
@@ -70,6 +76,11 @@ void CommandBar::forbid(QAbstractButton& button) {
 
 void CommandBar::include(QAbstractButton& button) {
   switched_.push_back(&button);
+}
+
+void CommandBar::place(QPushButton& button) {
+  auto* row = static_cast<QHBoxLayout*>(actions_->layout());
+  row->insertWidget(row->indexOf(settings ? settings : voucher) + 1, &button);
 }
 
 void CommandBar::setEnabled(bool enabled) {

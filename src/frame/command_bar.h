@@ -24,9 +24,9 @@ class CommandBar : public QObject {
   QPushButton* save;
   QPushButton* cancel;
   QPushButton* remove;
-  QPushButton* print;
+  QPushButton* print;  // nullptr when the voucher is all there is to print
   QPushButton* voucher;
-  QPushButton* settings;
+  QPushButton* settings;  // nullptr when the print-out has only one layout
   QPushButton* find;
   QPushButton* retrieve;
   QPushButton* previous;
@@ -36,6 +36,8 @@ class CommandBar : public QObject {
   void forbid(QAbstractButton& button);
   // A command that stands elsewhere on the screen but comes and goes with the others.
   void include(QAbstractButton& button);
+  // Puts a command of the document's own behind the others.
+  void place(QPushButton& button);
   // All commands but Previous and Next.
   void setEnabled(bool enabled);
 

@@ -1,38 +1,18 @@
-#include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
 
-#include "frame/account_code_box.h"
 #include "frame/command_bar.h"
 #include "frame/document_screen.h"
 #include "frame/find_screen.h"
-#include "frame/item_grid.h"
-#include "frame/party_card.h"
 #include "frame/references_card.h"
-#include "frame/totals_panel.h"
 
 // The commands of a document screen, beside saving.
 namespace velmo::frame {
 
-namespace {
-
-constexpr MasterCommand newItem{.caption = "New Item", .right = 22, .dialog = "ModifyInventory"};
-
-}  // namespace
-
 void DocumentScreen::connectParts() {
-  connect(party_, &PartyCard::partyChanged, this, &DocumentScreen::partyChanged);
-  connect(party_, &PartyCard::employeeFound, references_, &ReferencesCard::setEmployee);
-  connect(lines_, &ItemGrid::linesChanged, this, &DocumentScreen::recalculate);
-  connect(lines_, &ItemGrid::escapePressed, this, &DocumentScreen::recalculate);
-  connect(lines_, &ItemGrid::saveRequested, this, [this] { ValidateAndSave(PrintMode::Nothing); });
-  if (IncomeCode_) {
-    connect(IncomeCode_, &AccountCodeBox::accountResolved, this,
-            [this](const Account& account) { IncomeAcc_->setText(QString::fromStdString(account.name)); });
-    connect(IncomeCode_, &AccountCodeBox::accountCleared, IncomeAcc_, &QLineEdit::clear);
-    connect(IncomeCode_, &AccountCodeBox::moveOn, lines_, &ItemGrid::focusFirstCell);
-  }
+  connect(body_.get(), &DocumentBody::employeeFound, references_, &ReferencesCard::setEmployee);
+  connect(body_.get(), &DocumentBody::saveRequested, this, [this] { ValidateAndSave(PrintMode::Nothing); });
   PrintTimer_.setObjectName("PrintTimer");
   PrintTimer_.setSingleShot(true);
   PrintTimer_.setInterval(0);
@@ -43,7 +23,7 @@ void DocumentScreen::connectCommands() {
   const auto on = [this](QPushButton* button, auto command) { connect(button, &QPushButton::clicked, this, command); };
   on(commands_->add, &DocumentScreen::addCommand);
   on(commands_->save, [this] { ValidateAndSave(PrintMode::Nothing); });
-  on(commands_->print, [this] { ValidateAndSave(PrintMode::Document); });
+  if (commands_->print) on(commands_->print, [this] { ValidateAndSave(PrintMode::Document); });
   on(commands_->voucher, [this] { ValidateAndSave(PrintMode::Voucher); });
   on(commands_->cancel, &DocumentScreen::cancelCommand);
   on(commands_->remove, &DocumentScreen::deleteCommand);
@@ -51,40 +31,19 @@ void DocumentScreen::connectCommands() {
   on(commands_->retrieve, &DocumentScreen::retrieveCommand);
   on(commands_->previous, &DocumentScreen::previousCommand);
   on(commands_->next, &DocumentScreen::nextCommand);
-  on(commands_->settings, [this] { workplace_.screens.openDialog(type_.printSettings); });
+  if (commands_->settings) on(commands_->settings, [this] { workplace_.screens.openDialog(type_.printSettings); });
   auto* nextPart = new QShortcut(Qt::Key_F6, this);
   nextPart->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(nextPart, &QShortcut::activated, this, &DocumentScreen::focusNextPart);
-  on(&party_->newPartyCommand(), [this] { openMaster(type_.party.newParty); });
-  on(CI_, [this] { openMaster(newItem); });
-}
-
-// Heading, lines, amounts, and round again: what would be a long way by Tab.
-void DocumentScreen::focusNextPart() {
-  const QWidget* focus = focusWidget();
-  if (lines_->isAncestorOf(focus)) {
-    if (lines_->commitEdit()) totals_->firstBox()->setFocus(Qt::TabFocusReason);
-  } else if (totals_->isAncestorOf(focus)) {
-    party_->focusCode();
-  } else {
-    lines_->focusCurrentCell();
-  }
+  connect(nextPart, &QShortcut::activated, this, [this] { body_->focusNextPart(focusWidget()); });
 }
 
 // What this program does not have yet stands there disabled.
 void DocumentScreen::offerCommands() {
-  commands_->include(party_->newPartyCommand());
-  commands_->include(*CI_);
-  const session::ScreenOpener& screens = workplace_.screens;
-  if (!type_.print) commands_->forbid(*commands_->print);
+  body_->addCommands(*commands_);
+  if (commands_->print && !type_.print) commands_->forbid(*commands_->print);
   if (!printOuts_.voucher) commands_->forbid(*commands_->voucher);
-  if (!screens.hasScreen(type_.printSettings)) commands_->forbid(*commands_->settings);
-  if (!screens.hasScreen(type_.party.newParty.dialog)) commands_->forbid(party_->newPartyCommand());
-  if (!screens.hasScreen(newItem.dialog)) commands_->forbid(*CI_);
-}
-
-void DocumentScreen::openMaster(const MasterCommand& command) {
-  if (workplace_.rights().demand(command.right)) workplace_.screens.openDialog(command.dialog);
+  if (commands_->settings && !workplace_.screens.hasScreen(type_.printSettings))
+    commands_->forbid(*commands_->settings);
 }
 
 void DocumentScreen::addCommand() {

@@ -4,34 +4,14 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <algorithm>
 
-#include "frame/account_code_box.h"
 #include "frame/command_bar.h"
 #include "frame/compose_document.h"
-#include "frame/counter_strip.h"
 #include "frame/document_card.h"
-#include "frame/item_grid.h"
-#include "frame/party_card.h"
-#include "frame/payment_panel.h"
 #include "frame/references_card.h"
-#include "frame/totals_panel.h"
-#include "text/format.h"
 #include "text/number.h"
 
 namespace velmo::frame {
-
-namespace {
-
-std::string shownAmount(const store::Recordset& tran, std::string_view column) {
-  return text::formatNumber(tran.number(column), "#0.00; (#0.00)");
-}
-
-std::string codeText(std::int64_t code) {
-  return code == 0 ? std::string() : std::to_string(code);
-}
-
-}  // namespace
 
 DocumentScreen::DocumentScreen(DocumentType type, session::Workplace& workplace, PrintOuts printOuts, QWidget* parent)
     : QWidget(parent),
@@ -43,6 +23,7 @@ DocumentScreen::DocumentScreen(DocumentType type, session::Workplace& workplace,
   connectParts();
   connectCommands();
   offerCommands();
+  orderTabs();
   references_->loadLists();
   // Only the rows that are looked at are read: a year may hold very many documents.
   Tran_.open(workplace_.context.KORDconn,
@@ -54,7 +35,7 @@ DocumentScreen::DocumentScreen(DocumentType type, session::Workplace& workplace,
 }
 
 DocumentScreen::~DocumentScreen() {
-  lines_->detach();
+  body_->detach();
 }
 
 void DocumentScreen::attempt(std::string_view title, const std::function<void()>& command) {
@@ -69,36 +50,26 @@ void DocumentScreen::attempt(std::string_view title, const std::function<void()>
 
 void DocumentScreen::ClearForNewRecord() {
   AddMode_ = true;
-  bindSheet(0);
+  body_->open(0);
   Tran_.requery();
   card_->setDocNo(nextDocNo(Tran_));
   showTranNo();
   card_->setDay(workplace_.clock.today());
   card_->setCancelled(false);
-  party_->clear();
+  body_->clear();
   fields_.setInitial(workplace_.clock.today());
   references_->setJob(0);
   references_->setEmployee(0);
   references_->setLocation(workplace_.context.stocklocationid);
-  if (IncomeCode_) IncomeCode_->setText(QString::number(type_.head->initialCode));
-  if (ACodeTxt_) ACodeTxt_->setText(QString::number(type_.counter->debitCode));
   Desc_->clear();
   showConversion({});
-  if (counterStrip_) counterStrip_->clear();
-  totals_->setCurrencyName(workplace_.context.currencyname);
-  totals_->setTyped({.Discount = "0.00", .Carriage = "0.00", .Received = "0.00"});
-  recalculate();
-  lines_->bind(SubTran_);
-  commands_->setEnabled(true);
-  if (type_.counter)
-    lines_->focusFirstCell();
-  else
-    party_->focusCode();
+  bindAgain();
+  body_->focusFirst();
 }
 
-void DocumentScreen::bindSheet(std::int64_t tranNo) {
-  lines_->detach();
-  openSheet(workplace_.context.KORDconn, SubTran_, tranNo);
+void DocumentScreen::bindAgain() {
+  body_->bind();
+  commands_->setEnabled(true);
 }
 
 bool DocumentScreen::moveToTran(std::int64_t tranNo) {
@@ -121,12 +92,9 @@ void DocumentScreen::ShowRecord() {
       return;
     }
     AddMode_ = false;
-    bindSheet(Tran_.integer("tranno"));
+    body_->open(Tran_.integer("tranno"));
     fillFromTran();
-    party_->ShowPartyBalance();
-    recalculate();
-    lines_->bind(SubTran_);
-    commands_->setEnabled(true);
+    bindAgain();
   });
 }
 
@@ -135,22 +103,13 @@ void DocumentScreen::fillFromTran() {
   card_->setDocNo(Tran_.integer("docno"));
   card_->setDay(Tran_.date("TranDate"));
   card_->setCancelled(Tran_.yes("Cancel"));
-  party_->show({.code = codeText(Tran_.integer("partycode2")),
-                .name = Tran_.text("text1"),
-                .address = Tran_.text("text2"),
-                .telephone = Tran_.text("text3"),
-                .terms = Tran_.text("Nature")});
+  body_->show(Tran_);
   fields_.show(Tran_);
   references_->setJob(Tran_.integer("JobIDFrom"));
   references_->setEmployee(Tran_.integer("EmpID"));
   references_->setLocation(Tran_.integer("LocationFrom"));
-  if (IncomeCode_) IncomeCode_->setText(QString::fromStdString(codeText(Tran_.integer("partycode"))));
-  if (ACodeTxt_) ACodeTxt_->setText(QString::fromStdString(Tran_.text("text4")));
   Desc_->setPlainText(QString::fromStdString(Tran_.text("Desc")));
   showConversion(type_.convertedColumn.empty() ? std::string() : Tran_.text(type_.convertedColumn));
-  totals_->setTyped({.Discount = shownAmount(Tran_, "Discount"),
-                     .Carriage = shownAmount(Tran_, "Carriage"),
-                     .Received = shownAmount(Tran_, "Received")});
 }
 
 void DocumentScreen::showTranNo() {
@@ -162,81 +121,29 @@ void DocumentScreen::showConversion(const std::string& mark) {
   for (QLabel* label : {ConvLbl_, ConvLbl2_}) label->setVisible(!mark.empty());
 }
 
-void DocumentScreen::recalculate() {
-  totals_->setSums(sumLines(SubTran_));
-}
-
-void DocumentScreen::partyChanged() {
-  const PartyCard::Party party = party_->party();
-  lines_->setParty(party.code, party.name);
-  if (type_.counter) return;
-  totals_->setReceivedRule(party_->isCashParty() ? type_.party.cashRule : ReceivedRule::AsTyped);
-}
-
 DocumentValues DocumentScreen::values() const {
-  const PartyCard::Party party = party_->party();
-  DocumentValues values{.DocNo = card_->docNo(),
-                        .TrDate = card_->day(),
-                        .Desc = Desc_->toPlainText().toStdString(),
-                        .Cancel = card_->isCancelled(),
-                        .PartyCodeTxt = party.code,
-                        .PartyNameTxt = party.name,
-                        .PartyAddress = party.address,
-                        .PartyTel = party.telephone,
-                        .Terms = party.terms,
-                        .PartyBalance = party_->PartyBalance(),
-                        .CreditLimit = party_->CreditLimit(),
-                        .IncomeCode = {},
-                        .IncomeAcc = {},
-                        .ACodeTxt = {},
-                        .Acc = {},
-                        .JobList = references_->job(),
-                        .EmpList = references_->employee(),
-                        .LocationList = references_->location(),
-                        .fields = fields_.texts(),
-                        .totals = totals_->totals()};
-  if (IncomeCode_) {
-    values.IncomeCode = IncomeCode_->text().toStdString();
-    values.IncomeAcc = IncomeAcc_->text().toStdString();
-  }
-  if (ACodeTxt_) {
-    values.ACodeTxt = ACodeTxt_->text().toStdString();
-    values.Acc = Acc_->text().toStdString();
-  }
+  DocumentValues values;
+  values.DocNo = card_->docNo();
+  values.TrDate = card_->day();
+  values.Desc = Desc_->toPlainText().toStdString();
+  values.Cancel = card_->isCancelled();
+  values.JobList = references_->job();
+  values.EmpList = references_->employee();
+  values.LocationList = references_->location();
+  values.fields = fields_.texts();
+  body_->fill(values);
   return values;
 }
 
 // Saving
 
 void DocumentScreen::ValidateAndSave(PrintMode mode) {
-  if (!commands_->save->isEnabled() || !lines_->commitEdit()) return;
-  if (BalPic_)
-    openPayment(mode);
-  else
-    save(mode);
-}
-
-// The money is taken before the document is saved.
-void DocumentScreen::openPayment(PrintMode mode) {
-  FormPic_->setEnabled(false);
-  disconnect(BalPic_, &PaymentPanel::taken, this, nullptr);
-  connect(BalPic_, &PaymentPanel::taken, this, [this, mode] {
-    closePayment();
-    save(mode);
-  });
-  BalPic_->open();
-}
-
-void DocumentScreen::closePayment() {
-  BalPic_->hide();
-  FormPic_->setEnabled(true);
-  lines_->setFocus(Qt::OtherFocusReason);
-}
-
-void DocumentScreen::save(PrintMode mode) {
-  attempt("Cannot Save", [&] {
-    const DocumentValues values = this->values();
-    if (passes(values) && PostDocument(values)) afterSave(mode, values);
+  if (!commands_->save->isEnabled() || !body_->commitEdit()) return;
+  body_->beforeSave([this, mode] {
+    attempt("Cannot Save", [&] {
+      const DocumentValues values = this->values();
+      if (passes(values) && PostDocument(values)) afterSave(mode, values);
+    });
   });
 }
 
@@ -276,25 +183,25 @@ bool DocumentScreen::passes(const DocumentValues& values) {
       if (!step.control.empty()) focus(step.control);
       return false;
     }
-  return true;
+  return !body_->refuses(values);
 }
 
 bool DocumentScreen::PostDocument(const DocumentValues& values) {
-  const auto document = composeDocument(type_, values, workplace_.context, workplace_.clock.now(), SubTran_,
-                                        AddMode_ ? HeaderWrite::Add : HeaderWrite::Update);
+  const auto document =
+      body_->compose(values, workplace_.clock.now(), AddMode_ ? HeaderWrite::Add : HeaderWrite::Update);
   if (!document) {
     workplace_.prompts.tell("Cannot Save", document.error());
     return false;
   }
   QWidget* const worked = focusWidget();
   commands_->setEnabled(false);  // a second click cannot post twice
-  lines_->detach();
+  body_->detach();
   try {
-    LastSavedTranNo_ = writeDocument(workplace_.context.KORDconn, *document, Tran_, SubTran_);
+    LastSavedTranNo_ = writeDocument(workplace_.context.KORDconn, *document, Tran_,
+                                     [&](std::int64_t tranNo) { body_->writeRows(values, tranNo); });
   } catch (const store::StoreError&) {
     // Nothing was written, and the sheet has its rows again: the user can mend the cause and save once more.
-    lines_->bind(SubTran_);
-    commands_->setEnabled(true);
+    bindAgain();
     if (worked) worked->setFocus(Qt::OtherFocusReason);
     throw;
   }
@@ -305,11 +212,18 @@ bool DocumentScreen::PostDocument(const DocumentValues& values) {
 }
 
 void DocumentScreen::afterSave(PrintMode mode, const DocumentValues& values) {
+  if (mode != PrintMode::Nothing && type_.afterPrint == AfterPrint::StayOnSaved) {
+    body_->refill();
+    bindAgain();
+  }
   if (mode == PrintMode::Voucher) {
     PrintTimer_.start();
     return;
   }
-  if (mode == PrintMode::Document) printDocument(values);
+  if (mode == PrintMode::Document) {
+    printDocument(values);
+    if (type_.afterPrint == AfterPrint::StayOnSaved) return;
+  }
   ClearForNewRecord();
 }
 
@@ -323,7 +237,7 @@ void DocumentScreen::printDocument(const DocumentValues& values) {
 
 void DocumentScreen::printVoucher() {
   attempt("Cannot Print", [this] { printOuts_.voucher(workplace_, LastSavedTranNo_, this); });
-  attempt("Cannot Add", [this] { ClearForNewRecord(); });
+  if (type_.afterPrint == AfterPrint::NewDocument) attempt("Cannot Add", [this] { ClearForNewRecord(); });
 }
 
 }  // namespace velmo::frame

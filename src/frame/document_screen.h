@@ -3,10 +3,11 @@
 #include <QTimer>
 #include <QWidget>
 #include <cstdint>
+#include <memory>
 #include <string>
 
+#include "frame/document_body.h"
 #include "frame/document_type.h"
-#include "frame/document_writer.h"
 #include "frame/own_fields.h"
 #include "frame/print_outs.h"
 #include "session/workplace.h"
@@ -16,23 +17,15 @@ class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
-class QPushButton;
 
 namespace velmo::frame {
 
-class AccountCodeBox;
-class AccountDropList;
 class CommandBar;
-class CounterStrip;
 class DocumentCard;
-class ItemGrid;
-class PartyCard;
 class ReferencesCard;
-class TotalsPanel;
-class PaymentPanel;
 
 // The screen of every business document: one document at a time, new or shown, saved by posting it. What a kind of
-// document has of its own stands in its DocumentType.
+// document has of its own stands in its DocumentType, what a shape of document has in its DocumentBody.
 //
 // Life: ClearForNewRecord -> (ShowRecord) -> ValidateAndSave -> PostDocument -> print-out -> ClearForNewRecord.
 // Leaving a document drops what was not saved.
@@ -60,10 +53,6 @@ class DocumentScreen : public QWidget {
   QHBoxLayout* buildTitleRow();
   QHBoxLayout* buildCards();
   QHBoxLayout* buildFoot();
-  QWidget* buildHead();
-  QWidget* buildDebitAccount();
-  void buildPayment();
-  QWidget* buildCounterStrip();
   void orderTabs();
   void connectParts();
   void connectCommands();
@@ -76,9 +65,6 @@ class DocumentScreen : public QWidget {
   bool passes(const DocumentValues& values);
   bool PostDocument(const DocumentValues& values);
   void afterSave(PrintMode mode, const DocumentValues& values);
-  void save(PrintMode mode);
-  void openPayment(PrintMode mode);
-  void closePayment();
   void printDocument(const DocumentValues& values);
   void printVoucher();
 
@@ -90,17 +76,13 @@ class DocumentScreen : public QWidget {
   void retrieveCommand();
   void previousCommand();
   void nextCommand();
-  void openMaster(const MasterCommand& command);
-  void focusNextPart();
 
   // Showing
   bool moveToTran(std::int64_t tranNo);
   void fillFromTran();
   void showTranNo();
   void showConversion(const std::string& mark);
-  void bindSheet(std::int64_t tranNo);
-  void recalculate();
-  void partyChanged();
+  void bindAgain();
   // Runs a command; a failure of the store is told under the title.
   void attempt(std::string_view title, const std::function<void()>& command);
 
@@ -108,32 +90,22 @@ class DocumentScreen : public QWidget {
   session::Workplace& workplace_;
   PrintOuts printOuts_;
   OwnFields fields_;
+  std::shared_ptr<DocumentBody> body_;
+  DocumentBody::Parts parts_;
 
   store::Recordset Tran_;
-  store::Recordset SubTran_;
   bool AddMode_ = true;
   std::int64_t LastSavedTranNo_ = 0;
   QTimer PrintTimer_;
 
+  QWidget* FormPic_ = nullptr;  // all but what asks in between
   CommandBar* commands_ = nullptr;
-  AccountDropList* PartyList_ = nullptr;
   DocumentCard* card_ = nullptr;
-  PartyCard* party_ = nullptr;
   ReferencesCard* references_ = nullptr;
-  ItemGrid* lines_ = nullptr;
-  TotalsPanel* totals_ = nullptr;
-  AccountCodeBox* IncomeCode_ = nullptr;  // none on documents without a second account
-  QLineEdit* IncomeAcc_ = nullptr;
-  AccountCodeBox* ACodeTxt_ = nullptr;  // of documents that are paid at the counter
-  QLineEdit* Acc_ = nullptr;
-  QWidget* FormPic_ = nullptr;  // all but the payment panel
-  PaymentPanel* BalPic_ = nullptr;
-  CounterStrip* counterStrip_ = nullptr;
   QPlainTextEdit* Desc_ = nullptr;
   QLineEdit* TranNo_ = nullptr;
   QLabel* ConvLbl_ = nullptr;
   QLabel* ConvLbl2_ = nullptr;
-  QPushButton* CI_ = nullptr;
 };
 
 }  // namespace velmo::frame

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -85,6 +86,25 @@ struct CounterRules {
   std::string_view termsWithoutParty;  // when the party's account is not there
 };
 
+class DocumentBody;
+struct BodyPlace;
+
+// Item lines with a party.
+std::shared_ptr<DocumentBody> makeTradeBody(const BodyPlace& place);
+
+// Whether goods of a stock location are in the document.
+enum class LocationChoice { Shown, None };
+
+enum class PrintCommands {
+  DocumentAndVoucher,
+  VoucherOnly  // the ledger voucher is the document's print-out
+};
+
+enum class AfterPrint {
+  NewDocument,
+  StayOnSaved  // the screen goes on showing what it printed, as if it were not saved yet
+};
+
 struct ConversionCommand {
   std::string_view name;
   std::string_view caption;
@@ -99,7 +119,13 @@ struct DocumentType {
   int viewRight = 0;
   FindType find;
 
-  PartyRules party;
+  // The shape of the document between its head and its commands.
+  std::function<std::shared_ptr<DocumentBody>(const BodyPlace&)> makeBody = makeTradeBody;
+  LocationChoice locationChoice = LocationChoice::Shown;
+  PrintCommands printCommands = PrintCommands::DocumentAndVoucher;
+  AfterPrint afterPrint = AfterPrint::NewDocument;
+
+  PartyRules party = {};
   std::optional<HeadRules> head = {};
   std::optional<CounterRules> counter = {};
   std::vector<DocumentField> fields = {};
@@ -110,7 +136,7 @@ struct DocumentType {
   std::vector<ValidationStep> validation = {};  // after those of every document
 
   // Writes the columns that are the document's own: accounts, amounts, InvLedger.
-  std::function<void(const DocumentValues&, const session::LoginContext&, HeaderRow&)> header;
+  std::function<void(const DocumentValues&, const session::LoginContext&, HeaderRow&)> header = {};
   std::vector<std::string_view> keptColumns = {};  // marks that a further save leaves alone
   std::string_view convertedColumn = {};           // whose text `ConvLbl2` shows
   std::optional<PostingTable> posting = {};

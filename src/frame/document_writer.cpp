@@ -71,14 +71,21 @@ void writeAging(store::Connection& connection, std::int64_t tranNo, const Docume
 }  // namespace
 
 std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
-                           store::Recordset& sheet) {
+                           const std::function<void(std::int64_t tranNo)>& writeRows) {
   store::Connection::Transaction transaction(connection);
   const std::int64_t tranNo = writeHeader(document, tran);
-  writeLines(sheet, {.tranNo = tranNo, .locationId = document.locationId, .jobId = document.jobId});
+  writeRows(tranNo);
   if (document.ledger) writeLedger(connection, tranNo, *document.ledger);
   if (document.agingSide) writeAging(connection, tranNo, document);
   transaction.commit();
   return tranNo;
+}
+
+std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
+                           store::Recordset& sheet) {
+  return writeDocument(connection, document, tran, [&](std::int64_t tranNo) {
+    writeLines(sheet, {.tranNo = tranNo, .locationId = document.locationId, .jobId = document.jobId});
+  });
 }
 
 }  // namespace velmo::frame

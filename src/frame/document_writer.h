@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -32,9 +33,13 @@ struct DocumentWrite {
   std::optional<AgingRow> aging = {};                  // nothing: cancelled
 };
 
-// Writes a document in this order: header, item lines, ledger lines (the old ones go, all are built again), open item.
-// One durable change: when it returns the document's key, all of it is on the disk; when it throws StoreError, nothing
-// is. `tran` then stands on the document's row.
+// Writes a document in this order: header, its lines by `writeRows`, ledger lines (the old ones go, all are built
+// again), open item. One durable change: when it returns the document's key, all of it is on the disk; when it throws
+// StoreError, nothing is. `tran` then stands on the document's row.
+std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
+                           const std::function<void(std::int64_t tranNo)>& writeRows);
+
+// The same of a document with item lines.
 std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
                            store::Recordset& sheet);
 

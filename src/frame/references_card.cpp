@@ -44,16 +44,18 @@ ReferencesCard::ReferencesCard(const DocumentType& type, OwnFields& fields, sess
   }
   jobs_ = makeList("JobList");
   employees_ = makeList("EmpList");
-  locations_ = makeList("LocationList");
   ++row;
   grid->addWidget(captionFor(*jobs_, tr("Job No && Description")), row, 0);
   grid->addWidget(jobs_, row, 1, 1, 3);
   ++row;
   grid->addWidget(captionFor(*employees_, tr("Employee Reference")), row, 0);
   grid->addWidget(employees_, row, 1, 1, 3);
-  ++row;
-  grid->addWidget(captionFor(*locations_, tr("Inventory Location")), row, 0);
-  grid->addWidget(locations_, row, 1, 1, 3);
+  if (type.locationChoice == LocationChoice::Shown) {
+    locations_ = makeList("LocationList");
+    ++row;
+    grid->addWidget(captionFor(*locations_, tr("Inventory Location")), row, 0);
+    grid->addWidget(locations_, row, 1, 1, 3);
+  }
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(3, 1);
   grid->setRowStretch(row + 1, 1);
@@ -79,6 +81,7 @@ void ReferencesCard::loadLists() {
                    "Job", "Jobid");
   employees_->setSource(rows("Select Empid, EmpName from Employees where status=no order by empname"), "EmpName",
                         "Empid");
+  if (!locations_) return;
   locations_->setSource(rows("Select Locationid, LocationName from StockLocation order by LocationName"),
                         "LocationName", "Locationid");
 }
@@ -90,7 +93,7 @@ void ReferencesCard::setEmployee(std::int64_t id) {
   showEntry(*employees_, id);
 }
 void ReferencesCard::setLocation(std::int64_t id) {
-  showEntry(*locations_, id);
+  if (locations_) showEntry(*locations_, id);
 }
 ListChoice ReferencesCard::job() const {
   return choiceOf(*jobs_);
@@ -99,7 +102,7 @@ ListChoice ReferencesCard::employee() const {
   return choiceOf(*employees_);
 }
 ListChoice ReferencesCard::location() const {
-  return choiceOf(*locations_);
+  return locations_ ? choiceOf(*locations_) : ListChoice();
 }
 
 void ReferencesCard::lookUpDate(const DateLookup& lookup) {

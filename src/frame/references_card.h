@@ -11,8 +11,8 @@ class DropCombo;
 
 namespace velmo::frame {
 
-// What a document refers to: its own reference fields, job, employee and stock location. A typed reference finds the
-// date of the document it names when the focus leaves it.
+// What a document refers to: its own reference fields, job, employee and, with goods, the stock location. A typed
+// reference finds the date of the document it names when the focus leaves it.
 class ReferencesCard : public QFrame {
   Q_OBJECT
 
@@ -36,7 +36,7 @@ class ReferencesCard : public QFrame {
   session::Workplace& workplace_;
   forms::DropCombo* jobs_;
   forms::DropCombo* employees_;
-  forms::DropCombo* locations_;
+  forms::DropCombo* locations_ = nullptr;  // none on documents without goods
 };
 
 }  // namespace velmo::frame
