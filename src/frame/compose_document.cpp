@@ -29,21 +29,26 @@ HeaderRow headerOf(const DocumentType& type, const DocumentValues& values, const
   row.set("FYID", std::int64_t{context.FYID});
   row.set("Cancel", values.Cancel);
   row.stamp(context.UserID, now);
-  type.header(values, context, row);
+  if (type.header) type.header(values, context, row);
   return row;
 }
 
 }  // namespace
 
+DocumentWrite composeHeader(const DocumentType& type, const DocumentValues& values,
+                            const session::LoginContext& context, const text::DateTime& now, HeaderWrite mode) {
+  return {.mode = mode,
+          .header = headerOf(type, values, context, now),
+          .keptColumns = type.keptColumns,
+          .locationId = values.LocationList.id,
+          .jobId = values.JobList.id};
+}
+
 tl::expected<DocumentWrite, std::string> composeDocument(const DocumentType& type, const DocumentValues& values,
                                                          const session::LoginContext& context,
                                                          const text::DateTime& now, const store::Recordset& sheet,
                                                          HeaderWrite mode) {
-  DocumentWrite document{.mode = mode,
-                         .header = headerOf(type, values, context, now),
-                         .keptColumns = type.keptColumns,
-                         .locationId = values.LocationList.id,
-                         .jobId = values.JobList.id};
+  DocumentWrite document = composeHeader(type, values, context, now, mode);
   if (type.posting) {
     const std::string narrations = lineNarrations(sheet, type.lines.quantityField, context.ccode);
     auto lines = ledgerLines(*type.posting, values, narrations);

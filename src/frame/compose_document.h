@@ -15,6 +15,10 @@ tl::expected<DocumentWrite, std::string> composeDocument(const DocumentType& typ
                                                          const text::DateTime& now, const store::Recordset& sheet,
                                                          HeaderWrite mode);
 
+// The header alone, with what every document writes into it and the own columns of the type.
+DocumentWrite composeHeader(const DocumentType& type, const DocumentValues& values,
+                            const session::LoginContext& context, const text::DateTime& now, HeaderWrite mode);
+
 // The number of the next document: one above the highest of `tran`, which is left sorted by number and on its last row.
 std::int64_t nextDocNo(store::Recordset& tran);
 

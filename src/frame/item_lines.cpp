@@ -13,8 +13,8 @@ void openSheet(store::Connection& connection, store::Recordset& sheet, std::int6
   fillSheet(sheet);
 }
 
-void fillSheet(store::Recordset& sheet) {
-  while (sheet.recordCount() < sheetRows) {
+void fillSheet(store::Recordset& sheet, std::int64_t rows) {
+  while (sheet.recordCount() < rows) {
     sheet.addNew();
     sheet.update();
   }

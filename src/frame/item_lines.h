@@ -14,7 +14,8 @@ inline constexpr std::int64_t sheetRows = 500;
 // Reads the lines of a document (0: a new one) in their order and fills the sheet up to sheetRows; a document of more
 // lines keeps them all. The cursor stands on the first row.
 void openSheet(store::Connection& connection, store::Recordset& sheet, std::int64_t tranNo);
-void fillSheet(store::Recordset& sheet);
+// Adds blank rows to any sheet until it has that many, and stands on its first.
+void fillSheet(store::Recordset& sheet, std::int64_t rows = sheetRows);
 
 // "(Hammer - 2 Pcs @Rs.150 =Rs.300) " for every row that has an item code, joined in their order.
 std::string lineNarrations(const store::Recordset& sheet, std::string_view quantityField,

@@ -42,19 +42,6 @@ std::optional<double> amountOf(const std::optional<PostedAmount>& amount, const 
   return amount->negated ? -figure : figure;
 }
 
-tl::expected<std::vector<LedgerLine>, std::string> balanced(std::vector<LedgerLine> lines) {
-  double debits = 0;
-  double credits = 0;
-  for (const LedgerLine& line : lines) {
-    debits += line.debit.value_or(0);
-    credits += line.credit.value_or(0);
-  }
-  if (std::abs(debits - credits) < 0.005) return lines;
-  return tl::unexpected("The ledger entries of this document do not balance: debits of " +
-                        text::formatNumber(debits, "0.00;(0.00)") + " stand against credits of " +
-                        text::formatNumber(credits, "0.00;(0.00)") + ". Correct the amounts before saving.");
-}
-
 }  // namespace
 
 double figureOf(const DocumentTotals& totals, Figure figure) {
@@ -90,6 +77,19 @@ tl::expected<std::vector<LedgerLine>, std::string> ledgerLines(const PostingTabl
     lines.push_back(std::move(line));
   }
   return balanced(std::move(lines));
+}
+
+tl::expected<std::vector<LedgerLine>, std::string> balanced(std::vector<LedgerLine> lines) {
+  double debits = 0;
+  double credits = 0;
+  for (const LedgerLine& line : lines) {
+    debits += line.debit.value_or(0);
+    credits += line.credit.value_or(0);
+  }
+  if (std::abs(debits - credits) < 0.005) return lines;
+  return tl::unexpected("The ledger entries of this document do not balance: debits of " +
+                        text::formatNumber(debits, "0.00;(0.00)") + " stand against credits of " +
+                        text::formatNumber(credits, "0.00;(0.00)") + ". Correct the amounts before saving.");
 }
 
 }  // namespace velmo::frame

@@ -88,4 +88,7 @@ struct LedgerLine {
 tl::expected<std::vector<LedgerLine>, std::string> ledgerLines(const PostingTable& table, const DocumentValues& values,
                                                                std::string_view lineNarrations);
 
+// The lines, or the sentence that tells by how much they do not balance.
+tl::expected<std::vector<LedgerLine>, std::string> balanced(std::vector<LedgerLine> lines);
+
 }  // namespace velmo::frame

@@ -7,23 +7,13 @@
 
 #include "forms/look.h"
 #include "forms/number_box.h"
+#include "frame/figure_field.h"
 #include "frame/own_fields.h"
 #include "session/prompts.h"
 
 namespace velmo::frame {
 
 namespace {
-
-constexpr int figureWidth = 96;  // nine digits, a point and parentheses
-
-QLabel* captionOf(QWidget& field, const QString& text) {
-  auto* caption = new QLabel(text.trimmed());
-  caption->setBuddy(&field);
-  caption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  forms::makeCaption(*caption);
-  field.setAccessibleName(text.trimmed());
-  return caption;
-}
 
 // What stands in a box between two key presses of one number: not yet a figure, but on its way to one.
 bool beginsNumber(const QString& text) {
@@ -79,19 +69,6 @@ TotalsPanel::PaymentBoxes TotalsPanel::takePaymentBoxes() {
   return {received_, balance_};
 }
 
-QLineEdit* TotalsPanel::addFigure(QGridLayout& grid, int row, int column, const char* name, const QString& caption) {
-  auto* figure = new QLineEdit;
-  figure->setObjectName(name);
-  figure->setReadOnly(true);
-  figure->setFocusPolicy(Qt::NoFocus);
-  figure->setAlignment(Qt::AlignRight);
-  figure->setFont(forms::figureFont());
-  figure->setFixedWidth(figureWidth);
-  grid.addWidget(captionOf(*figure, caption), row, column);
-  grid.addWidget(figure, row, column + 1);
-  return figure;
-}
-
 forms::NumberBox* TotalsPanel::addAmount(QGridLayout& grid, int row, int column, const char* name,
                                          const QString& caption, bool isSigned) {
   forms::NumberBoxOptions options;
@@ -99,8 +76,7 @@ forms::NumberBox* TotalsPanel::addAmount(QGridLayout& grid, int row, int column,
   auto* amount = new forms::NumberBox(nullptr, options);
   amount->setObjectName(name);
   amount->setFixedWidth(figureWidth);
-  grid.addWidget(captionOf(*amount, caption), row, column);
-  grid.addWidget(amount, row, column + 1);
+  addCaptioned(grid, row, column, *amount, caption);
   return amount;
 }
 

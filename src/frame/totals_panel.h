@@ -47,7 +47,6 @@ class TotalsPanel : public QFrame {
   void RecalculateTotals();
 
  private:
-  QLineEdit* addFigure(QGridLayout& grid, int row, int column, const char* name, const QString& caption);
   forms::NumberBox* addAmount(QGridLayout& grid, int row, int column, const char* name, const QString& caption,
                               bool isSigned);
   void showTyped(forms::NumberBox& box, const std::string& text);

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+class QGridLayout;
+class QLineEdit;
+class QWidget;
+
+namespace velmo::frame {
+
+inline constexpr int figureWidth = 96;  // pixels; nine digits, a point and parentheses
+
+// Puts a field of a totals panel into the grid, its caption right-aligned before it, which also names it to a screen
+// reader. A field takes two columns.
+void addCaptioned(QGridLayout& grid, int row, int column, QWidget& field, const QString& caption);
+
+// The same with a new box that shows a figure and takes no focus.
+QLineEdit* addFigure(QGridLayout& grid, int row, int column, const char* name, const QString& caption);
+
+}  // namespace velmo::frame
