@@ -41,4 +41,20 @@ lxw_format* CellFormats::caption(forms::ColumnAlignment alignment) {
   return format;
 }
 
+lxw_format* CellFormats::head() {
+  lxw_format* format = workbook_add_format(book_);
+  format_set_bold(format);
+  format_set_font_color(format, LXW_COLOR_BLUE);
+  return format;
+}
+
+lxw_format* CellFormats::total(const std::string& numberFormat, forms::ColumnAlignment alignment) {
+  lxw_format* format = workbook_add_format(book_);
+  format_set_bold(format);
+  format_set_top(format, LXW_BORDER_THIN);
+  if (!numberFormat.empty()) format_set_num_format(format, numberFormat.c_str());
+  align(format, alignment);
+  return format;
+}
+
 }  // namespace velmo::spreadsheet

@@ -24,6 +24,8 @@ class CellFormats {
   // nullptr for the plain look.
   lxw_format* cell(const std::string& numberFormat, forms::ColumnAlignment alignment);
   lxw_format* caption(forms::ColumnAlignment alignment);
+  lxw_format* head();
+  lxw_format* total(const std::string& numberFormat, forms::ColumnAlignment alignment);
 
  private:
   lxw_workbook* book_;

@@ -2,6 +2,7 @@
 
 #include <QTableView>
 
+#include "export/csv_writer.h"
 #include "export/table_rows.h"
 #include "forms/work_progress.h"
 #include "text/format.h"
@@ -18,15 +19,20 @@ std::string proposedName(const std::string& title) {
   return name.toStdString() + ".xlsx";
 }
 
-// The chosen place with the ending of a spreadsheet; empty when none was chosen. A file dialog may leave the program in
+std::string endingOf(const std::filesystem::path& place) {
+  return QString::fromStdString(place.extension().string()).toLower().toStdString();
+}
+
+// The chosen place with the ending of a kind of file that is written; empty when none was chosen. A file dialog may leave the program in
 // another folder, and the company's file is found from its folder.
 std::filesystem::path askPlace(const std::string& title, session::FileChooser& files, session::Prompts& prompts) {
   const std::filesystem::path folder = std::filesystem::current_path();
-  const std::string chosen = files.saveFile("Save as Spreadsheet", "Spreadsheets (*.xlsx)", proposedName(title));
+  const std::string chosen = files.saveFile(
+      "Save as Spreadsheet", "Spreadsheets (*.xlsx);;Comma-separated values (*.csv)", proposedName(title));
   std::filesystem::path place = chosen;
   if (!chosen.empty()) place = std::filesystem::absolute(place);
   std::filesystem::current_path(folder);
-  if (chosen.empty() || QString::fromStdString(place.extension().string()).toLower() == u".xlsx") return place;
+  if (chosen.empty() || endingOf(place) == ".xlsx" || endingOf(place) == ".csv") return place;
   place += ".xlsx";
   std::error_code unknown;
   if (!std::filesystem::exists(place, unknown)) return place;
@@ -43,7 +49,8 @@ void save(const TableRows& list, QWidget* window, session::FileChooser& files, s
   tl::expected<std::int64_t, std::string> saved;
   {
     forms::WorkProgress progress(window, QStringLiteral("Saving the spreadsheet ..."), list.count);
-    saved = saveSheet(place, list.design, list.rows, [&](std::int64_t rows) { return progress.report(rows); });
+    const auto write = endingOf(place) == ".csv" ? saveSeparatedValues : saveSheet;
+    saved = write(place, list.design, list.rows, [&](std::int64_t rows) { return progress.report(rows); });
   }
   if (saved)
     prompts.tell("Spreadsheet Saved", text::formatNumber(static_cast<double>(*saved), "#,##0") +

@@ -69,9 +69,10 @@ class Workbook {
 
   bool isOpen() const { return sheet_ != nullptr; }
 
-  void write(std::int64_t row, std::span<const store::Value> cells) {
-    for (std::size_t i = 0; i < cells.size(); ++i)
-      write(static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(i), columns_[i], cells[i]);
+  // Rows of the list are counted from 0.
+  void write(std::int64_t row, std::span<const store::Value> cells) { writeAt(above_ + row, cells, columns_); }
+  void writeTotals(std::int64_t rows, std::span<const store::Value> cells) {
+    if (!cells.empty()) writeAt(above_ + rows, cells, totals_);
   }
 
   // The library does not look whether its own files take what it writes.
@@ -81,7 +82,8 @@ class Workbook {
 
   bool close(std::int64_t rows) {
     const auto lastColumn = static_cast<lxw_col_t>(columns_.size() - 1);
-    worksheet_autofilter(sheet_, 0, 0, static_cast<lxw_row_t>(rows), lastColumn);
+    // Rows that are not of the list must not be sorted among it.
+    if (isPlainList_) worksheet_autofilter(sheet_, captions_, 0, captions_ + static_cast<lxw_row_t>(rows), lastColumn);
     sheet_ = nullptr;
     return workbook_close(std::exchange(book_, nullptr)) == LXW_NO_ERROR;
   }
@@ -94,7 +96,15 @@ class Workbook {
     lxw_format* moment;
   };
 
+  void writeAt(std::int64_t row, std::span<const store::Value> cells, const std::vector<Column>& columns) {
+    for (std::size_t i = 0; i < std::min(cells.size(), columns.size()); ++i)
+      write(static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(i), columns[i], cells[i]);
+  }
+
   void layOut(const SheetDesign& design) {
+    above_ = design.rowsAbove();
+    captions_ = static_cast<lxw_row_t>(above_ - (design.opening.empty() ? 1 : 2));
+    isPlainList_ = design.opening.empty() && design.totals.empty();
     std::string title = toCellText(design.title);
     std::string company = toCellText(design.company);
     lxw_doc_properties properties = {};
@@ -102,9 +112,13 @@ class Workbook {
     properties.author = company.data();
     workbook_set_properties(book_, &properties);
     CellFormats formats(book_);
+    // In memory that does not grow, rows are written from the top down.
+    for (std::size_t i = 0; i < design.head.size(); ++i)
+      worksheet_write_string(sheet_, static_cast<lxw_row_t>(i), 0, toCellText(design.head[i]).c_str(), formats.head());
     for (const SheetColumn& column : design.columns) addColumn(column, formats);
-    worksheet_freeze_panes(sheet_, 1, 0);
-    worksheet_repeat_rows(sheet_, 0, 0);
+    if (!design.opening.empty()) writeAt(captions_ + 1, design.opening, columns_);
+    worksheet_freeze_panes(sheet_, captions_ + 1, 0);
+    worksheet_repeat_rows(sheet_, captions_, captions_);
     worksheet_set_landscape(sheet_);
     worksheet_fit_to_pages(sheet_, 1, 0);
     worksheet_set_footer(sheet_, "&LPrinted &D&RPage &P of &N");
@@ -118,9 +132,11 @@ class Workbook {
                         .number = formats.cell(dates ? std::string() : format, column.alignment),
                         .date = formats.cell(dates ? format : "m/d/yyyy", column.alignment),
                         .moment = formats.cell(dates ? format : "m/d/yyyy h:mm:ss AM/PM", column.alignment)});
+    lxw_format* total = formats.total(dates ? std::string() : format, column.alignment);
+    totals_.push_back({.text = total, .number = total, .date = total, .moment = total});
     constexpr double widest = 80;
     worksheet_set_column(sheet_, at, at, std::clamp<double>(column.width, 4, widest), nullptr);
-    worksheet_write_string(sheet_, 0, at, toCellText(column.caption).c_str(), formats.caption(column.alignment));
+    worksheet_write_string(sheet_, captions_, at, toCellText(column.caption).c_str(), formats.caption(column.alignment));
   }
 
   void write(lxw_row_t row, lxw_col_t at, const Column& column, const store::Value& value) {
@@ -144,6 +160,10 @@ class Workbook {
   lxw_workbook* book_ = nullptr;
   lxw_worksheet* sheet_ = nullptr;
   std::vector<Column> columns_;
+  std::vector<Column> totals_;
+  std::int64_t above_ = 1;     // rows before the first of the list
+  lxw_row_t captions_ = 0;     // their row
+  bool isPlainList_ = true;    // nothing but captions and rows
 };
 
 // The sheet is put together from files of the library after the last chance to ask it whether they took everything, so
@@ -170,15 +190,16 @@ tl::expected<std::int64_t, std::string> writeRows(Workbook& book, const SheetDes
   std::vector<store::Value> cells(design.columns.size());
   std::int64_t done = 0;
   for (; rows(cells); ++done) {
-    if (done + 1 == mostRows)
+    if (done + design.rowsAbove() + (design.totals.empty() ? 0 : 1) == mostRows)
       return tl::unexpected(std::string("There are more rows than a spreadsheet holds (1,048,576). Narrow the list."));
-    book.write(done + 1, cells);
+    book.write(done, cells);
     if (done % rowsBetweenReports == 0) {
       if (!book.tookEverything()) return tl::unexpected(std::string(notComplete));
       if (progress && !progress(done)) return tl::unexpected(std::string());
     }
     std::ranges::fill(cells, store::Value());
   }
+  book.writeTotals(done, design.totals);
   if (!book.tookEverything()) return tl::unexpected(std::string(notComplete));
   return done;
 }

@@ -27,6 +27,14 @@ struct SheetDesign {
   std::string title;         // of the sheet and the document
   std::string company = {};  // the document's author; may be empty
   std::vector<SheetColumn> columns = {};
+  std::vector<std::string> head = {};      // lines above the captions, an empty row below them
+  std::vector<store::Value> opening = {};  // a row of its own under the captions
+  std::vector<store::Value> totals = {};   // a row of its own behind the last
+
+  // Rows of the sheet above the first of the list.
+  std::int64_t rowsAbove() const {
+    return static_cast<std::int64_t>(head.empty() ? 0 : head.size() + 1) + 1 + (opening.empty() ? 0 : 1);
+  }
 };
 
 // Fills in the cells of the next row, one for each column, all null before; false behind the last row.
@@ -35,7 +43,7 @@ using RowSource = std::function<bool(std::span<store::Value> cells)>;
 // Called every few hundred rows with the number of rows done; false stops the work.
 using Progress = std::function<bool(std::int64_t rows)>;
 
-inline constexpr std::int64_t mostRows = 1048576;  // of a sheet, the one with the captions among them
+inline constexpr std::int64_t mostRows = 1048576;  // of a sheet, those above and behind the list among them
 inline constexpr int mostColumns = 16384;
 
 // Writes an .xlsx file of one sheet, in memory that does not grow with the rows, and gives the number of rows. The file
