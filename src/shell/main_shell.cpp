@@ -21,6 +21,7 @@ constexpr int administrator = 1;
 constexpr int welcomeRight = 2;
 constexpr int smallestScreenWidth = 1000;  // the sentence asks for 1024; a little less passes
 constexpr int reloadDelay = 1000;          // milliseconds
+constexpr int costDelay = 100;             // milliseconds
 constexpr int idleDelay = 5000;            // milliseconds without key or click
 
 // The screens after whose closing a shared list is read afresh.
@@ -57,6 +58,7 @@ Parent::Parent(std::unique_ptr<session::LoginContext> context, const Surrounding
       workplace_{*context_, surroundings.clock, surroundings.prompts, surroundings.files, *screens_},
       itemsTimer_(oneShot(this, "InvTimer", reloadDelay)),
       accountsTimer_(oneShot(this, "AccTimer", reloadDelay)),
+      costTimer_(oneShot(this, "CostTimer", costDelay)),
       idleTimer_(oneShot(this, "IdleTimer", idleDelay)) {
   context_->KORDconn.open(surroundings_.connectionString);
   context_->ShapeConnection = surroundings_.shapeString;
@@ -100,6 +102,8 @@ void Parent::buildWindow() {
 void Parent::startTimers() {
   connect(itemsTimer_, &QTimer::timeout, this, &Parent::readItems);
   connect(accountsTimer_, &QTimer::timeout, this, &Parent::readAccounts);
+  connect(costTimer_, &QTimer::timeout, this, &Parent::computeCosts);
+  context_->Costs.onArmed = [this] { costTimer_->start(); };
   connect(idleTimer_, &QTimer::timeout, this, &Parent::moveLogIntoFile);
   connect(screens_, &ScreenWindows::screenOpening, this, &Parent::readMissingLists);
   connect(screens_, &ScreenWindows::screenClosed, this, &Parent::screenClosed);
@@ -123,6 +127,17 @@ void Parent::readAccounts() {
 void Parent::readMissingLists() {
   if (!context_->ItemsRS.isOpen()) readItems();
   if (!context_->AccountsRS.isOpen()) readAccounts();
+}
+
+// Work that shows its progress may be in the midst of a transaction.
+void Parent::computeCosts() {
+  if (!context_->KORDconn.isOpen()) return;
+  if (context_->KORDconn.inTransaction()) return costTimer_->start();
+  try {
+    context_->Costs.settle(*context_);
+  } catch (const store::StoreError& failure) {
+    surroundings_.prompts.tell("Cannot Compute Costs", failure.what());
+  }
 }
 
 void Parent::moveLogIntoFile() {
@@ -211,7 +226,7 @@ void Parent::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
-  for (QTimer* timer : {itemsTimer_, accountsTimer_, idleTimer_}) timer->stop();
+  for (QTimer* timer : {itemsTimer_, accountsTimer_, costTimer_, idleTimer_}) timer->stop();
   for (store::Recordset* list : {&context_->ItemsRS, &context_->AccountsRS})
     if (list->isOpen()) list->close();
   context_->KORDconn.close();

@@ -52,6 +52,7 @@ class Parent : public QMainWindow {
   void readItems();
   void readAccounts();
   void readMissingLists();
+  void computeCosts();
   void moveLogIntoFile();
   void showCompany();
   void screenClosed(const QString& name);
@@ -67,6 +68,7 @@ class Parent : public QMainWindow {
   session::Workplace workplace_;
   QTimer* itemsTimer_;     // InvTimer
   QTimer* accountsTimer_;  // AccTimer
+  QTimer* costTimer_;      // CostTimer
   QTimer* idleTimer_;
 };
 

@@ -160,6 +160,36 @@ TEST_F(Shell, ReadsTheSharedListsOnceAfterASecond) {
   EXPECT_TRUE(context().AccountsRS.find("AccCode = 99999001"));
 }
 
+TEST_F(Shell, ComputesTheCostsAMomentAfterAScreenAsksForThem) {
+  open();
+  company_.run(context().KORDconn,
+               {"insert into stocklevel1 (CatID, CatName) values ('GDS', 'Goods')",
+                "insert into stocklevel2 (SubCatID, SubCatName, CatID) values ('GDS01', 'Goods', 'GDS')",
+                "insert into stocklevel3 (ItemCode, CatID, SubCatID, ValuationType) values ('A', 'GDS', 'GDS01', yes)",
+                "insert into transactions (TranNo, TranDate, TranType, FYID, Cancel, InvLedger) values (900, "
+                "#05-01-2026#, 22, 1, no, no)",
+                "insert into stockflow (TranNo, ItemCode, StockIn, ItemValue) values (900, 'A', 4, 10)"});
+  auto* timer = shell_->findChild<QTimer*>(QStringLiteral("CostTimer"));
+  ASSERT_TRUE(timer);
+  EXPECT_FALSE(timer->isActive()) << "nobody asked";
+  const auto cost = [this] {
+    return store::Recordset(context().KORDconn, "select * from stocklevel3 where itemcode='A'")
+        .number("ValuationCost2");
+  };
+  {
+    const store::Connection::Transaction work(context().KORDconn);
+    context().Costs.arm();
+    EXPECT_FALSE(waitFor([&] { return !timer->isActive(); }, 300)) << "within other work it is put off";
+  }
+  EXPECT_TRUE(waitFor([&] { return !timer->isActive(); }));
+  EXPECT_EQ(cost(), 2.5);
+
+  company_.run(context().KORDconn, {"update stockflow set ItemValue=20 where TranNo=900"});
+  context().Costs.arm();
+  context().Costs.settle(context());
+  EXPECT_EQ(cost(), 5) << "a report does not wait";
+}
+
 TEST_F(Shell, ReadsTheSharedListsForAScreenThatIsOpenedBeforeThat) {
   open();
   action("SaleMod_55").trigger();
