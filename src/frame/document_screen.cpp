@@ -8,6 +8,7 @@
 #include "frame/command_bar.h"
 #include "frame/compose_document.h"
 #include "frame/document_card.h"
+#include "frame/posted_accounts.h"
 #include "frame/references_card.h"
 #include "text/number.h"
 
@@ -197,6 +198,7 @@ bool DocumentScreen::PostDocument(const DocumentValues& values) {
   commands_->setEnabled(false);  // a second click cannot post twice
   body_->detach();
   try {
+    if (document->ledger) demandAccounts(workplace_.context.KORDconn, *document->ledger);
     LastSavedTranNo_ = writeDocument(workplace_.context.KORDconn, *document, Tran_,
                                      [&](std::int64_t tranNo) { body_->writeRows(values, tranNo); });
   } catch (const store::StoreError&) {
