@@ -4,8 +4,8 @@
 
 namespace velmo::frame {
 
-// Paints the cells of the item grid: the current cell framed, its line tinted, a marked line filled.
-class ItemCellDelegate : public QStyledItemDelegate {
+// Paints the cells of a sheet: the current cell framed, its line tinted, a marked line filled.
+class SheetCellDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;

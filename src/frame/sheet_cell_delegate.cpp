@@ -1,4 +1,4 @@
-#include "frame/item_cell_delegate.h"
+#include "frame/sheet_cell_delegate.h"
 
 #include <QAbstractItemView>
 #include <QPainter>
@@ -7,7 +7,7 @@
 
 namespace velmo::frame {
 
-void ItemCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+void SheetCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
   const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
   const QModelIndex current = view ? view->currentIndex() : QModelIndex();
   const bool marked = view && view->selectionModel()->isRowSelected(index.row());

@@ -2,21 +2,19 @@
 
 #include <QAbstractTableModel>
 
-#include "frame/item_sheet.h"
+#include "frame/sheet_rows.h"
 
 namespace velmo::frame {
 
-// The cells of an item sheet for a view, in the order of GridColumn.
-class ItemGridModel : public QAbstractTableModel {
+// The cells of a sheet for a view.
+class SheetGridModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  explicit ItemGridModel(ItemSheet& sheet, QObject* parent = nullptr);
+  explicit SheetGridModel(SheetRows& rows, QObject* parent = nullptr);
 
   void reload();             // other lines
   void refreshRow(int row);  // other values in one line
-
-  static QString caption(const ItemGridKind& kind, GridColumn column);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -30,7 +28,9 @@ class ItemGridModel : public QAbstractTableModel {
   void entered();  // a text was accepted by setData()
 
  private:
-  ItemSheet& sheet_;
+  const SheetColumn& column(int section) const { return rows_.columns()[static_cast<std::size_t>(section)]; }
+
+  SheetRows& rows_;
 };
 
 }  // namespace velmo::frame
