@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+
+#include "session/workplace.h"
+
+namespace velmo::frame {
+
+// Opens the document that a row of a report stands for, on the screen of its type, when the user may see such
+// documents; the user is told when he may not. Opening balances are shown without a number. A type that has no screen
+// does nothing.
+void openDocument(session::Workplace& workplace, int tranType, std::int64_t tranNo);
+
+}  // namespace velmo::frame
