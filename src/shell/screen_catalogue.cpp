@@ -16,6 +16,9 @@
 #include "masters/simple_lists.h"
 #include "masters/user_logins.h"
 #include "masters/user_rights.h"
+#include "reports/acc_ledgers.h"
+#include "reports/daily_journal.h"
+#include "reports/print_vouchers.h"
 #include "shell/about.h"
 #include "shell/company_info.h"
 #include "shell/currency_settings.h"
@@ -24,6 +27,7 @@
 #include "shell/logo_setting.h"
 #include "shell/navigation.h"
 #include "shell/print_settings.h"
+#include "vouchers/voucher2_print.h"
 
 namespace velmo::shell {
 namespace {
@@ -46,6 +50,10 @@ QWidget* makePurchaseBillsSimple(session::Workplace& workplace, QWidget* parent)
 
 QWidget* makePurchaseReturns(session::Workplace& workplace, QWidget* parent) {
   return documents::makePurchaseReturns(workplace, parent, {.voucher = showDocumentVoucher});
+}
+
+QWidget* makePrintVouchers(session::Workplace& workplace, QWidget* parent) {
+  return reports::makePrintVouchers(workplace, parent, {.voucher1 = {}, .voucher2 = vouchers::voucher2Print});
 }
 
 constexpr ScreenEntry screens[] = {
@@ -76,6 +84,9 @@ constexpr ScreenEntry screens[] = {
     {"UserRights", ScreenKind::Dialog, masters::makeUserRights},
     {"InventorySettings", ScreenKind::Dialog, masters::makeInventorySettings},
     {"Jobs", ScreenKind::Dialog, masters::makeJobs},
+    {"DailyJournal", ScreenKind::ChildWindow, reports::makeDailyJournal},
+    {"AccLedgers", ScreenKind::ChildWindow, reports::makeAccLedgers},
+    {"PrintVouchers", ScreenKind::Dialog, makePrintVouchers},
     {"CompanyInfo", ScreenKind::Dialog, makeCompanyInfo},
     {"LogoSetting", ScreenKind::Dialog, makeLogoSetting},
     {"CurrencySettings", ScreenKind::Dialog, makeCurrencySettings},

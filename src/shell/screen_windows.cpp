@@ -45,9 +45,12 @@ bool ScreenWindows::openScreen(std::string_view name) {
   if (!entry || entry->kind != ScreenKind::ChildWindow) return false;
   if (QWidget* open = openWindow(name)) {
     setActiveSubWindow(windows_.find(name)->second);
-    // Every document screen has this slot; a screen that is made anew looks at the flag by itself.
+    // Every document screen has the first slot, every ledger the second; a screen that is made anew looks at the flags
+    // by itself.
     if (workplace_->context.OpenTranFlag && open->metaObject()->indexOfSlot("ShowRecord()") >= 0)
       QMetaObject::invokeMethod(open, "ShowRecord", Qt::DirectConnection);
+    if (workplace_->context.OpenLedgerFlag && open->metaObject()->indexOfSlot("ShowLedger()") >= 0)
+      QMetaObject::invokeMethod(open, "ShowLedger", Qt::DirectConnection);
     return true;
   }
   QMdiSubWindow* window = makeWindow(*entry);

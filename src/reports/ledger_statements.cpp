@@ -1,0 +1,100 @@
+#include "reports/ledger_statements.h"
+
+namespace velmo::reports {
+namespace {
+
+constexpr const char* linesOfDocuments =
+    "FROM TranType INNER JOIN (Transactions INNER JOIN SubTransactions ON Transactions.TranNo = "
+    "SubTransactions.TranNo) "
+    "ON TranType.TranType = Transactions.TranType ";
+constexpr const char* notEmpty = "(((SubTransactions.Debit)<>0) or ((SubTransactions.Credit)<>0))";
+
+std::string openingBalances(int fyid, const std::string& selection, const text::DateTime& openingBefore) {
+  return "SELECT AccLevel3.AccCode, AccLevel3.AccName, Sum(IIf(IsNull([debit]),0,[debit])) AS Debits, "
+         "Sum(IIf(IsNull([credit]),0,[credit])) AS Credits, [Debits]-[Credits] AS Diff, Abs([diff]) AS OpBalance, "
+         "IIf([diff]<0,'Credit','Debit') AS OpStatus FROM AccLevel3 LEFT JOIN [SELECT Transactions.TranDate, "
+         "Transactions.Cancel, SubTransactions.AccCode, SubTransactions.Debit, SubTransactions.Credit FROM "
+         "Transactions INNER JOIN SubTransactions ON Transactions.TranNo=SubTransactions.TranNo WHERE "
+         "((Transactions.TranDate)<" +
+         store::dateLiteral(openingBefore) + ") And (Transactions.FYID)=" + std::to_string(fyid) +
+         " And (Transactions.Cancel)=No]. AS ABal ON AccLevel3.AccCode = ABal.AccCode GROUP BY AccLevel3.AccCode, "
+         "AccLevel3.AccName, AccLevel3.Level2ID, AccLevel3.Level1ID" +
+         selection;
+}
+
+std::string storedBalances(const std::string& year, const std::string& periodFilter) {
+  return "SELECT SubTransactions.AccCode, Transactions.TranDate, SubTransactions.Serial, SubTransactions.Balance, "
+         "SubTransactions.Status FROM Transactions INNER JOIN SubTransactions ON Transactions.TranNo = "
+         "SubTransactions.TranNo Where (" +
+         periodFilter + year +
+         " GROUP BY SubTransactions.AccCode, Transactions.TranDate, SubTransactions.Serial, SubTransactions.Balance, "
+         "SubTransactions.Status ORDER BY SubTransactions.AccCode, Transactions.TranDate, SubTransactions.Serial";
+}
+
+}  // namespace
+
+std::string broughtForwardStatement(std::int64_t account, int fyid, const text::DateTime& from) {
+  return "SELECT SubTransactions.AccCode, Sum(IIf(IsNull([debit]),0,[debit])) AS DebitSum, "
+         "Sum(IIf(IsNull([credit]),0,[credit])) AS CreditSum, [debitsum]-[creditsum] AS OBalance FROM Transactions "
+         "INNER JOIN SubTransactions ON Transactions.TranNo = SubTransactions.TranNo Where (((Transactions.TranDate) "
+         "< " +
+         store::dateLiteral(from) +
+         ") And ((Transactions.Cancel) = No) And ((Transactions.FYID) = " + std::to_string(fyid) +
+         ")) GROUP BY SubTransactions.AccCode HAVING SubTransactions.AccCode=" + std::to_string(account);
+}
+
+std::string ledgerStatement(std::int64_t account, int fyid, const std::string& periodFilter) {
+  return std::string(
+             "SELECT Transactions.TranNo, Transactions.TranDate, Transactions.TranType, Transactions.d1, "
+             "[Trantype].[Name] & ' No. ' & [Transactions].[docno] AS TranRefLong, [Trantype].[short] & ' ' & "
+             "[Transactions].[docno] AS TranRefShort, SubTransactions.AccCode, SubTransactions.Desc, "
+             "SubTransactions.Debit, SubTransactions.Credit, SubTransactions.Balance, SubTransactions.Status, "
+             "SubTransactions.Serial, Transactions.FYID, Transactions.Cancel ") +
+         linesOfDocuments + "Where (" + periodFilter + "((SubTransactions.AccCode) = " + std::to_string(account) +
+         ") And " + notEmpty + " AND ((Transactions.FYID) = " + std::to_string(fyid) +
+         ") And ((Transactions.Cancel) = No)) ORDER BY Transactions.TranDate, SubTransactions.Serial";
+}
+
+std::string dayBookStatement(int fyid, const frame::ReportPeriod& period) {
+  return std::string(
+             "SELECT Transactions.TranNo, Transactions.TranDate, Transactions.TranType, [Trantype].[Name] & ' No. ' & "
+             "[Transactions].[docno] AS TranRefLong, [Trantype].[short] & ' ' & [Transactions].[docno] AS "
+             "TranRefShort, SubTransactions.AccCode, SubTransactions.AccName, SubTransactions.Desc, "
+             "SubTransactions.Debit, SubTransactions.Credit, Transactions.FYID, Transactions.Cancel ") +
+         linesOfDocuments + "Where (" + frame::periodFilter(period) + notEmpty +
+         " And ((Transactions.FYID) = " + std::to_string(fyid) +
+         ")) ORDER BY Transactions.TranDate, [Trantype].[short] & ' ' & [Transactions].[docno], SubTransactions.Debit "
+         "desc, SubTransactions.Credit desc";
+}
+
+std::string ledgersOf::mainType(std::int64_t level1Id) {
+  return " HAVING AccLevel3.Level1ID = " + std::to_string(level1Id);
+}
+
+std::string ledgersOf::subType(std::int64_t level2Id) {
+  return " HAVING AccLevel3.Level2ID = " + std::to_string(level2Id);
+}
+
+std::string ledgersOf::range(std::int64_t from, std::int64_t to) {
+  return " HAVING AccLevel3.AccCode>=" + std::to_string(from) + " and AccLevel3.AccCode<=" + std::to_string(to);
+}
+
+std::string ledgersHierarchy(int fyid, const std::string& selection, const text::DateTime& openingBefore,
+                             const std::string& periodFilter) {
+  const std::string year = "((Transactions.FYID) = " + std::to_string(fyid) + ") And ((Transactions.Cancel) = No))";
+  return "Shape {SELECT MainBal.AccCode, [MainBal].[AccName] AS AccountName, MainBal.OpBalance, MainBal.OpStatus, "
+         "Last(IIf(IsNull([Balance]),[OpBalance],[Balance])) AS ClBalance, "
+         "Last(IIf(IsNull([Balance]),[OpStatus],[Status])) AS ClStatus FROM (" +
+         openingBalances(fyid, selection, openingBefore) + ") as MainBal LEFT JOIN (" +
+         storedBalances(year, periodFilter) +
+         ") as SubBal ON MainBal.AccCode = SubBal.AccCode GROUP BY MainBal.AccCode, [MainBal].[AccName], "
+         "MainBal.OpBalance, MainBal.OpStatus Order By MainBal.AccCode} as ParentCmd append ({SELECT "
+         "Transactions.TranNo, Transactions.TranDate, [Trantype].[short] & ' ' & [Transactions].[docno] AS "
+         "TranRefShort, SubTransactions.AccCode, SubTransactions.Desc, SubTransactions.Debit, SubTransactions.Credit, "
+         "SubTransactions.Balance, SubTransactions.Status, SubTransactions.Serial, Transactions.FYID, "
+         "Transactions.Cancel " +
+         linesOfDocuments + "Where (" + periodFilter + notEmpty + " AND " + year +
+         " ORDER BY Transactions.TranDate, SubTransactions.Serial} as ChildCmd relate acccode to acccode) as ChildCmd";
+}
+
+}  // namespace velmo::reports

@@ -1,0 +1,128 @@
+#include "reports/print_vouchers.h"
+
+#include <array>
+
+#include "frame/report_screen.h"
+#include "text/number.h"
+
+namespace velmo::reports {
+namespace {
+
+using frame::ReportOption;
+using frame::ReportScreen;
+using frame::ReportUse;
+
+using Layout = VoucherLayouts::Layout VoucherLayouts::*;
+
+struct VoucherKind {
+  const char* caption;
+  int tranType;
+  Layout layout;
+};
+
+constexpr std::array kinds{VoucherKind{"Purchase Vouchers", 22, &VoucherLayouts::voucher2},
+                           VoucherKind{"Purchase Return Vouchers", 25, &VoucherLayouts::voucher2},
+                           VoucherKind{"Bank Payment Vouchers", 28, &VoucherLayouts::voucher1},
+                           VoucherKind{"Cash Payment Vouchers", 29, &VoucherLayouts::voucher1},
+                           VoucherKind{"Sale Vouchers", 32, &VoucherLayouts::voucher2},
+                           VoucherKind{"Sale Return Vouchers", 35, &VoucherLayouts::voucher2},
+                           VoucherKind{"Bank Receipt Vouchers", 38, &VoucherLayouts::voucher1},
+                           VoucherKind{"Cash Receipt Vouchers", 39, &VoucherLayouts::voucher1},
+                           VoucherKind{"General Journal Vouchers", 41, &VoucherLayouts::voucher1},
+                           VoucherKind{"Production Vouchers", 42, &VoucherLayouts::voucher2},
+                           VoucherKind{"Add Inventory Adjustment Vouchers", 45, &VoucherLayouts::voucher2},
+                           VoucherKind{"Reduce Inventory Adjustment Vouchers", 47, &VoucherLayouts::voucher2}};
+
+enum Selection { allRecords, dateFrom, serialFrom };
+
+bool checkSerials(ReportScreen& screen, ReportUse) {
+  if (screen.filters().choice("Selection") != serialFrom) return true;
+  const auto from = text::numberFrom(screen.filters().text("SerialFrom"));
+  const auto to = text::numberFrom(screen.filters().text("SerialTo"));
+  if (!from || !to) return screen.refuse("Invalid Document No.", "The document no. must be a numeric.", "SerialFrom");
+  if (*to < *from)
+    return screen.refuse("Invalid Document No.",
+                         "The starting document no. must be greater than the ending document no.", "SerialFrom");
+  return true;
+}
+
+std::string filterOf(const ReportScreen& screen, int fyid) {
+  const frame::ReportFilters& filters = screen.filters();
+  const std::string year = std::to_string(fyid);
+  switch (filters.choice("Selection")) {
+    case dateFrom: {
+      const frame::ReportPeriod period = filters.period("DateFrom", "DateTo");
+      return " and (transactions.trandate>=" + store::dateLiteral(period.from) +
+             " and transactions.trandate<=" + store::dateLiteral(period.to) + ") and (Transactions.fyid=" + year + ")";
+    }
+    case serialFrom:
+      return " and (transactions.docno>=" + filters.text("SerialFrom") +
+             " and transactions.docno<=" + filters.text("SerialTo") + ") and (Transactions.fyid=" + year + ")";
+    default:
+      return " and (transactions.fyid=" + year + ")";
+  }
+}
+
+std::string vouchersHierarchy(const session::LoginContext& context, int tranType, const std::string& filter) {
+  return "Shape {select tranno, docno, trandate, desc, (" + store::quoted(context.currencyname + " ") +
+         " & transactions.wordsamt) as WordsAmt, trantype, iif(cancel=0, '', 'CANCELLED') as CStatus from transactions "
+         "where (trantype= " +
+         std::to_string(tranType) + filter +
+         ") order by docno} as ParentCmd append ({SELECT Serial, AccCode, AccName, TranNo, Desc, Debit, Credit from "
+         "SubTransactions WHERE ((SubTransactions.Debit)<>0) OR ((SubTransactions.Credit)<>0) order by debit desc, "
+         "credit desc} as ChildCmd relate tranno to tranno) as ChildCmd";
+}
+
+std::optional<printing::Report> printOut(ReportScreen& screen, const VoucherLayouts& layouts) {
+  session::LoginContext& context = screen.workplace().context;
+  const VoucherKind& kind = kinds[static_cast<std::size_t>(screen.filters().choice("TypeOpt"))];
+  const VoucherLayouts::Layout& layout = layouts.*kind.layout;
+  if (!layout) {
+    screen.refuse("Cannot Print", "The layout of these vouchers is not part of this program.");
+    return std::nullopt;
+  }
+  store::Recordset vouchers;
+  vouchers.openShape(context.KORDconn, vouchersHierarchy(context, kind.tranType, filterOf(screen, context.FYID)));
+  if (vouchers.isEmpty()) {
+    screen.showMessage(ReportScreen::tr("There are no such vouchers."));
+    return std::nullopt;
+  }
+  context.PrintKind = kind.tranType;
+  screen.showMessage({});
+  return layout(context, vouchers, kind.tranType, screen.workplace().clock.today());
+}
+
+std::vector<std::string> captions() {
+  std::vector<std::string> all;
+  for (const VoucherKind& kind : kinds) all.emplace_back(kind.caption);
+  return all;
+}
+
+frame::ReportType vouchersType(const VoucherLayouts& layouts) {
+  return {.screen = "PrintVouchers",
+          .caption = "Print Vouchers",
+          .filters = {{frame::ReportOptions{.name = "TypeOpt", .caption = "Voucher Type", .captions = captions()}},
+                      {ReportOption{.name = "Selection_0", .caption = "&All Records", .group = "Selection"}},
+                      {ReportOption{.name = "Selection_1",
+                                    .caption = "&Date From",
+                                    .group = "Selection",
+                                    .inputs = {"DateFrom", "DateTo"}},
+                       frame::ReportPeriodBoxes{.caption = "", .from = "DateFrom", .to = "DateTo"}},
+                      {ReportOption{.name = "Selection_2",
+                                    .caption = "&Serial From",
+                                    .group = "Selection",
+                                    .inputs = {"SerialFrom", "SerialTo"}},
+                       frame::ReportDigits{.name = "SerialFrom", .caption = ""},
+                       frame::ReportDigits{.name = "SerialTo", .caption = "To"}}},
+          .print = {"PreviewBttn", "&Preview", "Shows the vouchers as they will be printed"},
+          .check = checkSerials,
+          .printOut = [layouts](ReportScreen& screen) { return printOut(screen, layouts); }};
+}
+
+}  // namespace
+
+QWidget* makePrintVouchers(session::Workplace& workplace, QWidget* parent, VoucherLayouts layouts) {
+  return new frame::ReportDialog(vouchersType(layouts), workplace, parent);
+}
+
+}  // namespace velmo::reports
