@@ -1,5 +1,7 @@
 #include "frame/document_writer.h"
 
+#include "store/add_row.h"
+
 namespace velmo::frame {
 
 namespace {
@@ -15,25 +17,21 @@ std::int64_t writeHeader(const DocumentWrite& document, store::Recordset& tran) 
   return tran.integer("tranno");
 }
 
-void removeAll(store::Recordset& rows) {
-  while (!rows.eof()) {
-    rows.remove();
-    rows.moveNext();
-  }
+// A new document has none.
+void removeRows(store::Connection& connection, const char* table, std::int64_t tranNo, HeaderWrite mode) {
+  if (mode == HeaderWrite::Add) return;
+  connection.execute(std::string("delete from ") + table + " where tranno=" + std::to_string(tranNo));
 }
 
 store::Value amountOrNull(const std::optional<double>& amount) {
   return amount ? store::Value(*amount) : store::Value(store::Null{});
 }
 
-void writeLedger(store::Connection& connection, std::int64_t tranNo, const std::vector<LedgerLine>& lines) {
-  store::Recordset ledger(connection,
-                          "Select serial, tranno, acccode, accname, desc, debit, credit from subtransactions where "
-                          "tranno=" +
-                              std::to_string(tranNo) + " order by serial");
-  removeAll(ledger);
-  for (const LedgerLine& line : lines)
-    ledger.addNew({{"tranno", tranNo},
+void writeLedger(store::Connection& connection, std::int64_t tranNo, const DocumentWrite& document) {
+  removeRows(connection, "subtransactions", tranNo, document.mode);
+  for (const LedgerLine& line : *document.ledger)
+    store::addRow(connection, "subtransactions",
+                  {{"tranno", tranNo},
                    {"acccode", line.accCode},
                    {"accname", line.accName},
                    {"desc", line.desc},
@@ -43,9 +41,7 @@ void writeLedger(store::Connection& connection, std::int64_t tranNo, const std::
 
 void writeAging(store::Connection& connection, std::int64_t tranNo, const DocumentWrite& document) {
   const char* const table = document.agingSide == AgingSide::Receivable ? "agingdr" : "agingcr";
-  store::Recordset openItems(connection,
-                             std::string("Select * from ") + table + " where tranno=" + std::to_string(tranNo));
-  removeAll(openItems);
+  removeRows(connection, table, tranNo, document.mode);
   if (!document.aging) return;
   const AgingRow& row = *document.aging;
   std::vector<store::FieldValue> fields{{"tranno", tranNo},
@@ -65,7 +61,7 @@ void writeAging(store::Connection& connection, std::int64_t tranNo, const Docume
                                         {"totpayment", row.totPayment},
                                         {"fyid", document.header.value("FYID")}};
   if (row.vendorInvNo) fields.push_back({"vendorInvNo", *row.vendorInvNo});
-  openItems.addNew(fields);
+  store::addRow(connection, table, fields);
 }
 
 }  // namespace
@@ -75,7 +71,7 @@ std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& d
   store::Connection::Transaction transaction(connection);
   const std::int64_t tranNo = writeHeader(document, tran);
   writeRows(tranNo);
-  if (document.ledger) writeLedger(connection, tranNo, *document.ledger);
+  if (document.ledger) writeLedger(connection, tranNo, document);
   if (document.agingSide) writeAging(connection, tranNo, document);
   transaction.commit();
   return tranNo;

@@ -1,9 +1,9 @@
 #include "frame/header_row.h"
 
-#include <strings.h>
-
 #include <algorithm>
 #include <stdexcept>
+
+#include "store/names.h"
 
 namespace velmo::frame {
 
@@ -41,12 +41,9 @@ constexpr std::array headerColumns{HeaderColumn{"DocNo", Blank::Zero},         H
                                    HeaderColumn{"TimeEdited", Blank::Nothing}, HeaderColumn{"Cancel", Blank::No},
                                    HeaderColumn{"InvLedger", Blank::No}};
 
-bool sameName(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && strncasecmp(a.data(), b.data(), a.size()) == 0;
-}
-
 std::size_t indexOf(std::string_view column) {
-  const auto found = std::ranges::find_if(headerColumns, [&](const auto& item) { return sameName(item.name, column); });
+  const auto found =
+      std::ranges::find_if(headerColumns, [&](const auto& item) { return store::sameName(item.name, column); });
   if (found == headerColumns.end()) throw std::invalid_argument("no header column " + std::string(column));
   return static_cast<std::size_t>(found - headerColumns.begin());
 }
@@ -94,7 +91,7 @@ std::vector<store::FieldValue> HeaderRow::without(std::span<const std::string_vi
   fields.reserve(columnCount);
   for (std::size_t i = 0; i < columnCount; ++i) {
     const std::string_view name = headerColumns[i].name;
-    if (std::ranges::any_of(kept, [&](std::string_view column) { return sameName(column, name); })) continue;
+    if (std::ranges::any_of(kept, [&](std::string_view column) { return store::sameName(column, name); })) continue;
     fields.push_back({name, values_[i]});
   }
   return fields;

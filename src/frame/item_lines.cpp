@@ -32,10 +32,19 @@ std::string lineNarrations(const store::Recordset& sheet, std::string_view quant
   std::string narrations;
   const std::int64_t count = sheet.recordCount();
   for (std::int64_t row = sheet.nextFilled(0, code); row < count; row = sheet.nextFilled(row + 1, code)) {
-    const auto shown = [&](int field) { return store::textOf(sheet.valueAt(row, field)); };
-    // The words " =Rs." stand in the books whatever the company's currency.
-    narrations += "(" + shown(name) + " - " + shown(quantity) + " " + shown(unit) + " @" + std::string(currencyCode) +
-                  shown(rate) + " =Rs." + shown(value) + ") ";
+    const auto show = [&](int field) { narrations += store::textOf(sheet.valueAt(row, field)); };
+    narrations += '(';
+    show(name);
+    narrations += " - ";
+    show(quantity);
+    narrations += ' ';
+    show(unit);
+    narrations += " @";
+    narrations += currencyCode;
+    show(rate);
+    narrations += " =Rs.";  // these words stand in the books whatever the company's currency
+    show(value);
+    narrations += ") ";
   }
   return narrations;
 }

@@ -44,8 +44,12 @@ Range rangeOf(ColumnType type) {
 }
 
 Value wholeNumberFor(const Column& column, const Value& value) {
-  const double rounded = text::roundHalfEven(numberFor(column, value));
   const Range range = rangeOf(column.type);
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+    const auto number = static_cast<double>(*whole);
+    if (number >= range.lowest && number <= range.highest) return *whole;
+  }
+  const double rounded = text::roundHalfEven(numberFor(column, value));
   if (rounded < range.lowest || rounded > range.highest) throw misfit(column, value, range.words);
   return static_cast<std::int64_t>(rounded);
 }

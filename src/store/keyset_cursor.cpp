@@ -225,8 +225,8 @@ void KeysetCursor::setSort(std::string_view columns) {
 Value KeysetCursor::value(int field) const {
   requireRow();
   if (edit_) {
-    const auto found = std::ranges::find(edit_->changes, field, &FieldChange::field);
-    if (found != edit_->changes.end()) return found->value;
+    const auto found = std::ranges::find(edit_->changes, field, &FieldValues::value_type::first);
+    if (found != edit_->changes.end()) return found->second;
   }
   return place_.row[static_cast<std::size_t>(field)];
 }
@@ -251,12 +251,11 @@ void KeysetCursor::beginEdit() {
 }
 
 void KeysetCursor::change(int field, Value value) {
-  const auto found = std::ranges::find(edit_->changes, field, &FieldChange::field);
+  const auto found = std::ranges::find(edit_->changes, field, &FieldValues::value_type::first);
   if (found != edit_->changes.end()) {
-    found->value = std::move(value);
+    found->second = std::move(value);
   } else {
-    edit_->changes.push_back(
-        {.field = field, .original = place_.row[static_cast<std::size_t>(field)], .value = std::move(value)});
+    edit_->changes.emplace_back(field, std::move(value));
   }
 }
 
@@ -275,9 +274,7 @@ void KeysetCursor::setAt(std::int64_t position, int field, const Value& value) {
     set(field, value);
     return;
   }
-  const auto slot = static_cast<std::size_t>(field);
-  const std::vector<FieldChange> changes{
-      {.field = field, .original = row[slot], .value = source_->fittedFor(field, value)}};
+  const FieldValues changes{{field, source_->fittedFor(field, value)}};
   remember();
   RowWriter(*source_).update(changes, [&](int asked) { return row[static_cast<std::size_t>(asked)]; });
 }
@@ -319,13 +316,14 @@ void KeysetCursor::update() {
     reload(sqlite3_last_insert_rowid(connection().database));
     return;
   }
-  std::vector<FieldChange> changes = edit_->changes;
-  std::erase_if(changes, [](const FieldChange& each) { return each.value == each.original; });
+  const OriginalValue original = [this](int slot) { return place_.row[static_cast<std::size_t>(slot)]; };
+  FieldValues changes = edit_->changes;
+  std::erase_if(changes, [&](const auto& each) { return each.second == original(each.first); });
   if (!changes.empty()) {
-    writer.update(changes, [this](int slot) { return place_.row[static_cast<std::size_t>(slot)]; });
+    writer.update(changes, original);
     std::int64_t number = query_->numberOf(place_.row);
-    for (const FieldChange& each : changes) {
-      if (query_->isNumber(static_cast<std::size_t>(each.field))) number = std::get<std::int64_t>(each.value);
+    for (const auto& [field, value] : changes) {
+      if (query_->isNumber(static_cast<std::size_t>(field))) number = std::get<std::int64_t>(value);
     }
     edit_.reset();
     reload(number);

@@ -67,7 +67,7 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   };
   struct Edit {
     bool adding = false;
-    std::vector<FieldChange> changes;
+    FieldValues changes;
     Place before;
   };
   struct Saved {

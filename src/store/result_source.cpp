@@ -3,18 +3,10 @@
 #include <algorithm>
 
 #include "store/column_value.h"
+#include "store/names.h"
 
 namespace velmo::store {
 namespace {
-
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool sameName(std::string_view left, std::string_view right) {
-  return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin(),
-                                                   [](char one, char other) { return lower(one) == lower(other); });
-}
 
 int tableIndex(ResultSource& source, const sql::ResultColumn& column) {
   if (column.table.empty() || column.column.empty()) return -1;

@@ -37,7 +37,7 @@ struct ResultSource {
   std::vector<ColumnType> types;     // of each field, chapters left out
   std::vector<SourceTable> tables;
 
-  // Names are compared as SQLite compares them: A to Z alone without regard to case. -1 when absent.
+  // -1 when absent.
   int fieldIndex(std::string_view name) const;
   int requireField(std::string_view name) const;  // throws StoreError (Misuse)
   void addChapter(const std::string& name);       // a field behind the others

@@ -1,6 +1,7 @@
 #include "store/row_set.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -58,16 +59,18 @@ void RowSet::fetchAll() {
 Value RowSet::value(RowId row, int field) const {
   if (static_cast<std::size_t>(field) >= source_->types.size()) return Null{};  // a chapter
   if (const Edits* edits = pendingEdits(row)) {
-    for (const FieldChange& change : *edits) {
-      if (change.field == field) return change.value;
+    for (const auto& [edited, value] : *edits) {
+      if (edited == field) return value;
     }
   }
   return storedValue(row, field);
 }
 
 bool RowSet::isBlank(RowId row, int field) const {
-  if (state(row) == RowState::Inserted && pendingEdits(row) == nullptr) return true;
-  return store::isBlank(value(row, field));
+  const Edits* edits = pendingEdits(row);
+  if (edits == nullptr) return state(row) == RowState::Inserted || store::isBlank(storedValue(row, field));
+  const auto edited = std::ranges::find(*edits, field, &Edits::value_type::first);
+  return edited == edits->end() ? store::isBlank(storedValue(row, field)) : store::isBlank(edited->second);
 }
 
 // A row that is not in the file yet holds nothing but its edits.
@@ -113,17 +116,19 @@ RowId RowSet::append() {
 
 void RowSet::edit(RowId row, FieldValues values) {
   if (values.empty()) return;
-  remember(row);
+  Undo* const before = rememberEdit(row);
   if (pendingEdits(row) == nullptr) setEdits(row, std::make_unique<Edits>());
   Edits& edits = *edits_[static_cast<std::size_t>(row)];
   edits.reserve(edits.size() + values.size());
   for (auto& [field, value] : values) {
-    const auto found = std::ranges::find(edits, field, &FieldChange::field);
-    if (found != edits.end()) {
-      found->value = std::move(value);
-    } else {
-      edits.push_back({.field = field, .original = storedValue(row, field), .value = std::move(value)});
+    const auto found = std::ranges::find(edits, field, &Edits::value_type::first);
+    if (found == edits.end()) {
+      edits.emplace_back(field, std::move(value));
+      continue;
     }
+    const bool wasBefore = before != nullptr && found - edits.begin() < *before->editsKept;
+    if (wasBefore) keepReplaced(*before, *found);
+    found->second = std::move(value);
   }
   if (state(row) == RowState::Clean) setState(row, RowState::Modified);
 }
@@ -214,7 +219,7 @@ void RowSet::write(RowId row, const RowWriter& writer) {
     return;
   }
   Edits differing = changes;
-  std::erase_if(differing, [](const FieldChange& change) { return change.value == change.original; });
+  std::erase_if(differing, [&](const auto& change) { return change.second == original(change.first); });
   if (!differing.empty()) writer.update(differing, original);
   store(row, {});
 }
@@ -232,7 +237,7 @@ void RowSet::store(RowId row, const Edits& filledIn) {
   }
   for (const Edits* written : {static_cast<const Edits*>(before.edits.get()), &filledIn}) {
     if (written == nullptr) continue;
-    for (const FieldChange& change : *written) stored_.set(place, static_cast<std::size_t>(change.field), change.value);
+    for (const auto& [field, value] : *written) stored_.set(place, static_cast<std::size_t>(field), value);
   }
   setState(row, RowState::Clean);
   if (remembered) undo_.push_back(std::move(before));
@@ -255,7 +260,7 @@ bool RowSet::remembers() {
 // file.
 bool RowSet::isToRemember(RowId row, bool storedToo) {
   if (!remembers()) return false;
-  if (undo_.size() <= undoMark_ || undo_.back().row != row) return true;
+  if (undo_.size() <= undoMark_ || undo_.back().row != row || undo_.back().editsKept) return true;
   const Undo& last = undo_.back();
   const bool wasInFile = last.state != RowState::Inserted && last.state != RowState::Gone;
   return storedToo && wasInFile && last.stored == nullptr;
@@ -265,6 +270,20 @@ void RowSet::remember(RowId row) {
   if (!isToRemember(row, false)) return;
   Undo& before = undo_.emplace_back(row, state(row));
   if (const Edits* pending = pendingEdits(row)) before.edits = std::make_unique<Edits>(*pending);
+}
+
+// The record that takes in what an edit replaces; nullptr when none is needed.
+RowSet::Undo* RowSet::rememberEdit(RowId row) {
+  const Edits* pending = pendingEdits(row);
+  if (pending == nullptr) {
+    remember(row);
+    return nullptr;
+  }
+  if (!remembers()) return nullptr;
+  if (undo_.size() <= undoMark_ || undo_.back().row != row) {
+    undo_.emplace_back(row, state(row)).editsKept = std::ssize(*pending);
+  }
+  return undo_.back().editsKept ? &undo_.back() : nullptr;
 }
 
 std::size_t RowSet::undoMark() {
@@ -277,12 +296,31 @@ void RowSet::undoTo(std::size_t mark) {
     Undo before = std::move(undo_.back());
     undo_.pop_back();
     setState(before.row, before.state);
+    if (before.editsKept) {
+      takeBackEdits(before);
+      continue;
+    }
     setEdits(before.row, std::move(before.edits));
     for (const RowId other : before.others) setState(other, before.state);
     if (before.stored == nullptr) continue;
     for (std::size_t i = 0; i < before.stored->size(); ++i) {
       stored_.set(static_cast<std::size_t>(before.row), i, (*before.stored)[i]);
     }
+  }
+}
+
+void RowSet::keepReplaced(Undo& before, const Edits::value_type& replaced) {
+  if (before.edits == nullptr) before.edits = std::make_unique<Edits>();
+  const auto kept = std::ranges::find(*before.edits, replaced.first, &Edits::value_type::first);
+  if (kept == before.edits->end()) before.edits->push_back(replaced);
+}
+
+void RowSet::takeBackEdits(const Undo& before) {
+  Edits& edits = *edits_[static_cast<std::size_t>(before.row)];
+  edits.resize(static_cast<std::size_t>(*before.editsKept));
+  if (before.edits == nullptr) return;
+  for (const auto& [field, value] : *before.edits) {
+    std::ranges::find(edits, field, &Edits::value_type::first)->second = value;
   }
 }
 

@@ -54,7 +54,7 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   bool hasPendingRows() const;
 
   // Pending changes, at the client only.
-  using Edits = std::vector<FieldChange>;
+  using Edits = FieldValues;
   RowId append();
   void edit(RowId row, FieldValues values);
   Edits edits(RowId row) const;
@@ -77,13 +77,14 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   void rolledBack() noexcept override;
 
  private:
-  // What a row was.
+  // What a row was. Of one that was only edited further: how many of its edits stood, and those that were replaced.
   struct Undo {
     RowId row;
     RowState state;
     std::unique_ptr<Edits> edits = {};                // nullptr for none
     std::unique_ptr<std::vector<Value>> stored = {};  // nullptr unless those of a row in the file changed
     std::vector<RowId> others = {};                   // rows of the same state with nothing pending
+    std::optional<std::ptrdiff_t> editsKept = {};        // then `edits` are the replaced ones
   };
 
   explicit RowSet(std::shared_ptr<const ResultSource> source);
@@ -97,6 +98,9 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   bool remembers();
   bool isToRemember(RowId row, bool storedToo);
   void remember(RowId row);
+  Undo* rememberEdit(RowId row);
+  static void keepReplaced(Undo& before, const Edits::value_type& replaced);
+  void takeBackEdits(const Undo& before);
   void forgetUndo() noexcept;
 
   std::shared_ptr<const ResultSource> source_;

@@ -1,8 +1,7 @@
 #include "store/row_writer.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
+#include <ranges>
 
 #include "store/table_sql.h"
 
@@ -48,10 +47,10 @@ const SourceTable& writable(const ResultSource& source, int table) {
 
 }  // namespace
 
-void RowWriter::update(const std::vector<FieldChange>& changes, const OriginalValue& original) const {
+void RowWriter::update(const FieldValues& changes, const OriginalValue& original) const {
   std::vector<int> tables;
-  for (const FieldChange& change : changes) {
-    const int table = source_.sources[static_cast<std::size_t>(change.field)].table;
+  for (const auto& [field, value] : changes) {
+    const int table = source_.sources[static_cast<std::size_t>(field)].table;
     if (std::ranges::find(tables, table) == tables.end()) tables.push_back(table);
   }
   const bool severalWrites = tables.size() > 1;
@@ -67,33 +66,31 @@ void RowWriter::update(const std::vector<FieldChange>& changes, const OriginalVa
   }
 }
 
-void RowWriter::updateTable(int table, const std::vector<FieldChange>& changes, const OriginalValue& original) const {
+void RowWriter::updateTable(int table, const FieldValues& changes, const OriginalValue& original) const {
   const SourceTable& target = writable(source_, table);
   SqlText text{.sql = "UPDATE " + quotedName(target.table->name) + " SET ", .parameters = {}};
   const char* separator = "";
-  auto belongs = [&](const FieldChange& change) {
-    return source_.sources[static_cast<std::size_t>(change.field)].table == table;
-  };
-  for (const FieldChange& change : changes) {
-    if (!belongs(change)) continue;
-    text.sql += separator + quotedName(source_.sources[static_cast<std::size_t>(change.field)].column->name) + " = ";
-    text.parameter(change.value);
+  for (const auto& [field, value] : changes) {
+    const SourceField& place = source_.sources[static_cast<std::size_t>(field)];
+    if (place.table != table) continue;
+    text.sql += separator + quotedName(place.column->name) + " = ";
+    text.parameter(value);
     separator = ", ";
   }
   appendKey(text, target, original);
-  for (const FieldChange& change : changes) {
-    if (!belongs(change)) continue;
-    text.sql += " AND " + quotedName(source_.sources[static_cast<std::size_t>(change.field)].column->name) +
-                " COLLATE BINARY IS ";
-    text.parameter(change.original);
+  for (const auto& [field, value] : changes) {
+    const SourceField& place = source_.sources[static_cast<std::size_t>(field)];
+    if (place.table != table) continue;
+    text.sql += " AND " + quotedName(place.column->name) + " COLLATE BINARY IS ";
+    text.parameter(original(field));
   }
   if (source_.connection->write(text.sql, text.parameters) != 1) throw conflict(*target.table);
 }
 
-int RowWriter::tableOfNewRow(const std::vector<FieldChange>& values) const {
+int RowWriter::tableOfNewRow(const FieldValues& values) const {
   int table = source_.tables.size() == 1 ? 0 : -1;
-  for (const FieldChange& value : values) {
-    const int own = source_.sources[static_cast<std::size_t>(value.field)].table;
+  for (const auto& [field, value] : values) {
+    const int own = source_.sources[static_cast<std::size_t>(field)].table;
     if (table >= 0 && own != table) {
       throw StoreError(ErrorKind::Misuse, "A new row of a join must fill the fields of one table only.");
     }
@@ -103,73 +100,47 @@ int RowWriter::tableOfNewRow(const std::vector<FieldChange>& values) const {
   return table;
 }
 
-bool RowWriter::isGiven(const Column& column, const std::vector<FieldChange>& values) const {
-  return std::ranges::any_of(values, [&](const FieldChange& value) {
-    return source_.sources[static_cast<std::size_t>(value.field)].column == &column && !isNull(value.value);
+bool RowWriter::isGiven(const Column& column, const FieldValues& values) const {
+  return std::ranges::any_of(values, [&](const auto& given) {
+    return source_.sources[static_cast<std::size_t>(given.first)].column == &column && !isNull(given.second);
   });
 }
 
-std::string RowWriter::insertSql(const Table& table, const std::vector<FieldChange>& values) const {
-  std::string sql = "INSERT INTO " + quotedName(table.name);
-  if (values.empty()) return sql + " DEFAULT VALUES";
-  std::string parameters;
-  constexpr std::size_t usualName = 16;
-  sql.reserve(sql.size() + values.size() * (usualName + 6));
-  parameters.reserve(values.size() * 5);
-  const char* separator = " (";
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    sql += separator;
-    sql += quotedName(source_.sources[static_cast<std::size_t>(values[i].field)].column->name);
-    separator = ", ";
-    parameters += i == 0 ? "?" : ", ?";
-    parameters += std::to_string(i + 1);
-  }
-  sql += ") VALUES (";
-  sql += parameters;
-  sql += ')';
-  return sql;
-}
-
-PreparedStatement& RowWriter::insertion(const Table& table, const std::vector<FieldChange>& values) const {
-  if (!insertion_ || !std::ranges::equal(insertion_->fields, values, {}, {}, &FieldChange::field)) {
+TableInsertion& RowWriter::insertion(const Table& table, const FieldValues& values) const {
+  if (!insertion_ || !std::ranges::equal(insertion_->fields, values | std::views::keys)) {
     std::vector<int> fields;
+    std::vector<const Column*> columns;
     fields.reserve(values.size());
-    for (const FieldChange& value : values) fields.push_back(value.field);
+    columns.reserve(values.size());
+    for (const auto& [field, value] : values) {
+      fields.push_back(field);
+      columns.push_back(source_.sources[static_cast<std::size_t>(field)].column);
+    }
     insertion_.reset();
-    insertion_.emplace(std::move(fields), source_.connection->prepare(insertSql(table, values)));
+    insertion_.emplace(std::move(fields), TableInsertion(*source_.connection, table, std::move(columns)));
   }
   return insertion_->statement;
 }
 
-std::vector<FieldChange> RowWriter::filledIn(int table, const std::vector<FieldChange>& values) const {
-  std::vector<FieldChange> filledIn;
+FieldValues RowWriter::filledIn(int table, const FieldValues& values, std::int64_t number) const {
+  FieldValues filledIn;
   for (std::size_t i = 0; i < source_.sources.size(); ++i) {
     const SourceField& field = source_.sources[i];
     if (field.table != table) continue;
     if (field.column->autoNumber) {
-      const std::int64_t key = sqlite3_last_insert_rowid(source_.connection->database);
-      filledIn.push_back({.field = static_cast<int>(i), .original = {}, .value = key});
+      filledIn.emplace_back(static_cast<int>(i), number);
     } else if (field.column->type == ColumnType::YesNo && !isGiven(*field.column, values)) {
-      filledIn.push_back({.field = static_cast<int>(i), .original = {}, .value = false});
+      filledIn.emplace_back(static_cast<int>(i), false);
     }
   }
   return filledIn;
 }
 
-std::vector<FieldChange> RowWriter::insert(const std::vector<FieldChange>& values) const {
-  const int tableNumber = tableOfNewRow(values);
-  const Table& table = *source_.tables[static_cast<std::size_t>(tableNumber)].table;
-  for (const std::string& name : table.key) {
-    const Column* column = table.find(name);
-    if (!column->autoNumber && !isGiven(*column, values)) {
-      throw StoreError(ErrorKind::Constraint,
-                       "The record was not saved: " + table.name + "." + name + " must not be empty.");
-    }
-  }
-  PreparedStatement& statement = insertion(table, values);
-  for (std::size_t i = 0; i < values.size(); ++i) statement.bindInPlace(static_cast<int>(i) + 1, values[i].value);
-  source_.connection->write(statement);
-  return filledIn(tableNumber, values);
+FieldValues RowWriter::insert(const FieldValues& values) const {
+  const int table = tableOfNewRow(values);
+  TableInsertion& statement = insertion(*source_.tables[static_cast<std::size_t>(table)].table, values);
+  for (std::size_t i = 0; i < values.size(); ++i) statement.bind(i, values[i].second);
+  return filledIn(table, values, statement.add());
 }
 
 void RowWriter::remove(const OriginalValue& original) const {

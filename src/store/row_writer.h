@@ -5,17 +5,11 @@
 #include <vector>
 
 #include "store/result_source.h"
-#include "store/statement_cache.h"
+#include "store/table_insertion.h"
 
 namespace velmo::store {
 
-// One field of a row that is to be written.
-struct FieldChange {
-  int field = 0;
-  Value original;  // as it was read; of no meaning for a new row
-  Value value;
-};
-
+// What the fields of a row hold in the file, as it was read.
 using OriginalValue = std::function<Value(int field)>;
 
 // Writes the rows of a result back to the tables they come from, one statement for each table; new rows with the same
@@ -25,23 +19,22 @@ class RowWriter {
  public:
   explicit RowWriter(const ResultSource& source) : source_(source) {}
 
-  void update(const std::vector<FieldChange>& changes, const OriginalValue& original) const;
+  void update(const FieldValues& changes, const OriginalValue& original) const;
   // The fields that the store filled in: the AutoNumber key, and No in every Yes/No that was not given.
-  std::vector<FieldChange> insert(const std::vector<FieldChange>& values) const;
+  FieldValues insert(const FieldValues& values) const;
   void remove(const OriginalValue& original) const;
 
  private:
   struct Insertion {
     std::vector<int> fields;
-    PreparedStatement statement;
+    TableInsertion statement;
   };
 
-  void updateTable(int table, const std::vector<FieldChange>& changes, const OriginalValue& original) const;
-  int tableOfNewRow(const std::vector<FieldChange>& values) const;
-  bool isGiven(const Column& column, const std::vector<FieldChange>& values) const;
-  std::string insertSql(const Table& table, const std::vector<FieldChange>& values) const;
-  PreparedStatement& insertion(const Table& table, const std::vector<FieldChange>& values) const;
-  std::vector<FieldChange> filledIn(int table, const std::vector<FieldChange>& values) const;
+  void updateTable(int table, const FieldValues& changes, const OriginalValue& original) const;
+  int tableOfNewRow(const FieldValues& values) const;
+  bool isGiven(const Column& column, const FieldValues& values) const;
+  TableInsertion& insertion(const Table& table, const FieldValues& values) const;
+  FieldValues filledIn(int table, const FieldValues& values, std::int64_t number) const;
 
   const ResultSource& source_;
   mutable std::optional<Insertion> insertion_;  // the last one

@@ -3,7 +3,6 @@
 #include <charconv>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 
 namespace velmo::text {
 namespace {
@@ -21,6 +20,13 @@ std::optional<int> digitsAt(std::string_view text, std::size_t at, std::size_t c
     value = value * 10 + (character - '0');
   }
   return value;
+}
+
+// Of a number that is not negative, with zeros in front of it.
+void appendDigits(std::string& text, int number, std::size_t width) {
+  const std::size_t begin = text.size();
+  text.append(width, '0');
+  for (std::size_t at = text.size(); at-- > begin; number /= 10) text[at] = static_cast<char>('0' + number % 10);
 }
 
 }  // namespace
@@ -67,13 +73,14 @@ double DateTime::serial() const {
 
 std::string DateTime::iso() const {
   const Calendar parts = calendar();
-  char buffer[72];
-  if (second == 0)
-    std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02d", parts.year, parts.month, parts.dayOfMonth);
-  else
-    std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02d %02d:%02d:%02d", parts.year, parts.month, parts.dayOfMonth,
-                  parts.hour, parts.minute, parts.second);
-  return buffer;
+  std::string iso;
+  iso.reserve(19);
+  appendDigits(iso, parts.year, 4);
+  for (const int part : {parts.month, parts.dayOfMonth}) appendDigits(iso += '-', part, 2);
+  if (second == 0) return iso;
+  appendDigits(iso += ' ', parts.hour, 2);
+  for (const int part : {parts.minute, parts.second}) appendDigits(iso += ':', part, 2);
+  return iso;
 }
 
 DateTime::Calendar DateTime::calendar() const {
