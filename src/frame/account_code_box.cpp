@@ -1,35 +1,10 @@
 #include "frame/account_code_box.h"
 
 #include <QKeyEvent>
-#include <cmath>
 
 #include "frame/drop_place.h"
-#include "text/number.h"
 
 namespace velmo::frame {
-namespace {
-
-// The code that a text stands for, when it is one that an account can have.
-std::optional<std::int64_t> accountCode(const QString& text) {
-  const auto number = text::numberFrom(text.toStdString());
-  constexpr double largestCode = 2147483647;
-  if (!number || std::floor(*number) != *number || std::fabs(*number) > largestCode) return std::nullopt;
-  return static_cast<std::int64_t>(*number);
-}
-
-Account currentAccount(const store::Recordset& accounts) {
-  return {.code = accounts.integer("acccode"),
-          .name = accounts.text("accname"),
-          .address = accounts.text("address"),
-          .phone = accounts.text("phone"),
-          .contact = accounts.text("contact"),
-          .terms = accounts.text("creditterms"),
-          .creditLimit = accounts.number("creditlimit"),
-          .empId = accounts.integer("empid")};
-}
-
-}  // namespace
-
 PickListSource accountSource(const std::string& condition) {
   return {.select = "SELECT acccode, accname, (AccCode & '  ' & AccName) as Account from acclevel3",
           .condition = condition,
@@ -50,23 +25,19 @@ AccountCodeBox::AccountCodeBox(session::LoginContext& context, AccountDropList& 
   connect(this, &QLineEdit::textChanged, this, &AccountCodeBox::lookUp);
   connect(this, &QLineEdit::textEdited, this, [this](const QString& typed) {
     if (list_.ListOwner() != this) list_.takeOver(*this);
-    list_.narrow(typed);
+    if (!typed.isEmpty()) return list_.showMatching(typed);
+    list_.takeOver(*this);
+    list_.hide();
   });
 }
 
 void AccountCodeBox::lookUp() {
-  const auto code = accountCode(text());
-  store::Recordset& accounts = context_.AccountsRS;
-  if (!accounts.isOpen() || accounts.isEmpty()) {
-    if (kind_.withoutAccounts == WithoutAccounts::Clear || !code) forgetAccount();
-    return;
-  }
-  if (code) accounts.moveFirst();
-  if (!code || !accounts.find("AccCode = " + std::to_string(*code))) {
-    forgetAccount();
-    return;
-  }
-  account_ = currentAccount(accounts);
+  const std::string typed = text().toStdString();
+  const bool knowsAccounts = context_.AccountsRS.isOpen() && !context_.AccountsRS.isEmpty();
+  if (!knowsAccounts && kind_.withoutAccounts == WithoutAccounts::LeaveAsIs && accountCode(typed)) return;
+  std::optional<Account> found = findAccount(context_.AccountsRS, typed);
+  if (!found) return forgetAccount();
+  account_ = std::move(found);
   Q_EMIT accountResolved(*account_);
 }
 
@@ -88,7 +59,7 @@ void AccountCodeBox::focusOutEvent(QFocusEvent* event) {
   // "12,001,001" finds its account as well; statements and documents need the bare code.
   const QString code = account_ ? QString::number(account_->code) : QString();
   if (text() != code) setText(code);
-  list_.boxLeft();
+  list_.ownerLeft();
 }
 
 bool AccountCodeBox::event(QEvent* event) {
@@ -122,8 +93,18 @@ void AccountCodeBox::keyPressEvent(QKeyEvent* event) {
   QLineEdit::keyPressEvent(event);
 }
 
+void AccountCodeBox::takeFromList(const QString& code) {
+  setText(code);
+  setFocus(Qt::OtherFocusReason);
+}
+
 void AccountCodeBox::moveOnFromList() {
   Q_EMIT moveOn();
+}
+
+void AccountCodeBox::giveUpList() {
+  clear();
+  setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace velmo::frame

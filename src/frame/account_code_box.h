@@ -1,28 +1,15 @@
 #pragma once
 
 #include <QLineEdit>
-#include <cstdint>
 #include <optional>
 #include <string>
 
+#include "frame/account.h"
 #include "frame/account_drop_list.h"
 #include "frame/pick_list.h"
 #include "session/login_context.h"
 
 namespace velmo::frame {
-
-struct Account {
-  std::int64_t code = 0;
-  std::string name;
-  std::string address;
-  std::string phone;
-  std::string contact = {};
-  std::string terms;
-  double creditLimit = 0;
-  std::int64_t empId = 0;
-
-  bool operator==(const Account&) const = default;
-};
 
 enum class WithoutAccounts { Clear, LeaveAsIs };  // what a lookup does while no accounts have been read
 
@@ -37,7 +24,7 @@ PickListSource accountSource(const std::string& condition);
 // A box for the code of an account. Typing a part of a code or a name narrows the drop list below it; a whole code is
 // looked up at each change among LoginContext::AccountsRS. Enter leads on, Down or Up into the list, Esc clears; a text
 // that is no account's code is cleared when the focus leaves.
-class AccountCodeBox : public QLineEdit {
+class AccountCodeBox : public QLineEdit, public AccountListOwner {
   Q_OBJECT
 
  public:
@@ -46,9 +33,13 @@ class AccountCodeBox : public QLineEdit {
 
   // What the text stands for at present.
   const std::optional<Account>& account() const { return account_; }
-  PickList& entries() { return entries_; }
+  PickList& entries() override { return entries_; }
 
-  void moveOnFromList();  // as Enter
+  const QWidget& listAnchor() const override { return *this; }
+  QRect listArea() const override { return rect(); }
+  void takeFromList(const QString& code) override;
+  void moveOnFromList() override;
+  void giveUpList() override;
 
  Q_SIGNALS:
   // Each at every change of the text, also when the same account is found again.

@@ -4,7 +4,6 @@
 #include <QPainter>
 
 #include "forms/look.h"
-#include "frame/account_code_box.h"
 #include "frame/drop_place.h"
 
 namespace velmo::frame {
@@ -27,28 +26,25 @@ AccountDropList::AccountDropList(QWidget* screen) : QListView(screen) {
   });
 }
 
-void AccountDropList::takeOver(AccountCodeBox& box) {
-  if (owner_ != &box) hide();
-  owner_ = &box;
+void AccountDropList::takeOver(AccountListOwner& owner) {
+  if (owner_ != &owner) hide();
+  owner_ = &owner;
   InPartyList_ = true;
-  entries_.setList(&box.entries());
+  entries_.setList(&owner.entries());
   entries_.narrow({});
   place();
 }
 
 void AccountDropList::place() {
   const int rows = 10;
-  const QSize wanted(std::max(owner_->width(), fontMetrics().averageCharWidth() * 48),
+  const QRect area = owner_->listArea();
+  const QSize wanted(std::max(area.width(), fontMetrics().averageCharWidth() * 48),
                      rows * (fontMetrics().height() + 6) + 2 * frameWidth());
-  setGeometry(placeBelow(*owner_, owner_->rect(), *parentWidget(), wanted));
+  setGeometry(placeBelow(owner_->listAnchor(), area, *parentWidget(), wanted));
 }
 
-void AccountDropList::narrow(const QString& typed) {
+void AccountDropList::showMatching(const QString& typed) {
   entries_.narrow(typed);
-  if (typed.isEmpty()) {
-    hide();
-    return;
-  }
   setCurrentIndex(entries_.index(0));
   scrollToTop();
   place();
@@ -56,12 +52,19 @@ void AccountDropList::narrow(const QString& typed) {
   raise();
 }
 
+void AccountDropList::highlight(const QString& code) {
+  const QModelIndex entry = code.isEmpty() ? QModelIndex() : entries_.indexOfKey(code.toStdString());
+  if (!entry.isValid()) return;
+  setCurrentIndex(entry);
+  scrollTo(entry, PositionAtCenter);
+}
+
 void AccountDropList::enter() {
   if (!currentIndex().isValid()) setCurrentIndex(entries_.index(0));
   setFocus(Qt::OtherFocusReason);
 }
 
-void AccountDropList::boxLeft() {
+void AccountDropList::ownerLeft() {
   InPartyList_ = false;
   PListTimer_.start();
 }
@@ -69,6 +72,7 @@ void AccountDropList::boxLeft() {
 void AccountDropList::focusInEvent(QFocusEvent* event) {
   InPartyList_ = true;
   QListView::focusInEvent(event);
+  Q_EMIT entered();
 }
 
 void AccountDropList::focusOutEvent(QFocusEvent* event) {
@@ -76,6 +80,7 @@ void AccountDropList::focusOutEvent(QFocusEvent* event) {
   if (isPassingFocusLoss(*event)) return;
   InPartyList_ = false;
   hide();
+  Q_EMIT left();
 }
 
 bool AccountDropList::event(QEvent* event) {
@@ -98,8 +103,7 @@ void AccountDropList::keyPressEvent(QKeyEvent* event) {
       choose(Then::MoveOn);
       return;
     case Qt::Key_Escape:
-      owner_->clear();
-      owner_->setFocus(Qt::OtherFocusReason);
+      owner_->giveUpList();
       hide();
       return;
     case Qt::Key_End:
@@ -122,8 +126,7 @@ void AccountDropList::mouseReleaseEvent(QMouseEvent* event) {
 
 // The code goes to the owner; an empty list clears it.
 void AccountDropList::choose(Then then) {
-  owner_->setText(entries_.key(currentIndex()));
-  owner_->setFocus(Qt::OtherFocusReason);
+  owner_->takeFromList(entries_.key(currentIndex()));
   hide();
   if (then == Then::MoveOn) owner_->moveOnFromList();
 }

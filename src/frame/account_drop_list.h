@@ -7,21 +7,38 @@
 
 namespace velmo::frame {
 
-class AccountCodeBox;
+// What a drop list of accounts can belong to: a code box, or a cell.
+class AccountListOwner {
+ public:
+  virtual ~AccountListOwner() = default;
 
-// The drop list of the account code boxes of one screen, `PartyList`. It belongs to the box that was entered last; its
-// choice goes there. It floats above the fields of the widget it is made in, which should be the whole screen.
+  virtual PickList& entries() = 0;
+  // The list stands below this area of this widget.
+  virtual const QWidget& listAnchor() const = 0;
+  virtual QRect listArea() const = 0;
+  virtual void takeFromList(const QString& code) = 0;  // and the keyboard; "" when there was nothing to choose
+  virtual void moveOnFromList() = 0;                   // the choice was made with Enter or Tab
+  virtual void giveUpList() = 0;                       // Esc in the list
+};
+
+// The drop list of the account codes of one screen, `PartyList`. It belongs to the box or cell that was entered last;
+// its choice goes there. It floats above the fields of the widget it is made in, which should be the whole screen.
 class AccountDropList : public QListView {
   Q_OBJECT
 
  public:
   explicit AccountDropList(QWidget* screen);
 
-  AccountCodeBox* ListOwner() const { return owner_; }
-  void takeOver(AccountCodeBox& box);  // places the list below the box, unseen, with all its entries
-  void narrow(const QString& typed);   // shows the entries that hold the text; hides the list when it is empty
-  void enter();                        // the keyboard goes into the list, at the entry of the owner's text
-  void boxLeft();                      // hides the list shortly, unless the focus went into it
+  AccountListOwner* ListOwner() const { return owner_; }
+  void takeOver(AccountListOwner& owner);   // places the list below its owner, unseen, with all its entries
+  void showMatching(const QString& typed);  // the entries that hold the text
+  void highlight(const QString& code);      // when it is among the entries
+  void enter();                             // the keyboard goes into the list, at the entry of the owner's text
+  void ownerLeft();                         // hides the list shortly, unless the focus went into it
+
+ Q_SIGNALS:
+  void entered();  // the list gained the focus
+  void left();     // and lost it to another widget
 
  protected:
   void focusInEvent(QFocusEvent* event) override;
@@ -37,7 +54,7 @@ class AccountDropList : public QListView {
   void place();
   void choose(Then then);
 
-  AccountCodeBox* owner_ = nullptr;
+  AccountListOwner* owner_ = nullptr;
   PickListModel entries_;
   QTimer PListTimer_;
   bool InPartyList_ = false;

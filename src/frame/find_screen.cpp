@@ -130,7 +130,7 @@ std::int64_t FindScreen::countFound(const std::string& condition) const {
   const store::Recordset& rows = found_->rows();
   if (!rows.hasMoreRows()) return rows.recordCount();
   const store::Recordset counted(workplace_.context.KORDconn,
-                                 findCountStatement(tranType_, workplace_.context.FYID, condition),
+                                 findCountStatement(type_, tranType_, workplace_.context.FYID, condition),
                                  store::LockType::ReadOnly);
   return counted.integer("Documents");
 }

@@ -7,11 +7,13 @@ namespace velmo::frame {
 
 namespace {
 
-std::string foundRows(int tranType, int fyid, std::string_view condition) {
-  return " FROM (((Transactions LEFT JOIN Employees ON Transactions.EmpID = Employees.EmpID) INNER JOIN StockLocation "
-         "ON Transactions.LocationFrom = StockLocation.LocationID) INNER JOIN Users ON Transactions.UserAdded = "
-         "Users.UserID) INNER JOIN Users AS Users_1 ON Transactions.UserEdited = Users_1.UserID "
-         "Where (((Transactions.TranType) = " +
+std::string foundRows(const FindType& type, int tranType, int fyid, std::string_view condition) {
+  std::string documents = "(Transactions LEFT JOIN Employees ON Transactions.EmpID = Employees.EmpID)";
+  if (type.location == FindLocation::Joined)
+    documents = "(" + documents + " INNER JOIN StockLocation ON Transactions.LocationFrom = StockLocation.LocationID)";
+  return " FROM (" + documents +
+         " INNER JOIN Users ON Transactions.UserAdded = Users.UserID) INNER JOIN Users AS Users_1 ON "
+         "Transactions.UserEdited = Users_1.UserID Where (((Transactions.TranType) = " +
          std::to_string(tranType) + ") And ((Transactions.FYID) = " + std::to_string(fyid) + ")" +
          std::string(condition) + ")";
 }
@@ -39,11 +41,12 @@ tl::expected<std::string, std::string> findCondition(const FindColumn& column, c
 }
 
 std::string findStatement(const FindType& type, int tranType, int fyid, std::string_view condition) {
-  return "SELECT " + std::string(type.select) + foundRows(tranType, fyid, condition) + " ORDER BY Transactions.DocNo";
+  return "SELECT " + std::string(type.select) + foundRows(type, tranType, fyid, condition) +
+         " ORDER BY Transactions.DocNo";
 }
 
-std::string findCountStatement(int tranType, int fyid, std::string_view condition) {
-  return "SELECT Count(*) AS Documents" + foundRows(tranType, fyid, condition);
+std::string findCountStatement(const FindType& type, int tranType, int fyid, std::string_view condition) {
+  return "SELECT Count(*) AS Documents" + foundRows(type, tranType, fyid, condition);
 }
 
 }  // namespace velmo::frame

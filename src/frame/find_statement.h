@@ -16,6 +16,6 @@ tl::expected<std::string, std::string> findCondition(const FindColumn& column, c
 // All documents of a type and year that meet a condition ("" for all), by number.
 std::string findStatement(const FindType& type, int tranType, int fyid, std::string_view condition);
 // The number of the same documents, as `Documents`.
-std::string findCountStatement(int tranType, int fyid, std::string_view condition);
+std::string findCountStatement(const FindType& type, int tranType, int fyid, std::string_view condition);
 
 }  // namespace velmo::frame

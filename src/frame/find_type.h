@@ -22,6 +22,9 @@ struct FindColumn {
   std::string_view refusal = {};  // when the value is blank or no number
 };
 
+// Whether the documents looked for stand at a stock location.
+enum class FindLocation { Joined, None };
+
 // A Find screen: data only.
 struct FindType {
   std::string_view screen;
@@ -30,6 +33,7 @@ struct FindType {
   std::string_view select;  // the chosen columns, as they stand between SELECT and FROM
   std::vector<FindColumn> columns;
   std::vector<forms::TableColumn> result;
+  FindLocation location = FindLocation::Joined;
 };
 
 }  // namespace velmo::frame

@@ -2,33 +2,11 @@
 
 #include <algorithm>
 
+#include "frame/cell_text.h"
 #include "store/value.h"
-#include "text/format.h"
 #include "text/number.h"
 
 namespace velmo::frame {
-namespace {
-
-// A text that nobody can type ends at no NUL: the store's own functions would see only half of it.
-std::string withoutNul(std::string_view typed) {
-  std::string text(typed);
-  std::erase(text, '\0');
-  return text;
-}
-
-store::Value textOrNull(std::string text) {
-  if (text.empty()) return store::Null{};
-  return text;
-}
-
-store::Value figureOrNull(std::string_view text) {
-  const auto number = text::numberFrom(text);
-  if (!number) return store::Null{};
-  return *number;
-}
-
-}  // namespace
-
 ItemSheet::ItemSheet(ItemGridKind kind, session::Workplace& workplace)
     : kind_(std::move(kind)), workplace_(workplace) {}
 
@@ -66,15 +44,12 @@ std::string ItemSheet::plainText(int row, GridColumn column) const {
 
 std::string ItemSheet::shownText(int row, GridColumn column) const {
   const store::Value value = valueAt(row, column);
-  if (!isFigure(column) || store::isNull(value)) return store::textOf(value);
-  return text::formatNumber(store::numberOf(value), "0.00;(0.00)");
+  return isFigure(column) ? shownFigure(value) : store::textOf(value);
 }
 
 std::string ItemSheet::editText(int row, GridColumn column) const {
-  const std::string plain = plainText(row, column);
-  if (!isFigure(column) || plain.empty()) return plain;
-  const std::string twoDecimals = text::formatText(plain, "0.00");
-  return text::numberFrom(twoDecimals) == text::numberFrom(plain) ? twoDecimals : plain;
+  const store::Value value = valueAt(row, column);
+  return isFigure(column) ? editFigure(value) : store::textOf(value);
 }
 
 LineCells ItemSheet::cells(int row) const {

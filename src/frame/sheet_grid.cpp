@@ -16,11 +16,6 @@
 
 namespace velmo::frame {
 
-SheetGrid::SheetGrid(SheetRows& rows, const QString& name, const QString& accessibleName, QWidget* parent)
-    : SheetGrid(parent) {
-  build(rows, name, accessibleName);
-}
-
 SheetGrid::SheetGrid(QWidget* parent) : QWidget(parent) {}
 
 SheetGrid::~SheetGrid() = default;

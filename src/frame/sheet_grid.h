@@ -27,8 +27,6 @@ class SheetGrid : public QWidget {
   Q_OBJECT
 
  public:
-  // The table is named `name`, to a screen reader `accessibleName`. The rows outlive the grid.
-  SheetGrid(SheetRows& rows, const QString& name, const QString& accessibleName, QWidget* parent = nullptr);
   ~SheetGrid() override;
 
   // Opens for typing with this drop list; the list outlives the grid or is its child. Once for a column.
@@ -58,7 +56,8 @@ class SheetGrid : public QWidget {
   void escapePressed();    // Esc when no cell was in edit; linesChanged() went before
 
  protected:
-  // For a grid that owns its rows: they are to be given by build() as soon as they are made.
+  // A grid owns its rows and gives them by build() as soon as they are made. The table is named `name`, to a screen
+  // reader `accessibleName`.
   explicit SheetGrid(QWidget* parent);
   void build(SheetRows& rows, const QString& name, const QString& accessibleName);
 

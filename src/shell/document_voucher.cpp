@@ -1,7 +1,7 @@
 #include "shell/document_voucher.h"
 
 #include "printing/preview_window.h"
-#include "vouchers/voucher2_print.h"
+#include "vouchers/voucher_print.h"
 
 namespace velmo::shell {
 namespace {
@@ -24,7 +24,7 @@ void showDocumentVoucher(session::Workplace& workplace, std::int64_t tranNo, QWi
   hierarchy.openShape(context.KORDconn, voucherHierarchy(context.currencyname, tranNo));
   if (hierarchy.isEmpty()) return;
   const int tranType = static_cast<int>(hierarchy.integer("trantype"));
-  printing::showPreview(parent, vouchers::voucher2Print(context, hierarchy, tranType, workplace.clock.today()),
+  printing::showPreview(parent, vouchers::voucherPrint(context, hierarchy, tranType, workplace.clock.today()),
                         workplace.files);
 }
 

@@ -27,7 +27,7 @@
 #include "shell/logo_setting.h"
 #include "shell/navigation.h"
 #include "shell/print_settings.h"
-#include "vouchers/voucher2_print.h"
+#include "vouchers/voucher_print.h"
 
 namespace velmo::shell {
 namespace {

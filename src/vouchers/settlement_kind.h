@@ -15,9 +15,11 @@ enum class Money { Received, Paid };
 
 enum class PaidBy { Cash, Cheque };
 
-// A column of the grid of settled invoices, in its order.
-enum class SettlementColumn { Invoice, Date, Payment, WHTaxRt, WHTax, AdvAdj, Discount, TotPayment };
-inline constexpr int settlementColumnCount = 8;
+// The columns of the grid of settled invoices, in their order.
+namespace settlement {
+enum Column : int { Invoice, Date, Payment, WHTaxRt, WHTax, AdvAdj, Discount, TotPayment };
+inline constexpr int columnCount = 8;
+}  // namespace settlement
 
 // Everything in which the four screens of receipts and payments differ.
 struct SettlementKind {

@@ -21,9 +21,9 @@ enum class Account { Money, Party, WithheldTax, Discount };
 enum class Side { Debit, Credit };
 
 enum class Narration {
-  Party,     // the party and the invoices
-  Means,     // how it was paid, and the invoices
-  Advance    // that an advance was adjusted, and the invoices
+  Party,   // the party and the invoices
+  Means,   // how it was paid, and the invoices
+  Advance  // that an advance was adjusted, and the invoices
 };
 
 enum class When { Always, AboveZero, BelowZero };
@@ -131,8 +131,8 @@ SettlementTotals settlementTotals(const SettlementSums& sums, std::string_view a
   return totals;
 }
 
-void writeSettlementHeader(const SettlementKind& kind, const DocumentValues& values,
-                           const SettlementValues& settlement, frame::HeaderRow& row) {
+void writeSettlementHeader(const SettlementKind& kind, const DocumentValues& values, const SettlementValues& settlement,
+                           frame::HeaderRow& row) {
   const bool party = settlement.mode == SettlementMode::Party;
   const SettlementTotals totals = party ? settlement.totals : SettlementTotals();
   const double amount = amountFrom(party ? totals.Amt2Party : settlement.TAmt);

@@ -12,41 +12,54 @@ namespace {
 
 constexpr const char* AmountFormat = "#,##0.00;(#,##0.00)";
 
-struct Title {
+struct Voucher {
   int tranType;
-  const char* text;
+  VoucherLayout layout;
+  const char* title;
 };
 
-constexpr std::array Titles{Title{22, "PURCHASE VOUCHER"},
-                            Title{25, "PURCHASE RETURN VOUCHER"},
-                            Title{28, "BANK PAYMENT VOUCHER"},
-                            Title{29, "CASH PAYMENT VOUCHER"},
-                            Title{32, "SALE VOUCHER"},
-                            Title{35, "SALE RETURN VOUCHER"},
-                            Title{38, "BANK RECEIPT VOUCHER"},
-                            Title{39, "CASH RECEIPT VOUCHER"},
-                            Title{41, "GENERAL JOURNAL VOUCHER"},
-                            Title{42, "PRODUCTION VOUCHER"},
-                            Title{45, "ADD INVENTORY ADJUSTMENT VOUCHER"},
-                            Title{47, "REDUCE INVENTORY ADJUSTMENT VOUCHER"}};
+using enum VoucherLayout;
+constexpr std::array Vouchers{Voucher{22, Voucher2, "PURCHASE VOUCHER"},
+                              Voucher{25, Voucher2, "PURCHASE RETURN VOUCHER"},
+                              Voucher{28, Voucher1, "BANK PAYMENT VOUCHER"},
+                              Voucher{29, Voucher1, "CASH PAYMENT VOUCHER"},
+                              Voucher{32, Voucher2, "SALE VOUCHER"},
+                              Voucher{35, Voucher2, "SALE RETURN VOUCHER"},
+                              Voucher{38, Voucher1, "BANK RECEIPT VOUCHER"},
+                              Voucher{39, Voucher1, "CASH RECEIPT VOUCHER"},
+                              Voucher{41, Voucher1, "GENERAL JOURNAL VOUCHER"},
+                              Voucher{42, Voucher2, "PRODUCTION VOUCHER"},
+                              Voucher{45, Voucher2, "ADD INVENTORY ADJUSTMENT VOUCHER"},
+                              Voucher{47, Voucher2, "REDUCE INVENTORY ADJUSTMENT VOUCHER"}};
 
-std::vector<Column> lineColumns(const std::string& currencyCode) {
-  return {{.heading = "Acc Code", .dataField = "acccode", .width = mm(26)},
-          {.heading = "Account Name", .dataField = "accname"},
-          {.heading = "Debit (" + currencyCode + ")",
-           .dataField = "debit",
-           .width = mm(36),
-           .align = Align::Right,
-           .format = AmountFormat,
-           .headingName = "DrLbl",
-           .totalName = "DebitSum"},
-          {.heading = "Credit (" + currencyCode + ")",
-           .dataField = "credit",
-           .width = mm(36),
-           .align = Align::Right,
-           .format = AmountFormat,
-           .headingName = "CrLbl",
-           .totalName = "CreditSum"}};
+const Voucher& voucherOf(int tranType) {
+  const auto* found = std::ranges::find(Vouchers, tranType, &Voucher::tranType);
+  if (found == Vouchers.end())
+    throw std::logic_error("documents of type " + std::to_string(tranType) + " have no voucher");
+  return *found;
+}
+
+Column amountColumn(const char* side, const std::string& currencyCode, Twips width) {
+  return {.heading = std::string(side) + " (" + currencyCode + ")",
+          .dataField = side,
+          .width = width,
+          .align = Align::Right,
+          .format = AmountFormat};
+}
+
+// With descriptions, names and texts share what the amounts leave.
+std::vector<Column> lineColumns(VoucherLayout layout, const std::string& currencyCode) {
+  const bool described = layout == Voucher1;
+  std::vector<Column> columns = {{.heading = "Acc Code", .dataField = "acccode", .width = mm(described ? 20 : 26)},
+                                 {.heading = "Account Name", .dataField = "accname", .width = described ? mm(50) : 0}};
+  if (described) columns.push_back({.heading = "Description", .dataField = "desc"});
+  columns.push_back(amountColumn("Debit", currencyCode, mm(described ? 30 : 36)));
+  columns.back().headingName = "DrLbl";
+  columns.back().totalName = "DebitSum";
+  columns.push_back(amountColumn("Credit", currencyCode, mm(described ? 30 : 36)));
+  columns.back().headingName = "CrLbl";
+  columns.back().totalName = "CreditSum";
+  return columns;
 }
 
 Element caption(Frame at, const char* words) {
@@ -106,21 +119,21 @@ Section voucherFoot(Report& report, const std::vector<ColumnPlace>& columns) {
 
 }  // namespace
 
-std::string voucherTitle(int tranType) {
-  const auto* found =
-      std::find_if(Titles.begin(), Titles.end(), [&](const Title& title) { return title.tranType == tranType; });
-  if (found == Titles.end())
-    throw std::logic_error("documents of type " + std::to_string(tranType) + " have no voucher");
-  return found->text;
+VoucherLayout voucherLayout(int tranType) {
+  return voucherOf(tranType).layout;
 }
 
-Report voucher2Report(const VoucherSheet& sheet, std::shared_ptr<const ReportData> vouchers) {
+std::string voucherTitle(int tranType) {
+  return voucherOf(tranType).title;
+}
+
+Report voucherReport(VoucherLayout layout, const VoucherSheet& sheet, std::shared_ptr<const ReportData> vouchers) {
   Report report{.title = voucherTitle(sheet.tranType),
                 .author = sheet.letterhead.companyName,
                 .data = std::move(vouchers),
                 .printedOn = sheet.today};
   const Twips width = report.design.bodyWidth();
-  const std::vector<ColumnPlace> columns = placeColumns(lineColumns(sheet.currencyCode), width);
+  const std::vector<ColumnPlace> columns = placeColumns(lineColumns(layout, sheet.currencyCode), width);
   report.design.groups.push_back({.dataMember = "ParentCmd",
                                   .header = voucherHead(report, sheet, columns),
                                   .footer = voucherFoot(report, columns)});

@@ -1,4 +1,4 @@
-#include "vouchers/voucher2_print.h"
+#include "vouchers/voucher_print.h"
 
 #include <gtest/gtest.h>
 
