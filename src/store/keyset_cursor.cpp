@@ -306,14 +306,34 @@ void KeysetCursor::reload(std::int64_t number) {
   place_ = {.where = Where::On, .row = std::move(*row)};
 }
 
+// A new row as it stands in the file, when all of it was given or filled in and nothing is computed.
+std::optional<WalkedRow> KeysetCursor::wholeRow(const FieldValues& given, const FieldValues& filledIn) const {
+  WalkedRow row(query_->slotCount());
+  if (given.size() + filledIn.size() < row.size()) return std::nullopt;
+  std::vector<bool> known(row.size());
+  for (const FieldValues* values : {&given, &filledIn}) {
+    for (const auto& [field, value] : *values) {
+      row[static_cast<std::size_t>(field)] = value;
+      known[static_cast<std::size_t>(field)] = true;
+    }
+  }
+  if (!std::ranges::all_of(known, std::identity())) return std::nullopt;
+  return row;
+}
+
 void KeysetCursor::update() {
   if (!edit_) return;
   remember();
   const RowWriter writer(*source_);
   if (edit_->adding) {
-    writer.insert(edit_->changes);
+    const FieldValues filledIn = writer.insert(edit_->changes);
+    const std::int64_t number = sqlite3_last_insert_rowid(connection().database);
+    std::optional<WalkedRow> row = wholeRow(edit_->changes, filledIn);
     edit_.reset();
-    reload(sqlite3_last_insert_rowid(connection().database));
+    if (row)
+      place_ = {.where = Where::On, .row = std::move(*row)};
+    else
+      reload(number);
     return;
   }
   const OriginalValue original = [this](int slot) { return place_.row[static_cast<std::size_t>(slot)]; };

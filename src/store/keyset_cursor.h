@@ -84,6 +84,7 @@ class KeysetCursor : public Cursor, public TransactionParticipant, public std::e
   void beginEdit();
   void change(int field, Value value);
   void reload(std::int64_t number);
+  std::optional<WalkedRow> wholeRow(const FieldValues& given, const FieldValues& filledIn) const;
   const WalkedRow& rowAt(std::int64_t position) const;
   void forgetLooked() noexcept;
 

@@ -32,6 +32,11 @@ std::size_t KeysetQuery::addSlot(const std::string& alias, const std::string& co
   return columns_.size() - 1;
 }
 
+std::size_t KeysetQuery::slotOf(const std::string& alias, const std::string& column, ColumnType type) {
+  const auto read = std::ranges::find(columns_, quotedName(alias) + "." + quotedName(column));
+  return read == columns_.end() ? addSlot(alias, column, type) : static_cast<std::size_t>(read - columns_.begin());
+}
+
 std::optional<KeysetQuery> KeysetQuery::of(const ResultSource& source) {
   const sql::CompiledStatement& statement = *source.statement.compiled;
   if (!statement.singleTable || source.tables.size() != 1) return std::nullopt;
@@ -45,16 +50,16 @@ std::optional<KeysetQuery> KeysetQuery::of(const ResultSource& source) {
   const std::string& alias = source.tables.front().alias;
   query.from_ = quotedName(table->name) + " AS " + quotedName(alias);
   for (const SourceField& field : source.sources) query.addSlot(alias, field.column->name, field.column->type);
-  query.numberSlot_ = query.addSlot(alias, numberColumn(*table), ColumnType::Long);
+  query.numberSlot_ = query.slotOf(alias, numberColumn(*table), ColumnType::Long);
   for (const std::string& name : table->key) {
-    query.keySlots_.push_back(static_cast<int>(query.addSlot(alias, name, table->find(name)->type)));
+    query.keySlots_.push_back(static_cast<int>(query.slotOf(alias, name, table->find(name)->type)));
   }
   query.where_ = {.sql = statement.singleTable->whereSql, .parameters = source.statement.parameters};
   for (const auto& item : statement.singleTable->order) {
     const Column* column = table->find(item.column);
     if (column == nullptr) return std::nullopt;
     query.statementOrder_.push_back(
-        {.slot = query.addSlot(alias, column->name, column->type), .descending = item.descending});
+        {.slot = query.slotOf(alias, column->name, column->type), .descending = item.descending});
   }
   query.select_ = "SELECT ";
   for (const std::string& column : query.columns_)

@@ -58,6 +58,8 @@ class KeysetQuery {
   };
 
   std::size_t addSlot(const std::string& alias, const std::string& column, ColumnType type);
+  // That of a field which reads the column, if there is one.
+  std::size_t slotOf(const std::string& alias, const std::string& column, ColumnType type);
   bool isUnique(std::size_t slot) const;
   std::vector<Condition> beyond(const Condition& rest, const WalkedRow& row, Direction direction) const;
   Condition base(const RowTest* condition) const;
