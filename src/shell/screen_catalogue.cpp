@@ -27,6 +27,7 @@
 #include "shell/logo_setting.h"
 #include "shell/navigation.h"
 #include "shell/print_settings.h"
+#include "vouchers/settlement_types.h"
 #include "vouchers/voucher_print.h"
 
 namespace velmo::shell {
@@ -52,6 +53,22 @@ QWidget* makePurchaseReturns(session::Workplace& workplace, QWidget* parent) {
   return documents::makePurchaseReturns(workplace, parent, {.voucher = showDocumentVoucher});
 }
 
+QWidget* makeCashReceipts(session::Workplace& workplace, QWidget* parent) {
+  return vouchers::makeCashReceipts(workplace, parent, {.voucher = showDocumentVoucher});
+}
+
+QWidget* makeBankReceipts(session::Workplace& workplace, QWidget* parent) {
+  return vouchers::makeBankReceipts(workplace, parent, {.voucher = showDocumentVoucher});
+}
+
+QWidget* makeCashPayments(session::Workplace& workplace, QWidget* parent) {
+  return vouchers::makeCashPayments(workplace, parent, {.voucher = showDocumentVoucher});
+}
+
+QWidget* makeBankPayments(session::Workplace& workplace, QWidget* parent) {
+  return vouchers::makeBankPayments(workplace, parent, {.voucher = showDocumentVoucher});
+}
+
 QWidget* makePrintVouchers(session::Workplace& workplace, QWidget* parent) {
   return reports::makePrintVouchers(workplace, parent, {.voucher1 = {}, .voucher2 = vouchers::voucher2Print});
 }
@@ -63,6 +80,10 @@ constexpr ScreenEntry screens[] = {
     {"SaleReturns", ScreenKind::ChildWindow, makeSaleReturns},
     {"PurchaseBillsSimple", ScreenKind::ChildWindow, makePurchaseBillsSimple},
     {"PurchaseReturns", ScreenKind::ChildWindow, makePurchaseReturns},
+    {"CashReceipts", ScreenKind::ChildWindow, makeCashReceipts},
+    {"BankReceipts", ScreenKind::ChildWindow, makeBankReceipts},
+    {"CashPayments", ScreenKind::ChildWindow, makeCashPayments},
+    {"BankPayments", ScreenKind::ChildWindow, makeBankPayments},
     {"ModifyAccounts", ScreenKind::Dialog, masters::makeModifyAccounts},
     {"ModifyCustomers", ScreenKind::Dialog, masters::makeModifyCustomers},
     {"ModifySuppliers", ScreenKind::Dialog, masters::makeModifySuppliers},

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "demo_company/money.h"
 #include "demo_company/parties.h"
 #include "documents/purchase_bill_type.h"
 #include "documents/purchase_return_type.h"
@@ -269,7 +270,12 @@ void writeTrade(session::LoginContext& context, Dice& dice, const text::DateTime
   TradeClerk clerk(context, dice);
   text::DateTime day = now.date().addDays(1 - daysOfTrade);
   if (day < context.FinancialYearStart) day = context.FinancialYearStart;
-  for (; day <= now.date(); day = day.addDays(1)) tradeOn(clerk, dice, day, now);
+  constexpr std::uint32_t seed = 39;
+  Dice moneyDice(seed);  // of its own, so that the trade stays as it is
+  for (; day <= now.date(); day = day.addDays(1)) {
+    tradeOn(clerk, dice, day, now);
+    moveMoney(context, moneyDice, day, now);
+  }
 }
 
 }  // namespace velmo::demo

@@ -19,6 +19,8 @@ void visitSaleInvoices(Guide& guide, shell::Parent& shell);
 void visitSettings(Guide& guide, shell::Parent& shell);
 // A purchase, a credit note and a debit note.
 void visitTradeDocuments(Guide& guide, shell::Parent& shell);
+// Money that comes in against invoices, and petty cash that goes out.
+void visitSettlements(Guide& guide, shell::Parent& shell);
 // One invoice in every layout, on plain paper and on the company's own letterhead, and the label sheets.
 void visitPrintOuts(Guide& guide, shell::Parent& shell);
 

@@ -1,0 +1,167 @@
+#include "demo_company/money.h"
+
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+
+#include "demo_company/parties.h"
+#include "text/format.h"
+#include "text/number.h"
+#include "vouchers/pending_items.h"
+#include "vouchers/settlement_types.h"
+#include "vouchers/settlement_writer.h"
+
+namespace velmo::demo {
+namespace {
+
+using namespace vouchers;
+
+struct PettyLine {
+  std::int64_t account;
+  const char* what;
+};
+constexpr PettyLine pettyExpenses[] = {{60002010, "Tea and refreshments"},
+                                       {60002014, "Window cleaning"},
+                                       {60002005, "Receipt rolls"},
+                                       {60002009, "Taxi fare"},
+                                       {60002007, "Repair of the shutter"}};
+
+// A receipt or payment as it is made out.
+class Settlement {
+ public:
+  Settlement(session::LoginContext& context, const SettlementKind& kind, const text::DateTime& moment)
+      : context_(context), kind_(kind), moment_(moment) {
+    const store::Recordset last(context.KORDconn, "select Max(DocNo) as LastNo from transactions where trantype=" +
+                                                      std::to_string(kind.TranType) +
+                                                      " and fyid=" + std::to_string(context.FYID));
+    values_.DocNo = std::to_string(last.integer("LastNo") + 1);
+    values_.TrDate = moment.date();
+    if (kind.by == PaidBy::Cheque) {
+      values_.fields["ChqNo"] = std::to_string(400100 + last.integer("LastNo"));
+      values_.fields["ChqDt"] = text::formatDate(moment, "dd-MM-yyyy");
+      if (isReceipt(kind)) values_.fields["ChqBank"] = "City Bank";
+    }
+    const std::int64_t money = kind.by == PaidBy::Cash ? frame::cashInHand.code : firstBank;
+    values_.ACodeTxt = std::to_string(money);
+    values_.Acc = account(money).text("accname");
+    for (const auto& [sheet, table] : {std::pair(&invoices_, agingTable(kind)), {&petty_, "subtransactions"}})
+      sheet->open(context.KORDconn, "Select * from " + std::string(table) + " where tranno = 0",
+                  store::LockType::BatchOptimistic);
+  }
+
+  // The oldest open invoices of the party, as many as wanted, as far as there is money. False when there are none.
+  bool settle(std::int64_t party, int count, double money, Dice& dice) {
+    store::Recordset pending(context_.KORDconn, pendingStatement(kind_, party, context_.FYID));
+    if (pending.isEmpty()) return false;
+    values_.PartyCodeTxt = std::to_string(party);
+    values_.PartyNameTxt = account(party).text("accname");
+    for (; count > 0 && !pending.eof(); --count, pending.moveNext()) {
+      const PendingItem item = pendingItem(kind_, pending);
+      money -= item.balance;
+      if (money < 0) break;
+      const double tax = dice.inHundred(10) ? text::roundHalfEven(item.balance * 0.02) : 0;
+      const double discount = dice.inHundred(15) ? text::roundHalfEven(item.balance * 0.01, 2) : 0;
+      const double payment = text::roundHalfEven(item.balance - tax - discount, 2);
+      std::vector<store::FieldValue> row{
+          {"docno", item.docNo}, {"trandate", item.tranDate}, {"payment", payment},         {"whtax", tax},
+          {"advadj", 0.0},       {"discount", discount},      {"totpayment", item.balance}, {"partycode", party}};
+      if (!isReceipt(kind_)) row.push_back({"vendorinvno", item.key});
+      invoices_.addNew(row);
+      settlement_.invoices += item.key + ", ";
+      sums_.payment += payment;
+      sums_.whTax += tax;
+      sums_.discount += discount;
+      sums_.totPayment += item.balance;
+    }
+    settlement_.totals = settlementTotals(sums_, dice.inHundred(5) ? "250.00" : "0.00");
+    return sums_.totPayment > 0;
+  }
+
+  // An amount against any other account.
+  void book(const PettyLine& line, double amount) {
+    settlement_.mode = SettlementMode::Petty;
+    settlement_.TAmt = text::formatNumber(amount, "0.00");
+    values_.Desc = line.what;
+    petty_.addNew({{"acccode", line.account},
+                   {"accname", account(line.account).text("accname")},
+                   {isReceipt(kind_) ? "credit" : "debit", amount}});
+  }
+
+  void save() {
+    const frame::DocumentType type = settlementType(kind_);
+    const auto document =
+        composeSettlement(type, kind_, values_, settlement_, context_, moment_, frame::HeaderWrite::Add);
+    if (!document) throw std::logic_error(document.error());
+    store::Recordset tran(context_.KORDconn, "SELECT * from transactions where tranno = 0");
+    frame::writeDocument(context_.KORDconn, *document, tran, [this](std::int64_t tranNo) {
+      if (settlement_.mode == SettlementMode::Party)
+        writeSettlement(kind_, invoices_, values_, tranNo, context_.FYID);
+      else
+        writePetty(kind_, context_.KORDconn, petty_, invoices_, values_, settlement_, tranNo);
+    });
+  }
+
+ private:
+  store::Recordset account(std::int64_t code) const {
+    return {context_.KORDconn, "select accname from acclevel3 where acccode=" + std::to_string(code),
+            store::LockType::ReadOnly};
+  }
+
+  session::LoginContext& context_;
+  const SettlementKind& kind_;
+  text::DateTime moment_;
+  frame::DocumentValues values_;
+  SettlementValues settlement_;
+  SettlementSums sums_;
+  store::Recordset invoices_;
+  store::Recordset petty_;
+};
+
+double heldByTill(session::LoginContext& context) {
+  const store::Recordset till(
+      context.KORDconn,
+      "select Sum(IIf(IsNull(debit),0,debit)) as Debits, Sum(IIf(IsNull(credit),0,credit)) as Credits from "
+      "transactions inner join subtransactions on transactions.tranno = subtransactions.tranno where acccode=" +
+          std::to_string(frame::cashInHand.code) + " and cancel=no and fyid=" + std::to_string(context.FYID));
+  return till.number("Debits") - till.number("Credits");
+}
+
+void settle(session::LoginContext& context, Dice& dice, const SettlementKind& kind, const text::DateTime& moment) {
+  const std::int64_t party = isReceipt(kind) ? firstCustomer + dice.between(0, customerCount - 1)
+                                             : firstVendor + dice.between(0, vendorCount - 1);
+  Settlement settlement(context, kind, moment);
+  const bool fromTill = kind.by == PaidBy::Cash && !isReceipt(kind);
+  const double money = fromTill ? heldByTill(context) - 1000 : std::numeric_limits<double>::max();
+  if (settlement.settle(party, dice.between(1, 4), money, dice)) settlement.save();
+}
+
+// What the till holds above its float goes to the bank.
+void bankTakings(session::LoginContext& context, const text::DateTime& moment) {
+  constexpr double floatOfTill = 3000;
+  const double takings = std::floor((heldByTill(context) - floatOfTill) / 100) * 100;
+  if (takings <= 0) return;
+  Settlement deposit(context, bankReceipts(), moment);
+  deposit.book({frame::cashInHand.code, "Takings banked"}, takings);
+  deposit.save();
+}
+
+}  // namespace
+
+void moveMoney(session::LoginContext& context, Dice& dice, const text::DateTime& day, const text::DateTime& now) {
+  const std::string weekday = text::formatDate(day, "ddd");
+  if (weekday == "Sun") return;
+  const text::DateTime moment{day.day, 16 * 3600 + dice.between(0, 3599)};
+  if (moment > now) return;
+  for (int cheques = dice.between(0, 3); cheques > 0; --cheques) settle(context, dice, bankReceipts(), moment);
+  if (dice.inHundred(40)) settle(context, dice, cashReceipts(), moment);
+  if (weekday == "Wed" || weekday == "Fri")
+    for (int cheques = dice.between(1, 3); cheques > 0; --cheques) settle(context, dice, bankPayments(), moment);
+  if (dice.inHundred(10)) settle(context, dice, cashPayments(), moment);
+  if (weekday == "Tue" || weekday == "Fri") bankTakings(context, moment);
+  if (!dice.inHundred(30)) return;
+  Settlement petty(context, cashPayments(), moment);
+  petty.book(dice.pick(pettyExpenses), dice.between(8, 90) / 2.0);
+  petty.save();
+}
+
+}  // namespace velmo::demo
