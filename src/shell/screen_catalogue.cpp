@@ -27,6 +27,7 @@
 #include "shell/logo_setting.h"
 #include "shell/navigation.h"
 #include "shell/print_settings.h"
+#include "vouchers/general_journal_type.h"
 #include "vouchers/settlement_types.h"
 #include "vouchers/voucher_print.h"
 
@@ -69,8 +70,13 @@ QWidget* makeBankPayments(session::Workplace& workplace, QWidget* parent) {
   return vouchers::makeBankPayments(workplace, parent, {.voucher = showDocumentVoucher});
 }
 
+QWidget* makeGeneralJournal(session::Workplace& workplace, QWidget* parent) {
+  return vouchers::makeGeneralJournal(workplace, parent, {.voucher = showDocumentVoucher});
+}
+
 QWidget* makePrintVouchers(session::Workplace& workplace, QWidget* parent) {
-  return reports::makePrintVouchers(workplace, parent, {.voucher1 = {}, .voucher2 = vouchers::voucher2Print});
+  return reports::makePrintVouchers(workplace, parent,
+                                    {.voucher1 = vouchers::voucher1Print, .voucher2 = vouchers::voucher2Print});
 }
 
 constexpr ScreenEntry screens[] = {
@@ -84,6 +90,7 @@ constexpr ScreenEntry screens[] = {
     {"BankReceipts", ScreenKind::ChildWindow, makeBankReceipts},
     {"CashPayments", ScreenKind::ChildWindow, makeCashPayments},
     {"BankPayments", ScreenKind::ChildWindow, makeBankPayments},
+    {"GeneralJournal", ScreenKind::ChildWindow, makeGeneralJournal},
     {"ModifyAccounts", ScreenKind::Dialog, masters::makeModifyAccounts},
     {"ModifyCustomers", ScreenKind::Dialog, masters::makeModifyCustomers},
     {"ModifySuppliers", ScreenKind::Dialog, masters::makeModifySuppliers},

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
 #include "../support/new_company.h"
 #include "printing/paginator.h"
@@ -189,15 +190,61 @@ TEST_F(Voucher2, TwoWalksOverOneHierarchyDoNotDisturbEachOther) {
   }
 }
 
+// Of the two layouts, the one with the lines' own words.
+TEST_F(Voucher2, TheFirstLayoutDescribesEveryLine) {
+  post({"Rent", {{"Rent Expenses", 250, 0}, {"Cash", 0, 250}}});
+  context_.KORDconn.execute("update subtransactions set [desc]='Store of ' & accname");
+  const auto wordsOf = [&](auto layout) {
+    const std::vector<Page> pages =
+        pagesOf(layout(context_, vouchers(), 41, text::DateTime::fromCalendar(2026, 11, 22)));
+    expectClean(pages.at(0));
+    const std::vector<std::string> texts = textsOf(pages[0], 1);
+    return std::set<std::string>(texts.begin(), texts.end());
+  };
+  const std::set<std::string> described = wordsOf(voucher1Print);
+  for (const char* words : {"GENERAL JOURNAL VOUCHER", "Description", "Rent Expenses", "Store of Rent Expenses",
+                            "Store of Cash", "Debit (USD)", "250.00", "Totals", "Checked By"})
+    EXPECT_TRUE(described.contains(words)) << words;
+  EXPECT_FALSE(wordsOf(voucher2Print).contains("Store of Cash"));
+  EXPECT_EQ(wordsOf(voucherPrint), described) << "in which journals are printed";
+}
+
+TEST_F(Voucher2, LongDescriptionsWrapBesideTheirAmounts) {
+  post({"", {{std::string(120, 'N'), 9999999999.99, 0}, {"Cash", 0, -9999999999.99}}});
+  std::string words;
+  for (int word = 0; word < 30; ++word) words += "wiederkehrend ";
+  context_.KORDconn.execute("update subtransactions set [desc]=" + store::quoted(words));
+  const std::vector<Page> pages =
+      pagesOf(voucher1Print(context_, vouchers(), 39, text::DateTime::fromCalendar(2026, 11, 22)));
+  ASSERT_EQ(pages.size(), 1U);
+  expectClean(pages[0]);
+  EXPECT_TRUE(shows(pages[0], "9,999,999,999.99"));
+  EXPECT_TRUE(shows(pages[0], "(9,999,999,999.99)"));
+}
+
 TEST(VoucherTitle, EveryTypeThatPostsHasItsOwn) {
-  const std::pair<int, const char*> titles[] = {{22, "PURCHASE VOUCHER"},
-                                                {25, "PURCHASE RETURN VOUCHER"},
-                                                {35, "SALE RETURN VOUCHER"},
-                                                {42, "PRODUCTION VOUCHER"},
-                                                {45, "ADD INVENTORY ADJUSTMENT VOUCHER"},
-                                                {47, "REDUCE INVENTORY ADJUSTMENT VOUCHER"}};
-  for (const auto& [type, title] : titles) EXPECT_EQ(voucherTitle(type), title);
+  struct Type {
+    int number;
+    const char* title;
+    VoucherLayout layout;
+  };
+  using enum VoucherLayout;
+  const Type types[] = {{22, "PURCHASE VOUCHER", Voucher2},
+                        {25, "PURCHASE RETURN VOUCHER", Voucher2},
+                        {28, "BANK PAYMENT VOUCHER", Voucher1},
+                        {29, "CASH PAYMENT VOUCHER", Voucher1},
+                        {35, "SALE RETURN VOUCHER", Voucher2},
+                        {38, "BANK RECEIPT VOUCHER", Voucher1},
+                        {39, "CASH RECEIPT VOUCHER", Voucher1},
+                        {42, "PRODUCTION VOUCHER", Voucher2},
+                        {45, "ADD INVENTORY ADJUSTMENT VOUCHER", Voucher2},
+                        {47, "REDUCE INVENTORY ADJUSTMENT VOUCHER", Voucher2}};
+  for (const auto& [number, title, layout] : types) {
+    EXPECT_EQ(voucherTitle(number), title);
+    EXPECT_EQ(voucherLayout(number), layout) << title;
+  }
   EXPECT_THROW(voucherTitle(33), std::logic_error);
+  EXPECT_THROW(voucherLayout(33), std::logic_error);
 }
 
 }  // namespace

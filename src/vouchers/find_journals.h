@@ -1,0 +1,10 @@
+#pragma once
+
+#include "frame/find_type.h"
+
+namespace velmo::vouchers {
+
+// Looks for journal vouchers of the year: `FindGJV`.
+frame::FindType findJournals();
+
+}  // namespace velmo::vouchers
