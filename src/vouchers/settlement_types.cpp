@@ -3,6 +3,7 @@
 #include "frame/document_screen.h"
 #include "text/number.h"
 #include "vouchers/find_settlements.h"
+#include "vouchers/rec_pay_print.h"
 #include "vouchers/settlement_body.h"
 
 namespace velmo::vouchers {
@@ -44,6 +45,10 @@ std::vector<frame::ValidationStep> validation(const SettlementKind& kind) {
 QWidget* makeScreen(const SettlementKind& kind, session::Workplace& workplace, QWidget* parent,
                     frame::PrintOuts printOuts) {
   frame::DocumentType type = settlementType(kind);
+  type.print = [&kind](session::Workplace& place, const DocumentValues& onScreen, QWidget* screen) {
+    const auto mode = isPetty(onScreen) ? SettlementMode::Petty : SettlementMode::Party;
+    showRecPay(place, kind, mode, place.context.PrintRS.integer("tranno"), screen);
+  };
   return new frame::DocumentScreen(std::move(type), workplace, std::move(printOuts), parent);
 }
 
