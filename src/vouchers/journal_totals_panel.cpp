@@ -14,15 +14,18 @@ namespace velmo::vouchers {
 
 namespace {
 
-constexpr int totalWidth = frame::figureWidth + 48;  // pixels; a total stands in larger figures
+constexpr int totalWidth = frame::figureWidth + 80;  // pixels; fourteen characters in the larger figures of a total
 
-QLabel* addText(QGridLayout& grid, int row, const char* name, const QString& accessibleName) {
+// Room for so many lines is kept, lest the lines above jump while amounts are typed.
+QLabel* addText(QGridLayout& grid, int row, const char* name, const QString& accessibleName, int lines) {
   auto* label = new QLabel;
   label->setObjectName(name);
   label->setAccessibleName(accessibleName);
   label->setWordWrap(true);
   label->setTextFormat(Qt::PlainText);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  label->setMinimumHeight(lines * label->fontMetrics().lineSpacing());
   grid.addWidget(label, row, 0, 1, 4);
   return label;
 }
@@ -55,9 +58,9 @@ JournalTotalsPanel::JournalTotalsPanel() {
     forms::makeTotal(*total);
     total->setFixedWidth(totalWidth);
   }
-  DiffLbl_ = addText(*grid, 1, "DiffLbl", tr("Difference of the totals"));
+  DiffLbl_ = addText(*grid, 1, "DiffLbl", tr("Difference of the totals"), 1);
   DiffLbl_->setProperty("look", "warning");
-  AmtWords_ = addText(*grid, 2, "AmtWords", tr("Amount in words"));
+  AmtWords_ = addText(*grid, 2, "AmtWords", tr("Amount in words"), 2);
   grid->setRowStretch(2, 1);
 }
 

@@ -117,14 +117,6 @@ TEST(GeneralJournal, CarriesChangesOfASavedVoucherIntoItsOwnRows) {
   const Rows after = company.rows(serials);
   EXPECT_EQ((Rows{after.at(0), after.at(1)}), (Rows{before.at(0), before.at(2)}));
   EXPECT_EQ(company.one("select tramount from transactions where trantype=41"), "100");
-
-  keeper.show(tranNo);
-  company.prompts.expect("Delete Confirmation",
-                         "Are you sure, you want to delete this transaction, Serial No. 1? Deleting this transaction "
-                         "will remove all the ledger entries in accounts relating to this transaction.",
-                         session::Answer::Yes);
-  keeper.press("DelBttn");
-  EXPECT_EQ(company.one("select count(*) from subtransactions where tranno=" + tranNo), "0");
 }
 
 TEST(GeneralJournal, ALineIsADebitOrACreditOfAnAccount) {
@@ -240,16 +232,33 @@ TEST(GeneralJournal, PrintsItsVoucherAndBeginsANewOne) {
   EXPECT_EQ(keeper.shown(0, Code), "");
 }
 
-TEST(GeneralJournal, F6GoesBetweenLinesAndRemarks) {
+TEST(GeneralJournal, WorksByKeyboardAndClipsNothing) {
   SettlementCompany company;
   Bookkeeper keeper(company);
   auto& grid = keeper.find<QTableView>("Grid");
   auto& remarks = keeper.find<QPlainTextEdit>("Desc");
   EXPECT_TRUE(grid.hasFocus()) << "where a voucher begins";
+  test::type(grid, "z");
+  test::type(*QApplication::focusWidget(), "oe");
+  QApplication::processEvents();  // the list narrows
+  ASSERT_TRUE(keeper.find<QWidget>("AccCodeList").isVisible());
+  test::press(*QApplication::focusWidget(), Qt::Key_Down);
+  test::press(*QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(keeper.shown(0, Code) + " " + keeper.shown(0, Name), "12001003 Zoe Builders");
   test::press(grid, Qt::Key_F6);
   EXPECT_TRUE(remarks.hasFocus());
   test::press(remarks, Qt::Key_F6);
   EXPECT_TRUE(grid.hasFocus());
+
+  keeper.widget().resize(1024, 700);
+  keeper.cell(0, Debit, "77777777777.77");
+  QApplication::processEvents();
+  for (const char* name : {"DiffLbl", "AmtWords"}) {
+    const auto& label = keeper.find<QLabel>(name);
+    EXPECT_GE(label.height(), label.heightForWidth(label.width())) << name;
+  }
+  const QLineEdit& total = keeper.box("DTot");
+  EXPECT_GE(total.contentsRect().width(), total.fontMetrics().horizontalAdvance(total.text()) + 8);
 }
 
 TEST(FindJournals, FindsByEveryColumnUnderItsRight) {
@@ -282,22 +291,12 @@ TEST(FindJournals, FindsByEveryColumnUnderItsRight) {
       EXPECT_EQ(frame::findCondition(column, "", {}).error(), refusal);
     }
   }
-  company.context.KORDconn.execute("update userrights set operator1=yes where rightid=124");
-  company.context.UserID = 2;
-  int shown = 0;
-  frame::FindScreen find(
-      type, 41, company.workplace, [&] { ++shown; }, nullptr);
-  find.show();
-  auto& grid = *find.findChild<QTableView*>("TranGrid");
-  for (int column = 0; column < grid.model()->columnCount(); ++column)
-    EXPECT_TRUE(grid.model()->index(0, column).data().isValid());
-  grid.selectRow(0);
-  company.prompts.expectTitle("Not Allowed");
-  test::press(grid, Qt::Key_Return);
-  EXPECT_EQ(shown, 0);
-  company.context.UserID = 1;
-  test::press(grid, Qt::Key_Return);
-  EXPECT_EQ(shown, 1);
+  EXPECT_EQ(type.viewRight, 124);
+  const frame::FindScreen find(
+      type, 41, company.workplace, [] {}, nullptr);
+  const auto& found = *find.findChild<QTableView*>("TranGrid")->model();
+  for (int column = 0; column < found.columnCount(); ++column)
+    EXPECT_TRUE(found.index(0, column).data().isValid()) << column;
 }
 
 }  // namespace

@@ -21,6 +21,8 @@ void visitSettings(Guide& guide, shell::Parent& shell);
 void visitTradeDocuments(Guide& guide, shell::Parent& shell);
 // Money that comes in against invoices, and petty cash that goes out.
 void visitSettlements(Guide& guide, shell::Parent& shell);
+// A journal voucher, its print-out, and the notes of a receipt and of petty cash.
+void visitJournal(Guide& guide, shell::Parent& shell);
 // One invoice in every layout, on plain paper and on the company's own letterhead, and the label sheets.
 void visitPrintOuts(Guide& guide, shell::Parent& shell);
 
