@@ -29,16 +29,17 @@ struct Amount {
   const char* bills;
   const char* field;
   const char* total;
+  int width;  // in characters
 };
 
-constexpr std::array amounts{Amount{"Invoice Amount", "Invoice Amount", "TrAmounts", "InvTxt"},
-                             Amount{"Returns", "Returns", "Returns", "RetTxt"},
-                             Amount{"Amount Rec.", "Amount Paid", "Payments", "RecTxt"},
-                             Amount{"W.H. Tax", "W.H. Tax", "WHTaxs", "WHTxt"},
-                             Amount{"Advance Adj.", "Advance Adj.", "AdvAdjs", "AdvTxt"},
-                             Amount{"Discount", "Discount", "Discounts", "DisTxt"},
-                             Amount{"Total Credited", "Total Debited", "TotPayments", "TotTxt"},
-                             Amount{"Balance Amount", "Balance Amount", "BalAmt", "BalTxt"}};
+constexpr std::array amounts{Amount{"Invoice Amount", "Invoice Amount", "TrAmounts", "InvTxt", 13},
+                             Amount{"Returns", "Returns", "Returns", "RetTxt", 8},
+                             Amount{"Amount Rec.", "Amount Paid", "Payments", "RecTxt", 10},
+                             Amount{"W.H. Tax", "W.H. Tax", "WHTaxs", "WHTxt", 7},
+                             Amount{"Advance Adj.", "Advance Adj.", "AdvAdjs", "AdvTxt", 10},
+                             Amount{"Discount", "Discount", "Discounts", "DisTxt", 8},
+                             Amount{"Total Credited", "Total Debited", "TotPayments", "TotTxt", 11},
+                             Amount{"Balance Amount", "Balance Amount", "BalAmt", "BalTxt", 13}};
 constexpr int firstAmount = 2;
 
 const char* captionOf(const SettlementKind& kind, const Amount& amount) {
@@ -50,14 +51,14 @@ std::vector<forms::TableColumn> columnsOf(const SettlementKind& kind) {
       {.caption = "Invoice No.",
        .field = std::string(keyColumn(kind)),
        .alignment = isReceipt(kind) ? Right : Left,
-       .width = 13},
-      {.caption = "Invoice Date", .field = "TranDate", .format = "dd-mm-yyyy", .alignment = Centre, .width = 11}};
+       .width = 9},
+      {.caption = "Invoice Date", .field = "TranDate", .format = "dd-mm-yyyy", .alignment = Centre, .width = 10}};
   for (const Amount& amount : amounts)
     columns.push_back({.caption = captionOf(kind, amount),
                        .field = amount.field,
                        .format = "0.00;(0.00)",
                        .alignment = Right,
-                       .width = 12});
+                       .width = amount.width});
   return columns;
 }
 

@@ -38,6 +38,7 @@ void takeCheque(Guide& guide, shell::Parent& shell) {
                      guide.press(Qt::Key_Return);
                    });
   }
+  guide.focus(grid);
   grid.setCurrentIndex(grid.model()->index(1, 3));
   guide.type(QStringLiteral("2"));
   guide.press(Qt::Key_Return);
