@@ -34,7 +34,7 @@ void DropCombo::setSource(store::Recordset rows, std::string_view shownField, st
   clear();
   bound_.clear();
   QStringList shown;
-  if (!rows.isEmpty())
+  if (rows.isOpen() && !rows.isEmpty())
     for (rows.moveFirst(); !rows.eof(); rows.moveNext()) {
       shown << QString::fromStdString(rows.text(shownField));
       bound_.push_back(rows.value(boundField));

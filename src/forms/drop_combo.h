@@ -17,7 +17,7 @@ class DropCombo : public QComboBox {
  public:
   explicit DropCombo(QWidget* parent = nullptr);
 
-  // Reads all rows, from the first. The text becomes empty.
+  // Reads all rows, from the first; a closed recordset has none. The text becomes empty.
   void setSource(store::Recordset rows, std::string_view shownField, std::string_view boundField);
 
   // Whether the text is an entry of the list, whatever the case of its letters.

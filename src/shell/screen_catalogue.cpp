@@ -18,6 +18,7 @@
 #include "masters/user_rights.h"
 #include "reports/acc_ledgers.h"
 #include "reports/daily_journal.h"
+#include "reports/print_ledgers.h"
 #include "reports/print_vouchers.h"
 #include "shell/about.h"
 #include "shell/company_info.h"
@@ -114,6 +115,7 @@ constexpr ScreenEntry screens[] = {
     {"Jobs", ScreenKind::Dialog, masters::makeJobs},
     {"DailyJournal", ScreenKind::ChildWindow, reports::makeDailyJournal},
     {"AccLedgers", ScreenKind::ChildWindow, reports::makeAccLedgers},
+    {"PrintLedgers", ScreenKind::Dialog, reports::makePrintLedgers},
     {"PrintVouchers", ScreenKind::Dialog, makePrintVouchers},
     {"CompanyInfo", ScreenKind::Dialog, makeCompanyInfo},
     {"LogoSetting", ScreenKind::Dialog, makeLogoSetting},

@@ -23,6 +23,8 @@ void visitTradeDocuments(Guide& guide, shell::Parent& shell);
 void visitSettlements(Guide& guide, shell::Parent& shell);
 // A journal voucher, its print-out, and the notes of a receipt and of petty cash.
 void visitJournal(Guide& guide, shell::Parent& shell);
+// The ledger of a customer, the ledgers of many accounts, the day book, and runs of vouchers.
+void visitLedgerReports(Guide& guide, shell::Parent& shell);
 // One invoice in every layout, on plain paper and on the company's own letterhead, and the label sheets.
 void visitPrintOuts(Guide& guide, shell::Parent& shell);
 
