@@ -45,13 +45,13 @@ QLabel* caption(const std::string& text) {
 
 // The control that a caption stands for.
 std::string captioned(const ReportFilter& filter) {
-  return std::visit(Overloaded{[](const ReportOption&) { return std::string(); },
-                               [](const ReportOptions&) { return std::string(); },
-                               [](const ReportPeriodBoxes& boxes) { return boxes.from; },
-                               [](const ReportAccount& account) { return account.code; },
-                               [](const ReportList& list) { return list.name; },
-                               [](const ReportDigits& digits) { return digits.name; }},
-                    filter);
+  return std::visit(
+      Overloaded{[](const ReportOption&) { return std::string(); }, [](const ReportOptions&) { return std::string(); },
+                 [](const ReportPeriodBoxes& boxes) { return boxes.from; },
+                 [](const ReportAccount& account) { return account.code; },
+                 [](const ReportList& list) { return list.name; },
+                 [](const ReportDigits& digits) { return digits.name; }},
+      filter);
 }
 
 void clear(QWidget& control) {
@@ -72,14 +72,18 @@ ReportFilters::ReportFilters(const std::vector<ReportFilterRow>& rows, session::
   grid->setColumnStretch(1, 1);
   int line = 0;
   for (const ReportFilterRow& filters : rows) {
-    auto* rest = new QHBoxLayout;
-    forms::setGrid(*rest, 0);
     if (const auto* options = std::get_if<ReportOptions>(&filters.front())) {
       grid->addWidget(makeOptions(*options), line++, 0, 1, 2);
       continue;
     }
     QWidget* leading = lead(filters.front());
+    if (filters.size() == 1 && std::holds_alternative<ReportOption>(filters.front())) {
+      grid->addWidget(leading, line++, 0, 1, 2);
+      continue;
+    }
     if (leading) grid->addWidget(leading, line, 0);
+    auto* rest = new QHBoxLayout;
+    forms::setGrid(*rest, 0);
     addControls(filters.front(), leading, *rest);
     for (const ReportFilter& filter : filters | std::views::drop(1)) {
       QWidget* before = lead(filter);
@@ -124,26 +128,25 @@ QWidget* ReportFilters::makeOptions(const ReportOptions& options) {
   grid->setVerticalSpacing(forms::spacing::Tight);
   grid->setHorizontalSpacing(forms::spacing::Section);
   for (int i = 0; i < static_cast<int>(options.captions.size()); ++i)
-    grid->addWidget(makeButton(options.name + "_" + std::to_string(i),
-                               options.captions[static_cast<std::size_t>(i)], options.name, {}),
+    grid->addWidget(makeButton(options.name + "_" + std::to_string(i), options.captions[static_cast<std::size_t>(i)],
+                               options.name, {}),
                     i / options.columns, i % options.columns);
   return frame;
 }
 
 QWidget* ReportFilters::lead(const ReportFilter& filter) {
-  return std::visit(
-      Overloaded{[&](const ReportOption& option) -> QWidget* {
-                   return makeButton(option.name, option.caption, option.group, option.inputs);
-                 },
-                 [&](const ReportPeriodBoxes& boxes) -> QWidget* {
-                   if (boxes.check.empty()) return caption(boxes.caption);
-                   return makeButton(boxes.check, boxes.caption, {}, {boxes.from, boxes.to});
-                 },
-                 [&](const ReportAccount& account) -> QWidget* { return caption(account.caption); },
-                 [&](const ReportList& list) -> QWidget* { return caption(list.caption); },
-                 [&](const ReportDigits& digits) -> QWidget* { return caption(digits.caption); },
-                 [](const ReportOptions&) -> QWidget* { return nullptr; }},
-      filter);
+  return std::visit(Overloaded{[&](const ReportOption& option) -> QWidget* {
+                                 return makeButton(option.name, option.caption, option.group, option.inputs);
+                               },
+                               [&](const ReportPeriodBoxes& boxes) -> QWidget* {
+                                 if (boxes.check.empty()) return caption(boxes.caption);
+                                 return makeButton(boxes.check, boxes.caption, {}, {boxes.from, boxes.to});
+                               },
+                               [&](const ReportAccount& account) -> QWidget* { return caption(account.caption); },
+                               [&](const ReportList& list) -> QWidget* { return caption(list.caption); },
+                               [&](const ReportDigits& digits) -> QWidget* { return caption(digits.caption); },
+                               [](const ReportOptions&) -> QWidget* { return nullptr; }},
+                    filter);
 }
 
 void ReportFilters::addControls(const ReportFilter& filter, QWidget* leading, QHBoxLayout& row) {
@@ -208,7 +211,8 @@ void ReportFilters::addList(const ReportList& list, QHBoxLayout& row) {
                    list.shown, list.bound);
   };
   read();
-  if (!list.parent.empty()) connect(&control<forms::DropCombo>(list.parent), &forms::DropCombo::entryChanged, box, read);
+  if (!list.parent.empty())
+    connect(&control<forms::DropCombo>(list.parent), &forms::DropCombo::entryChanged, box, read);
 }
 
 // A control is enabled while every button that has it among its inputs is chosen and enabled itself.

@@ -25,16 +25,23 @@ std::vector<forms::TableColumn> gridColumns() {
                               .field = field,
                               .format = frame::figureFormat,
                               .alignment = ColumnAlignment::Right,
-                              .width = 14};
+                              .width = 12};
   };
-  return {{.caption = "Date", .field = "TranDate", .format = "dd-mm-yyyy", .width = 12},
-          {.caption = "Tran No", .field = "TranRefShort", .width = 12},
-          {.caption = "Reference No.", .field = "d1", .width = 14},
+  return {{.caption = "Date", .field = "TranDate", .format = "dd-mm-yyyy", .width = 10},
+          {.caption = "Tran No", .field = "TranRefShort", .width = 10},
+          {.caption = "Reference No.", .field = "d1", .width = 12},
           {.caption = "Description", .field = "Desc", .width = 50},
           figure("Debit", "Debit"),
           figure("Credit", "Credit"),
           figure("Balance", "Balance"),
           {.caption = "Status", .field = "Status", .width = 8}};
+}
+
+// A sheet has room for the whole description.
+std::vector<forms::TableColumn> sheetColumns() {
+  std::vector<forms::TableColumn> columns = gridColumns();
+  columns[0].width = 12;
+  return columns;
 }
 
 bool checkAccount(ReportScreen& screen, ReportUse use) {
@@ -121,7 +128,7 @@ frame::ReportSheet sheetOf(ReportScreen& screen) {
   const frame::ReportModel& lines = screen.model(grid);
   return {.title = "Ledger " + filters.text("Acc"),
           .head = {filters.text("Acc"), words},
-          .columns = gridColumns(),
+          .columns = sheetColumns(),
           .opening =
               {{}, {}, {}, screen.figure("OBLbl1"), {}, {}, amountIn(screen.figure("OBLbl2")), screen.figure("OBLbl3")},
           .totals = {{},

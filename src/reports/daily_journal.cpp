@@ -20,12 +20,12 @@ std::vector<forms::TableColumn> gridColumns() {
                               .field = caption,
                               .format = frame::figureFormat,
                               .alignment = ColumnAlignment::Right,
-                              .width = 15};
+                              .width = 12};
   };
-  return {{.caption = "Date", .field = "TranDate", .format = "dd-mm-yyyy", .width = 12},
-          {.caption = "Tran. No.", .field = "TranRefShort", .width = 12},
-          {.caption = "Acc Code", .field = "AccCode", .width = 11},
-          {.caption = "Account Name", .field = "AccName", .width = 28},
+  return {{.caption = "Date", .field = "TranDate", .format = "dd-mm-yyyy", .width = 10},
+          {.caption = "Tran. No.", .field = "TranRefShort", .width = 10},
+          {.caption = "Acc Code", .field = "AccCode", .width = 10},
+          {.caption = "Account Name", .field = "AccName", .width = 24},
           {.caption = "Description", .field = "Desc", .width = 42},
           figure("Debit"),
           figure("Credit")};

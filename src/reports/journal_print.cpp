@@ -10,9 +10,9 @@ namespace {
 
 std::vector<Column> lineColumns(const std::string& currencyCode) {
   return {dateColumn(),
-          {.heading = "Tran. No.", .dataField = "tranrefshort", .width = mm(20)},
+          {.heading = "Tran. No.", .dataField = "tranrefshort", .width = mm(18)},
           {.heading = " Acc Code", .dataField = "acccode", .width = mm(18)},
-          {.heading = " Account Name", .dataField = "accname", .width = mm(40)},
+          {.heading = " Account Name", .dataField = "accname", .width = mm(36)},
           {.heading = " Description", .dataField = "desc"},
           amountColumn("Debit " + currencyCode, "debit", "Lbl1", "DebitSum"),
           amountColumn("Credit " + currencyCode, "credit", "Lbl2", "CreditSum")};

@@ -57,7 +57,7 @@ std::string selection(const frame::ReportFilters& filters) {
   return {};
 }
 
-printing::Report printOut(ReportScreen& screen) {
+std::optional<printing::Report> printOut(ReportScreen& screen) {
   session::LoginContext& context = screen.workplace().context;
   const text::DateTime today = screen.workplace().clock.today();
   const frame::ReportFilters& filters = screen.filters();
@@ -69,6 +69,8 @@ printing::Report printOut(ReportScreen& screen) {
     ledgers.openShape(context.KORDconn, ledgersHierarchy(context.FYID, selection(filters), period.from,
                                                          ofPeriod ? frame::periodFilter(period) : std::string()));
   }
+  screen.showMessage(ledgers.isEmpty() ? ReportScreen::tr("There are no such accounts.") : QString());
+  if (ledgers.isEmpty()) return std::nullopt;
   return ledgersPrint(context,
                       {.period = ofPeriod ? ledgerFromTo(period.from, period.to) : ledgerEndedOn(today),
                        .broughtForward = ofPeriod,
@@ -143,6 +145,7 @@ class PrintLedgersDialog : public frame::ReportDialog {
     wait_->setVisible(waiting);
     screen().filters().setVisible(!waiting);
     screen().findChild<QWidget*>("PrintBttn")->setEnabled(!waiting);
+    adjustSize();
   }
 
   void updateBalances() {
