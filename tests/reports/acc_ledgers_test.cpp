@@ -236,24 +236,45 @@ TEST_F(AccLedgers, SavesSeparatedValues) {
   EXPECT_THAT(text, testing::HasSubstr("REF 7,'=1+1,250.5,0,350.5,Debit\r\n"));
 }
 
-TEST_F(AccLedgers, AFullDiskLeavesNoSheet) {
+TEST_F(AccLedgers, ASheetThatCannotBeWrittenLeavesTheOldOne) {
   trade();
+  addAccount(12001004, "A/C \"O'Neill\" =1+1");
+  post({.day = "10-05-2026", .lines = {{12001004, 1, 0}}});
+  context->AccountsRS.requery();
   open(makeAccLedgers);
-  write("ACodeTxt", "12001002");
-  for (const char* name : {"full.xlsx", "full.csv"}) {
-    files.name = (company.folder() / name).string();
-    const bool plain = std::string(name).ends_with("csv");
-    prompts.expect("Spreadsheet Not Saved",
-                   plain ? "The file could not be written completely, because the disk is full or a file may not grow "
-                           "so large. Nothing was saved."
-                         : "The spreadsheet could not be written completely, because the disk is full or a file may "
-                           "not grow so large. Nothing was saved.");
+  write("ACodeTxt", "12001004");
+  const std::filesystem::path folder = company.folder();
+  const auto contents = [](const std::filesystem::path& place) {
+    std::ifstream file(place);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  };
+  constexpr const char* full =
+      " could not be written completely, because the disk is full or a file may not grow so large. Nothing was saved.";
+  for (const auto& [name, words] : {std::pair("old.xlsx", "The spreadsheet"), std::pair("old.csv", "The file")}) {
+    files.name = (folder / name).string();
+    std::ofstream(files.name) << "old";
+    prompts.expect("Spreadsheet Not Saved", std::string(words) + full);
     {
       const test::SmallDisk disk(64);
       click("ExcelBttn");
     }
-    EXPECT_FALSE(std::filesystem::exists(files.name)) << name;
+    EXPECT_EQ(contents(files.name), "old") << name;
   }
+  EXPECT_EQ(files.proposedName, "Ledger A-C -O'Neill- =1+1.xlsx");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 3) << "a piece of a sheet was left";
+  std::filesystem::create_directory(folder / "taken.csv");
+  const std::string missing = "There is no folder \"" + (folder / "missing").string() + "\".";
+  const std::string taken = "\"" + (folder / "taken.csv").string() + "\" is a folder. Give another name.";
+  for (const auto& [name, words] :
+       {std::pair("missing/a.xlsx", missing), {"missing/a.csv", missing}, {"taken.csv", taken}}) {
+    files.name = (folder / name).string();
+    prompts.expect("Spreadsheet Not Saved", words);
+    click("ExcelBttn");
+  }
+  prompts.expect("Spreadsheet Saved", "1 row was saved in \"" + (folder / "old.csv").string() + "\".");
+  files.name = (folder / "old.csv").string();
+  click("ExcelBttn");
+  EXPECT_THAT(contents(files.name), testing::StartsWith("\xEF\xBB\xBF\"A/C \"\"O'Neill\"\" =1+1\"\r\n"));
 }
 
 }  // namespace
