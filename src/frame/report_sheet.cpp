@@ -16,10 +16,10 @@ ReportSheet plainSheet(ReportScreen& screen) {
   const std::string shown = screen.grid().objectName().toStdString();
   const auto grid = std::ranges::find(grids, shown, &ReportGrid::name);
   if (grid == grids.end() || grid->sums.empty()) return sheet;
-  for (const forms::TableColumn& column : sheet.columns)
-    sheet.totals.push_back(std::ranges::find(grid->sums, column.field) == grid->sums.end()
-                               ? store::Value()
-                               : store::Value(model.sum(column.field)));
+  for (const forms::TableColumn& column : sheet.columns) {
+    store::Value& total = sheet.totals.emplace_back();
+    if (std::ranges::find(grid->sums, column.field) != grid->sums.end()) total = model.sum(column.field);
+  }
   return sheet;
 }
 

@@ -1,5 +1,6 @@
 #include "masters/list_sheet.h"
 
+#include "printing/level_heading.h"
 #include "printing/report_walk.h"
 
 namespace velmo::masters {
@@ -11,46 +12,14 @@ namespace {
 constexpr Twips CodeWidth = mm(28);
 constexpr Twips Inset = mm(0.9);
 
-struct HeadingStyle {
-  Twips above = 0;  // white, before the heading
-  Twips height = 0;
-  FontSpec font = {};
-  QRgb ground = ink::None;
-  QRgb colour = ink::Black;
-};
-
-// The outermost level stands on a band, those within it on a thin rule.
-HeadingStyle styleOf(std::size_t level) {
-  if (level == 0) return {mm(2), mm(6.6), {.size = 9.5, .weight = Weight::Bold}, ink::Band, ink::Accent};
-  return {mm(1), mm(5.6), {.size = 8.5, .weight = Weight::SemiBold}, ink::None, ink::Accent};
-}
-
-Section levelHeading(const ListLevel& level, std::size_t depth, Twips width) {
-  const HeadingStyle style = styleOf(depth);
-  const Twips textHeight = points(style.font.size * 1.28);
-  const Twips top = style.above + (style.height - textHeight) / 2;
-  Section heading{.name = level.dataMember + "Heading",
-                  .height = style.above + style.height,
-                  .keep = Keep::WithNext,
-                  .repeat = Repeat::EveryPage};
-  if (style.ground != ink::None)
-    heading.elements.push_back({.at = {0, style.above, width, style.height},
-                                .content = Box{.fill = style.ground},
-                                .stretch = Stretch::WithContents});
-  const bool coded = !level.codeField.empty();
-  const Twips nameLeft = coded ? CodeWidth + Inset : Inset;
-  if (coded)
-    heading.elements.push_back({.at = {Inset, top, CodeWidth - 2 * Inset, textHeight},
-                                .content = Field{level.codeField, {}, {}},
-                                .font = style.font,
-                                .colour = style.colour});
-  heading.elements.push_back({.at = {nameLeft, top, width - nameLeft - Inset, textHeight},
-                              .content = Field{level.nameField, {}, {}},
-                              .font = style.font,
-                              .colour = style.colour});
-  if (style.ground == ink::None)
-    heading.elements.push_back({.at = {0, heading.height, width, 0}, .content = Line{10, ink::Quiet}});
-  return heading;
+Section headingOf(const ListLevel& level, std::size_t depth, Twips width) {
+  LevelHeading heading{.name = level.dataMember + "Heading"};
+  if (level.codeField.empty())
+    heading.fields = {{.dataField = level.nameField, .width = width}};
+  else
+    heading.fields = {{.dataField = level.codeField, .width = CodeWidth},
+                      {.dataField = level.nameField, .left = CodeWidth, .width = width - CodeWidth}};
+  return levelHeading(heading, depth, width);
 }
 
 Section pageHead(Report& report, const Letterhead& letterhead, const std::vector<ColumnPlace>& columns) {
@@ -129,7 +98,7 @@ Report listReport(const session::LoginContext& context, const ListSheet& sheet, 
   report.design.pageHeader = pageHead(report, letterhead, columns);
   for (std::size_t depth = 0; depth < sheet.levels.size(); ++depth)
     report.design.groups.push_back(
-        {.dataMember = sheet.levels[depth].dataMember, .header = levelHeading(sheet.levels[depth], depth, width)});
+        {.dataMember = sheet.levels[depth].dataMember, .header = headingOf(sheet.levels[depth], depth, width)});
   report.design.detailMember = sheet.dataMember;
   report.design.detail = tableLine(columns, width);
   report.design.reportFooter = countOfLines(sheet, width);

@@ -34,6 +34,7 @@ struct Paper {
 };
 
 inline constexpr Paper A4{mm(210), mm(297)};
+inline constexpr Paper A4Landscape{mm(297), mm(210)};
 inline constexpr Paper A5{mm(148), mm(210)};
 inline constexpr Paper A5Landscape{mm(210), mm(148)};
 inline constexpr Paper Roll80{mm(80), 0};

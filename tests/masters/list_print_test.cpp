@@ -7,6 +7,7 @@
 #include "masters/stock_list2_print.h"
 #include "masters/stock_list3_print.h"
 #include "masters/stock_list4_print.h"
+#include "printing/page_lines.h"
 #include "printing/page_pictures.h"
 #include "schema/company_schema.h"
 #include "support/new_company.h"
@@ -17,6 +18,7 @@ namespace {
 using namespace printing;
 using printing::test::expectNothingOverlaps;
 using printing::test::leavePictures;
+using printing::test::linesOf;
 using printing::test::pagesOf;
 
 using Print = Report (*)(const session::LoginContext&, const store::Recordset&, text::DateTime);
@@ -85,30 +87,8 @@ class ListPrint : public testing::Test {
     return pages;
   }
 
-  // What stands between the column headings and the foot of the pages, a line of a page as one text, fields parted by
-  // "|". The headings of levels begin with "= " and "- ".
-  static std::vector<std::string> bodyOf(const std::vector<Page>& pages) {
-    std::vector<std::string> lines;
-    for (const Page& page : pages) {
-      std::map<Twips, std::vector<TextRun>> rows;
-      for (const TextRun& run : page.drawing.texts)
-        if (run.colour != 0xffffffff && run.colour != ink::Quiet) rows[run.at.top].push_back(run);
-      for (auto& [top, runs] : rows) {
-        std::sort(runs.begin(), runs.end(),
-                  [](const TextRun& one, const TextRun& other) { return one.at.left < other.at.left; });
-        std::string line;
-        for (const TextRun& run : runs) line += (line.empty() ? "" : "|") + page.drawing.textOf(run).toStdString();
-        const FontSpec font = runs.front().font;
-        if (font.size > 10) continue;  // company and title
-        if (font.weight == Weight::Bold) line = "= " + line;
-        if (font.weight == Weight::SemiBold) line = "- " + line;
-        lines.push_back(line);
-      }
-    }
-    return lines;
-  }
   std::vector<std::string> body(Print printOut, const std::string& hierarchy, const char* picture = nullptr) {
-    return bodyOf(print(printOut, hierarchy, picture));
+    return linesOf(print(printOut, hierarchy, picture));
   }
 
   velmo::test::NewCompany company;
@@ -248,7 +228,7 @@ TEST_F(ListPrint, HeadingsAreNeverLeftAloneAndComeAgainOverleaf) {
   int continued = 0;
   std::string before;
   for (const Page& page : pages) {
-    const Lines lines = bodyOf({page});
+    const Lines lines = linesOf({page});
     ASSERT_GT(lines.size(), 3U);
     EXPECT_TRUE(lines[0].starts_with("= 120|")) << lines[0];
     EXPECT_TRUE(lines[1].starts_with("- ")) << lines[1];
