@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "printing/report.h"
+#include "session/login_context.h"
+
+// The print-outs of balances. `today` is the day of the print-out.
+namespace velmo::reports {
+
+// What a print-out shows beside its rows.
+struct BalancesSheet {
+  std::string reportLabel = "Trial Balance";
+  std::string nameHeading = "Account Name";
+  text::DateTime from = {};
+  text::DateTime to = {};
+  std::string opening = {};  // totals of the six columns with their side: "125.00  Debit "
+  std::string closing = {};
+  text::DateTime today = {};
+};
+
+using BalancesData = std::shared_ptr<const printing::ReportData>;
+
+// `AccBalRpt` and `AccBalRpt2`: the accounts under their types and sub types, in six and in two columns.
+printing::Report accBalRpt(const session::LoginContext& context, const BalancesSheet& sheet, BalancesData hierarchy);
+printing::Report accBalRpt2(const session::LoginContext& context, const BalancesSheet& sheet, BalancesData hierarchy);
+
+// `AccBalRptRange`, and by their labels `AccBalRptCus`, `AccBalRptSup` and `AccBalRptCash`: six columns without groups.
+printing::Report accBalRptRange(const session::LoginContext& context, const BalancesSheet& sheet, BalancesData rows);
+// `AccBalRptRange2`: two columns without groups.
+printing::Report accBalRptRange2(const session::LoginContext& context, const BalancesSheet& sheet, BalancesData rows);
+
+}  // namespace velmo::reports
