@@ -5,11 +5,9 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QRadioButton>
 #include <ranges>
-#include <stdexcept>
 
 #include "forms/date_picker.h"
 #include "forms/digits_box.h"
@@ -17,7 +15,9 @@
 #include "forms/look.h"
 #include "frame/account_code_box.h"
 #include "frame/account_drop_list.h"
+#include "frame/input_governor.h"
 #include "frame/own_fields.h"
+#include "frame/report_entry_boxes.h"
 
 namespace velmo::frame {
 namespace {
@@ -50,17 +50,9 @@ std::string captioned(const ReportFilter& filter) {
                  [](const ReportPeriodBoxes& boxes) { return boxes.from; },
                  [](const ReportAccount& account) { return account.code; },
                  [](const ReportList& list) { return list.name; },
+                 [](const ReportEntryBoxes&) { return std::string(); },
                  [](const ReportDigits& digits) { return digits.name; }},
       filter);
-}
-
-void clear(QWidget& control) {
-  if (auto* list = qobject_cast<forms::DropCombo*>(&control))
-    list->setBoundValue({});
-  else if (auto* line = qobject_cast<QLineEdit*>(&control))
-    line->clear();
-  else if (auto* button = qobject_cast<QCheckBox*>(&control))
-    button->setChecked(false);
 }
 
 }  // namespace
@@ -71,32 +63,61 @@ ReportFilters::ReportFilters(const std::vector<ReportFilterRow>& rows, session::
   forms::setGrid(*grid, 0);
   grid->setColumnStretch(1, 1);
   int line = 0;
-  for (const ReportFilterRow& filters : rows) {
-    if (const auto* options = std::get_if<ReportOptions>(&filters.front())) {
-      grid->addWidget(makeOptions(*options), line++, 0, 1, 2);
-      continue;
+  for (const ReportFilterRow& filters : rows) addRow(filters, *grid, line++);
+  alignLeads();
+  makeGovernor();
+}
+
+void ReportFilters::addRow(const ReportFilterRow& filters, QGridLayout& grid, int line) {
+  if (const auto* options = std::get_if<ReportOptions>(&filters.front())) {
+    grid.addWidget(makeOptions(*options), line, 0, 1, 2);
+    return;
+  }
+  QWidget* leading = lead(filters.front());
+  if (filters.size() == 1 && std::holds_alternative<ReportOption>(filters.front())) {
+    grid.addWidget(leading, line, 0, 1, 2);
+    return;
+  }
+  if (leading) grid.addWidget(leading, line, 0);
+  auto* rest = new QHBoxLayout;
+  forms::setGrid(*rest, 0);
+  addControls(filters.front(), leading, *rest);
+  std::vector<QWidget*> leads;
+  for (const ReportFilter& filter : filters | std::views::drop(1)) {
+    QWidget* before = lead(filter);
+    if (before) rest->addWidget(before);
+    addControls(filter, before, *rest);
+    leads.push_back(before);
+  }
+  const bool fills = std::ranges::any_of(
+      filters, [](const ReportFilter& filter) { return std::holds_alternative<ReportAccount>(filter); });
+  if (!fills) rest->addStretch(1);
+  grid.addLayout(rest, line, 1);
+  std::vector<std::size_t> kinds;
+  for (const ReportFilter& filter : filters) kinds.push_back(filter.index());
+  leads_[kinds].push_back(std::move(leads));
+}
+
+void ReportFilters::alignLeads() {
+  for (const auto& [kinds, rows] : leads_)
+    for (std::size_t at = 0; at + 1 < kinds.size(); ++at) {
+      int width = 0;
+      for (const std::vector<QWidget*>& leads : rows)
+        if (leads[at]) width = std::max(width, leads[at]->sizeHint().width());
+      for (const std::vector<QWidget*>& leads : rows)
+        if (leads[at]) leads[at]->setMinimumWidth(width);
     }
-    QWidget* leading = lead(filters.front());
-    if (filters.size() == 1 && std::holds_alternative<ReportOption>(filters.front())) {
-      grid->addWidget(leading, line++, 0, 1, 2);
-      continue;
-    }
-    if (leading) grid->addWidget(leading, line, 0);
-    auto* rest = new QHBoxLayout;
-    forms::setGrid(*rest, 0);
-    addControls(filters.front(), leading, *rest);
-    for (const ReportFilter& filter : filters | std::views::drop(1)) {
-      QWidget* before = lead(filter);
-      if (before) rest->addWidget(before);
-      addControls(filter, before, *rest);
-    }
-    const bool fills = std::ranges::any_of(
-        filters, [](const ReportFilter& filter) { return std::holds_alternative<ReportAccount>(filter); });
-    if (!fills) rest->addStretch(1);
-    grid->addLayout(rest, line++, 1);
+}
+
+void ReportFilters::makeGovernor() {
+  auto* governor = new InputGovernor(this);
+  for (const auto& [button, names] : governed_) {
+    std::vector<QWidget*> inputs;
+    for (const std::string& input : names) inputs.push_back(&control<QWidget>(input));
+    governor->add(*button, std::move(inputs));
   }
   for (const auto& [name, group] : groups_) group->buttons().front()->setChecked(true);
-  govern();
+  governor->apply();
 }
 
 void ReportFilters::name(QWidget& control, const std::string& objectName, const std::string& accessibleName) {
@@ -117,8 +138,10 @@ QAbstractButton* ReportFilters::makeButton(const std::string& name, const std::s
     members->addButton(button);
   }
   this->name(*button, name, caption);
-  governors_.push_back({button, std::move(inputs)});
-  connect(button, &QAbstractButton::toggled, this, &ReportFilters::govern);
+  governed_.push_back({button, std::move(inputs)});
+  connect(button, &QAbstractButton::toggled, this, [this, name](bool chosen) {
+    if (chosen) Q_EMIT optionChosen(name);
+  });
   return button;
 }
 
@@ -145,7 +168,8 @@ QWidget* ReportFilters::lead(const ReportFilter& filter) {
                                [&](const ReportAccount& account) -> QWidget* { return caption(account.caption); },
                                [&](const ReportList& list) -> QWidget* { return caption(list.caption); },
                                [&](const ReportDigits& digits) -> QWidget* { return caption(digits.caption); },
-                               [](const ReportOptions&) -> QWidget* { return nullptr; }},
+                               [](const ReportOptions&) -> QWidget* { return nullptr; },
+                               [](const ReportEntryBoxes&) -> QWidget* { return nullptr; }},
                     filter);
 }
 
@@ -154,6 +178,7 @@ void ReportFilters::addControls(const ReportFilter& filter, QWidget* leading, QH
                         [&](const ReportPeriodBoxes& boxes) { addDates(boxes, row); },
                         [&](const ReportAccount& account) { addAccount(account, row); },
                         [&](const ReportList& list) { addList(list, row); },
+                        [&](const ReportEntryBoxes& boxes) { addEntryBoxes(boxes, row); },
                         [&](const ReportDigits& digits) {
                           auto* box = new forms::DigitsBox(this, digits.longest);
                           box->setFixedWidth(box->fontMetrics().averageCharWidth() * (digits.longest + 4));
@@ -204,101 +229,32 @@ void ReportFilters::addList(const ReportList& list, QHBoxLayout& row) {
   box->setMinimumContentsLength(24);
   name(*box, list.name, list.caption);
   row.addWidget(box);
-  const auto read = [this, box, list] {
-    const store::Value parent = list.parent.empty() ? store::Value() : bound(list.parent);
-    if (!list.parent.empty() && store::isNull(parent)) return box->setSource({}, list.shown, list.bound);
-    box->setSource(store::Recordset(workplace_.context.KORDconn, list.statement(parent), store::LockType::ReadOnly),
-                   list.shown, list.bound);
+  const auto reload = [this, box, list] {
+    const store::Recordset rows = read(list);
+    box->setSource(rows, list.shown, list.bound);
+    lists_[list.name] = {rows, rows.isOpen() ? rows.fieldIndex(list.bound) : -1};
   };
-  read();
+  reload();
   if (!list.parent.empty())
-    connect(&control<forms::DropCombo>(list.parent), &forms::DropCombo::entryChanged, box, read);
+    connect(&control<forms::DropCombo>(list.parent), &forms::DropCombo::entryChanged, box, reload);
 }
 
-// A control is enabled while every button that has it among its inputs is chosen and enabled itself.
-void ReportFilters::govern() {
-  std::map<QWidget*, bool> wanted;
-  for (bool settled = false; !settled;) {
-    settled = true;
-    for (const Governor& governor : governors_) {
-      const auto own = wanted.find(governor.button);
-      const bool gives = governor.button->isChecked() && (own == wanted.end() || own->second);
-      for (const std::string& input : governor.inputs) {
-        QWidget* governed = &control<QWidget>(input);
-        const auto [entry, isNew] = wanted.try_emplace(governed, gives);
-        if (isNew || (entry->second && !gives)) settled = false;
-        entry->second = entry->second && gives;
-      }
-    }
-  }
-  for (const auto& [governed, enabled] : wanted) {
-    if (!enabled && governed->isEnabled()) clear(*governed);
-    governed->setEnabled(enabled);
-  }
+store::Recordset ReportFilters::read(const ReportList& list) const {
+  const store::Value parent = list.parent.empty() ? store::Value() : bound(list.parent);
+  if (!list.parent.empty() && !list.wholeWithoutParent && store::isNull(parent)) return {};
+  return {workplace_.context.KORDconn, list.statement(parent), store::LockType::ReadOnly};
 }
 
-template <typename Control>
-Control& ReportFilters::control(std::string_view name) const {
-  const auto found = controls_.find(name);
-  auto* typed = found == controls_.end() ? nullptr : qobject_cast<Control*>(found->second);
-  if (!typed) throw std::logic_error("the report has no control " + std::string(name));
-  return *typed;
-}
-
-bool ReportFilters::chosen(std::string_view name) const {
-  return control<QAbstractButton>(name).isChecked();
-}
-
-int ReportFilters::choice(const std::string& name) const {
-  for (int i = 0; controls_.contains(name + "_" + std::to_string(i)); ++i)
-    if (chosen(name + "_" + std::to_string(i))) return i;
-  throw std::logic_error("the report has no choice " + name);
-}
-
-std::string ReportFilters::text(std::string_view name) const {
-  if (const auto* list = qobject_cast<forms::DropCombo*>(&control<QWidget>(name)))
-    return list->currentText().toStdString();
-  return control<QLineEdit>(name).text().toStdString();
-}
-
-std::int64_t ReportFilters::account(std::string_view name) const {
-  const auto& account = control<AccountCodeBox>(name).account();
-  return account ? account->code : 0;
-}
-
-store::Value ReportFilters::bound(std::string_view name) const {
-  return control<forms::DropCombo>(name).boundValue();
-}
-
-text::DateTime ReportFilters::day(std::string_view name) const {
-  return control<forms::DatePicker>(name).day();
-}
-
-ReportPeriod ReportFilters::period(std::string_view from, std::string_view to) const {
-  return {.from = day(from), .to = day(to)};
-}
-
-void ReportFilters::choose(std::string_view name, bool chosen) {
-  control<QAbstractButton>(name).setChecked(chosen);
-}
-
-void ReportFilters::setText(std::string_view name, const std::string& text) {
-  control<QLineEdit>(name).setText(shownText(text));
-}
-
-void ReportFilters::focus(std::string_view name) {
-  control<QWidget>(name).setFocus(Qt::OtherFocusReason);
-}
-
-bool ReportFilters::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-      Q_EMIT confirmed();
-      return true;
-    }
-  }
-  return QWidget::eventFilter(watched, event);
+void ReportFilters::addEntryBoxes(const ReportEntryBoxes& boxes, QHBoxLayout& row) {
+  auto* group = new ReportEntryGroup(boxes, this);
+  row.addWidget(group);
+  connect(&control<forms::DropCombo>(boxes.list), &forms::DropCombo::entryChanged, group, [this, group, boxes] {
+    const auto& [rows, field] = lists_.at(boxes.list);
+    const store::Value wanted = bound(boxes.list);
+    std::int64_t at = store::isNull(wanted) ? -1 : rows.recordCount() - 1;
+    while (at >= 0 && rows.valueAt(at, field) != wanted) --at;
+    group->show(rows, at);
+  });
 }
 
 }  // namespace velmo::frame

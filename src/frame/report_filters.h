@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <cstdint>
 #include <map>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,26 +51,36 @@ class ReportFilters : public QWidget {
 
  Q_SIGNALS:
   void confirmed();  // Enter in a date
+  void optionChosen(const std::string& name);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  struct Governor {
+  struct Governed {
     QAbstractButton* button;
     std::vector<std::string> inputs;
   };
 
+  struct ListSource {
+    store::Recordset rows;
+    int bound;  // field
+  };
+
+  void addRow(const ReportFilterRow& filters, QGridLayout& grid, int line);
   QWidget* lead(const ReportFilter& filter);
   void addControls(const ReportFilter& filter, QWidget* leading, QHBoxLayout& row);
   void addDates(const ReportPeriodBoxes& boxes, QHBoxLayout& row);
   void addAccount(const ReportAccount& account, QHBoxLayout& row);
   void addList(const ReportList& list, QHBoxLayout& row);
+  void addEntryBoxes(const ReportEntryBoxes& boxes, QHBoxLayout& row);
+  store::Recordset read(const ReportList& list) const;
+  void alignLeads();
   QWidget* makeOptions(const ReportOptions& options);
   QAbstractButton* makeButton(const std::string& name, const std::string& caption, const std::string& group,
                               std::vector<std::string> inputs);
   void name(QWidget& control, const std::string& objectName, const std::string& accessibleName);
-  void govern();
+  void makeGovernor();
 
   template <typename Control>
   Control& control(std::string_view name) const;
@@ -79,7 +90,18 @@ class ReportFilters : public QWidget {
   AccountDropList* accounts_ = nullptr;
   std::map<std::string, QWidget*, std::less<>> controls_;
   std::map<std::string, QButtonGroup*, std::less<>> groups_;
-  std::vector<Governor> governors_;
+  std::map<std::string, ListSource, std::less<>> lists_;
+  std::vector<Governed> governed_;
+  // What leads the filters behind the first, row by row, by the kinds of filters in the row.
+  std::map<std::vector<std::size_t>, std::vector<std::vector<QWidget*>>> leads_;
 };
+
+template <typename Control>
+Control& ReportFilters::control(std::string_view name) const {
+  const auto found = controls_.find(name);
+  auto* typed = found == controls_.end() ? nullptr : qobject_cast<Control*>(found->second);
+  if (!typed) throw std::logic_error("the report has no control " + std::string(name));
+  return *typed;
+}
 
 }  // namespace velmo::frame

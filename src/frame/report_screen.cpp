@@ -1,44 +1,18 @@
 #include "frame/report_screen.h"
 
-#include <QElapsedTimer>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
-#include <QLineEdit>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include "forms/look.h"
 #include "forms/table_view.h"
-#include "forms/work_progress.h"
 #include "frame/own_fields.h"
-#include "frame/report_drill_down.h"
+#include "frame/report_foot.h"
 #include "frame/report_model.h"
-#include "frame/report_sheet.h"
-#include "frame/wait_cursor.h"
-#include "printing/preview_window.h"
 
 namespace velmo::frame {
-namespace {
-
-constexpr int rowsAtOnce = 1024;
-constexpr int idleStep = 12;    // milliseconds of reading before the screen may repaint
-constexpr int firstSight = 30;  // and before it is shown at all
-
-template <typename Action>
-class Finally {
- public:
-  explicit Finally(Action action) : action_(std::move(action)) {}
-  ~Finally() { action_(); }
-  Finally(const Finally&) = delete;
-  Finally& operator=(const Finally&) = delete;
-
- private:
-  Action action_;
-};
-
-}  // namespace
 
 ReportScreen::ReportScreen(ReportType type, session::Workplace& workplace, QWidget* parent)
     : QWidget(parent), type_(std::move(type)), workplace_(workplace) {
@@ -46,19 +20,22 @@ ReportScreen::ReportScreen(ReportType type, session::Workplace& workplace, QWidg
   setWindowTitle(shownText(type_.caption));
   column_ = new QVBoxLayout(this);
   forms::setGrid(*column_, forms::spacing::Section);
-  message_ = new QLabel;
-  message_->setObjectName("MessageLbl");
-  forms::makeCaption(*message_);
   column_->addWidget(makeHead());
   wait_ = new QLabel(tr("Please wait, while data is being exported to Excel ......"));
   wait_->setObjectName("WaitPic");
   wait_->hide();
   column_->addWidget(wait_);
   if (!type_.grids.empty()) column_->addWidget(makeTables(), 1);
-  column_->addWidget(makeTotals());
+  foot_ = new ReportFoot(type_);
+  for (const auto& [name, box] : foot_->boxes()) figures_[name] = box;
+  column_->addWidget(foot_);
   idle_.setInterval(0);
   connect(&idle_, &QTimer::timeout, this, [this] { attempt("Cannot Show", [this] { readOn(); }); });
-  connect(filters_, &ReportFilters::confirmed, this, &ReportScreen::view);
+  connect(filters_, &ReportFilters::confirmed, this, &ReportScreen::confirm);
+  connect(filters_, &ReportFilters::optionChosen, this, [this](const std::string& option) {
+    for (const ReportGrid& grid : type_.grids)
+      if (grid.shownBy == option) showGrid(grid.name);
+  });
   connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &ReportScreen::closeRequested);
   ShowLedger();
 }
@@ -99,8 +76,7 @@ QAbstractButton* ReportScreen::makeCommand(const ReportCommand& command, const Q
   button->setToolTip(shownKeys.isEmpty() ? hint : tr("%1 (%2)").arg(hint, shownKeys));
   button->setAccessibleDescription(hint);
   connect(button, &QPushButton::clicked, this, std::move(run));
-  if (!keys.isEmpty())
-    connect(new QShortcut(keys, this), &QShortcut::activated, button, [button] { button->click(); });
+  if (!keys.isEmpty()) connect(new QShortcut(keys, this), &QShortcut::activated, button, [button] { button->click(); });
   return button;
 }
 
@@ -119,6 +95,7 @@ void ReportScreen::addCommands(QHBoxLayout& row) {
         makeCommand(standard.command, standard.keys, [this, run = standard.run] { (this->*run)(); });
     if (std::exchange(first, false)) forms::makePrimary(*button);
     row.addWidget(button);
+    commands_.push_back(button);
   }
   for (const ReportCommand& command : type_.others)
     row.addWidget(makeCommand(command, {}, [this, &command] { attempt("Cannot Show", [&] { command.run(*this); }); }));
@@ -131,28 +108,6 @@ void ReportScreen::addLabels(QHBoxLayout& row) {
     label->setFont(forms::figureFont());
     row.addWidget(label);
     figures_[name] = label;
-  }
-}
-
-void ReportScreen::addFigures(QHBoxLayout& row) {
-  QFont font = forms::figureFont();
-  font.setWeight(QFont::DemiBold);
-  for (const ReportFigure& figure : type_.totals) {
-    auto* box = new QLineEdit;
-    box->setObjectName(shownText(figure.name));
-    box->setAccessibleName(shownText(figure.caption.empty() ? figure.name : figure.caption));
-    box->setReadOnly(true);
-    box->setFocusPolicy(Qt::NoFocus);
-    box->setAlignment(Qt::AlignRight);
-    box->setFont(font);
-    box->setFixedWidth(box->fontMetrics().averageCharWidth() * figure.width);
-    if (!figure.caption.empty()) {
-      auto* label = new QLabel(shownText(figure.caption));
-      forms::makeCaption(*label);
-      row.addWidget(label);
-    }
-    row.addWidget(box);
-    figures_[figure.name] = box;
   }
 }
 
@@ -181,21 +136,6 @@ QWidget* ReportScreen::makeTables() {
   return tables_;
 }
 
-QWidget* ReportScreen::makeTotals() {
-  auto* foot = new QWidget;
-  if (!type_.totalsFrame.empty()) foot->setObjectName(shownText(type_.totalsFrame));
-  auto* row = new QHBoxLayout(foot);
-  forms::setGrid(*row, 0);
-  row->addWidget(message_, 1);
-  if (!type_.totalsLabel.empty()) {
-    auto* label = new QLabel(shownText(type_.totalsLabel));
-    label->setObjectName("TtlLbl");
-    row->addWidget(label);
-  }
-  addFigures(*row);
-  return foot;
-}
-
 ReportModel& ReportScreen::model(const std::string& grid) {
   return *byName_.at(grid).model;
 }
@@ -214,6 +154,8 @@ void ReportScreen::setRows(const std::string& grid, std::shared_ptr<ReportRows> 
 
 void ReportScreen::showGrid(const std::string& grid) {
   tables_->setCurrentWidget(byName_.at(grid).view);
+  foot_->showTotalsOf(grid);
+  if (model().rows() && isComplete()) showCount();
 }
 
 void ReportScreen::setFigure(const std::string& name, const std::string& text) {
@@ -235,110 +177,7 @@ bool ReportScreen::refuse(const char* title, const char* text, const char* focus
 }
 
 void ReportScreen::showMessage(const QString& text) {
-  message_->setText(text);
-}
-
-void ReportScreen::attempt(const char* title, const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const store::StoreError& failure) {
-    idle_.stop();
-    message_->clear();
-    workplace_.prompts.tell(title, failure.what());
-  }
-}
-
-bool ReportScreen::load(ReportUse use) {
-  if (type_.check && !type_.check(*this, use)) return false;
-  if (!type_.load) return true;
-  idle_.stop();
-  for (const ReportFigure& figure : type_.totals) setFigure(figure.name, {});
-  const WaitCursor wait;
-  type_.load(*this);
-  QElapsedTimer clock;
-  clock.start();
-  while (!isComplete() && clock.elapsed() < firstSight) readOn();
-  if (isComplete()) completed();
-  return true;
-}
-
-bool ReportScreen::isComplete() const {
-  return std::ranges::all_of(byName_, [](const auto& entry) { return entry.second.model->isComplete(); });
-}
-
-void ReportScreen::readOn() {
-  QElapsedTimer clock;
-  clock.start();
-  for (auto& [name, table] : byName_)
-    while (!table.model->isComplete() && clock.elapsed() < idleStep) table.model->readOn(rowsAtOnce);
-  if (!idle_.isActive()) return;
-  if (isComplete())
-    completed();
-  else
-    message_->setText(tr("Reading ... %1 rows").arg(QLocale(QLocale::English).toString(qlonglong{model().ready()})));
-}
-
-void ReportScreen::completed() {
-  idle_.stop();
-  if (type_.figures) type_.figures(*this);
-  if (!tables_) return;
-  const qlonglong rows = model().ready();
-  message_->setText(rows == 1 ? tr("1 row") : tr("%1 rows").arg(QLocale(QLocale::English).toString(rows)));
-}
-
-void ReportScreen::view() {
-  if (type_.view.name.empty()) return print();
-  attempt("Cannot Show", [this] {
-    if (!load(ReportUse::View)) return;
-    if (!isComplete()) idle_.start();
-    if (tables_ && model().rowCount() > 0) grid().selectRow(0);
-  });
-}
-
-bool ReportScreen::finishReading() {
-  if (isComplete()) return true;
-  idle_.stop();
-  {
-    forms::WorkProgress progress(this, tr("Reading the rows ..."));
-    while (!isComplete())
-      for (auto& [name, table] : byName_) {
-        table.model->readOn(rowsAtOnce);
-        if (progress.report(table.model->ready())) continue;
-        idle_.start();
-        return false;
-      }
-  }
-  completed();
-  return true;
-}
-
-void ReportScreen::print() {
-  if (!type_.printOut) return;
-  attempt("Cannot Print", [this] {
-    if (!load(ReportUse::Print) || !finishReading()) return;
-    std::optional<printing::Report> report = type_.printOut(*this);
-    if (report) printing::showPreview(this, std::move(*report), workplace_.files);
-  });
-}
-
-void ReportScreen::exportSheet() {
-  if (!tables_) return;
-  attempt("Spreadsheet Not Saved", [this] {
-    if (!load(ReportUse::Export) || !finishReading()) return;
-    wait_->show();
-    const Finally hide([this] { wait_->hide(); });
-    saveReportSheet(*this);
-  });
-}
-
-void ReportScreen::drillDown(std::int64_t row) {
-  attempt("Cannot Open", [&] {
-    if (type_.drillDown) return type_.drillDown(*this, row);
-    const store::Value tranNo = model().value(row, "TranNo");
-    if (store::isBlank(tranNo)) return;
-    openDocument(workplace_, static_cast<int>(store::integerOf(model().value(row, "TranType"))),
-                 store::integerOf(tranNo));
-  });
+  foot_->showMessage(text);
 }
 
 ReportDialog::ReportDialog(ReportType type, session::Workplace& workplace, QWidget* parent) : QDialog(parent) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 #include <map>
@@ -21,6 +22,7 @@ class TableView;
 
 namespace velmo::frame {
 
+class ReportFoot;
 class ReportModel;
 class ReportRows;
 
@@ -66,7 +68,6 @@ class ReportScreen : public QWidget {
  Q_SIGNALS:
   void closeRequested();
 
-
  private:
   struct Table {
     ReportModel* model;
@@ -77,14 +78,15 @@ class ReportScreen : public QWidget {
   void addCommands(QHBoxLayout& row);
   QAbstractButton* makeCommand(const ReportCommand& command, const QKeySequence& keys, std::function<void()> run);
   void addLabels(QHBoxLayout& row);
-  void addFigures(QHBoxLayout& row);
   QWidget* makeTables();
-  QWidget* makeTotals();
   Table makeTable(const ReportGrid& grid);
   bool load(ReportUse use);
   bool isComplete() const;
   void readOn();
   void completed();
+  void showCount();
+  void setRunning(bool running);
+  void confirm();
   void attempt(const char* title, const std::function<void()>& action);
   void drillDown(std::int64_t row);
 
@@ -93,8 +95,10 @@ class ReportScreen : public QWidget {
   ReportFilters* filters_ = nullptr;
   QVBoxLayout* column_ = nullptr;
   QStackedWidget* tables_ = nullptr;
-  QLabel* message_ = nullptr;
   QLabel* wait_ = nullptr;
+  ReportFoot* foot_ = nullptr;
+  std::vector<QAbstractButton*> commands_;  // view, print and sheet
+  QPointer<QWidget> hadFocus_;
   std::map<std::string, Table, std::less<>> byName_;
   std::map<std::string, QWidget*, std::less<>> figures_;  // boxes and labels
   QTimer idle_;

@@ -14,7 +14,7 @@ namespace velmo::frame {
 
 class ReportScreen;
 
-// ---- What a report asks for. A name is the objectName of the control; an element of an array is "LedgerDt_0". --------
+// ---- What a report asks for. A name is the objectName of the control; an element of an array is "LedgerDt_0". -----
 
 // One button of a choice, or a check box when it has no group. While it is chosen its inputs are enabled, otherwise
 // they are disabled and cleared. Of each group the first button is chosen at first.
@@ -51,7 +51,7 @@ struct ReportAccount {
 };
 
 // A list to choose from. It is read when the screen opens; one that depends on another list is read again whenever
-// something else is chosen there, and is empty while nothing is.
+// something else is chosen there.
 struct ReportList {
   std::string name;
   std::string caption = {};
@@ -59,6 +59,16 @@ struct ReportList {
   std::string bound;                                          // field
   std::function<std::string(const store::Value&)> statement;  // of what is chosen in `parent`, null without one
   std::string parent = {};
+  bool wholeWithoutParent = false;  // offers something while nothing is chosen there, otherwise nothing
+};
+
+// What else the statement of a list says of the entry that is chosen there, in read-only boxes, row by row. They are
+// "<name>_0" and so on; the width of a column counts for its box.
+struct ReportEntryBoxes {
+  std::string name;
+  std::string list;
+  std::vector<forms::TableColumn> boxes;
+  int columns = 3;
 };
 
 // Digits, all of them selected when the focus comes.
@@ -68,25 +78,29 @@ struct ReportDigits {
   int longest = 10;
 };
 
-using ReportFilter =
-    std::variant<ReportOption, ReportOptions, ReportPeriodBoxes, ReportAccount, ReportList, ReportDigits>;
+using ReportFilter = std::variant<ReportOption, ReportOptions, ReportPeriodBoxes, ReportAccount, ReportList,
+                                  ReportEntryBoxes, ReportDigits>;
 
-// Filters side by side. What leads the first of them (its button, check box or caption) stands in a column of its own.
+// Filters side by side. What leads the first of them (its button, check box or caption) stands in a column of its own,
+// and in rows of the same kinds of filters what leads the others does too.
 using ReportFilterRow = std::vector<ReportFilter>;
 
-// ---- What it shows -----------------------------------------------------------------------------------------------------
-
-struct ReportGrid {
-  std::string name;
-  std::vector<forms::TableColumn> columns;
-  std::vector<std::string> sums = {};  // fields that are summed up as the rows come
-};
+// ---- What it shows ------------------------------------------------------------------------------------------------
 
 // A read-only box under the grid.
 struct ReportFigure {
   std::string name;
   std::string caption = {};
   int width = 16;  // in average characters
+};
+
+struct ReportGrid {
+  std::string name;
+  std::vector<forms::TableColumn> columns;
+  std::vector<std::string> sums = {};  // fields that are summed up as the rows come
+  std::string shownBy = {};            // the option that shows this grid, of many
+  std::string totalsFrame = {};        // the name of a frame with figures of this grid alone
+  std::vector<ReportFigure> totals = {};
 };
 
 // What the user wants the rows for.
@@ -108,24 +122,28 @@ struct ReportCommand {
   std::function<void(ReportScreen&)> run = {};  // of commands beside those that every report has
 };
 
+// Whether a report may be asked for again while its rows are still being read.
+enum class ReportRuns { AtAnyTime, OneByOne };
+
 // A report as data and the few functions that are its own. Whatever one of them throws as store::StoreError is told to
 // the user; the screen stays.
 struct ReportType {
   std::string screen;
-  std::string caption;       // of the window
-  std::string heading = {};  // none: as the caption
+  std::string caption;            // of the window
+  std::string heading = {};       // none: as the caption
   std::string filtersFrame = {};  // the name of the frame around the filters
   std::vector<ReportFilterRow> filters = {};
-  std::vector<ReportGrid> grids = {};  // the first is shown; ReportScreen::showGrid() changes that
-  std::vector<std::string> labels = {};       // above the grid, at the right: the balance brought forward
-  std::string totalsFrame = {};               // the frame's name
-  std::string totalsLabel = {};               // shown at its left, named `TtlLbl`
+  std::vector<ReportGrid> grids = {};    // the first is shown; ReportScreen::showGrid() changes that
+  std::vector<std::string> labels = {};  // above the grid, at the right: the balance brought forward
+  std::string totalsFrame = {};          // the frame's name
+  std::string totalsLabel = {};          // shown at its left, named `TtlLbl`
   std::vector<ReportFigure> totals = {};
 
-  ReportCommand view = {};    // F5, and Enter in a date
-  ReportCommand print = {};   // Ctrl+P
-  ReportCommand sheet = {};   // Ctrl+E
+  ReportCommand view = {};   // F5, and Enter in a date
+  ReportCommand print = {};  // Ctrl+P
+  ReportCommand sheet = {};  // Ctrl+E
   std::vector<ReportCommand> others = {};
+  ReportRuns runs = ReportRuns::AtAnyTime;  // one by one: view, print and sheet are disabled for so long
 
   // Whether the filters say enough; tells what is missing and leads there. Always, when there is none.
   std::function<bool(ReportScreen&, ReportUse)> check = {};

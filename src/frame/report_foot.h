@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+#include <map>
+#include <string>
+
+#include "frame/report_type.h"
+
+class QHBoxLayout;
+class QLabel;
+
+namespace velmo::frame {
+
+// What stands under the grids of a report: a message at the left, and its totals, those of the grid that is shown.
+class ReportFoot : public QWidget {
+ public:
+  explicit ReportFoot(const ReportType& type);
+
+  void showMessage(const QString& text);
+  void showTotalsOf(const std::string& grid);
+  const std::map<std::string, QWidget*, std::less<>>& boxes() const { return boxes_; }
+
+ private:
+  void addFigures(const std::vector<ReportFigure>& figures, QHBoxLayout& row);
+
+  QLabel* message_;
+  std::map<std::string, QWidget*, std::less<>> boxes_;
+  std::map<std::string, QWidget*, std::less<>> frames_;  // by the grids that have their own
+};
+
+}  // namespace velmo::frame
