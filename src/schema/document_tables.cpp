@@ -145,6 +145,19 @@ store::Table aging(const std::string& name, const std::vector<store::Column>& ow
 
 }  // namespace
 
+store::KeptTotals accountTotals() {
+  return {.name = "Account",
+          .documents = "Transactions",
+          .key = "TranNo",
+          .group = "FYID",
+          .day = "TranDate",
+          .excluded = "Cancel",
+          .lines = "SubTransactions",
+          .link = "TranNo",
+          .subject = "AccCode",
+          .amounts = {"Debit", "Credit"}};
+}
+
 std::vector<store::Table> documentTables() {
   return {transactions(), subTransactions(), stockFlow(), aging("AgingDr", {}),
           aging("AgingCr", {{"VendorInvNo", Text}})};

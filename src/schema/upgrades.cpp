@@ -5,6 +5,7 @@
 #include "schema/company_schema.h"
 #include "store/connection.h"
 #include "store/error.h"
+#include "store/kept_totals.h"
 #include "store/table_sql.h"
 
 namespace velmo::schema {
@@ -28,10 +29,16 @@ void toVersion2(store::Connection& connection) {
   for (const std::string& sql : store::createIndexSql(items)) run(connection, sql);
 }
 
+// The totals of accounts by day and month came.
+void toVersion3(store::Connection& connection) {
+  for (const store::KeptTotals& kept : companyCatalog().keptTotals())
+    store::makeKeptTotals(connection.handle(), kept);
+}
+
 }  // namespace
 
 std::vector<store::UpgradeStep> upgrades() {
-  return {{.version = 2, .run = toVersion2}};
+  return {{.version = 2, .run = toVersion2}, {.version = 3, .run = toVersion3}};
 }
 
 }  // namespace velmo::schema

@@ -20,7 +20,8 @@ const Column* Table::find(std::string_view columnName) const {
   return nullptr;
 }
 
-Catalog::Catalog(std::vector<Table> tables) : tables_(std::move(tables)) {}
+Catalog::Catalog(std::vector<Table> tables, std::vector<KeptTotals> keptTotals)
+    : tables_(std::move(tables)), keptTotals_(std::move(keptTotals)) {}
 
 const Table* Catalog::find(std::string_view tableName) const {
   for (const Table& table : tables_) {

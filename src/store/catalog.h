@@ -37,15 +37,33 @@ struct Table {
   const Column* find(std::string_view columnName) const;  // case-insensitive; nullptr when absent
 };
 
+// Sums that the database itself keeps of the lines of documents, by subject and day and by subject and month, so that
+// a balance needs no reading of lines. A line counts while its document is not excluded and has a group, and it has a
+// subject; an amount that is null counts as 0.
+struct KeptTotals {
+  std::string name;       // the tables are "<name>Days" and "<name>Months"
+  std::string documents;  // a table
+  std::string key;        // its key, a single whole number
+  std::string group;      // columns of it: a whole number, a date and a Yes/No
+  std::string day;
+  std::string excluded;
+  std::string lines;  // a table that relates to the documents
+  std::string link;   // columns of it: to the documents' key, a whole number and the amounts
+  std::string subject;
+  std::vector<std::string> amounts;
+};
+
 // The tables that statements may name. Free of any one company's schema.
 class Catalog {
  public:
-  explicit Catalog(std::vector<Table> tables);
+  explicit Catalog(std::vector<Table> tables, std::vector<KeptTotals> keptTotals = {});
   const Table* find(std::string_view tableName) const;  // case-insensitive; nullptr when absent
   const std::vector<Table>& tables() const { return tables_; }
+  const std::vector<KeptTotals>& keptTotals() const { return keptTotals_; }
 
  private:
   std::vector<Table> tables_;
+  std::vector<KeptTotals> keptTotals_;
 };
 
 }  // namespace velmo::store

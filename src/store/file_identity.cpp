@@ -11,6 +11,7 @@
 #include <cstdio>
 
 #include "store/connection_impl.h"
+#include "store/kept_totals.h"
 #include "store/sqlite_error.h"
 #include "store/table_sql.h"
 #include "store/work_file.h"
@@ -89,6 +90,7 @@ void makeTables(Connection::Impl& connection) {
     connection.run(createTableSql(table).c_str());
     for (const std::string& index : createIndexSql(table)) connection.run(index.c_str());
   }
+  for (const KeptTotals& kept : connection.catalog.keptTotals()) makeKeptTotals(connection.database, kept);
 }
 
 void copyDatabase(const fs::path& from, const fs::path& to) {

@@ -17,8 +17,7 @@ ForwardReader::ForwardReader(Connection& connection, std::string_view statement)
   const std::shared_ptr<const ResultSource> source =
       describeResult(open, open->compile(statement), LockType::ReadOnly);
   impl_ = std::make_unique<Impl>(Impl{source, open->prepare(source->statement.compiled->sql)});
-  int index = 0;
-  for (const Value& value : source->statement.parameters) impl_->statement.bind(++index, value);
+  impl_->statement.bindLiterals(source->statement.parameters);
 }
 
 ForwardReader::~ForwardReader() = default;

@@ -27,7 +27,7 @@ std::shared_ptr<RowSet> RowSet::open(std::shared_ptr<const ResultSource> source)
 std::shared_ptr<RowSet> RowSet::open(std::shared_ptr<const ResultSource> source, std::string_view sql,
                                      const std::vector<Value>& parameters) {
   PreparedStatement reader = source->connection->prepare(sql);
-  for (std::size_t i = 0; i < parameters.size(); ++i) reader.bind(static_cast<int>(i) + 1, parameters[i]);
+  reader.bindLiterals(parameters);
   std::shared_ptr<RowSet> rows(new RowSet(std::move(source)));
   rows->reader_.emplace(std::move(reader));
   rows->fetch(firstFetch);

@@ -38,6 +38,11 @@ void PreparedStatement::bind(int index, const Value& value) {
   bind(index, value, SQLITE_TRANSIENT);
 }
 
+void PreparedStatement::bindLiterals(const std::vector<Value>& literals) {
+  const std::size_t used = static_cast<std::size_t>(sqlite3_bind_parameter_count(handle()));
+  for (std::size_t i = 0; i < std::min(used, literals.size()); ++i) bind(static_cast<int>(i) + 1, literals[i]);
+}
+
 void PreparedStatement::bindInPlace(int index, const Value& value) {
   bind(index, value, SQLITE_STATIC);
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "store/value.h"
 
@@ -31,9 +32,10 @@ class PreparedStatement {
   PreparedStatement& operator=(PreparedStatement&& other) noexcept;
   ~PreparedStatement();
 
-  void bind(int index, const Value& value);         // index from 1
-  void bindInPlace(int index, const Value& value);  // the value stays where it is until the statement has run
-  bool step();                                      // true when there is a row
+  void bind(int index, const Value& value);               // index from 1
+  void bindInPlace(int index, const Value& value);        // the value stays where it is until the statement has run
+  void bindLiterals(const std::vector<Value>& literals);  // of a compiled statement, which may have no use for some
+  bool step();                                            // true when there is a row
   void reset();
   sqlite3_stmt* handle() const { return entry_->statement; }
 

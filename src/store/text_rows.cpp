@@ -16,9 +16,7 @@ void readTexts(const Connection& connection, std::string_view statement, std::sp
   std::vector<int> columns;
   for (const std::string& field : fields) columns.push_back(source->requireField(field));
   PreparedStatement reader = impl->prepare(source->statement.compiled->sql);
-  for (std::size_t i = 0; i < source->statement.parameters.size(); ++i) {
-    reader.bind(static_cast<int>(i) + 1, source->statement.parameters[i]);
-  }
+  reader.bindLiterals(source->statement.parameters);
   std::vector<std::string> made(columns.size());
   std::vector<std::string_view> texts(columns.size());
   while (reader.step()) {

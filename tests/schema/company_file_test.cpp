@@ -63,11 +63,16 @@ TEST(CompanyFile, OfTheFirstVersionIsBroughtUpToDate) {
                                     "DROP TABLE Settings; DROP INDEX StockLevel3_SubCatID; CREATE INDEX "
                                     "StockLevel3_SubCatID ON StockLevel3 (SubCatID); PRAGMA user_version = 1",
                                     nullptr, nullptr, nullptr));
+  for (const char* trigger : {"SubTransactionsAdded", "SubTransactionsRemoved", "SubTransactionsChanged",
+                              "TransactionsDeleted", "TransactionsMoved"})
+    sqlite3_exec(database, ("DROP TRIGGER AccountTotals" + std::string(trigger)).c_str(), nullptr, nullptr, nullptr);
+  ASSERT_EQ(SQLITE_OK,
+            sqlite3_exec(database, "DROP TABLE AccountDays; DROP TABLE AccountMonths", nullptr, nullptr, nullptr));
   sqlite3_close(database);
   ASSERT_NE(layoutOf(file), current);
   prepareCompanyFile(connectionStringFor(file), today);
   EXPECT_EQ(layoutOf(file), current);
-  EXPECT_TRUE(fs::exists(file.string() + " before version 2"));
+  EXPECT_TRUE(fs::exists(file.string() + " before version 3"));
   prepareCompanyFile(connectionStringFor(file), today);  // nothing is left to do
   EXPECT_EQ(layoutOf(file), current);
 }

@@ -5,15 +5,17 @@
 #include <set>
 
 #include "schema/company_schema.h"
+#include "store/kept_totals.h"
 
 namespace velmo::test {
 
 namespace {
 
-const std::set<std::string_view> words = {
-    "SELECT",  "DISTINCT", "FROM", "WHERE",  "GROUP", "BY",     "HAVING",  "ORDER", "DESC",   "LIMIT", "AS",
-    "AND",     "OR",       "NOT",  "IS",     "NULL",  "IN",     "BETWEEN", "INNER", "LEFT",   "JOIN",  "ON",
-    "COLLATE", "NOCASE",   "OVER", "UPDATE", "SET",   "DELETE", "INSERT",  "INTO",  "VALUES", "rowid"};
+const std::set<std::string_view> words = {"SELECT", "DISTINCT", "FROM",   "WHERE",   "GROUP",  "BY",   "HAVING",
+                                          "ORDER",  "DESC",     "LIMIT",  "AS",      "AND",    "OR",   "NOT",
+                                          "IS",     "NULL",     "IN",     "BETWEEN", "INNER",  "LEFT", "JOIN",
+                                          "ON",     "COLLATE",  "NOCASE", "UNION",   "ALL",    "OVER", "UPDATE",
+                                          "SET",    "DELETE",   "INSERT", "INTO",    "VALUES", "rowid"};
 const std::set<std::string_view> functions = {"abs",
                                               "sign",
                                               "length",
@@ -53,7 +55,8 @@ const std::set<std::string_view> functions = {"abs",
                                               "velmo_format",
                                               "velmo_format_date",
                                               "velmo_like",
-                                              "velmo_yes_no"};
+                                              "velmo_yes_no",
+                                              "substr"};
 const std::set<std::string_view> namesOfTheEmitter = {"row order", "row rank", "row", "changed"};
 
 std::string lower(std::string_view text) {
@@ -65,6 +68,8 @@ std::string lower(std::string_view text) {
 bool isOfTheCatalogue(std::string_view name) {
   static const auto names = [] {
     std::set<std::string, std::less<>> all;
+    for (const auto& kept : schema::companyCatalog().keptTotals())
+      all.insert({store::daysTableOf(kept), store::monthsTableOf(kept), "Month"});
     for (const auto& table : schema::companyCatalog().tables()) {
       all.insert(table.name);
       for (const auto& column : table.columns) all.insert(column.name);
@@ -114,6 +119,8 @@ std::string emissionProblem(const store::sql::CompiledStatement& compiled, std::
       if (first == '?' &&
           (length == 1 || std::stoull(std::string(rest.substr(1, length - 1))) > compiled.parameters.size()))
         return "a parameter without a value";
+    } else if (rest.starts_with(store::noDay)) {
+      length = std::string_view(store::noDay).size();
     } else if (rest.starts_with("--") || rest.starts_with("/*") ||
                std::string_view(" (),.+-*=<>|").find(rest[0]) == std::string_view::npos) {
       return "the sign " + std::string(rest.substr(0, 2));

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "schema/company_schema.h"
+#include "store/kept_totals.h"
 #include "store/sql/functions.h"
 #include "store/table_sql.h"
 #include "text/number.h"
@@ -230,6 +231,7 @@ SmallCompany::SmallCompany() {
     for (const auto& index : store::createIndexSql(table)) require(handle_, index);
   }
   require(handle_, "PRAGMA foreign_keys = ON");
+  for (const auto& kept : schema::companyCatalog().keptTotals()) store::makeKeptTotals(handle_, kept);
   require(handle_, rows);
 }
 

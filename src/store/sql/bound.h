@@ -63,10 +63,26 @@ struct SourceColumn {
 
 struct BoundSelect;
 
+// Stands for the lines of KeptTotals: their sums by subject, of one group and of the days between two literals.
+struct KeptRange {
+  struct End {
+    BoundPtr day = {};  // a literal; none leaves this side open
+    bool included = false;
+  };
+  const KeptTotals* totals = nullptr;
+  BoundPtr group = {};  // a literal
+  End from = {};
+  End to = {};
+  // As which columns of the source subject and amounts are read; an amount that nobody reads has no name.
+  std::string subject = {};
+  std::vector<std::string> amounts = {};
+};
+
 struct BoundSource {
   std::string name;                      // alias, or the table's name
   const Table* table = nullptr;          // of a base table
   std::shared_ptr<BoundSelect> derived;  // of a derived table
+  std::shared_ptr<const KeptRange> kept = {};  // where the rows are read from instead
   std::vector<SourceColumn> columns;
   Place place = {};
 };

@@ -2,6 +2,7 @@
 
 #include "store/sql/bind.h"
 #include "store/sql/emit.h"
+#include "store/sql/kept_select.h"
 #include "store/sql/parse.h"
 #include "store/sql/parser_depth.h"
 #include "store/sql/tokens.h"
@@ -18,8 +19,9 @@ tl::expected<CompiledStatement, CompileError> compile(std::string_view statement
   if (!tokens) return tl::unexpected(tokens.error());
   const auto tree = parse(*tokens);
   if (!tree) return tl::unexpected(tree.error());
-  const auto bound = bind(*tree, *tokens, catalog);
+  auto bound = bind(*tree, *tokens, catalog);
   if (!bound) return tl::unexpected(bound.error());
+  if (auto* select = std::get_if<BoundSelect>(&*bound)) readKeptTotals(*select, *tokens, catalog);
   CompiledStatement compiled = emit(*bound, *tokens);
   if (parserDepth(compiled.sql) > deepestParser) {
     return tl::unexpected(CompileError{.clause = "", .length = statement.size(), .message = tooDeep});

@@ -12,6 +12,7 @@
 
 // From a statement of the program's dialect to the store's SQL:
 //   tokens (tokens.h) -> tree (syntax.h, parse.h) -> bound tree (bind.h) -> SQL and parameters (emit.h)
+// In the bound tree, sums of lines that the database keeps are read from there (kept_select.h).
 namespace velmo::store::sql {
 
 enum class StatementKind { Select, Insert, Update, Delete };

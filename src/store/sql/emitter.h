@@ -58,4 +58,7 @@ bool tellsRowOrder(const BoundSelect& select);
 void writeItems(const BoundSelect& select, std::string& sql);
 void writeName(std::string_view name, std::string& sql);
 
+// emit_kept.cpp
+void writeKept(const KeptRange& kept, const BoundSelect& select, std::string& sql);
+
 }  // namespace velmo::store::sql

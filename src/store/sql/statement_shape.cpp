@@ -8,12 +8,13 @@
 namespace velmo::store::sql {
 namespace {
 
-// Stands in the key for a literal: its kind, how it matches behind LIKE, and which of the literals it is, since equal
-// ones may share a parameter. Starts with a character that no token does.
+// Stands in the key for a literal: its kind, how it matches behind LIKE, whether it is a plain 0, and which of the
+// literals it is, since equal ones may share a parameter. Starts with a character that no token does.
 void writeHole(const Literal& literal, int index, std::string& key) {
   key += '\x01';
   key += static_cast<char>('a' + literal.value.index());
   key += static_cast<char>('0' + static_cast<int>(literal.like));
+  if (isZero(literal)) key += 'z';
   char digits[12];
   const auto end = std::to_chars(std::begin(digits), std::end(digits), index).ptr;
   key.append(std::begin(digits), end);

@@ -319,6 +319,12 @@ class Tokenizer {
 
 }  // namespace
 
+bool isZero(const Literal& literal) {
+  const auto* whole = std::get_if<std::int64_t>(&literal.value);
+  const auto* real = std::get_if<double>(&literal.value);
+  return (whole != nullptr && *whole == 0) || (real != nullptr && *real == 0);
+}
+
 tl::expected<Tokens, CompileError> tokenize(std::string_view statement) {
   try {
     return Tokenizer(statement).run();

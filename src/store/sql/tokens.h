@@ -102,6 +102,9 @@ struct Literal {
   LikeForm like = LikeForm::NotPattern;
 };
 
+// Whether it is a number and 0. Part of a statement's form as well.
+bool isZero(const Literal& literal);
+
 struct Tokens {
   std::vector<Token> tokens;  // ends with TokenKind::End
   // In order of appearance. Where the statement groups or is distinct, equal literals are one, so that an expression
