@@ -1,12 +1,10 @@
-#include "demo_company/demonstration_company.h"
-
 #include <gmock/gmock.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <set>
 
 #include "demo_company/large_company.h"
+#include "demonstration_folder.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
 #include "store/error.h"
@@ -17,35 +15,23 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const text::DateTime now = text::DateTime::fromCalendar(2026, 11, 22, 14, 7, 9);
-
-fs::path freshFolder(const char* name) {
-  const fs::path folder = fs::path(testing::TempDir()) / (std::string(name) + std::to_string(getpid()));
-  fs::remove_all(folder);
-  return folder;
-}
+using test::demonstrationFolder;
+using test::freshFolder;
 
 class DemonstrationCompany : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    folder = freshFolder("demonstration");
-    makeDemonstrationCompany(folder, now);
     connection = std::make_unique<store::Connection>(schema::companyCatalog());
-    connection->open(schema::connectionStringFor(folder / "Uninstall" / "Uninstall.MDB"));
+    connection->open(schema::connectionStringFor(test::companyFile(demonstrationFolder())));
   }
-  static void TearDownTestSuite() {
-    connection.reset();
-    fs::remove_all(folder);
-  }
+  static void TearDownTestSuite() { connection.reset(); }
   static store::Recordset rows(const std::string& statement) {
     return store::Recordset(*connection, statement, store::LockType::ReadOnly);
   }
   static double figure(const std::string& statement) { return store::numberOf(rows(statement).valueAt(0, 0)); }
 
-  static fs::path folder;
   static std::unique_ptr<store::Connection> connection;
 };
-fs::path DemonstrationCompany::folder;
 std::unique_ptr<store::Connection> DemonstrationCompany::connection;
 
 TEST_F(DemonstrationCompany, HasWhatAWholesalerHas) {
@@ -131,11 +117,11 @@ TEST_F(DemonstrationCompany, SellsOnlyWhatItHasAndInItsYear) {
 }
 
 TEST_F(DemonstrationCompany, IsTheSameEveryTimeAndNeverMadeTwice) {
-  EXPECT_THROW(makeDemonstrationCompany(folder, now), store::StoreError);
+  EXPECT_THROW(makeDemonstrationCompany(demonstrationFolder(), test::demonstrationNow), store::StoreError);
   const fs::path second = freshFolder("again");
-  makeDemonstrationCompany(second, now);
+  makeDemonstrationCompany(second, test::demonstrationNow);
   sqlite3* database = connection->handle();
-  const std::string attach = "ATTACH '" + (second / "Uninstall" / "Uninstall.MDB").string() + "' AS again";
+  const std::string attach = "ATTACH '" + test::companyFile(second).string() + "' AS again";
   ASSERT_EQ(SQLITE_OK, sqlite3_exec(database, attach.c_str(), nullptr, nullptr, nullptr));
   for (const store::Table& table : schema::companyCatalog().tables()) {
     const std::string difference =
@@ -154,7 +140,7 @@ TEST(LargeCompany, HasTheSizeAskedForAndBalances) {
   const fs::path folder = freshFolder("large");
   makeLargeCompany(folder, {.invoices = 300, .items = 12000, .accounts = 1000});
   store::Connection connection(schema::companyCatalog());
-  connection.open(schema::connectionStringFor(folder / "Uninstall" / "Uninstall.MDB"));
+  connection.open(schema::connectionStringFor(test::companyFile(folder)));
   const auto figure = [&connection](const char* statement) {
     return store::numberOf(store::Recordset(connection, statement).valueAt(0, 0));
   };

@@ -1,0 +1,343 @@
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+#include "demonstration_folder.h"
+#include "own_books.h"
+#include "reports/balances_rows.h"
+#include "reports/balances_statements.h"
+#include "reports/closing_stock.h"
+#include "reports/ledger_rows.h"
+#include "reports/ledger_statements.h"
+#include "reports/running_balances.h"
+#include "schema/company_file.h"
+#include "schema/company_schema.h"
+#include "store/recordset.h"
+
+// Everything that the reports on accounts say of the demonstration company, to the cent, against books that are kept
+// from the bare documents.
+namespace velmo::reports {
+namespace {
+
+using test::OwnBooks;
+using test::Posting;
+using Lines = std::vector<std::string>;
+using testing::IsEmpty;
+
+constexpr int year = 1;
+
+text::DateTime day(int yearNumber, int month, int dayOfMonth) {
+  return text::DateTime::fromCalendar(yearNumber, month, dayOfMonth);
+}
+
+// "12.50 Debit"; amounts that are not whole cents stand with the rest, and differ from any that are.
+std::string sided(double amount, const std::string& side) {
+  const double cents = std::round(amount * 100);
+  const bool whole = std::abs(amount * 100 - cents) < 1e-3;
+  return (whole ? std::to_string(std::llround(cents)) : std::to_string(amount * 100)) + " " + side;
+}
+std::string sided(std::int64_t cents) {
+  return std::to_string(std::abs(cents)) + (cents < 0 ? " Credit" : " Debit");
+}
+
+void compare(const std::string& what, const Lines& wanted, const Lines& found, Lines& differences) {
+  const auto [w, f] = std::ranges::mismatch(wanted, found);
+  if (w == wanted.end() && f == found.end()) return;
+  differences.push_back(what + ", " + std::to_string(w - wanted.begin()) + ": wanted " +
+                        (w == wanted.end() ? "nothing" : *w) + ", found " + (f == found.end() ? "nothing" : *f));
+}
+
+class BooksOfTheYear : public testing::Test {
+ protected:
+  BooksOfTheYear() : folder_(test::freshFolder("books")) {
+    std::filesystem::create_directories(folder_);
+    std::filesystem::copy(test::demonstrationFolder(), folder_, std::filesystem::copy_options::recursive);
+    connection.open(schema::connectionStringFor(test::companyFile(folder_)));
+    plain.emplace(test::companyFile(folder_));
+    own = test::workOut(*plain, false);
+  }
+  ~BooksOfTheYear() override {
+    plain.reset();
+    connection.close();
+    std::filesystem::remove_all(folder_);
+  }
+
+  // The ledger lines of each document.
+  Lines inDocuments() {
+    std::map<std::int64_t, Lines> found;
+    test::PlainRows rows(*plain,
+                         "SELECT TranNo, AccCode, Debit, Credit FROM SubTransactions WHERE coalesce(Debit, 0) <> 0 OR "
+                         "coalesce(Credit, 0) <> 0 ORDER BY TranNo, Serial");
+    while (rows.next())
+      found[rows.integer(0)].push_back(
+          rows.text(1) + " " +
+          (rows.text(3).empty() ? sided(rows.number(2), "Debit") : sided(rows.number(3), "Credit")));
+    Lines differences;
+    for (const auto& [tranNo, postings] : own.documents) {
+      Lines wanted;
+      for (const Posting& posting : postings)
+        wanted.push_back(std::to_string(posting.account) + " " + sided(posting.amount));
+      compare("document " + std::to_string(tranNo), wanted, found[tranNo], differences);
+      found.erase(tranNo);
+    }
+    for (const auto& [tranNo, lines] : found) compare("document " + std::to_string(tranNo), {}, lines, differences);
+    return differences;
+  }
+
+  // The ledger of every account of the chart as its screen shows it, of the year and of a period.
+  Lines inLedgers() {
+    Lines differences;
+    const frame::ReportPeriod summer{day(2026, 6, 10), day(2026, 9, 18)};
+    for (store::Recordset accounts(connection, "select AccCode from AccLevel3 order by AccCode"); !accounts.eof();
+         accounts.moveNext()) {
+      const std::int64_t account = accounts.integer("AccCode");
+      compare("ledger " + std::to_string(account), wantedLedger(account, {}), shownLedger(account, {}), differences);
+      compare("summer's ledger " + std::to_string(account), wantedLedger(account, summer), shownLedger(account, summer),
+              differences);
+    }
+    return differences;
+  }
+
+  // The balances that the printed ledgers take from the lines.
+  Lines inStoredBalances() {
+    std::map<std::int64_t, Lines> found;
+    test::PlainRows rows(*plain,
+                         "SELECT AccCode, TranNo, SubTransactions.Balance, Status FROM SubTransactions JOIN "
+                         "Transactions USING (TranNo) WHERE Cancel = 0 AND FYID = 1 AND (Debit <> 0 OR Credit <> 0) "
+                         "ORDER BY TranDate, Serial");
+    while (rows.next()) found[rows.integer(0)].push_back(rows.text(1) + ": " + sided(rows.number(2), rows.text(3)));
+    Lines differences;
+    for (const auto& [account, postings] : own.ledgers) {
+      Lines wanted;
+      std::int64_t balance = 0;
+      for (const Posting& posting : postings)
+        wanted.push_back(std::to_string(posting.tranNo) + ": " + sided(balance += posting.amount));
+      compare("stored balances of " + std::to_string(account), wanted, found[account], differences);
+      found.erase(account);
+    }
+    for (const auto& [account, lines] : found) compare("stored balances", {}, lines, differences);
+    return differences;
+  }
+
+  // Both forms of the trial balance, after the closing stock has been counted as their screen does.
+  Lines inTrialBalance(const BalancePeriod& period) {
+    postClosingStock(connection, year, period.to);
+    own = test::workOut(*plain, true);
+    Lines wantedSix, wantedTwo, differences;
+    for (const auto& [account, postings] : own.ledgers) {
+      std::int64_t debits = 0, credits = 0;
+      for (const Posting& posting : postings)
+        if (posting.day >= period.from.day && posting.day <= period.to.day)
+          (posting.amount > 0 ? debits : credits) += std::abs(posting.amount);
+      const std::int64_t opening = own.balance(account, period.from.day);
+      const std::int64_t closing = own.balance(account, period.to.day + 1);
+      if (closing == 0) continue;
+      const std::string name = std::to_string(account) + " ";
+      wantedSix.push_back(name + sided(opening) + ", " + sided(debits) + ", " + sided(-credits) + ", " +
+                          sided(closing));
+      wantedTwo.push_back(name + sided(closing));
+    }
+    const std::string until = " until " + period.to.iso();
+    compare("six columns" + until, wantedSix, sixColumns(period, differences), differences);
+    compare("two columns" + until, wantedTwo, twoColumns(period, differences), differences);
+    return differences;
+  }
+
+  // All of them, the trial balance at five days.
+  Lines everywhere() {
+    Lines differences;
+    const auto add = [&differences](const Lines& more) {
+      differences.insert(differences.end(), more.begin(), more.end());
+    };
+    const BalancePeriod periods[] = {{year, day(2026, 1, 1), day(2025, 12, 31)},
+                                     {year, day(2025, 12, 31), day(2026, 6, 15)},
+                                     {year, day(2026, 7, 1), day(2026, 7, 31)},
+                                     {year, day(2026, 9, 30), day(2026, 9, 30)},
+                                     {year, day(2026, 1, 1), day(2026, 11, 22)}};
+    for (const BalancePeriod& period : periods) add(inTrialBalance(period));
+    EXPECT_THAT(own.oddities, IsEmpty());
+    writeRunningBalances(connection, year);
+    add(inDocuments());
+    add(inLedgers());
+    add(inStoredBalances());
+    return differences;
+  }
+
+  void writeJournals() {
+    store::Connection::Transaction together(connection);
+    store::Recordset headers(connection, "select * from Transactions where TranNo=0");
+    store::Recordset lines(connection, "select * from SubTransactions where TranNo=0");
+    int number = 0;
+    for (const auto& [desc, entry] : test::journals()) {
+      ++number;
+      headers.addNew({{"DocNo", number},
+                      {"TranDate", day(2026, 6 + number, 30)},
+                      {"TranType", 41},
+                      {"Desc", desc},
+                      {"FYID", year}});
+      for (const auto& [account, cents] : entry)
+        lines.addNew({{"TranNo", headers.integer("TranNo")},
+                      {"AccCode", account},
+                      {cents > 0 ? "Debit" : "Credit", static_cast<double>(std::abs(cents)) / 100}});
+    }
+    together.commit();
+  }
+  std::string one(const std::string& sql) {
+    test::PlainRows rows(*plain, sql);
+    if (!rows.next()) throw std::logic_error("nothing found: " + sql);
+    return rows.text(0);
+  }
+
+  store::Connection connection{schema::companyCatalog()};
+  std::optional<test::PlainFile> plain;
+  OwnBooks own;
+
+ private:
+  using Period = std::optional<frame::ReportPeriod>;
+
+  Lines wantedLedger(std::int64_t account, const Period& period) const {
+    Lines lines;
+    const auto ledger = own.ledgers.find(account);
+    if (ledger == own.ledgers.end()) return lines;
+    std::int64_t balance = period ? own.balance(account, period->from.day) : 0;
+    for (const Posting& posting : ledger->second)
+      if (!period || (posting.day >= period->from.day && posting.day <= period->to.day))
+        lines.push_back(std::to_string(posting.day) + " " + std::to_string(posting.tranNo) + ": " +
+                        sided(posting.amount) + ", then " + sided(balance += posting.amount));
+    return lines;
+  }
+  Lines shownLedger(std::int64_t account, const Period& period) {
+    double before = 0;
+    if (period) {
+      const store::Recordset rows(connection, broughtForwardStatement(account, year, period->from));
+      if (!rows.isEmpty()) before = rows.number("obalance");
+    }
+    LedgerRows rows(
+        store::Recordset(connection, ledgerStatement(account, year, period ? frame::periodFilter(*period) : ""),
+                         store::LockType::ReadOnly),
+        before);
+    while (rows.hasMore()) rows.read(500);
+    const auto value = [&rows](std::int64_t row, const char* name) { return rows.value(row, rows.field(name)); };
+    Lines lines;
+    for (std::int64_t row = 0; row < rows.ready(); ++row) {
+      const bool debit = store::isNull(value(row, "Credit"));
+      const double amount = store::numberOf(value(row, debit ? "Debit" : "Credit"));
+      lines.push_back(std::to_string(store::dateOf(value(row, "TranDate")).day) + " " +
+                      store::textOf(value(row, "TranNo")) + ": " + sided(amount, debit ? "Debit" : "Credit") +
+                      ", then " + sided(store::numberOf(value(row, "Balance")), store::textOf(value(row, "Status"))));
+    }
+    return lines;
+  }
+
+  Lines sixColumns(const BalancePeriod& period, Lines& differences) {
+    UnsettledRows rows = balances(sixColumnBalances(period, AllAccounts()), "CBalance");
+    const auto value = [&rows](std::int64_t row, const char* name) { return rows.value(row, rows.field(name)); };
+    const auto figure = [&value](std::int64_t row, const char* name, const char* side) {
+      return sided(store::numberOf(value(row, name)), store::textOf(value(row, side)));
+    };
+    Lines lines;
+    double sum = 0;
+    for (std::int64_t row = 0; row < rows.ready(); ++row) {
+      sum += store::numberOf(value(row, "CDiff"));
+      const double credits = store::numberOf(value(row, "Credits"));
+      lines.push_back(store::textOf(value(row, "AccCode")) + " " + figure(row, "OBalance", "OStatus") + ", " +
+                      sided(store::numberOf(value(row, "Debits")), "Debit") + ", " +
+                      sided(credits, credits == 0 ? "Debit" : "Credit") + ", " + figure(row, "CBalance", "CStatus"));
+    }
+    if (std::abs(sum) > 1e-6) differences.push_back("six columns do not balance: " + std::to_string(sum));
+    return lines;
+  }
+  Lines twoColumns(const BalancePeriod& period, Lines& differences) {
+    UnsettledRows rows = balances(twoColumnBalances(period, AllAccounts()), "Diff");
+    Lines lines;
+    double sums[2] = {};
+    for (std::int64_t row = 0; row < rows.ready(); ++row) {
+      const store::Value debit = rows.value(row, rows.field("Debits"));
+      const store::Value credit = rows.value(row, rows.field("Credits"));
+      sums[0] += store::numberOf(debit);
+      sums[1] += store::numberOf(credit);
+      lines.push_back(
+          store::textOf(rows.value(row, rows.field("AccCode"))) + " " +
+          (store::isNull(credit) ? sided(store::numberOf(debit), "Debit") : sided(store::numberOf(credit), "Credit")));
+    }
+    if (std::abs(sums[0] - sums[1]) > 1e-6 || sums[0] <= 0) differences.push_back("two columns do not balance");
+    std::ranges::sort(lines);
+    return lines;
+  }
+  UnsettledRows balances(const std::string& statement, const char* balance) {
+    UnsettledRows rows(store::Recordset(connection, statement, store::LockType::ReadOnly), balance);
+    while (rows.hasMore()) rows.read(500);
+    return rows;
+  }
+
+  std::filesystem::path folder_;
+};
+
+TEST_F(BooksOfTheYear, AreWhatTheDocumentsSay) {
+  EXPECT_THAT(own.oddities, IsEmpty());
+  EXPECT_THAT(everywhere(), IsEmpty());
+  // What the figures rest on.
+  for (const auto& [type, least] :
+       {std::pair(11, 1), {22, 50}, {25, 5}, {28, 50}, {29, 10}, {32, 600}, {35, 10}, {38, 50}, {39, 20}, {51, 1}})
+    EXPECT_GE(own.counts[type], least) << "documents of type " << type;
+  EXPECT_GT(own.ledgers.size(), 60U);
+  EXPECT_GT(own.ledgers.at(10001001).size(), 500U);
+  EXPECT_GT(own.balance(13001001, day(2027, 1, 1).day), 100000'00);
+}
+
+// Journals are written, and documents cancelled, deleted and dated otherwise.
+TEST_F(BooksOfTheYear, FollowLaterChanges) {
+  writeJournals();
+  EXPECT_THAT(everywhere(), IsEmpty());
+  const auto documentOf = [this](int type, const std::string& more) {
+    return one("SELECT TranNo FROM Transactions WHERE TranType = " + std::to_string(type) + " AND " + more +
+               " ORDER BY DocNo LIMIT 1 OFFSET 5");
+  };
+  const std::string cancelled = documentOf(32, "Balance > 0 AND Received > 0");
+  for (const std::string& tranNo : {cancelled, documentOf(22, "Carriage > 0"), documentOf(38, "Discount > 0")})
+    connection.execute("UPDATE Transactions SET Cancel = Yes WHERE TranNo = " + tranNo);
+  for (const std::string& tranNo : {documentOf(28, "Carriage > 0"), documentOf(32, "Text12 = '0'")})
+    connection.execute("DELETE FROM Transactions WHERE TranNo = " + tranNo);
+  connection.execute("UPDATE Transactions SET TranDate = #07-16-2026# WHERE TranNo = " +
+                     documentOf(39, "Nature = 'Customer Receipt'"));
+  EXPECT_THAT(everywhere(), IsEmpty());
+  connection.execute("UPDATE Transactions SET Cancel = No WHERE TranNo = " + cancelled);
+  EXPECT_THAT(everywhere(), IsEmpty());
+}
+
+// One ledger line is made another one; each of the comparisons must notice.
+TEST_F(BooksOfTheYear, DifferInOneLine) {
+  const std::string serial = one(
+      "SELECT Serial FROM SubTransactions WHERE AccCode = 40001001 AND Credit > 1 ORDER BY Serial LIMIT 1 OFFSET 200");
+  struct Damage {
+    const char* made;
+    const char* undone;
+    bool inClosingBalances = true;
+  };
+  const Damage damages[] = {{"Credit = Credit + 0.01", "Credit = Credit - 0.01"},
+                            {"AccCode = 40001002", "AccCode = 40001001"},
+                            {"Debit = Credit, Credit = NULL", "Credit = Debit, Debit = NULL"},
+                            {"TranNo = TranNo + 1", "TranNo = TranNo - 1", false}};
+  const BalancePeriod period{year, day(2026, 1, 1), day(2026, 12, 31)};
+  EXPECT_THAT(inTrialBalance(period), IsEmpty());
+  for (const Damage& damage : damages) {
+    SCOPED_TRACE(damage.made);
+    const auto set = [&](const std::string& what) {
+      plain->run("UPDATE SubTransactions SET " + what + " WHERE Serial = " + serial);
+      writeRunningBalances(connection, year);
+    };
+    set(damage.made);
+    EXPECT_FALSE(inDocuments().empty());
+    EXPECT_FALSE(inLedgers().empty());
+    EXPECT_FALSE(inStoredBalances().empty());
+    EXPECT_EQ(inTrialBalance(period).empty(), !damage.inClosingBalances);
+    set(damage.undone);
+    EXPECT_THAT(inTrialBalance(period), IsEmpty());
+  }
+  EXPECT_THAT(inStoredBalances(), IsEmpty());
+  plain->run("UPDATE SubTransactions SET Balance = Balance + 0.01 WHERE Serial = " + serial);
+  EXPECT_EQ(inStoredBalances().size(), 1U);
+}
+
+}  // namespace
+}  // namespace velmo::reports

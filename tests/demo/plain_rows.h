@@ -1,0 +1,70 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <cmath>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace velmo::test {
+
+// A company file read with SQLite alone, past the program.
+class PlainFile {
+ public:
+  explicit PlainFile(const std::filesystem::path& file) {
+    sqlite3* database = nullptr;
+    const int outcome = sqlite3_open_v2(file.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr);
+    database_.reset(database);
+    if (outcome != SQLITE_OK) fail();
+  }
+  void run(const std::string& sql) {
+    if (sqlite3_exec(database_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) fail();
+  }
+  sqlite3* handle() { return database_.get(); }
+  [[noreturn]] void fail() const { throw std::runtime_error(sqlite3_errmsg(database_.get())); }
+
+ private:
+  struct Close {
+    void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+  };
+  std::unique_ptr<sqlite3, Close> database_;
+};
+
+// The rows of a SELECT; columns are numbered from 0. Null is 0 and "".
+class PlainRows {
+ public:
+  PlainRows(PlainFile& file, const std::string& sql) : file_(file) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(file.handle(), sql.c_str(), -1, &statement, nullptr) != SQLITE_OK) file.fail();
+    statement_.reset(statement);
+  }
+  bool next() {
+    const int outcome = sqlite3_step(statement_.get());
+    if (outcome != SQLITE_ROW && outcome != SQLITE_DONE) file_.fail();
+    return outcome == SQLITE_ROW;
+  }
+  std::int64_t integer(int column) const { return sqlite3_column_int64(statement_.get(), column); }
+  double number(int column) const { return sqlite3_column_double(statement_.get(), column); }
+  std::string text(int column) const {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
+    return text ? text : "";
+  }
+  // Throws when the amount is not one of whole cents.
+  std::int64_t cents(int column) const {
+    const double amount = number(column) * 100;
+    if (std::abs(amount - std::round(amount)) > 1e-4) throw std::runtime_error("not cents: " + text(column));
+    return std::llround(amount);
+  }
+
+ private:
+  struct Finish {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+  };
+  PlainFile& file_;
+  std::unique_ptr<sqlite3_stmt, Finish> statement_;
+};
+
+}  // namespace velmo::test
