@@ -50,7 +50,7 @@ class Clerk {
                    rows.text(9),         rows.cents(10),  rows.cents(11),
                    rows.cents(12),       rows.cents(13),  rows.cents(14),
                    rows.cents(15)};
-      ++books_.counts[document_.type];
+      ++books_.counts[kind()];
       postings_.clear();
       postDocument();
       enter();
@@ -72,7 +72,7 @@ class Clerk {
       case 29:
         return document_.nature == "Petty Payment" ? postPetty(1) : postPaid();
       case 32:
-        return document_.text12 == "0" ? postAtCounter() : postOutward(carriageOut);
+        return isAtCounter() ? postAtCounter() : postOutward(carriageOut);
       case 35:
         return postInward(carriageOut);
       case 38:
@@ -214,6 +214,11 @@ class Clerk {
     return sums;
   }
 
+  std::string kind() const {
+    const bool settles = document_.nature.ends_with("Receipt") || document_.nature.ends_with("Payment");
+    return std::to_string(document_.type) + (settles ? " " + document_.nature : isAtCounter() ? " counter" : "");
+  }
+  bool isAtCounter() const { return document_.type == 32 && document_.text12 == "0"; }
   std::string ofDocument() const { return " WHERE TranNo = " + std::to_string(document_.tranNo); }
 
   void post(std::int64_t account, std::int64_t amount) {

@@ -23,7 +23,7 @@ struct Posting {
 struct OwnBooks {
   std::map<std::int64_t, std::vector<Posting>> documents;  // what each posts, cancelled ones too, by TranNo
   std::map<std::int64_t, std::vector<Posting>> ledgers;    // by account, in their order, without cancelled documents
-  std::map<int, int> counts;                               // of documents, by type
+  std::map<std::string, int> counts;                       // of documents: "32 counter", "28 Petty Payment"
   std::vector<std::string> oddities;  // headers that differ from their lines, documents that nobody knows how to post
 
   std::int64_t balance(std::int64_t account, std::int64_t beforeDay) const;
