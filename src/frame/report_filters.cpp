@@ -241,7 +241,7 @@ void ReportFilters::addList(const ReportList& list, QHBoxLayout& row) {
 
 store::Recordset ReportFilters::read(const ReportList& list) const {
   const store::Value parent = list.parent.empty() ? store::Value() : bound(list.parent);
-  if (!list.parent.empty() && !list.wholeWithoutParent && store::isNull(parent)) return {};
+  if (!list.parent.empty() && store::isNull(parent)) return {};
   return {workplace_.context.KORDconn, list.statement(parent), store::LockType::ReadOnly};
 }
 

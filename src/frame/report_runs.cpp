@@ -88,16 +88,16 @@ void ReportScreen::showCount() {
   foot_->showMessage(rows == 1 ? tr("1 row") : tr("%1 rows").arg(QLocale(QLocale::English).toString(rows)));
 }
 
-// A button that is disabled loses the keyboard, and has it again afterwards.
+// A button that is disabled loses the keyboard to its neighbour, and has it again afterwards if the user left it there.
 void ReportScreen::setRunning(bool running) {
   if (type_.runs == ReportRuns::AtAnyTime) return;
-  for (QAbstractButton* command : commands_) {
-    if (running && command->hasFocus()) hadFocus_ = command;
-    command->setEnabled(!running);
-  }
-  if (running || !hadFocus_) return;
-  hadFocus_->setFocus(Qt::OtherFocusReason);
-  hadFocus_ = nullptr;
+  QWidget* focused = window()->focusWidget();
+  if (running) hadFocus_ = std::ranges::find(commands_, focused) == commands_.end() ? nullptr : focused;
+  for (QAbstractButton* command : commands_) command->setEnabled(!running);
+  if (running)
+    hasFocusMeanwhile_ = window()->focusWidget();
+  else if (hadFocus_ && hasFocusMeanwhile_ == focused)
+    std::exchange(hadFocus_, nullptr)->setFocus(Qt::OtherFocusReason);
 }
 
 // Enter in a date: as the first command's button.

@@ -98,7 +98,8 @@ class ReportScreen : public QWidget {
   QLabel* wait_ = nullptr;
   ReportFoot* foot_ = nullptr;
   std::vector<QAbstractButton*> commands_;  // view, print and sheet
-  QPointer<QWidget> hadFocus_;
+  QPointer<QWidget> hadFocus_;              // before the commands were disabled
+  QPointer<QWidget> hasFocusMeanwhile_;
   std::map<std::string, Table, std::less<>> byName_;
   std::map<std::string, QWidget*, std::less<>> figures_;  // boxes and labels
   QTimer idle_;

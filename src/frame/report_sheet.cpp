@@ -25,11 +25,8 @@ ReportSheet plainSheet(ReportScreen& screen) {
 
 spreadsheet::TableRows rowsOf(const ReportSheet& sheet, const std::string& company, ReportModel& model) {
   spreadsheet::TableRows result;
-  result.design = {.title = sheet.title,
-                   .company = company,
-                   .head = sheet.head,
-                   .opening = sheet.opening,
-                   .totals = sheet.totals};
+  result.design = {
+      .title = sheet.title, .company = company, .head = sheet.head, .opening = sheet.opening, .totals = sheet.totals};
   std::vector<int> fields;
   for (const forms::TableColumn& column : sheet.columns) {
     result.design.columns.push_back(

@@ -51,7 +51,7 @@ struct ReportAccount {
 };
 
 // A list to choose from. It is read when the screen opens; one that depends on another list is read again whenever
-// something else is chosen there.
+// something else is chosen there, and is empty while nothing is.
 struct ReportList {
   std::string name;
   std::string caption = {};
@@ -59,7 +59,6 @@ struct ReportList {
   std::string bound;                                          // field
   std::function<std::string(const store::Value&)> statement;  // of what is chosen in `parent`, null without one
   std::string parent = {};
-  bool wholeWithoutParent = false;  // offers something while nothing is chosen there, otherwise nothing
 };
 
 // What else the statement of a list says of the entry that is chosen there, in read-only boxes, row by row. They are

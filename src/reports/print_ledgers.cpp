@@ -8,6 +8,7 @@
 #include "forms/work_progress.h"
 #include "frame/report_screen.h"
 #include "frame/wait_cursor.h"
+#include "reports/account_filters.h"
 #include "reports/ledger_print.h"
 #include "reports/ledger_statements.h"
 #include "reports/ledgers_print.h"
@@ -16,20 +17,8 @@
 namespace velmo::reports {
 namespace {
 
-using frame::ReportAccount;
-using frame::ReportList;
 using frame::ReportOption;
 using frame::ReportScreen;
-
-constexpr const char* mainTypes =
-    "SELECT [AccLevel1].[Type] & ' (' & [FSNature].[AccNatureTop] & ')' AS MainType, AccLevel1.TypeID FROM FSNature "
-    "INNER JOIN AccLevel1 ON FSNature.NatureID = AccLevel1.NatureID ORDER BY [AccLevel1].[Type] & ' (' & "
-    "[FSNature].[AccNatureTop] & ')'";
-
-std::string subTypes(const store::Value& mainType) {
-  return "SELECT Level2ID, L2AccName, TypeID from acclevel2 where typeid=" +
-         std::to_string(store::integerOf(mainType)) + " order by L2AccName";
-}
 
 bool checkSelection(ReportScreen& screen, frame::ReportUse) {
   const frame::ReportFilters& filters = screen.filters();
@@ -40,13 +29,7 @@ bool checkSelection(ReportScreen& screen, frame::ReportUse) {
     if (bySubType && store::isNull(filters.bound("SubList")))
       return screen.refuse("Select Account Type", "Select correct sub account type to print ledgers.", "SubList");
   }
-  if (filters.chosen("LedgerOpt_2")) {
-    if (filters.text("AccFrom").empty())
-      return screen.refuse("Select Account Code", "Select account code to start from.", "CodeFrom");
-    if (filters.text("AccTo").empty())
-      return screen.refuse("Select Account Code", "Select account code to end at.", "CodeTo");
-  }
-  return true;
+  return !filters.chosen("LedgerOpt_2") || checkAccountRange(screen);
 }
 
 std::string selection(const frame::ReportFilters& filters) {
@@ -87,22 +70,10 @@ frame::ReportType ledgersType() {
                                     .caption = "&Main Account Type",
                                     .group = "LedgerOpt",
                                     .inputs = {"MainList", "SubTypeOpt", "SubList"}},
-                       ReportList{.name = "MainList",
-                                  .shown = "MainType",
-                                  .bound = "TypeID",
-                                  .statement = [](const store::Value&) { return std::string(mainTypes); }},
+                       mainTypeList("MainList"),
                        ReportOption{.name = "SubTypeOpt", .caption = "&Sub Type", .inputs = {"SubList"}},
-                       ReportList{.name = "SubList",
-                                  .shown = "L2AccName",
-                                  .bound = "Level2ID",
-                                  .statement = subTypes,
-                                  .parent = "MainList"}},
-                      {ReportOption{.name = "LedgerOpt_2",
-                                    .caption = "&Range",
-                                    .group = "LedgerOpt",
-                                    .inputs = {"CodeFrom", "AccFrom", "CodeTo", "AccTo"}},
-                       ReportAccount{.code = "CodeFrom", .name = "AccFrom", .caption = "&From"},
-                       ReportAccount{.code = "CodeTo", .name = "AccTo", .caption = "&To"}},
+                       subTypeList("SubList", "MainList")},
+                      accountRangeRow("LedgerOpt_2", "&Range", "LedgerOpt"),
                       {frame::ReportPeriodBoxes{.check = "PeriodOpt", .caption = "For Peri&od From"}},
                       {ReportOption{.name = "NewPageOpt", .caption = "Start Printing of Every Ledger on &New Page"}}},
           .print = {"PrintBttn", "&Print", "Shows the ledgers as they will be printed"},

@@ -16,6 +16,7 @@
 #include "masters/simple_lists.h"
 #include "masters/user_logins.h"
 #include "masters/user_rights.h"
+#include "reports/acc_balances.h"
 #include "reports/acc_ledgers.h"
 #include "reports/daily_journal.h"
 #include "reports/print_ledgers.h"
@@ -117,6 +118,7 @@ constexpr ScreenEntry screens[] = {
     {"AccLedgers", ScreenKind::ChildWindow, reports::makeAccLedgers},
     {"PrintLedgers", ScreenKind::Dialog, reports::makePrintLedgers},
     {"PrintVouchers", ScreenKind::Dialog, makePrintVouchers},
+    {"AccBalances", ScreenKind::ChildWindow, reports::makeAccBalances},
     {"CompanyInfo", ScreenKind::Dialog, makeCompanyInfo},
     {"LogoSetting", ScreenKind::Dialog, makeLogoSetting},
     {"CurrencySettings", ScreenKind::Dialog, makeCurrencySettings},

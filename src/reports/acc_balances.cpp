@@ -1,0 +1,150 @@
+#include "reports/acc_balances.h"
+
+#include "frame/report_model.h"
+#include "frame/wait_cursor.h"
+#include "printing/recordset_data.h"
+#include "reports/account_filters.h"
+#include "reports/balances_rows.h"
+#include "reports/balances_screen.h"
+#include "reports/closing_stock.h"
+
+namespace velmo::reports {
+namespace {
+
+using frame::ReportOption;
+using frame::ReportScreen;
+using frame::ReportUse;
+
+constexpr const char* twoColumnGrid = "DetailGrid2";
+
+bool checkSelection(ReportScreen& screen, ReportUse use) {
+  const frame::ReportFilters& filters = screen.filters();
+  const std::string purpose = use == ReportUse::Print ? " to print balances." : " to view balances.";
+  if (filters.chosen("SelectOpt") && !filters.chosen("SubTypeOpt") && store::isNull(filters.bound("Acc")))
+    return screen.refuse("Select Main Account Type", ("Select main account type" + purpose).c_str(), "Acc");
+  if (filters.chosen("SelectOpt") && filters.chosen("SubTypeOpt") && store::isNull(filters.bound("SubList")))
+    return screen.refuse("Select Sub Account Type", ("Select sub account type" + purpose).c_str(), "SubList");
+  return !filters.chosen("RangeOpt") || checkAccountRange(screen);
+}
+
+AccountChoice choiceOf(const frame::ReportFilters& filters) {
+  if (filters.chosen("SelectOpt")) {
+    if (filters.chosen("SubTypeOpt")) return AccountsOfSubType{store::integerOf(filters.bound("SubList"))};
+    return AccountsOfType{store::integerOf(filters.bound("Acc"))};
+  }
+  if (filters.chosen("RangeOpt")) return AccountRange{filters.account("CodeFrom"), filters.account("CodeTo")};
+  return AllAccounts();
+}
+
+std::shared_ptr<frame::ReportRows> rowsOf(ReportScreen& screen, const std::string& statement, const char* balance) {
+  return std::make_shared<UnsettledRows>(
+      store::Recordset(screen.workplace().context.KORDconn, statement, store::LockType::ReadOnly), balance);
+}
+
+void loadBalances(ReportScreen& screen) {
+  session::LoginContext& context = screen.workplace().context;
+  const BalancePeriod period = balancePeriod(screen);
+  context.Costs.settle(context);
+  postClosingStock(context.KORDconn, context.FYID, period.to);
+  const AccountChoice choice = choiceOf(screen.filters());
+  screen.setRows(sixColumnGrid, rowsOf(screen, sixColumnBalances(period, choice), "CDiff"));
+  screen.setRows(twoColumnGrid, rowsOf(screen, twoColumnBalances(period, choice), "Diff"));
+}
+
+void showTotals(ReportScreen& screen) {
+  showSixTotals(screen);
+  const frame::ReportModel& rows = screen.model(twoColumnGrid);
+  screen.setFigure("TDr", totalText(rows.sum("Debits")));
+  screen.setFigure("TCr", totalText(rows.sum("Credits")));
+}
+
+BalancesData hierarchy(ReportScreen& screen, const std::string& statement, const char* balance) {
+  const frame::WaitCursor wait;
+  store::Recordset types;
+  types.openShape(screen.workplace().context.KORDconn, statement);
+  return withoutSettled(std::make_shared<printing::RecordsetData>(types), {"level2", "level3"}, balance);
+}
+
+printing::Report printRange(ReportScreen& screen, const BalancesSheet& sheet, const AccountRange& range) {
+  const session::LoginContext& context = screen.workplace().context;
+  if (screen.filters().chosen("TrialOpt_0"))
+    return accBalRptRange(context, sheet, std::make_shared<frame::ReportRowsData>(screen.model(sixColumnGrid).rows()));
+  return accBalRptRange2(context, sheet,
+                         std::make_shared<frame::ReportRowsData>(
+                             rowsOf(screen, twoColumnRangePrint(balancePeriod(screen), range), "Diff")));
+}
+
+printing::Report printOut(ReportScreen& screen) {
+  const session::LoginContext& context = screen.workplace().context;
+  const bool ofAll = screen.filters().chosen("AllOpt");
+  const BalancesSheet sheet = balancesSheet(screen, ofAll ? "Trial Balance" : "Accounts Balances", "Account Name");
+  const AccountChoice choice = choiceOf(screen.filters());
+  if (const auto* range = std::get_if<AccountRange>(&choice)) return printRange(screen, sheet, *range);
+  const BalancePeriod period = balancePeriod(screen);
+  return screen.filters().chosen("TrialOpt_0")
+             ? accBalRpt(context, sheet, hierarchy(screen, sixColumnHierarchy(period, choice), "CDiff"))
+             : accBalRpt2(context, sheet, hierarchy(screen, twoColumnHierarchy(period, choice), "Diff"));
+}
+
+frame::ReportSheet sheetOf(ReportScreen& screen) {
+  constexpr const char* title = "Trial Balance";
+  if (screen.filters().chosen("TrialOpt_0")) return sixColumnSheet(screen, title);
+  const frame::ReportModel& rows = screen.model(twoColumnGrid);
+  return {.title = title,
+          .head = {title, "As On " + frame::dayInWords(balancePeriod(screen).to)},
+          .columns = rows.columns(),
+          .totals = {{}, screen.type().totalsLabel, rows.sum("Debits"), rows.sum("Credits")}};
+}
+
+frame::ReportGrid twoColumns() {
+  std::vector<forms::TableColumn> columns = accountColumns("Account Name");
+  columns.insert(columns.end(), {balanceColumn("Debit", "Debits"), balanceColumn("Credit", "Credits")});
+  return {.name = twoColumnGrid,
+          .columns = std::move(columns),
+          .sums = {"Debits", "Credits"},
+          .shownBy = "TrialOpt_1",
+          .totalsFrame = "LedgerTotals2",
+          .totals = {{"TDr", "Debit"}, {"TCr", "Credit"}}};
+}
+
+std::vector<frame::ReportFilterRow> filterRows() {
+  constexpr const char* selection = "AccountOpt";
+  return {{ReportOption{.name = "TrialOpt_0", .caption = "&6 Column", .group = "TrialOpt"},
+           ReportOption{.name = "TrialOpt_1", .caption = "&2 Column", .group = "TrialOpt"}},
+          {ReportOption{.name = "AllOpt", .caption = "&All Accounts", .group = selection}},
+          {ReportOption{.name = "SelectOpt",
+                        .caption = "&Main Account Type",
+                        .group = selection,
+                        .inputs = {"Acc", "SubTypeOpt", "SubList"}},
+           mainTypeList("Acc"), ReportOption{.name = "SubTypeOpt", .caption = "&Sub Type", .inputs = {"SubList"}},
+           subTypeList("SubList", "Acc")},
+          accountRangeRow("RangeOpt", "&Range", selection),
+          {balancesPeriodBoxes()}};
+}
+
+frame::ReportType balancesType(const session::LoginContext& context) {
+  return {.screen = "AccBalances",
+          .caption = "Trial Balance",
+          .filters = filterRows(),
+          .grids = {sixColumns("Account Name", "TrialOpt_0"), twoColumns()},
+          .totalsLabel = "Totals " + context.ccode,
+          .view = displayCommand(),
+          .print = printCommand(),
+          .sheet = exportCommand(),
+          .runs = frame::ReportRuns::OneByOne,
+          .check = checkSelection,
+          .load = loadBalances,
+          .figures = showTotals,
+          .printOut = printOut,
+          .sheetOf = sheetOf,
+          .drillDown = openLedger,
+          .opened = [](ReportScreen& screen) { screen.workplace().context.Costs.arm(); }};
+}
+
+}  // namespace
+
+QWidget* makeAccBalances(session::Workplace& workplace, QWidget* parent) {
+  return frame::makeReportWindow(balancesType(workplace.context), workplace, parent);
+}
+
+}  // namespace velmo::reports

@@ -1,0 +1,323 @@
+#include "reports/acc_balances.h"
+
+#include <gmock/gmock.h>
+
+#include "balances_desk.h"
+#include "export/sheet_reader.h"
+#include "reports/acc_ledgers.h"
+#include "support/small_disk.h"
+
+namespace velmo::reports {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+using Texts = std::vector<std::string>;
+
+class AccBalances : public test::BalancesDesk {
+ protected:
+  void range(const char* from, const char* to) {
+    choose("RangeOpt");
+    write("CodeFrom", from);
+    write("CodeTo", to);
+  }
+  Texts sixTotals() { return {read("OpenBalance"), read("TotalDr"), read("TotalCr"), read("CloseBalance")}; }
+  Texts twoTotals() { return {read("TDr"), read("TCr")}; }
+  Texts codes() {
+    Texts codes = column("DetailGrid", "Acc Code");
+    EXPECT_EQ(codes, column("DetailGrid2", "Acc Code"));
+    return codes;
+  }
+  // "date debit of the inventory credit of the cost of sales"
+  std::string closingStock() {
+    const std::string of =
+        "select TranDate, Debit, Credit from Transactions inner join SubTransactions on Transactions.TranNo = "
+        "SubTransactions.TranNo where TranType=51 and AccCode=";
+    const store::Recordset stock = rows(of + "13001001");
+    return stock.date("TranDate").iso() + " " + stock.text("Debit") + " " + rows(of + "50001006").text("Credit");
+  }
+  // Ten pieces for 25.00 in October, and three of them gone in November.
+  void stockUp() {
+    const auto run = [&](const std::string& statement) { context->KORDconn.execute(statement); };
+    run("INSERT INTO StockLevel1 (CatID, CatName) VALUES ('GDS', 'Goods')");
+    run("INSERT INTO StockLevel2 (SubCatID, SubCatName, CatID) VALUES ('GDS01', 'Goods', 'GDS')");
+    run("INSERT INTO StockLevel3 (ItemCode, ItemName, CatID, SubCatID, Status, ValuationType, ValuationCost2) VALUES "
+        "('A', 'Beam', 'GDS', 'GDS01', No, Yes, 99)");
+    const auto move = [&](const char* day, int tranType, const std::string& columns, const std::string& values) {
+      const std::string tranNo = std::to_string(post({.day = day, .tranType = tranType, .lines = {}}));
+      run("INSERT INTO StockFlow (TranNo, ItemCode, " + columns + ") VALUES (" + tranNo + ", 'A', " + values + ")");
+    };
+    move("10-05-2026", 22, "StockIn, ItemValue", "10, 25");
+    move("11-05-2026", 32, "StockOut", "3");
+  }
+};
+
+TEST_F(AccBalances, ShowsOpeningMovementAndClosingInSixColumnsOrTwo) {
+  sit(makeAccBalances);
+  EXPECT_EQ(dialog->windowTitle(), "Trial Balance");
+  EXPECT_EQ(control<forms::DatePicker>("BalDt_0").day(), context->FinancialYearStart);
+  EXPECT_EQ(control<forms::DatePicker>("BalDt_1").day(), clock.today());
+  EXPECT_TRUE(control<QWidget>("DetailGrid").isVisible() && control<QWidget>("LedgerTotals").isVisible());
+  EXPECT_FALSE(control<QWidget>("DetailGrid2").isVisible() || control<QWidget>("LedgerTotals2").isVisible());
+  setPeriod("2026-10-01", "2026-11-22");
+  EXPECT_THAT(view(), ElementsAre("10001001|Cash in Hand|500.25|Debit|0.00|0.00|500.25|Debit",
+                                  "11001001|City Bank|0.00|Debit|300.30|0.00|300.30|Debit",
+                                  "12001002|O'Brien & Sons|0.00|Debit|1000.00|300.00|700.00|Debit",
+                                  "21001002|Mills|0.00|Debit|0.00|640.10|640.10|Credit",
+                                  "31001001|Owner's Capital|500.25|Credit|0.00|0.00|500.25|Credit",
+                                  "40001009|Shop Sales|0.00|Debit|0.00|1000.30|1000.30|Credit",
+                                  "50001002|Purchases|0.00|Debit|640.10|0.00|640.10|Debit"));
+  EXPECT_THAT(sixTotals(), ElementsAre("0.00  Debit ", "1940.40", "1940.40", "0.00  Debit "));
+  EXPECT_EQ(caption("TtlLbl"), "Totals Rs.");
+  choose("TrialOpt_1");
+  EXPECT_FALSE(control<QWidget>("DetailGrid").isVisible() || control<QWidget>("LedgerTotals").isVisible());
+  EXPECT_TRUE(control<QWidget>("DetailGrid2").isVisible() && control<QWidget>("LedgerTotals2").isVisible());
+  EXPECT_THAT(lines("DetailGrid2"), ElementsAre("10001001|Cash in Hand|500.25|", "11001001|City Bank|300.30|",
+                                                "12001002|O'Brien & Sons|700.00|", "21001002|Mills||640.10",
+                                                "31001001|Owner's Capital||500.25", "40001009|Shop Sales||1000.30",
+                                                "50001002|Purchases|640.10|"));
+  EXPECT_THAT(twoTotals(), ElementsAre("2140.65", "2140.65"));
+  EXPECT_EQ(caption("MessageLbl"), "7 rows");
+}
+
+TEST_F(AccBalances, ThePeriodLiesWithinTheYear) {
+  sit(makeAccBalances);
+  setPeriod("2020-01-01", "2026-10-01");
+  EXPECT_THAT(view(), ElementsAre("10001001|Cash in Hand|0.00|Debit|500.25|0.00|500.25|Debit",
+                                  "12001002|O'Brien & Sons|0.00|Debit|1000.00|0.00|1000.00|Debit",
+                                  "31001001|Owner's Capital|0.00|Debit|0.00|500.25|500.25|Credit",
+                                  "40001009|Shop Sales|0.00|Debit|0.00|1000.00|1000.00|Credit"))
+      << "nothing before the year is an opening balance";
+  setPeriod("2026-12-01", "2026-12-31");
+  EXPECT_THAT(view(), Not(Contains(StartsWith("21001002"))));
+  EXPECT_THAT(codes(), Not(Contains("12001003"))) << "what 0.1 + 0.2 - 0.3 leaves is no balance";
+  EXPECT_THAT(column("DetailGrid", "Closing Balance"), Contains("339.80"));
+  setPeriod("2026-10-01", "2025-12-31");
+  EXPECT_THAT(view(), IsEmpty());
+  EXPECT_THAT(sixTotals(), ElementsAre("0.00  Debit ", "0.00", "0.00", "0.00  Debit "));
+  EXPECT_THAT(twoTotals(), ElementsAre("0.00", "0.00"));
+  EXPECT_EQ(caption("MessageLbl"), "0 rows");
+}
+
+TEST_F(AccBalances, TakesTheAccountsOfTheSelection) {
+  sit(makeAccBalances);
+  setPeriod("2026-10-01", "2026-11-22");
+  choose("SelectOpt");
+  chooseEntry("Acc", 110);
+  view();
+  EXPECT_THAT(codes(), ElementsAre("11001001"));
+  EXPECT_THAT(sixTotals(), ElementsAre("0.00  Debit ", "300.30", "0.00", "300.30  Debit "));
+  choose("SubTypeOpt");
+  chooseEntry("Acc", 210);
+  chooseEntry("SubList", 21001);
+  view();
+  EXPECT_THAT(codes(), ElementsAre("21001002"));
+  EXPECT_THAT(sixTotals(), ElementsAre("0.00  Debit ", "0.00", "640.10", "640.10 Credit "));
+  range("12001002", "31001001");
+  view();
+  EXPECT_THAT(codes(), ElementsAre("12001002", "21001002", "31001001"));
+  EXPECT_EQ(read("OpenBalance"), "500.25 Credit ");
+  range("31001001", "12001002");
+  view();
+  EXPECT_THAT(codes(), IsEmpty());
+  choose("AllOpt");
+  view();
+  EXPECT_EQ(codes().size(), 7U);
+}
+
+TEST_F(AccBalances, EachSelectionHasItsOwnInputs) {
+  sit(makeAccBalances);
+  const auto enabled = [&] {
+    Texts names;
+    for (const char* name : {"Acc", "SubTypeOpt", "SubList", "CodeFrom", "CodeTo"})
+      if (control<QWidget>(name).isEnabled()) names.emplace_back(name);
+    return names;
+  };
+  EXPECT_THAT(enabled(), IsEmpty());
+  choose("SelectOpt");
+  EXPECT_THAT(enabled(), ElementsAre("Acc", "SubTypeOpt"));
+  choose("SubTypeOpt");
+  chooseEntry("Acc", 120);
+  chooseEntry("SubList", 12001);
+  range("12001002", "12001003");
+  EXPECT_THAT(enabled(), ElementsAre("CodeFrom", "CodeTo"));
+  EXPECT_EQ(control<QComboBox>("Acc").currentText() + control<QComboBox>("SubList").currentText(), "");
+  choose("AllOpt");
+  EXPECT_EQ(read("CodeFrom") + read("AccFrom") + read("CodeTo") + read("AccTo"), "");
+}
+
+TEST_F(AccBalances, SaysWhatIsMissingAndLeavesTheBooksAlone) {
+  const std::string before = closingStock();
+  sit(makeAccBalances);
+  const auto refuse = [&](const char* title, const std::string& text, const char* focus) {
+    for (const auto& [button, verb] : {std::pair("ViewBttn", "view"), {"PrintBttn", "print"}, {"ExcelBttn", "view"}}) {
+      std::string said = text;
+      if (const auto at = said.find("%"); at != said.npos) said.replace(at, 1, verb);
+      prompts.expect(title, said);
+      click(button);
+      EXPECT_TRUE(control<QWidget>(focus).hasFocus()) << said;
+      EXPECT_TRUE(control<QWidget>(button).isEnabled());
+    }
+  };
+  choose("SelectOpt");
+  refuse("Select Main Account Type", "Select main account type to % balances.", "Acc");
+  control<QComboBox>("Acc").setEditText("No such type");
+  refuse("Select Main Account Type", "Select main account type to % balances.", "Acc");
+  choose("SubTypeOpt");
+  refuse("Select Sub Account Type", "Select sub account type to % balances.", "SubList");
+  chooseEntry("Acc", 120);
+  refuse("Select Sub Account Type", "Select sub account type to % balances.", "SubList");
+  range("' or 1=1", "");
+  refuse("Select Account Code", "Select account code to start from.", "CodeFrom");
+  range("12001002", "12001999");
+  refuse("Select Account Code", "Select account code to end at.", "CodeTo");
+  EXPECT_EQ(closingStock(), before);
+}
+
+TEST_F(AccBalances, EveryShowingRewritesTheClosingStock) {
+  stockUp();
+  sit(makeAccBalances);
+  EXPECT_TRUE(context->Costs.areArmed());
+  setPeriod("2026-01-01", "2026-10-31");
+  EXPECT_THAT(view(), Contains("13001001|Closing Inventory|0.00|Debit|25.00|0.00|25.00|Debit"));
+  EXPECT_EQ(closingStock(), "2026-10-31 25 25") << "at the weighted cost, not at that of before";
+  setPeriod("2026-01-01", "2026-11-22");
+  click("PrintBttn");
+  EXPECT_THAT(printed(), Contains("17.50"));
+  EXPECT_EQ(closingStock(), "2026-11-22 17.5 17.5");
+  files.name = (company.folder() / "trial.xlsx").string();
+  setPeriod("2026-01-01", "2026-10-04");
+  prompts.expect("Spreadsheet Saved", "5 rows were saved in \"" + files.name + "\".");
+  click("ExcelBttn");
+  EXPECT_EQ(closingStock(), "2026-10-04 0 0");
+  setPeriod("2026-01-01", "2026-12-31");
+  view();
+  open(makeAccLedgers);
+  write("ACodeTxt", "13001001");
+  click("ViewBttn");
+  EXPECT_THAT(lines("LedgerGrid"), ElementsAre(StartsWith("31-12-2026|")));
+  EXPECT_THAT(column("LedgerGrid", "Debit"), ElementsAre("17.50"));
+}
+
+TEST_F(AccBalances, ADoubleClickOpensTheLedger) {
+  sit(makeAccBalances);
+  setPeriod("2026-10-01", "2026-11-22");
+  view();
+  doubleClick("DetailGrid", 2);
+  EXPECT_EQ(opener.opened, "AccLedgers");
+  EXPECT_TRUE(context->OpenLedgerFlag);
+  EXPECT_EQ(context->OpenLedgerAccCode, 12001002);
+  context->OpenLedgerFlag = false;
+  choose("TrialOpt_1");
+  context->UserID = 3;
+  doubleClick("DetailGrid2", 3);
+  EXPECT_EQ(context->OpenLedgerAccCode, 21001002);
+  context->OpenLedgerFlag = false;
+  context->KORDconn.execute("UPDATE UserRights SET operator2 = Yes WHERE RightID = 240");
+  prompts.expect("Not Allowed", "You do not have access to " +
+                                    rows("select RightType from userrights where rightid=240").text("RightType"));
+  doubleClick("DetailGrid2", 0);
+  EXPECT_EQ(opener.opened, "");
+  EXPECT_FALSE(context->OpenLedgerFlag);
+}
+
+TEST_F(AccBalances, PrintsWhatItShows) {
+  sit(makeAccBalances);
+  setPeriod("2026-10-01", "2026-11-22");
+  const auto print = [&] {
+    click("PrintBttn");
+    return printed();
+  };
+  const Texts six = print();
+  for (const char* words : {"Harbour Timber", "Trial Balance", "From  October 01, 2026  To  November 22, 2026",
+                            "Customers", "Trade Customers", "O'Brien & Sons", "0.00  Debit ", "1,940.40"})
+    EXPECT_THAT(six, Contains(words));
+  EXPECT_THAT(six, Not(Contains("Quiet Customer")));
+  choose("TrialOpt_1");
+  const Texts two = print();
+  EXPECT_THAT(two, Contains("2,140.65").Times(2));
+  EXPECT_THAT(two, Not(Contains("Opening Balance")));
+  choose("SelectOpt");
+  chooseEntry("Acc", 120);
+  const Texts customers = print();
+  EXPECT_THAT(customers, Contains("Accounts Balances"));
+  EXPECT_THAT(customers, Contains("O'Brien & Sons"));
+  EXPECT_THAT(customers, Not(Contains("Mills")));
+  range("11001001", "21001002");
+  const Texts twoOfRange = print();
+  EXPECT_THAT(twoOfRange, Contains("1,000.30"));
+  EXPECT_THAT(twoOfRange, Not(Contains("Trade Customers")));
+  choose("TrialOpt_0");
+  const Texts sixOfRange = print();
+  for (const char* words : {"Accounts Balances", "Mills", "1,300.30", "360.20  Debit "})
+    EXPECT_THAT(sixOfRange, Contains(words));
+}
+
+TEST_F(AccBalances, SavesTheColumnsThatAreShown) {
+  sit(makeAccBalances);
+  setPeriod("2026-10-01", "2026-11-22");
+  range("11001001", "21001002");
+  files.name = (company.folder() / "trial.xlsx").string();
+  const auto save = [&] {
+    prompts.expect("Spreadsheet Saved", "3 rows were saved in \"" + files.name + "\".");
+    click("ExcelBttn");
+    const auto sheet = spreadsheet::readSheet(files.name);
+    EXPECT_TRUE(sheet) << sheet.error();
+    Texts rows;
+    for (std::size_t row = 0; row < sheet->rows.size(); ++row) {
+      std::string line;
+      for (std::size_t column = 0; column < sheet->rows[row].size(); ++column)
+        line += (column ? "|" : "") + textOf(sheet->at(row, column));
+      rows.push_back(line);
+    }
+    return rows;
+  };
+  EXPECT_THAT(save(), ElementsAre("Trial Balance", "From October 01, 2026 To November 22, 2026", "",
+                                  "Acc Code|Account Name|Opening Balance|Status|Debit|Credit|Closing Balance|Status",
+                                  "11001001|City Bank|0|Debit|300.3|0|300.3|Debit",
+                                  "12001002|O'Brien & Sons|0|Debit|1000|300|700|Debit",
+                                  "21001002|Mills|0|Debit|0|640.1|640.1|Credit",
+                                  "|Totals Rs.|0|Debit|1300.3|940.1|360.2|Debit"));
+  EXPECT_EQ(files.proposedName, "Trial Balance.xlsx");
+  choose("TrialOpt_1");
+  EXPECT_THAT(save(), ElementsAre("Trial Balance", "As On November 22, 2026", "", "Acc Code|Account Name|Debit|Credit",
+                                  "11001001|City Bank|300.3", "12001002|O'Brien & Sons|700", "21001002|Mills||640.1",
+                                  "|Totals Rs.|1000.3|640.1"));
+}
+
+TEST_F(AccBalances, IsUsedWithTheKeyboardAlone) {
+  sit(makeAccBalances);
+  test::focus(control<QWidget>("ViewBttn"));
+  test::press(control<QWidget>("ViewBttn"), Qt::Key_Space);
+  EXPECT_TRUE(control<QWidget>("ViewBttn").hasFocus()) << "the button was disabled meanwhile";
+  EXPECT_EQ(column("DetailGrid", "Acc Code").size(), 7U);
+  control<forms::DatePicker>("BalDt_1").setDay(text::DateTime::fromCalendar(2026, 10, 1));
+  test::press(control<QWidget>("BalDt_1"), Qt::Key_Return);
+  EXPECT_EQ(column("DetailGrid", "Acc Code").size(), 4U);
+  auto& grid = control<QTableView>("DetailGrid");
+  test::focus(grid);
+  test::press(grid, Qt::Key_Return);
+  EXPECT_EQ(context->OpenLedgerAccCode, 10001001);
+}
+
+TEST_F(AccBalances, AFullDiskIsToldAndLeavesTheScreenReady) {
+  stockUp();
+  sit(makeAccBalances);
+  const std::string before = closingStock();
+  prompts.expect("Cannot Show",
+                 "The disk that holds \"Uninstall/Uninstall.MDB\" reported an error (disk I/O error). "
+                 "Nothing was saved.");
+  {
+    const test::SmallDisk disk(4096);
+    click("ViewBttn");
+  }
+  EXPECT_EQ(closingStock(), before);
+  EXPECT_TRUE(control<QWidget>("ViewBttn").isEnabled());
+  EXPECT_THAT(view(), Contains(StartsWith("13001001")));
+}
+
+}  // namespace
+}  // namespace velmo::reports
