@@ -10,6 +10,7 @@
 #include "schema/upgrades.h"
 #include "store/connection_string.h"
 #include "store/error.h"
+#include "store/file_check.h"
 #include "store/file_identity.h"
 
 namespace velmo::schema {
@@ -30,6 +31,15 @@ std::filesystem::path homeFolder() {
 std::filesystem::path userDataFolder() {
   if (const char* folder = std::getenv("XDG_DATA_HOME"); folder != nullptr && *folder == '/') return folder;
   return homeFolder() / ".local" / "share";
+}
+
+// What hinders this will hinder the opening of the file as well, which tells it.
+void mendTotals(const std::filesystem::path& file) {
+  if (store::schemaVersionOf(file) != schemaVersion) return;
+  try {
+    store::mendKeptTotals(file, companyCatalog());
+  } catch (const store::StoreError&) {
+  }
 }
 
 }  // namespace
@@ -65,11 +75,13 @@ std::filesystem::path programFolder() {
 void prepareCompanyFile(const std::string& connectionString, const text::DateTime& now) {
   const store::ConnectionString target = store::parseConnectionString(connectionString);
   std::error_code error;
-  if (std::filesystem::exists(std::filesystem::symlink_status(target.dataSource, error)))
-    store::upgradeDatabaseFile(target.dataSource, companyCatalog(), upgrades());
-  else
+  if (!std::filesystem::exists(std::filesystem::symlink_status(target.dataSource, error))) {
     store::createDatabaseFile(target.dataSource, companyCatalog(), target.password, schemaVersion,
                               [&now](store::Connection& connection) { writeFirstRows(connection, now); });
+    return;
+  }
+  store::upgradeDatabaseFile(target.dataSource, companyCatalog(), upgrades());
+  mendTotals(target.dataSource);
 }
 
 }  // namespace velmo::schema

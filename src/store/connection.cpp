@@ -7,7 +7,6 @@
 
 #include "store/connection_impl.h"
 #include "store/connection_string.h"
-#include "store/kept_totals.h"
 #include "store/sql/functions.h"
 #include "store/sql/statement_shape.h"
 #include "store/sqlite_error.h"
@@ -29,26 +28,6 @@ void Connection::Impl::open(const std::filesystem::path& path, std::string_view 
   close();
   checkDatabaseFile(path, password, newestSchemaVersion);
   attach(path, SQLITE_OPEN_READWRITE);
-  try {
-    mendKeptTotals();
-  } catch (...) {
-    close();
-    throw;
-  }
-}
-
-void Connection::Impl::mendKeptTotals() {
-  for (const KeptTotals& kept : catalog.keptTotals()) {
-    if (areKept(database, kept)) continue;
-    begin();
-    try {
-      makeKeptTotals(database, kept);
-      commit();
-    } catch (...) {
-      rollback();
-      throw;
-    }
-  }
 }
 
 void Connection::Impl::attach(const std::filesystem::path& path, int openFlags) {

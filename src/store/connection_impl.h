@@ -48,7 +48,6 @@ struct Connection::Impl {
   void attach(const std::filesystem::path& path, int openFlags);  // without the checks of open()
   void close() noexcept;
   void requireOpen() const;
-  void mendKeptTotals();
 
   // Throws StoreError (Statement) with the clause and the place of what does not fit.
   BoundStatement compile(std::string_view statement);

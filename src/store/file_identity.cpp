@@ -204,4 +204,16 @@ void upgradeDatabaseFile(const fs::path& file, const Catalog& catalog, const std
   syncToDisk(folderOf(file), O_RDONLY | O_DIRECTORY);
 }
 
+void mendKeptTotals(const fs::path& file, const Catalog& catalog) {
+  Connection connection(catalog);
+  Connection::Impl& impl = *connection.impl();
+  impl.attach(file, SQLITE_OPEN_READWRITE);
+  for (const KeptTotals& kept : catalog.keptTotals()) {
+    if (areKept(impl.database, kept)) continue;
+    Connection::Transaction transaction(connection);
+    makeKeptTotals(impl.database, kept);
+    transaction.commit();
+  }
+}
+
 }  // namespace velmo::store

@@ -37,6 +37,10 @@ struct UpgradeStep {
 void upgradeDatabaseFile(const std::filesystem::path& file, const Catalog& catalog,
                          const std::vector<UpgradeStep>& steps);
 
+// Makes the kept totals of the catalogue again where areKept() finds them off, in one transaction.
+// Throws StoreError.
+void mendKeptTotals(const std::filesystem::path& file, const Catalog& catalog);
+
 // Keeps a salted derivation of the password in the file, in place of any earlier one.
 void writePassword(sqlite3* database, std::string_view password);
 bool passwordFits(sqlite3* database, std::string_view password);

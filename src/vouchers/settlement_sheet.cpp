@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "frame/cell_text.h"
 #include "text/format.h"
 #include "text/number.h"
 #include "vouchers/pending_items.h"
@@ -22,13 +23,6 @@ std::optional<double> numberIn(std::string_view text) {
 bool isAmount(std::string_view typed) {
   const auto number = numberIn(typed);
   return number && *number <= highestAmount;
-}
-
-// A text that nobody can type ends at no NUL: the store's own functions would see only half of it.
-std::string withoutNul(std::string_view typed) {
-  std::string text(typed);
-  std::erase(text, '\0');
-  return text;
 }
 
 std::vector<frame::SheetColumn> columnsOf(const SettlementKind& kind) {
@@ -113,14 +107,12 @@ std::string SettlementSheet::shownText(int row, int column) const {
   const store::Value value = valueAt(row, column);
   if (store::isNull(value) || column == Invoice) return store::textOf(value);
   if (column == Date) return text::formatDate(std::get<text::DateTime>(value), "dd-MM-yyyy");
-  return text::formatNumber(store::numberOf(value), "0.00;(0.00)");
+  return frame::shownFigure(value);
 }
 
 std::string SettlementSheet::editText(int row, int column) const {
-  const std::string plain = plainText(row, column);
-  if (column == Invoice || column == Date || plain.empty()) return plain;
-  const std::string twoDecimals = text::formatText(plain, "0.00");
-  return text::numberFrom(twoDecimals) == text::numberFrom(plain) ? twoDecimals : plain;
+  if (column == Invoice || column == Date) return plainText(row, column);
+  return frame::editFigure(valueAt(row, column));
 }
 
 bool SettlementSheet::mayEdit(int row, int column) {
@@ -157,12 +149,11 @@ bool SettlementSheet::accepts(int row, int column, std::string_view typed) const
 }
 
 bool SettlementSheet::enter(int row, int column, std::string_view typed) {
-  const std::string text = withoutNul(typed);
+  const std::string text = frame::withoutNul(typed);
   try {
     if (column == Invoice) return enterInvoice(row, text);
     if (!hasInvoice(row) || !accepts(row, column, text)) return false;
-    const std::optional<double> number = numberIn(text);
-    write(row, column, number ? store::Value(*number) : store::Value(store::Null{}));
+    write(row, column, frame::figureOrNull(text));
     if (column == WHTaxRt || column == TotPayment) deriveTax(row);
     RecalculateSettlementRow(row);
   } catch (const store::StoreError& error) {

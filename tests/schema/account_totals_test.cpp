@@ -272,6 +272,7 @@ TEST_F(AccountTotals, AreSetRightWhenTheFileIsOpened) {
                  store::areKept(company.connection.handle(), totals()))
         << damage;
     company.connection.close();
+    prepareCompanyFile(connectionStringFor(company.file), text::DateTime::fromCalendar(2026, 11, 23));
     company.connection.open(connectionStringFor(company.file));
     EXPECT_TRUE(store::areRight(company.connection.handle(), totals())) << damage;
   }
