@@ -246,5 +246,46 @@ void PostInvoiceOfTwentyLines(benchmark::State& state) {
 }
 BENCHMARK(PostInvoiceOfTwentyLines)->Iterations(2000)->Unit(benchmark::kMillisecond);
 
+// Takes the triggers of the kept totals out of the file.
+void dropTotals(sqlite3* file) {
+  std::vector<std::string> triggers;
+  const auto take = [](void* place, int, char** values, char**) {
+    static_cast<std::vector<std::string>*>(place)->emplace_back(values[0]);
+    return 0;
+  };
+  sqlite3_exec(file, "select name from sqlite_schema where type = 'trigger'", take, &triggers, nullptr);
+  if (triggers.empty()) throw std::logic_error("the file keeps no totals");
+  for (const std::string& trigger : triggers)
+    if (sqlite3_exec(file, ("drop trigger " + trigger).c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+      throw std::runtime_error(sqlite3_errmsg(file));
+}
+
+// Commits per second while the file keeps totals, as a share of those without.
+void PostBesideKeptTotals(benchmark::State& state) {
+  enterCompany({.invoices = 20000, .items = 2000, .accounts = 2000});
+  const CompanyCopy plainCopy;
+  ProgramPosting plain;
+  dropTotals(plain.handle());
+  const CompanyCopy keptCopy;
+  ProgramPosting kept;
+  Durations with, without;
+  int posted = 0;
+  for (auto _ : state) {
+    plain.prepare();
+    kept.prepare();
+    const auto postWith = [&] { with.measure([&] { kept.post(); }); };
+    if (posted % 2 == 0) postWith();
+    without.measure([&] { plain.post(); });
+    if (posted % 2 != 0) postWith();
+    if (++posted % 200 == 0) {
+      plain.checkpoint();
+      kept.checkpoint();
+    }
+  }
+  state.counters["share_of_without"] = without.percentile(0.5) / with.percentile(0.5);
+  state.counters["share_of_mean"] = without.mean() / with.mean();
+}
+BENCHMARK(PostBesideKeptTotals)->Iterations(2000)->Unit(benchmark::kMillisecond);
+
 }  // namespace
 }  // namespace velmo::bench

@@ -1,0 +1,117 @@
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <stdexcept>
+
+#include "frame/party_balance.h"
+#include "large_company_folder.h"
+#include "reports/balances_statements.h"
+#include "reports/closing_stock.h"
+#include "reports/ledger_statements.h"
+#include "schema/company_file.h"
+#include "schema/company_schema.h"
+#include "store/recordset.h"
+
+namespace velmo::bench {
+namespace {
+
+constexpr int fewDocuments = 20000;
+constexpr int manyDocuments = 330000;
+const text::DateTime from = text::DateTime::fromCalendar(2026, 3, 11);
+const text::DateTime to = text::DateTime::fromCalendar(2026, 11, 22);
+
+// The statements as they are, without the kept totals, on the same file and its indexes.
+const store::Catalog& plainCatalog() {
+  static const store::Catalog catalog(schema::companyCatalog().tables());
+  return catalog;
+}
+
+class Books {
+ public:
+  explicit Books(const store::Catalog& catalog = schema::companyCatalog()) : connection(catalog) {
+    connection.open(schema::plainConnectionString);
+  }
+
+  // Reads to the last row; the sum of a column is the proof.
+  double read(const std::string& statement, const char* column) {
+    const store::Recordset rows(connection, statement, store::LockType::ReadOnly);
+    const int field = rows.fieldIndex(column);
+    double sum = 0;
+    for (std::int64_t row = 0, count = rows.recordCount(); row < count; ++row)
+      sum += std::abs(store::numberOf(rows.valueAt(row, field)));
+    return sum;
+  }
+
+  store::Connection connection;
+};
+
+void requireSame(double ours, double theirs) {
+  if (std::abs(ours - theirs) > 0.01 || theirs == 0)
+    throw std::logic_error("the two ways differ: " + std::to_string(ours) + " and " + std::to_string(theirs));
+}
+
+demo::LargeCompany companyOf(std::int64_t documents) {
+  return {.invoices = static_cast<int>(documents), .items = 20000, .accounts = 2000};
+}
+
+// The trial balance with the closing stock before it, as the screen reads them, beside the plain statements.
+void TrialBalance(benchmark::State& state) {
+  enterCompany(companyOf(state.range(0)));
+  Books books, plain(plainCatalog());
+  const reports::BalancePeriod period{.fyid = 1, .from = from, .to = to};
+  const std::string six = reports::sixColumnBalances(period, reports::AllAccounts{});
+  const std::string two = reports::twoColumnBalances(period, reports::AllAccounts{});
+  const std::string type = reports::sixColumnBalances(period, reports::AccountsOfType{120});
+  Durations sixColumns, sixPlain, twoColumns, twoPlain, customers, stock, stockPlain;
+  for (auto _ : state) {
+    double ours = 0, theirs = 0;
+    sixColumns.measure([&] { ours = books.read(six, "CBalance"); });
+    sixPlain.measure([&] { theirs = plain.read(six, "CBalance"); });
+    requireSame(ours, theirs);
+    twoColumns.measure([&] { ours = books.read(two, "Debits"); });
+    twoPlain.measure([&] { theirs = plain.read(two, "Debits"); });
+    requireSame(ours, theirs);
+    customers.measure([&] { benchmark::DoNotOptimize(books.read(type, "CBalance")); });
+    stock.measure([&] { ours = reports::closingStockValue(books.connection, 1, to); });
+    stockPlain.measure([&] { theirs = reports::closingStockValue(plain.connection, 1, to); });
+    requireSame(ours, theirs);
+  }
+  const auto counter = [&](const char* name, double value) { state.counters[name] = value; };
+  counter("six_ms", sixColumns.percentile(0.5) * 1e3);
+  counter("two_ms", twoColumns.percentile(0.5) * 1e3);
+  counter("customers_ms", customers.percentile(0.5) * 1e3);
+  counter("stock_ms", stock.percentile(0.5) * 1e3);
+  counter("six_times_faster", sixPlain.percentile(0.5) / sixColumns.percentile(0.5));
+  counter("two_times_faster", twoPlain.percentile(0.5) / twoColumns.percentile(0.5));
+  counter("with_stock_times_faster", (sixPlain.percentile(0.5) + stockPlain.percentile(0.5)) /
+                                         (sixColumns.percentile(0.5) + stock.percentile(0.5)));
+}
+BENCHMARK(TrialBalance)->Arg(fewDocuments)->Arg(manyDocuments)->Iterations(5)->Unit(benchmark::kMillisecond);
+
+// What single accounts are asked for at a counter and by their ledger, and the check when a file is opened.
+void BalanceOfOneAccount(benchmark::State& state) {
+  enterCompany(companyOf(state.range(0)));
+  Books books, plain(plainCatalog());
+  constexpr std::int64_t sales = 40001001;
+  const std::string before = reports::broughtForwardStatement(sales, 1, to);
+  Durations forward, forwardPlain, party, partyPlain, opened;
+  for (auto _ : state) {
+    double ours = 0, theirs = 0;
+    forward.measure([&] { ours = books.read(before, "OBalance"); });
+    forwardPlain.measure([&] { theirs = plain.read(before, "OBalance"); });
+    requireSame(ours, theirs);
+    party.measure([&] { ours = frame::partyBalance(books.connection, sales, 1).amount; });
+    partyPlain.measure([&] { theirs = frame::partyBalance(plain.connection, sales, 1).amount; });
+    requireSame(std::abs(ours), std::abs(theirs));
+    opened.measure([] { benchmark::DoNotOptimize(Books().connection.isOpen()); });
+  }
+  state.counters["brought_forward_ms"] = forward.percentile(0.5) * 1e3;
+  state.counters["party_balance_ms"] = party.percentile(0.5) * 1e3;
+  state.counters["open_ms"] = opened.percentile(0.5) * 1e3;
+  state.counters["forward_times_faster"] = forwardPlain.percentile(0.5) / forward.percentile(0.5);
+  state.counters["party_times_faster"] = partyPlain.percentile(0.5) / party.percentile(0.5);
+}
+BENCHMARK(BalanceOfOneAccount)->Arg(fewDocuments)->Arg(manyDocuments)->Iterations(5)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace velmo::bench
