@@ -226,7 +226,7 @@ void ReportFilters::addAccount(const ReportAccount& account, QHBoxLayout& row) {
 
 void ReportFilters::addList(const ReportList& list, QHBoxLayout& row) {
   auto* box = new forms::DropCombo(this);
-  box->setMinimumContentsLength(24);
+  box->setMinimumContentsLength(list.width);
   name(*box, list.name, list.caption);
   row.addWidget(box);
   const auto reload = [this, box, list] {

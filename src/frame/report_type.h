@@ -59,6 +59,7 @@ struct ReportList {
   std::string bound;                                          // field
   std::function<std::string(const store::Value&)> statement;  // of what is chosen in `parent`, null without one
   std::string parent = {};
+  int width = 24;  // in average characters
 };
 
 // What else the statement of a list says of the entry that is chosen there, in read-only boxes, row by row. They are

@@ -55,6 +55,16 @@ std::string ledgerStatement(std::int64_t account, int fyid, const std::string& p
          ") And ((Transactions.Cancel) = No)) ORDER BY Transactions.TranDate, SubTransactions.Serial";
 }
 
+std::string jobLedgerStatement(std::int64_t job, int fyid) {
+  return std::string(
+             "SELECT Transactions.TranNo, Transactions.TranDate, Transactions.TranType, [Trantype].[short] & ' ' & "
+             "[Transactions].[docno] AS TranRefShort, SubTransactions.AccCode, SubTransactions.AccName, "
+             "SubTransactions.Desc, SubTransactions.Debit, SubTransactions.Credit, SubTransactions.Serial ") +
+         linesOfDocuments + "Where (((Transactions.JobIDFrom) = " + std::to_string(job) + ") And " + notEmpty +
+         " AND ((Transactions.FYID) = " + std::to_string(fyid) +
+         ") And ((Transactions.Cancel) = No)) ORDER BY Transactions.TranDate, SubTransactions.Serial";
+}
+
 std::string dayBookStatement(int fyid, const frame::ReportPeriod& period) {
   return std::string(
              "SELECT Transactions.TranNo, Transactions.TranDate, Transactions.TranType, [Trantype].[Name] & ' No. ' & "

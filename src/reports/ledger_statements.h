@@ -14,6 +14,9 @@ std::string broughtForwardStatement(std::int64_t account, int fyid, const text::
 // The account's lines in the order of the ledger. Cancelled documents and empty lines are not among them.
 std::string ledgerStatement(std::int64_t account, int fyid, const std::string& periodFilter);
 
+// The lines of the documents of the year that cite a job, in the order of the ledger, without those of cancelled ones.
+std::string jobLedgerStatement(std::int64_t job, int fyid);
+
 // The lines of all documents of a period, cancelled ones too, day by day and document by document.
 std::string dayBookStatement(int fyid, const frame::ReportPeriod& period);
 

@@ -19,6 +19,8 @@
 #include "reports/acc_balances.h"
 #include "reports/acc_ledgers.h"
 #include "reports/daily_journal.h"
+#include "reports/job_ledgers.h"
+#include "reports/narrow_balances.h"
 #include "reports/print_ledgers.h"
 #include "reports/print_vouchers.h"
 #include "shell/about.h"
@@ -119,6 +121,10 @@ constexpr ScreenEntry screens[] = {
     {"PrintLedgers", ScreenKind::Dialog, reports::makePrintLedgers},
     {"PrintVouchers", ScreenKind::Dialog, makePrintVouchers},
     {"AccBalances", ScreenKind::ChildWindow, reports::makeAccBalances},
+    {"CustomerBalances", ScreenKind::ChildWindow, reports::makeCustomerBalances},
+    {"VendorBalances", ScreenKind::ChildWindow, reports::makeVendorBalances},
+    {"CashBalances", ScreenKind::ChildWindow, reports::makeCashBalances},
+    {"JobLedgers", ScreenKind::ChildWindow, reports::makeJobLedgers},
     {"CompanyInfo", ScreenKind::Dialog, makeCompanyInfo},
     {"LogoSetting", ScreenKind::Dialog, makeLogoSetting},
     {"CurrencySettings", ScreenKind::Dialog, makeCurrencySettings},

@@ -1,0 +1,103 @@
+#include "reports/job_ledgers.h"
+
+#include "frame/report_model.h"
+#include "frame/report_screen.h"
+#include "reports/ledger_statements.h"
+#include "text/format.h"
+
+namespace velmo::reports {
+namespace {
+
+using forms::ColumnAlignment;
+using forms::TableColumn;
+using frame::ReportScreen;
+
+constexpr const char* grid = "LedgerGrid";
+constexpr const char* jobs =
+    "SELECT Jobs.JobID, Jobs.JobNo, (Jobs.JobNo & ' (' & Jobs.JobDesc &')') as Job, Jobs.JobDate, "
+    "Jobs.ExpDeliveryDate, Jobs.CustomerName, Jobs.EstimatedCost, Jobs.ValueofWork, Employees.EmpName, Jobs.Status, "
+    "Jobs.CompletionDate FROM Jobs LEFT JOIN Employees ON Jobs.InchargeID = Employees.EmpID ORDER BY Jobs.JobNo";
+
+frame::ReportEntryBoxes jobBoxes() {
+  const auto amount = [](const char* caption, const char* field) {
+    return TableColumn{
+        .caption = caption, .field = field, .format = "#,##0.00", .alignment = ColumnAlignment::Right, .width = 16};
+  };
+  return {.name = "JobTxt",
+          .list = "JobList",
+          .boxes = {{.caption = "Job No.", .field = "JobNo"},
+                    {.caption = "Customer", .field = "CustomerName", .width = 30},
+                    amount("Estimated Cost", "EstimatedCost"),
+                    {.caption = "Job Date", .field = "JobDate", .format = "dd-mm-yyyy"},
+                    {.caption = "In Charge", .field = "EmpName", .width = 30},
+                    amount("Value of Work", "ValueofWork"),
+                    {.caption = "Status", .field = "Status", .yes = "Closed", .no = "Open"},
+                    {.caption = "Expected Delivery", .field = "ExpDeliveryDate", .width = 30},
+                    {.caption = "Completion Date", .field = "CompletionDate", .width = 16}}};
+}
+
+std::vector<TableColumn> gridColumns() {
+  const auto figure = [](const char* caption) {
+    return TableColumn{.caption = caption,
+                       .field = caption,
+                       .format = frame::figureFormat,
+                       .alignment = ColumnAlignment::Right,
+                       .width = 12};
+  };
+  return {{.caption = "Date", .field = "TranDate", .format = "dd-mm-yyyy", .width = 10},
+          {.caption = "Tran. No.", .field = "TranRefShort", .width = 10},
+          {.caption = "Acc Code", .field = "AccCode", .width = 10},
+          {.caption = "Account Name", .field = "AccName", .width = 24},
+          {.caption = "Description", .field = "Desc", .width = 42},
+          figure("Debit"),
+          figure("Credit")};
+}
+
+bool checkJob(ReportScreen& screen, frame::ReportUse) {
+  return !store::isNull(screen.filters().bound("JobList")) ||
+         screen.refuse("Select Job", "Select a valid job to view ledger.", "JobList");
+}
+
+void loadLedger(ReportScreen& screen) {
+  session::LoginContext& context = screen.workplace().context;
+  const std::int64_t job = store::integerOf(screen.filters().bound("JobList"));
+  screen.setRows(grid, std::make_shared<frame::RecordsetRows>(store::Recordset(
+                           context.KORDconn, jobLedgerStatement(job, context.FYID), store::LockType::ReadOnly)));
+}
+
+void showTotals(ReportScreen& screen) {
+  const frame::ReportModel& lines = screen.model(grid);
+  const auto show = [&screen](const char* name, double amount) {
+    screen.setFigure(name, text::formatNumber(amount, frame::figureFormat));
+  };
+  show("TotalDr", lines.sum("Debit"));
+  show("TotalCr", lines.sum("Credit"));
+  show("Balance", lines.sum("Debit") - lines.sum("Credit"));
+}
+
+frame::ReportType ledgersType(const session::LoginContext& context) {
+  return {.screen = "JobLedgers",
+          .caption = "Jobs Ledgers",
+          .filters = {{frame::ReportList{.name = "JobList",
+                                         .caption = "&Job",
+                                         .shown = "Job",
+                                         .bound = "JobID",
+                                         .statement = [](const store::Value&) { return std::string(jobs); },
+                                         .width = 60}},
+                      {jobBoxes()}},
+          .grids = {{.name = grid, .columns = gridColumns(), .sums = {"Debit", "Credit"}}},
+          .totalsLabel = "Totals " + context.ccode,
+          .totals = {{"TotalDr", "Debit"}, {"TotalCr", "Credit"}, {"Balance", "Balance"}},
+          .view = {"ViewBttn", "&View Ledger", "Shows what documents for the job put into the ledgers"},
+          .check = checkJob,
+          .load = loadLedger,
+          .figures = showTotals};
+}
+
+}  // namespace
+
+QWidget* makeJobLedgers(session::Workplace& workplace, QWidget* parent) {
+  return frame::makeReportWindow(ledgersType(workplace.context), workplace, parent);
+}
+
+}  // namespace velmo::reports
