@@ -11,6 +11,7 @@ namespace velmo::schema {
 std::vector<store::Table> accountTables();    // chart of accounts and the two statements built on it
 std::vector<store::Table> documentTables();   // documents, their ledger and item lines, open invoices and bills
 store::KeptTotals accountTotals();            // debits and credits by account
+store::KeptTotals stockTotals();              // what came in and went out by item
 std::vector<store::Table> inventoryTables();  // catalogue of goods and services
 std::vector<store::Table> peopleTables();     // parties' classification, employees, jobs, users
 std::vector<store::Table> settingTables();    // company, years, currencies, document types, help

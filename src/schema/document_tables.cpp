@@ -151,11 +151,29 @@ store::KeptTotals accountTotals() {
           .key = "TranNo",
           .group = "FYID",
           .day = "TranDate",
-          .excluded = "Cancel",
+          .excluded = {"Cancel"},
           .lines = "SubTransactions",
+          .lineKey = "Serial",
           .link = "TranNo",
           .subject = "AccCode",
           .amounts = {"Debit", "Credit"}};
+}
+
+// An invoice has many items, of which each would touch another page of the file.
+store::KeptTotals stockTotals() {
+  return {.name = "Stock",
+          .documents = "Transactions",
+          .key = "TranNo",
+          .group = "FYID",
+          .day = "TranDate",
+          .excluded = {"Cancel", "InvLedger"},
+          .lines = "StockFlow",
+          .lineKey = "FlowId",
+          .link = "TranNo",
+          .subject = "ItemCode",
+          .subjectType = store::KeptTotals::Subject::Text,
+          .amounts = {"StockIn", "StockOut"},
+          .adds = store::KeptTotals::Adds::Later};
 }
 
 std::vector<store::Table> documentTables() {

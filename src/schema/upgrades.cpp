@@ -29,7 +29,7 @@ void toVersion2(store::Connection& connection) {
   for (const std::string& sql : store::createIndexSql(items)) run(connection, sql);
 }
 
-// The totals of accounts by day and month came.
+// The totals of accounts and items by day and month came.
 void toVersion3(store::Connection& connection) {
   for (const store::KeptTotals& kept : companyCatalog().keptTotals())
     store::makeKeptTotals(connection.handle(), kept);

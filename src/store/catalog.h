@@ -41,16 +41,24 @@ struct Table {
 // a balance needs no reading of lines. A line counts while its document is not excluded and has a group, and it has a
 // subject; an amount that is null counts as 0.
 struct KeptTotals {
+  // When a new line is added to them: as it is written, or with others in a moment without work, which spares a
+  // document of many lines the time. What is not added yet is read from the lines.
+  enum class Adds { AtOnce, Later };
+  enum class Subject { Number, Text };
+
   std::string name;       // the tables are "<name>Days" and "<name>Months"
   std::string documents;  // a table
   std::string key;        // its key, a single whole number
-  std::string group;      // columns of it: a whole number, a date and a Yes/No
+  std::string group;      // columns of it: a whole number, a date, and Yes/No of which each one excludes
   std::string day;
-  std::string excluded;
-  std::string lines;  // a table that relates to the documents
-  std::string link;   // columns of it: to the documents' key, a whole number and the amounts
+  std::vector<std::string> excluded;
+  std::string lines;    // a table that relates to the documents
+  std::string lineKey;  // its key, an AutoNumber
+  std::string link;     // columns of it: to the documents' key, what is summed up for, and the amounts
   std::string subject;
+  Subject subjectType = Subject::Number;
   std::vector<std::string> amounts;
+  Adds adds = Adds::AtOnce;
 };
 
 // The tables that statements may name. Free of any one company's schema.

@@ -7,6 +7,7 @@
 
 #include "store/connection_impl.h"
 #include "store/connection_string.h"
+#include "store/kept_totals.h"
 #include "store/sql/functions.h"
 #include "store/sql/statement_shape.h"
 #include "store/sqlite_error.h"
@@ -16,6 +17,7 @@ namespace {
 
 constexpr std::size_t mostShapes = 200;
 constexpr int busyTimeout = 2000;              // milliseconds that a write waits for another program
+constexpr int fewestAdded = 500;               // lines that are added to kept totals together
 constexpr const char* logPagesLimit = "8000";  // 32 MB; below that the log is moved into the file by checkpoint() alone
 
 }  // namespace
@@ -154,6 +156,26 @@ void Connection::Impl::rollback() noexcept {
   }
 }
 
+// A result that is being read must not see half of it, and what others write may wait for no idle moment of ours.
+void Connection::Impl::addLaterLines() {
+  const auto isRead = [](const auto& reader) { return !reader.expired(); };
+  if (insideTransaction() || std::ranges::any_of(readers, isRead)) return;
+  for (const KeptTotals& kept : catalog.keptTotals()) {
+    if (laterLines(database, kept) < fewestAdded) continue;
+    sqlite3_busy_timeout(database, 0);
+    const bool begun = sqlite3_exec(database, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) == SQLITE_OK;
+    sqlite3_busy_timeout(database, busyTimeout);
+    if (!begun) return;
+    try {
+      store::addLaterLines(database, kept);
+      run("COMMIT");
+    } catch (...) {
+      sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
+      throw;
+    }
+  }
+}
+
 void Connection::Impl::addReader(const std::shared_ptr<OpenReader>& reader) {
   std::erase_if(readers, [](const auto& weak) { return weak.expired(); });
   readers.push_back(reader);
@@ -195,6 +217,7 @@ bool Connection::isOpen() const {
 
 void Connection::checkpoint() {
   impl_->requireOpen();
+  impl_->addLaterLines();
   const int code = sqlite3_wal_checkpoint_v2(impl_->database, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
   if (code != SQLITE_OK && code != SQLITE_BUSY && code != SQLITE_LOCKED) {
     throw sqliteError(impl_->database, code, impl_->fileName);

@@ -36,8 +36,8 @@ class Connection {
   void close();
   bool isOpen() const;
 
-  // Moves what was written from the log into the file, as far as nobody reads there. For moments without work: writing
-  // itself leaves the log alone until it is large.
+  // Moves what was written from the log into the file, as far as nobody reads there, and adds to the kept totals what
+  // is added later. For moments without work: writing itself leaves the log alone until it is large.
   void checkpoint();
 
   // Runs an INSERT, UPDATE or DELETE of the dialect and returns the number of rows written.

@@ -63,6 +63,7 @@ struct Connection::Impl {
   void rollback() noexcept;
   bool insideTransaction() const;  // as the database sees it: a full disk ends a transaction by itself
 
+  void addLaterLines();  // to the kept totals, where it disturbs nobody
   void addReader(const std::shared_ptr<OpenReader>& reader);
   void finishReaders();
   // Enrols for the end of the open transaction; each participant enrols once per transaction.

@@ -214,6 +214,7 @@ void mendKeptTotals(const fs::path& file, const Catalog& catalog) {
     makeKeptTotals(impl.database, kept);
     transaction.commit();
   }
+  impl.addLaterLines();
 }
 
 }  // namespace velmo::store

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <cstdlib>
 #include <functional>
 #include <vector>
 
@@ -15,6 +16,10 @@ constexpr int latestDays = 3;  // that areKept() sums up again
 
 using Names = std::vector<std::string>;
 
+std::string stateTableOf(const KeptTotals& kept) {
+  return kept.name + "Added";
+}
+
 std::string list(const Names& items, const char* separator = ", ") {
   std::string text;
   for (const std::string& item : items) text += (text.empty() ? "" : separator) + item;
@@ -27,6 +32,8 @@ Names each(const Names& items, const std::function<std::string(const std::string
   return formed;
 }
 
+enum class Sign { Plus, Minus };
+
 struct Object {
   std::string type;
   std::string name;
@@ -38,6 +45,7 @@ class KeptSql {
  public:
   explicit KeptSql(const KeptTotals& kept)
       : kept_(kept),
+        later_(kept.adds == KeptTotals::Adds::Later),
         days_(quotedName(daysTableOf(kept))),
         months_(quotedName(monthsTableOf(kept))),
         documents_(quotedName(kept.documents)),
@@ -48,55 +56,52 @@ class KeptSql {
         amounts_(each(kept.amounts, quotedName)) {}
 
   std::vector<Object> objects() const {
-    return {table(daysTableOf(kept_), dayKey()), table(monthsTableOf(kept_), monthKey()), subjectIndex(),
-            lineTrigger("Added", "AFTER INSERT", {}, {"new"}), lineTrigger("Removed", "AFTER DELETE", {"old"}, {}),
-            lineTrigger("Changed", "AFTER UPDATE OF " + list(lineColumns()), {"old"}, {"new"}),
-            // What hangs on a document goes when it is gone, and its day with it.
-            documentTrigger("Deleted", "BEFORE DELETE", "", subtraction("old")),
-            documentTrigger("Moved", "AFTER UPDATE OF " + list(documentColumns()),
-                            " WHEN " + differs(documentColumns()), subtraction("old") + addition("new"))};
-  }
-
-  // The totals of days as the lines have them; `where` begins with AND.
-  std::string daysOfLines(const std::string& where = {}) const {
-    return "SELECT " + group_ + ", " + dayOf(documents_) + " AS " + day_ + ", " + subject_ + ", count(*) AS Lines, " +
-           list(each(amounts_,
-                     [](const std::string& amount) { return "sum(coalesce(" + amount + ", 0)) AS " + amount; })) +
-           " FROM " + documents_ + " JOIN " + lines_ + " ON " + documents_ + "." + quotedName(kept_.key) + " = " +
-           lines_ + "." + quotedName(kept_.link) + " WHERE " + counts(documents_) + " AND " + subject_ +
-           " IS NOT NULL" + where + " GROUP BY 1, 2, 3";
-  }
-
-  std::string monthsOfDays() const {
-    return "SELECT " + group_ + ", " + monthOf(day_) + " AS Month, " + subject_ + ", sum(Lines) AS Lines, " +
-           list(each(amounts_, [](const std::string& amount) { return "sum(" + amount + ") AS " + amount; })) +
-           " FROM " + days_ + " GROUP BY 1, 2, 3";
+    std::vector<Object> all = {table(daysTableOf(kept_), dayKey()), table(monthsTableOf(kept_), monthKey()),
+                               subjectIndex()};
+    if (later_) all.push_back(stateTable());
+    all.insert(all.end(),
+               {lineTrigger("Added", "AFTER INSERT", {}, {"new"}), lineTrigger("Removed", "AFTER DELETE", {"old"}, {}),
+                lineTrigger("Changed", "AFTER UPDATE OF " + list(lineColumns()), {"old"}, {"new"}),
+                // What hangs on a document goes when it is gone, and its day with it.
+                documentTrigger("Deleted", "BEFORE DELETE", "", subtraction("old")),
+                documentTrigger("Moved", "AFTER UPDATE OF " + list(documentColumns()),
+                                " WHEN " + differs(documentColumns()), subtraction("old") + addition("new"))});
+    return all;
   }
 
   Names fill() const {
-    return {"INSERT INTO " + days_ + " (" + list(columns(day_)) + ") " + daysOfLines(),
-            "INSERT INTO " + months_ + " (" + list(columns("Month")) + ") " + monthsOfDays()};
+    Names statements = {"INSERT INTO " + days_ + " (" + list(columns(day_)) + ") " + ofLines(dayOf(documents_), day_),
+                        "INSERT INTO " + months_ + " (" + list(columns("Month")) + ") " + monthsOfDays()};
+    if (later_) statements.push_back("INSERT INTO " + state() + " VALUES (" + lastLine() + ")");
+    return statements;
   }
 
-  // Selects a row when the latest days are not those of their lines.
+  Names addLater() const {
+    const std::string notYet = " AND " + additionTest(kept_, kept_.lines, Added::NotYet);
+    return {insertion(days_, day_) + ofLines(dayOf(documents_), day_, notYet) + upsert(dayKey()),
+            insertion(months_, "Month") + ofLines(monthOf(dayOf(documents_)), "Month", notYet) +
+                upsert(monthKey()),
+            "UPDATE " + state() + " SET Line = " + lastLine()};
+  }
+  std::string countLater() const {
+    return "SELECT count(*) FROM " + lines_ + " WHERE " + additionTest(kept_, kept_.lines, Added::NotYet);
+  }
+
+  // Each selects a row when the totals are off.
   std::string staleDays() const {
-    const std::string first = "(SELECT min(" + day_ + ") FROM (SELECT " + day_ + " FROM " + documents_ + " WHERE " +
-                              group_ + " IS latest." + group_ + " AND " + day_ + " IS NOT NULL GROUP BY " + day_ +
-                              " ORDER BY " + day_ + " DESC LIMIT " + std::to_string(latestDays) + "))";
-    const std::string latest = "WITH latest (" + group_ + ") AS (SELECT max(" + group_ + ") FROM " + documents_ +
-                               "), since (" + day_ + ") AS (SELECT " + first + " FROM latest) ";
-    const std::string ofLines =
-        "(" +
-        daysOfLines(" AND " + documents_ + "." + group_ + " = (SELECT " + group_ + " FROM latest) AND " + documents_ +
-                    "." + day_ + " >= (SELECT " + day_ + " FROM since)") +
-        ")";
-    const std::string kept = "(SELECT * FROM " + days_ + " WHERE " + group_ + " = (SELECT " + group_ +
-                             " FROM latest) AND " + day_ + " >= (SELECT " + day_ + " FROM since) AND " + day_ + " < " +
-                             noDay + ")";
-    return latest + differences(ofLines, kept, day_);
+    const std::string latest = "(SELECT max(" + group_ + ") FROM " + documents_ + ")";
+    const std::string since = "(SELECT min(" + day_ + ") FROM (SELECT DISTINCT " + day_ + " FROM " + documents_ +
+                              " WHERE " + group_ + " = " + latest + " AND " + day_ + " IS NOT NULL ORDER BY " + day_ +
+                              " DESC LIMIT " + std::to_string(latestDays) + "))";
+    const auto ofLatest = [&](const std::string& row) {
+      return row + "." + group_ + " = " + latest + " AND " + row + "." + day_ + " >= " + since;
+    };
+    return differences("(" + addedLines(" AND " + ofLatest(documents_)) + ")",
+                       "(SELECT * FROM " + days_ + " WHERE " + ofLatest(days_) + " AND " + day_ + " < " + noDay + ")",
+                       day_);
   }
   std::string staleMonths() const { return differences("(" + monthsOfDays() + ")", months_, "Month"); }
-  std::string wrongDays() const { return differences("(" + daysOfLines() + ")", days_, day_); }
+  std::string wrongDays() const { return differences("(" + addedLines() + ")", days_, day_); }
 
  private:
   Names columns(const std::string& time) const {
@@ -107,26 +112,62 @@ class KeptSql {
   Names dayKey() const { return {group_, day_, subject_}; }
   // By subject first: a balance is then a stretch of few neighbouring months.
   Names monthKey() const { return {group_, subject_, "Month"}; }
-  Names documentColumns() const { return {group_, day_, quotedName(kept_.excluded)}; }
+  Names documentColumns() const {
+    Names names = {group_, day_};
+    for (const std::string& excluded : kept_.excluded) names.push_back(quotedName(excluded));
+    return names;
+  }
   Names lineColumns() const {
-    Names names = {quotedName(kept_.link), subject_};
+    Names names = {quotedName(kept_.lineKey), quotedName(kept_.link), subject_};
     names.insert(names.end(), amounts_.begin(), amounts_.end());
     return names;
   }
 
+  std::string state() const { return quotedName(stateTableOf(kept_)); }
+  std::string lastLine() const {
+    return "(SELECT coalesce(max(" + quotedName(kept_.lineKey) + "), 0) FROM " + lines_ + ")";
+  }
   std::string dayOf(const std::string& row) const { return "coalesce(" + row + "." + day_ + ", " + noDay + ")"; }
-  std::string counts(const std::string& row) const {
-    return row + "." + quotedName(kept_.excluded) + " = 0 AND " + row + "." + group_ + " IS NOT NULL";
+  // Of a line: that it is in the totals, where not all are.
+  std::string isAdded(const std::string& row) const {
+    return later_ ? " AND " + additionTest(kept_, row, Added::Already) : std::string();
+  }
+
+  // The lines summed up; `where` begins with AND.
+  std::string ofLines(const std::string& time, const std::string& name, const std::string& where = {}) const {
+    return "SELECT " + documents_ + "." + group_ + ", " + time + " AS " + name + ", " + subject_ +
+           ", count(*) AS Lines, " +
+           list(each(amounts_,
+                     [](const std::string& amount) { return "sum(coalesce(" + amount + ", 0)) AS " + amount; })) +
+           " FROM " + documents_ + " JOIN " + lines_ + " ON " + documents_ + "." + quotedName(kept_.key) + " = " +
+           lines_ + "." + quotedName(kept_.link) + " WHERE " + countTest(kept_, kept_.documents) + " AND " + subject_ +
+           " IS NOT NULL" + where + " GROUP BY 1, 2, 3";
+  }
+  std::string addedLines(const std::string& where = {}) const {
+    return ofLines(dayOf(documents_), day_, where + isAdded(kept_.lines));
+  }
+  std::string monthsOfDays() const {
+    return "SELECT " + group_ + ", " + monthOf(day_) + " AS Month, " + subject_ + ", sum(Lines) AS Lines, " +
+           list(each(amounts_, [](const std::string& amount) { return "sum(" + amount + ") AS " + amount; })) +
+           " FROM " + days_ + " GROUP BY 1, 2, 3";
   }
 
   Object table(const std::string& name, const Names& key) const {
     std::string columns;
-    for (const std::string& column : key)
-      columns += column + (column == group_ || column == subject_ ? " INTEGER NOT NULL, " : " TEXT NOT NULL, ");
+    for (const std::string& column : key) columns += column + " " + typeOf(column) + " NOT NULL, ";
     columns += "Lines INTEGER NOT NULL, ";
     for (const std::string& amount : amounts_) columns += amount + " REAL NOT NULL, ";
     return {"table", name,
             "CREATE TABLE " + quotedName(name) + " (" + columns + "PRIMARY KEY (" + list(key) + ")) WITHOUT ROWID"};
+  }
+  std::string typeOf(const std::string& column) const {
+    const bool isNumber = column == group_ || (column == subject_ && kept_.subjectType == KeptTotals::Subject::Number);
+    return isNumber ? "INTEGER" : "TEXT COLLATE NOCASE";
+  }
+
+  // How far the lines are in the totals.
+  Object stateTable() const {
+    return {"table", stateTableOf(kept_), "CREATE TABLE " + state() + " (Line INTEGER NOT NULL)"};
   }
 
   // For the days of one subject.
@@ -137,41 +178,48 @@ class KeptSql {
   }
 
   // One line, `row` being new or old, added to or taken from its day and month.
-  std::string lineStep(const std::string& row, const char* sign) const {
+  std::string lineStep(const std::string& row, Sign sign) const {
     const Names amounts =
         each(amounts_, [&](const std::string& amount) { return "coalesce(" + row + "." + amount + ", 0)"; });
     const std::string document = " FROM " + documents_ + " WHERE " + quotedName(kept_.key) + " = " + row + "." +
-                                 quotedName(kept_.link) + " AND " + counts(documents_) + " AND " + row + "." +
-                                 subject_ + " IS NOT NULL";
+                                 quotedName(kept_.link) + " AND " + countTest(kept_, kept_.documents) + " AND " + row +
+                                 "." + subject_ + " IS NOT NULL" + isAdded(row);
     return step(documents_, row + "." + subject_, amounts, document, sign);
   }
 
   // All lines of a document by the values that `row` has, itself being new or old.
-  std::string documentStep(const std::string& row, const char* sign) const {
+  std::string documentStep(const std::string& row, Sign sign) const {
     const Names amounts = each(amounts_, [](const std::string& amount) { return "coalesce(" + amount + ", 0)"; });
     const std::string lines = " FROM " + lines_ + " WHERE " + quotedName(kept_.link) + " = " + row + "." +
-                              quotedName(kept_.key) + " AND " + counts(row) + " AND " + subject_ + " IS NOT NULL";
+                              quotedName(kept_.key) + " AND " + countTest(kept_, row) + " AND " + subject_ +
+                              " IS NOT NULL" + isAdded(kept_.lines);
     return step(row, subject_, amounts, lines, sign);
   }
-  std::string addition(const std::string& row) const { return documentStep(row, "+"); }
-  std::string subtraction(const std::string& row) const { return documentStep(row, "-"); }
+  std::string addition(const std::string& row) const { return documentStep(row, Sign::Plus); }
+  std::string subtraction(const std::string& row) const { return documentStep(row, Sign::Minus); }
+
+  std::string insertion(const std::string& table, const std::string& time) const {
+    return "INSERT INTO " + table + " (" + list(columns(time)) + ") ";
+  }
+  std::string upsert(const Names& key) const {
+    const Names updates =
+        each(amounts_, [](const std::string& amount) { return amount + " = " + amount + " + excluded." + amount; });
+    return " ON CONFLICT (" + list(key) + ") DO UPDATE SET Lines = Lines + excluded.Lines, " + list(updates);
+  }
 
   // Adds rows to both tables, or takes them off and leaves no total without lines.
   std::string step(const std::string& document, const std::string& subject, const Names& amounts,
-                   const std::string& from, const std::string& sign) const {
-    const bool takes = sign == "-";
+                   const std::string& from, Sign sign) const {
+    const bool takes = sign == Sign::Minus;
     std::string sql;
     for (const bool ofDays : {true, false}) {
       const std::string& table = ofDays ? days_ : months_;
       const std::string time = ofDays ? day_ : "Month";
       const std::string timeOf = ofDays ? dayOf(document) : monthOf(dayOf(document));
-      const Names updates =
-          each(amounts_, [&](const std::string& amount) { return amount + " = " + amount + " + excluded." + amount; });
+      const Names key = ofDays ? dayKey() : monthKey();
       Names values = {document + "." + group_, timeOf, subject, takes ? "-1" : "1"};
       for (const std::string& amount : amounts) values.push_back(takes ? "-" + amount : amount);
-      sql += " INSERT INTO " + table + " (" + list(columns(time)) + ") SELECT " + list(values) + from +
-             " ON CONFLICT (" + list(ofDays ? dayKey() : monthKey()) +
-             ") DO UPDATE SET Lines = Lines + excluded.Lines, " + list(updates) + ";";
+      sql += " " + insertion(table, time) + "SELECT " + list(values) + from + upsert(key) + ";";
       if (takes)
         sql += " DELETE FROM " + table + " WHERE Lines = 0 AND (" + list({group_, time, subject_}) + ") IN (SELECT " +
                list({document + "." + group_, timeOf, subject}) + from + ");";
@@ -186,9 +234,13 @@ class KeptSql {
 
   Object lineTrigger(const std::string& event, const std::string& when, const Names& taken, const Names& added) const {
     std::string steps;
-    for (const std::string& row : taken) steps += lineStep(row, "-");
-    for (const std::string& row : added) steps += lineStep(row, "+");
-    const std::string condition = taken.size() + added.size() == 2 ? " WHEN " + differs(lineColumns()) : "";
+    for (const std::string& row : taken) steps += lineStep(row, Sign::Minus);
+    for (const std::string& row : added) steps += lineStep(row, Sign::Plus);
+    std::string condition;
+    if (!taken.empty() && !added.empty())
+      condition = " WHEN " + differs(lineColumns());
+    else if (later_)
+      condition = " WHEN " + additionTest(kept_, (taken.empty() ? added : taken).front(), Added::Already);
     return trigger(kept_.lines + event, when, lines_, condition, steps);
   }
   Object documentTrigger(const std::string& event, const std::string& when, const std::string& condition,
@@ -215,6 +267,7 @@ class KeptSql {
   }
 
   const KeptTotals& kept_;
+  const bool later_;
   std::string days_, months_, documents_, lines_, group_, day_, subject_;
   Names amounts_;
 };
@@ -265,6 +318,18 @@ std::string monthsTableOf(const KeptTotals& kept) {
   return kept.name + "Months";
 }
 
+std::string additionTest(const KeptTotals& kept, std::string_view lines, Added added) {
+  return std::string(lines) + "." + quotedName(kept.lineKey) + (added == Added::Already ? " <= " : " > ") +
+         "(SELECT Line FROM " + quotedName(stateTableOf(kept)) + ")";
+}
+
+std::string countTest(const KeptTotals& kept, std::string_view documents) {
+  const std::string row = std::string(documents) + ".";
+  std::string test = row + quotedName(kept.group) + " IS NOT NULL";
+  for (const std::string& excluded : kept.excluded) test += " AND " + row + quotedName(excluded) + " = 0";
+  return test;
+}
+
 std::string monthOf(std::string_view dayExpression) {
   return "substr(" + std::string(dayExpression) + ", 1, 7)";  // "2026-11" of "2026-11-22"
 }
@@ -275,6 +340,16 @@ void makeKeptTotals(sqlite3* database, const KeptTotals& kept) {
     run(database, "DROP " + object.type + " IF EXISTS " + quotedName(object.name));
   for (const Object& object : sql.objects()) run(database, object.sql);
   for (const std::string& fill : sql.fill()) run(database, fill);
+}
+
+void addLaterLines(sqlite3* database, const KeptTotals& kept) {
+  if (kept.adds != KeptTotals::Adds::Later) return;
+  for (const std::string& statement : KeptSql(kept).addLater()) run(database, statement);
+}
+
+std::int64_t laterLines(sqlite3* database, const KeptTotals& kept) {
+  if (kept.adds != KeptTotals::Adds::Later) return 0;
+  return std::strtoll(lookUp(database, KeptSql(kept).countLater()).c_str(), nullptr, 10);
 }
 
 bool areKept(sqlite3* database, const KeptTotals& kept) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,13 @@ namespace velmo::store {
 std::string daysTableOf(const KeptTotals& kept);
 std::string monthsTableOf(const KeptTotals& kept);
 
+// A condition, for lines under the name `lines`, that holds for those that are in the totals already, or for those that
+// are not; of totals to which lines are added later.
+enum class Added { Already, NotYet };
+std::string additionTest(const KeptTotals& kept, std::string_view lines, Added added);
+// A condition for documents under that name: not excluded and of a group.
+std::string countTest(const KeptTotals& kept, std::string_view documents);
+
 // An expression for the month of a day, which is less than any day of that month and greater than any before.
 std::string monthOf(std::string_view dayExpression);
 
@@ -23,6 +31,10 @@ inline constexpr const char* noDay = "'~'";
 // Makes them, in place of any older ones, and sums up the lines that are there; to be called within a transaction.
 // Throws StoreError.
 void makeKeptTotals(sqlite3* database, const KeptTotals& kept);
+
+// Adds the lines that are not in the totals yet; to be called within a transaction. How many there are.
+void addLaterLines(sqlite3* database, const KeptTotals& kept);
+std::int64_t laterLines(sqlite3* database, const KeptTotals& kept);
 
 // Whether tables and triggers are those that makeKeptTotals() makes, the totals of the latest days are those of their
 // lines and every month is the sum of its days: all that can be told without reading the lines of a year.

@@ -11,11 +11,11 @@ namespace velmo::test {
 
 namespace {
 
-const std::set<std::string_view> words = {"SELECT", "DISTINCT", "FROM",   "WHERE",   "GROUP",  "BY",   "HAVING",
-                                          "ORDER",  "DESC",     "LIMIT",  "AS",      "AND",    "OR",   "NOT",
-                                          "IS",     "NULL",     "IN",     "BETWEEN", "INNER",  "LEFT", "JOIN",
-                                          "ON",     "COLLATE",  "NOCASE", "UNION",   "ALL",    "OVER", "UPDATE",
-                                          "SET",    "DELETE",   "INSERT", "INTO",    "VALUES", "rowid"};
+const std::set<std::string_view> words = {"SELECT", "DISTINCT", "FROM",  "WHERE", "GROUP",  "BY",  "HAVING",  "ORDER",
+                                          "DESC",   "LIMIT",    "AS",    "AND",   "OR",     "NOT", "IS",      "NULL",
+                                          "IN",     "BETWEEN",  "INNER", "LEFT",  "JOIN",   "ON",  "COLLATE", "NOCASE",
+                                          "UNION",  "CROSS",    "ALL",   "OVER",  "UPDATE", "SET", "DELETE",  "INSERT",
+                                          "INTO",   "VALUES",   "rowid", "Line"};
 const std::set<std::string_view> functions = {"abs",
                                               "sign",
                                               "length",
@@ -57,7 +57,7 @@ const std::set<std::string_view> functions = {"abs",
                                               "velmo_like",
                                               "velmo_yes_no",
                                               "substr"};
-const std::set<std::string_view> namesOfTheEmitter = {"row order", "row rank", "row", "changed"};
+const std::set<std::string_view> namesOfTheEmitter = {"row order", "row rank", "row", "changed", "document"};
 
 std::string lower(std::string_view text) {
   std::string all(text);
@@ -69,7 +69,7 @@ bool isOfTheCatalogue(std::string_view name) {
   static const auto names = [] {
     std::set<std::string, std::less<>> all;
     for (const auto& kept : schema::companyCatalog().keptTotals())
-      all.insert({store::daysTableOf(kept), store::monthsTableOf(kept), "Month"});
+      all.insert({store::daysTableOf(kept), store::monthsTableOf(kept), kept.name + "Added", "Month"});
     for (const auto& table : schema::companyCatalog().tables()) {
       all.insert(table.name);
       for (const auto& column : table.columns) all.insert(column.name);

@@ -63,7 +63,8 @@ struct SourceColumn {
 
 struct BoundSelect;
 
-// Stands for the lines of KeptTotals: their sums by subject, of one group and of the days between two literals.
+// Stands for the lines of KeptTotals under their source's name: their sums by subject, of one group and of the days
+// between two literals.
 struct KeptRange {
   struct End {
     BoundPtr day = {};  // a literal; none leaves this side open
@@ -73,16 +74,14 @@ struct KeptRange {
   BoundPtr group = {};  // a literal
   End from = {};
   End to = {};
-  // As which columns of the source subject and amounts are read; an amount that nobody reads has no name.
-  std::string subject = {};
-  std::vector<std::string> amounts = {};
+  std::vector<BoundPtr> tests = {};  // of subjects; all hold
 };
 
 struct BoundSource {
-  std::string name;                      // alias, or the table's name
-  const Table* table = nullptr;          // of a base table
-  std::shared_ptr<BoundSelect> derived;  // of a derived table
-  std::shared_ptr<const KeptRange> kept = {};  // where the rows are read from instead
+  std::string name;                            // alias, or the table's name
+  const Table* table = nullptr;                // of a base table
+  std::shared_ptr<BoundSelect> derived;        // of a derived table
+  std::shared_ptr<const KeptRange> kept = {};  // where a table's rows are read from instead
   std::vector<SourceColumn> columns;
   Place place = {};
 };

@@ -109,8 +109,9 @@ void ExpressionWriter::caseless(const Bound& bound) {
 // Columns of base tables carry their own collation. Those of derived tables do so only where SQLite sees a column
 // through them.
 bool ExpressionWriter::isTextColumn(const Bound& bound) const {
-  return bound.meaning == Meaning::Column && bound.domain == Domain::Text &&
-         select_.sources[static_cast<std::size_t>(bound.source)].table != nullptr;
+  if (bound.meaning != Meaning::Column || bound.domain != Domain::Text) return false;
+  const BoundSource& source = select_.sources[static_cast<std::size_t>(bound.source)];
+  return source.table != nullptr && !source.kept;
 }
 
 void ExpressionWriter::operation(const Bound& bound) {

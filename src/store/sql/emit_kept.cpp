@@ -4,70 +4,100 @@
 namespace velmo::store::sql {
 namespace {
 
+// A name of its own, beside that of the lines, which tests of subjects are written with.
+constexpr const char* documentsName = "\"document\"";
+
 class KeptWriter {
  public:
-  KeptWriter(const KeptRange& kept, const BoundSelect& select, std::string& sql)
-      : kept_(kept), select_(select), sql_(sql) {}
+  KeptWriter(const BoundSelect& select, int source, std::string& sql)
+      : select_(select),
+        source_(select.sources[static_cast<std::size_t>(source)]),
+        kept_(*source_.kept),
+        totals_(*kept_.totals),
+        sql_(sql) {
+    writeName(source_.name, lines_);
+  }
 
   // Whole months up to the one in which the last day lies, and the days of that one; where there is a first day, days
-  // alone.
+  // alone; and the lines that are not added yet.
   void write() {
     sql_ += "(SELECT ";
-    writeName(kept_.totals->subject, sql_);
-    sql_ += " AS ";
-    writeName(kept_.subject, sql_);
-    for (std::size_t i = 0; i < kept_.amounts.size(); ++i) {
-      if (kept_.amounts[i].empty()) continue;
-      sql_ += ", sum(";
-      writeName(kept_.totals->amounts[i], sql_);
-      sql_ += ") AS ";
-      writeName(kept_.amounts[i], sql_);
+    writeName(totals_.subject, sql_);
+    for (const std::string& amount : totals_.amounts) {
+      std::string name;
+      writeName(amount, name);
+      sql_ += ", sum(" + name + ") AS " + name;
     }
     sql_ += " FROM (";
     if (!kept_.from.day) writeMonths();
-    if (!kept_.from.day && kept_.to.day) sql_ += " UNION ALL ";
+    if (!kept_.from.day && kept_.to.day) sql_ += unionAll;
     if (kept_.from.day || kept_.to.day) writeDays();
-    sql_ += ") GROUP BY 1)";
+    if (totals_.adds == KeptTotals::Adds::Later) writeLines();
+    sql_ += ") GROUP BY ";
+    writeName(totals_.subject, sql_);
+    sql_ += totals_.subjectType == KeptTotals::Subject::Text ? " COLLATE NOCASE)" : ")";
   }
 
  private:
-  void writeRows(const std::string& table) {
-    sql_ += "SELECT ";
-    writeName(kept_.totals->subject, sql_);
-    for (std::size_t i = 0; i < kept_.amounts.size(); ++i) {
-      if (kept_.amounts[i].empty()) continue;
-      sql_ += ", ";
-      writeName(kept_.totals->amounts[i], sql_);
-    }
+  static constexpr const char* unionAll = " UNION ALL ";
+
+  void writeColumns() {
+    sql_ += "SELECT " + column(lines_, totals_.subject);
+    for (const std::string& amount : totals_.amounts) sql_ += ", " + column(lines_, amount);
+  }
+
+  void writeTotals(const std::string& table) {
+    writeColumns();
     sql_ += " FROM ";
     writeName(table, sql_);
-    sql_ += " WHERE ";
-    writeName(kept_.totals->group, sql_);
-    sql_ += " = " + textOf(kept_.group);
+    sql_ += " AS " + lines_ + " WHERE " + column(lines_, totals_.group) + " = " + textOf(kept_.group);
+    writeTests();
+  }
+
+  void writeTests() {
+    if (kept_.tests.empty()) return;
+    sql_ += " AND ";
+    ExpressionWriter(select_, sql_).all(kept_.tests);
   }
 
   void writeMonths() {
-    writeRows(monthsTableOf(*kept_.totals));
-    if (kept_.to.day) sql_ += " AND \"Month\" < " + monthOf(textOf(kept_.to.day));
+    writeTotals(monthsTableOf(totals_));
+    if (kept_.to.day) sql_ += " AND " + column(lines_, "Month") + " < " + monthOf(textOf(kept_.to.day));
   }
 
   void writeDays() {
-    writeRows(daysTableOf(*kept_.totals));
-    if (!kept_.from.day)
-      writeEnd(" >= ", monthOf(textOf(kept_.to.day)));
-    else
-      writeEnd(kept_.from.included ? " >= " : " > ", textOf(kept_.from.day));
-    if (kept_.to.day)
-      writeEnd(kept_.to.included ? " <= " : " < ", textOf(kept_.to.day));
-    else
-      writeEnd(" < ", noDay);
+    writeTotals(daysTableOf(totals_));
+    const std::string day = column(lines_, totals_.day);
+    if (!kept_.from.day) sql_ += " AND " + day + " >= " + monthOf(textOf(kept_.to.day));
+    if (!kept_.to.day) sql_ += " AND " + day + " < " + noDay;
+    writeEnds(day);
   }
 
-  void writeEnd(std::string_view comparison, std::string_view day) {
-    sql_ += " AND ";
-    writeName(kept_.totals->day, sql_);
-    sql_ += comparison;
-    sql_ += day;
+  void writeEnds(const std::string& day) {
+    if (kept_.from.day) sql_ += " AND " + day + (kept_.from.included ? " >= " : " > ") + textOf(kept_.from.day);
+    if (kept_.to.day) sql_ += " AND " + day + (kept_.to.included ? " <= " : " < ") + textOf(kept_.to.day);
+  }
+
+  // The few lines are read first and their documents by key.
+  void writeLines() {
+    sql_ += unionAll;
+    writeColumns();
+    sql_ += " FROM ";
+    writeName(totals_.lines, sql_);
+    sql_ += " AS " + lines_ + " CROSS JOIN ";
+    writeName(totals_.documents, sql_);
+    sql_ += std::string(" AS ") + documentsName + " WHERE " + additionTest(totals_, lines_, Added::NotYet) + " AND " +
+            column(documentsName, totals_.key) + " = " + column(lines_, totals_.link) + " AND " +
+            countTest(totals_, documentsName) + " AND " + column(documentsName, totals_.group) + " = " +
+            textOf(kept_.group);
+    writeTests();
+    writeEnds(column(documentsName, totals_.day));
+  }
+
+  static std::string column(const std::string& source, std::string_view name) {
+    std::string text = source + ".";
+    writeName(name, text);
+    return text;
   }
 
   std::string textOf(const BoundPtr& literal) const {
@@ -76,15 +106,18 @@ class KeptWriter {
     return text;
   }
 
-  const KeptRange& kept_;
   const BoundSelect& select_;
+  const BoundSource& source_;
+  const KeptRange& kept_;
+  const KeptTotals& totals_;
+  std::string lines_;
   std::string& sql_;
 };
 
 }  // namespace
 
-void writeKept(const KeptRange& kept, const BoundSelect& select, std::string& sql) {
-  KeptWriter(kept, select, sql).write();
+void writeKept(const BoundSelect& select, int source, std::string& sql) {
+  KeptWriter(select, source, sql).write();
 }
 
 }  // namespace velmo::store::sql

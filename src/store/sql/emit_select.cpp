@@ -31,7 +31,7 @@ bool isEnclosed(const BoundJoin& join, int source) {
 void writeSource(const BoundSelect& select, int index, RowOrder rowOrder, std::string& sql) {
   const BoundSource& source = select.sources[static_cast<std::size_t>(index)];
   if (source.kept) {
-    writeKept(*source.kept, select, sql);
+    writeKept(select, index, sql);
   } else if (source.table == nullptr) {
     sql += '(';
     writeSelect(*source.derived, rowOrder, sql);

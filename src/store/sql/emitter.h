@@ -59,6 +59,6 @@ void writeItems(const BoundSelect& select, std::string& sql);
 void writeName(std::string_view name, std::string& sql);
 
 // emit_kept.cpp
-void writeKept(const KeptRange& kept, const BoundSelect& select, std::string& sql);
+void writeKept(const BoundSelect& select, int source, std::string& sql);
 
 }  // namespace velmo::store::sql

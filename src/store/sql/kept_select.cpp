@@ -24,6 +24,11 @@ bool names(const Bound& bound, int source) {
   return std::ranges::any_of(bound.operands, [source](const BoundPtr& operand) { return names(*operand, source); });
 }
 
+bool namesOnly(const Bound& bound, int source) {
+  if (bound.meaning == Meaning::Column) return bound.source == source;
+  return std::ranges::all_of(bound.operands, [source](const BoundPtr& operand) { return namesOnly(*operand, source); });
+}
+
 bool isInnerOnly(const BoundJoin& join) {
   return join.source >= 0 || (!join.outer && isInnerOnly(*join.left) && isInnerOnly(*join.right));
 }
@@ -75,14 +80,21 @@ class LinesReader {
         rest_.push_back(test);
       else if (!takes(*test))
         return false;
-    return linked_ && notExcluded_ && range_.group;
+    return linked_ && std::ranges::count(notExcluded_, true) == std::ssize(notExcluded_) && range_.group;
   }
 
   int documents() const { return documents_; }
   int lines() const { return lines_; }
   const std::vector<BoundPtr>& rest() const { return rest_; }  // tests that name no document
-  KeptRange range() const { return range_; }
-  bool isFixed(const Bound& bound) const { return isGroup(bound) || isExcluded(bound); }
+
+  // Lets `select`, which is the one that was read, take the range in place of documents and lines.
+  void replaceIn(BoundSelect& select) {
+    select.where.clear();
+    for (const BoundPtr& test : rest_) (namesOnly(*test, lines_) ? range_.tests : select.where).push_back(test);
+    select.from = without(std::move(select.from), documents_);
+    select.sources[static_cast<std::size_t>(lines_)].kept = std::make_shared<const KeptRange>(std::move(range_));
+  }
+  bool isFixed(const Bound& bound) const { return isGroup(bound) || excludedBy(bound) >= 0; }
 
  private:
   // The one source that reads this table.
@@ -98,7 +110,12 @@ class LinesReader {
   }
 
   bool isGroup(const Bound& bound) const { return isColumn(bound, select_, documents_, totals_.group); }
-  bool isExcluded(const Bound& bound) const { return isColumn(bound, select_, documents_, totals_.excluded); }
+  // The number of the column among those that exclude; -1 of any other.
+  int excludedBy(const Bound& bound) const {
+    for (std::size_t i = 0; i < totals_.excluded.size(); ++i)
+      if (isColumn(bound, select_, documents_, totals_.excluded[i])) return static_cast<int>(i);
+    return -1;
+  }
 
   bool takes(const Bound& test) {
     if (test.meaning != Meaning::Operation || test.negated) return false;
@@ -108,7 +125,8 @@ class LinesReader {
     if (isColumn(left, select_, documents_, totals_.day)) return takesDay(test.operation, test.operands[1]);
     if (test.operation != Operator::Equal) return false;
     if (isGroup(left)) return takesGroup(test.operands[1]);
-    if (isExcluded(left)) return notExcluded_ = isNo(right);
+    if (const int excluded = excludedBy(left); excluded >= 0)
+      return notExcluded_[static_cast<std::size_t>(excluded)] = isNo(right);
     return linked_ = (isKey(left) && isLink(right)) || (isLink(left) && isKey(right));
   }
   bool isKey(const Bound& bound) const { return isColumn(bound, select_, documents_, totals_.key); }
@@ -148,21 +166,44 @@ class LinesReader {
   int documents_ = -1;
   int lines_ = -1;
   bool linked_ = false;
-  bool notExcluded_ = false;
+  std::vector<bool> notExcluded_ = std::vector<bool>(totals_.excluded.size());
   std::vector<BoundPtr> rest_;
   KeptRange range_{.totals = &totals_};
 };
 
-// How a select that groups reads one source: fit for kept totals are the subject, and sums of amounts.
+// What a column of a source is, as far as kept totals can stand for it.
+enum class Role {
+  Other,
+  Subject,
+  Amount,    // null counts as nothing, and must be made to
+  NetAmount  // made of amounts in which null counts as nothing
+};
+
+// The columns of a source by their number.
+using Roles = std::vector<Role>;
+
+Roles rolesOf(const BoundSource& lines, const KeptTotals& totals) {
+  Roles roles(lines.columns.size());
+  for (std::size_t i = 0; i < roles.size(); ++i) {
+    const std::string& name = lines.columns[i].name;
+    if (sameWord(name, totals.subject)) roles[i] = Role::Subject;
+    if (std::ranges::any_of(totals.amounts, [&](const std::string& amount) { return sameWord(name, amount); }))
+      roles[i] = Role::Amount;
+  }
+  return roles;
+}
+
+// How a select reads one source: fit for kept totals are subjects, and sums of what grows with the amounts alone.
 class Usage {
  public:
-  Usage(const BoundSelect& select, const Tokens& tokens, int source, std::string_view subject,
-        const std::vector<std::string>& amounts)
-      : select_(select), tokens_(tokens), source_(source), subject_(subject), amounts_(amounts) {}
+  Usage(const BoundSelect& select, const Tokens& tokens, int source, Roles roles)
+      : select_(select), tokens_(tokens), source_(source), roles_(std::move(roles)) {}
 
   bool fits(const Bound& bound) const {
-    if (bound.meaning == Meaning::Column) return bound.source != source_ || isColumn(bound, select_, source_, subject_);
-    if (bound.meaning == Meaning::Aggregate) return isSum(bound);
+    if (bound.meaning == Meaning::Column) return bound.source != source_ || roleOf(bound) == Role::Subject;
+    // Any other aggregate would tell how many lines there are.
+    if (bound.meaning == Meaning::Aggregate)
+      return bound.function == "sum" && bound.operands.size() == 1 && growsWithAmounts(*bound.operands[0]);
     return std::ranges::all_of(bound.operands, [this](const BoundPtr& operand) { return fits(*operand); });
   }
   bool fits(const std::vector<BoundPtr>& expressions) const {
@@ -175,21 +216,39 @@ class Usage {
            std::ranges::all_of(select_.orderBy, [this](const BoundOrder& order) { return fits(*order.expression); });
   }
 
- private:
-  // Any other aggregate would tell how many lines there are.
-  bool isSum(const Bound& bound) const {
-    if (bound.function != "sum" || bound.operands.size() != 1) return false;
-    const Bound& choice = *bound.operands[0];
-    if (choice.meaning != Meaning::Choose) return false;
-    const Bound& test = *choice.operands[0];
-    return test.meaning == Meaning::Operation && test.operation == Operator::IsNull && !test.negated &&
-           isAmount(*test.operands[0]) && isNothing(*choice.operands[1]) &&
-           sameMeaning(*test.operands[0], *choice.operands[2]);
+  Role roleOf(const Bound& column) const { return roles_[static_cast<std::size_t>(column.column)]; }
+
+  // Whether twice the amounts give twice the value, so that the value of a sum is the sum of the values.
+  bool growsWithAmounts(const Bound& bound) const {
+    if (bound.meaning == Meaning::Column) return bound.source == source_ && roleOf(bound) == Role::NetAmount;
+    if (bound.meaning == Meaning::Choose) return isNetAmount(bound);
+    if (bound.meaning != Meaning::Operation) return false;
+    switch (bound.operation) {
+      case Operator::Negate:
+        return growsWithAmounts(*bound.operands[0]);
+      case Operator::Add:
+      case Operator::Subtract:
+        return growsWithAmounts(*bound.operands[0]) && growsWithAmounts(*bound.operands[1]);
+      case Operator::Multiply:
+        return isScaled(*bound.operands[0], *bound.operands[1]) || isScaled(*bound.operands[1], *bound.operands[0]);
+      default:
+        return false;
+    }
   }
-  bool isAmount(const Bound& bound) const {
-    return std::ranges::any_of(amounts_, [&](const std::string& amount) {
-      return !amount.empty() && isColumn(bound, select_, source_, amount);
-    });
+
+ private:
+  bool isScaled(const Bound& amount, const Bound& factor) const {
+    return growsWithAmounts(amount) && !factor.aggregated && !names(factor, source_);
+  }
+
+  // IIf(IsNull([x]),0,[x])
+  bool isNetAmount(const Bound& choice) const {
+    const Bound& test = *choice.operands[0];
+    if (test.meaning != Meaning::Operation || test.operation != Operator::IsNull || test.negated) return false;
+    const Bound& column = *test.operands[0];
+    const bool isAmount = column.meaning == Meaning::Column && column.source == source_ &&
+                          (roleOf(column) == Role::Amount || roleOf(column) == Role::NetAmount);
+    return isAmount && isNothing(*choice.operands[1]) && sameMeaning(column, *choice.operands[2]);
   }
   bool isNothing(const Bound& bound) const {
     if (bound.meaning == Meaning::FixedNumber) return bound.digits == "0";
@@ -199,85 +258,81 @@ class Usage {
   const BoundSelect& select_;
   const Tokens& tokens_;
   int source_;
-  std::string_view subject_;
-  const std::vector<std::string>& amounts_;
+  Roles roles_;
 };
 
 // Only a select that asks for the subject itself passes over the lines without one.
-bool asksForSubject(const BoundSelect& select, const std::vector<BoundPtr>& tests, int source,
-                    std::string_view subject) {
+bool asksForSubject(const std::vector<BoundPtr>& tests, const Usage& usage, int source) {
+  const auto isSubject = [&](const Bound& bound) {
+    return bound.meaning == Meaning::Column && bound.source == source && usage.roleOf(bound) == Role::Subject;
+  };
   return std::ranges::any_of(tests, [&](const BoundPtr& test) {
-    return test->meaning == Meaning::Operation && test->operation == Operator::Equal && !test->negated &&
-           (isColumn(*test->operands[0], select, source, subject) ||
-            isColumn(*test->operands[1], select, source, subject));
+    if (test->meaning != Meaning::Operation || test->negated) return false;
+    const bool isEqual =
+        test->operation == Operator::Equal || (test->operation == Operator::Like && test->like == LikeForm::Plain);
+    return isEqual && (isSubject(*test->operands[0]) || isSubject(*test->operands[1]));
   });
-}
-
-bool isPlain(const BoundSelect& select) {
-  return !select.distinct && !select.top && !select.readsRowOrder;
 }
 
 // A select that joins documents, lines and other tables and groups them.
 bool sumsLines(BoundSelect& select, const Tokens& tokens, const KeptTotals& totals) {
   if (!select.aggregated || select.groupBy.empty() || select.readsRowOrder) return false;
   LinesReader reader(select, tokens, totals);
-  if (!reader.read() || !asksForSubject(select, reader.rest(), reader.lines(), totals.subject)) return false;
-  const Usage usage(select, tokens, reader.lines(), totals.subject, totals.amounts);
-  std::vector<BoundPtr> groups = select.groupBy;
-  std::erase_if(groups, [&](const BoundPtr& group) { return reader.isFixed(*group); });
-  std::swap(groups, select.groupBy);
+  if (!reader.read()) return false;
+  const Usage usage(select, tokens, reader.lines(),
+                    rolesOf(select.sources[static_cast<std::size_t>(reader.lines())], totals));
+  if (!usage.fits(reader.rest()) || !asksForSubject(reader.rest(), usage, reader.lines())) return false;
+  const std::vector<BoundPtr> groups = select.groupBy;
+  std::erase_if(select.groupBy, [&](const BoundPtr& group) { return reader.isFixed(*group); });
   const auto namesDocuments = [&](const BoundPtr& expression) { return names(*expression, reader.documents()); };
-  const bool fits = !select.groupBy.empty() && usage.fitsClauses() && usage.fits(reader.rest()) &&
+  const bool fits = !select.groupBy.empty() && usage.fitsClauses() &&
                     std::ranges::none_of(select.items, namesDocuments, &BoundItem::expression) &&
                     std::ranges::none_of(select.groupBy, namesDocuments) &&
                     std::ranges::none_of(select.having, namesDocuments) &&
                     std::ranges::none_of(select.orderBy, namesDocuments, &BoundOrder::expression);
-  if (!fits) {
-    std::swap(groups, select.groupBy);
-    return false;
-  }
-  KeptRange range = reader.range();
-  range.subject = totals.subject;
-  range.amounts = totals.amounts;
-  select.where = reader.rest();
-  select.from = without(std::move(select.from), reader.documents());
-  select.sources[static_cast<std::size_t>(reader.lines())].kept = std::make_shared<const KeptRange>(std::move(range));
-  return true;
+  if (fits)
+    reader.replaceIn(select);
+  else
+    select.groupBy = groups;
+  return fits;
 }
 
-// The range of a derived table that holds the lines, column by column.
-std::optional<KeptRange> linesOf(const BoundSelect& derived, const Tokens& tokens, const KeptTotals& totals) {
-  if (derived.aggregated || !isPlain(derived) || !derived.orderBy.empty() || derived.sources.size() != 2) return {};
-  LinesReader reader(derived, tokens, totals);
-  if (!reader.read() || !reader.rest().empty()) return {};
-  KeptRange range = reader.range();
-  range.amounts.resize(totals.amounts.size());
-  const auto nameOf = [&](std::string_view column) -> std::string {
-    for (const BoundItem& item : derived.items)
-      if (isColumn(*item.expression, derived, reader.lines(), column)) return item.name;
-    return {};
-  };
-  range.subject = nameOf(totals.subject);
-  for (std::size_t i = 0; i < totals.amounts.size(); ++i) range.amounts[i] = nameOf(totals.amounts[i]);
-  if (range.subject.empty()) return {};
-  return range;
+// What the columns of a derived table are that holds the lines one by one.
+Roles rolesOf(const BoundSelect& derived, const Usage& usage, int lines) {
+  Roles roles(derived.items.size());
+  for (std::size_t i = 0; i < roles.size(); ++i) {
+    const Bound& expression = *derived.items[i].expression;
+    const bool isColumn = expression.meaning == Meaning::Column && expression.source == lines;
+    if (isColumn && usage.roleOf(expression) != Role::Other)
+      roles[i] = usage.roleOf(expression);
+    else if (usage.growsWithAmounts(expression))
+      roles[i] = Role::NetAmount;
+  }
+  return roles;
 }
 
 // A select that groups, and joins a derived table that holds the lines.
-void sumsDerivedLines(BoundSelect& select, const Tokens& tokens, const KeptTotals& totals) {
-  if (!select.aggregated || select.readsRowOrder) return;
+bool sumsDerived(const BoundSelect& select, const Tokens& tokens, int source, const KeptTotals& totals) {
+  BoundSelect& derived = *select.sources[static_cast<std::size_t>(source)].derived;
+  if (derived.aggregated || derived.distinct || derived.top || derived.readsRowOrder || !derived.orderBy.empty() ||
+      derived.sources.size() != 2)
+    return false;
+  LinesReader reader(derived, tokens, totals);
+  if (!reader.read()) return false;
+  const Usage ofLines(derived, tokens, reader.lines(),
+                      rolesOf(derived.sources[static_cast<std::size_t>(reader.lines())], totals));
+  const Roles roles = rolesOf(derived, ofLines, reader.lines());
+  const Usage usage(select, tokens, source, roles);
   std::vector<BoundPtr> tests = select.where;
-  if (select.from) collectConditions(*select.from, tests);
-  for (std::size_t i = 0; i < select.sources.size(); ++i) {
-    BoundSource& source = select.sources[i];
-    if (source.kept || !source.derived) continue;
-    std::optional<KeptRange> range = linesOf(*source.derived, tokens, totals);
-    if (!range) continue;
-    const int index = static_cast<int>(i);
-    const Usage usage(select, tokens, index, range->subject, range->amounts);
-    if (usage.fitsClauses() && usage.fits(tests) && asksForSubject(select, tests, index, range->subject))
-      source.kept = std::make_shared<const KeptRange>(std::move(*range));
-  }
+  collectConditions(*select.from, tests);
+  if (!ofLines.fits(reader.rest()) || !usage.fitsClauses() || !usage.fits(tests) ||
+      !asksForSubject(tests, usage, source))
+    return false;
+  // What nobody reads, and could not be told any more.
+  for (std::size_t i = 0; i < roles.size(); ++i)
+    if (roles[i] == Role::Other) derived.items[i].expression = std::make_shared<const Bound>();
+  reader.replaceIn(derived);
+  return true;
 }
 
 }  // namespace
@@ -285,8 +340,12 @@ void sumsDerivedLines(BoundSelect& select, const Tokens& tokens, const KeptTotal
 void readKeptTotals(BoundSelect& select, const Tokens& tokens, const Catalog& catalog) {
   for (const BoundSource& source : select.sources)
     if (source.derived) readKeptTotals(*source.derived, tokens, catalog);
-  for (const KeptTotals& totals : catalog.keptTotals())
-    if (!sumsLines(select, tokens, totals)) sumsDerivedLines(select, tokens, totals);
+  for (const KeptTotals& totals : catalog.keptTotals()) {
+    if (sumsLines(select, tokens, totals)) return;
+    if (!select.aggregated || select.readsRowOrder) continue;
+    for (std::size_t i = 0; i < select.sources.size(); ++i)
+      if (select.sources[i].derived) sumsDerived(select, tokens, static_cast<int>(i), totals);
+  }
 }
 
 }  // namespace velmo::store::sql
