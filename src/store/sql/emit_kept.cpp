@@ -21,13 +21,8 @@ class KeptWriter {
   // Whole months up to the one in which the last day lies, and the days of that one; where there is a first day, days
   // alone; and the lines that are not added yet.
   void write() {
-    sql_ += "(SELECT ";
-    writeName(totals_.subject, sql_);
-    for (const std::string& amount : totals_.amounts) {
-      std::string name;
-      writeName(amount, name);
-      sql_ += ", sum(" + name + ") AS " + name;
-    }
+    sql_ += '(';
+    writeSums("");
     sql_ += " FROM (";
     if (!kept_.from.day) writeMonths();
     if (!kept_.from.day && kept_.to.day) sql_ += unionAll;
@@ -46,8 +41,17 @@ class KeptWriter {
     for (const std::string& amount : totals_.amounts) sql_ += ", " + column(lines_, amount);
   }
 
+  void writeSums(const std::string& source) {
+    sql_ += "SELECT " + source;
+    writeName(totals_.subject, sql_);
+    for (const std::string& amount : totals_.amounts) {
+      std::string name;
+      writeName(amount, name);
+      sql_ += ", sum(" + source + name + ") AS " + name;
+    }
+  }
+
   void writeTotals(const std::string& table) {
-    writeColumns();
     sql_ += " FROM ";
     writeName(table, sql_);
     sql_ += " AS " + lines_ + " WHERE " + column(lines_, totals_.group) + " = " + textOf(kept_.group);
@@ -60,12 +64,16 @@ class KeptWriter {
     ExpressionWriter(select_, sql_).all(kept_.tests);
   }
 
+  // They stand in the order of subjects, and so are summed up as they are read.
   void writeMonths() {
+    writeSums(lines_ + ".");
     writeTotals(monthsTableOf(totals_));
     if (kept_.to.day) sql_ += " AND " + column(lines_, "Month") + " < " + monthOf(textOf(kept_.to.day));
+    sql_ += " GROUP BY " + column(lines_, totals_.subject);
   }
 
   void writeDays() {
+    writeColumns();
     writeTotals(daysTableOf(totals_));
     const std::string day = column(lines_, totals_.day);
     if (!kept_.from.day) sql_ += " AND " + day + " >= " + monthOf(textOf(kept_.to.day));
