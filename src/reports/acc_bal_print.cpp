@@ -1,7 +1,10 @@
 #include "reports/acc_bal_print.h"
 
+#include <cmath>
+
 #include "printing/level_heading.h"
 #include "reports/report_pieces.h"
+#include "text/format.h"
 
 namespace velmo::reports {
 
@@ -74,6 +77,13 @@ class TotalsRow {
   void addLabel(const std::string& name, Content content, Twips left, Twips right) {
     add(name, std::move(content), left, right - left);
   }
+  // The amount under its column, the side under the next.
+  void addBalance(Report& report, const std::string& name, double balance, const ColumnPlace& amount,
+                  const ColumnPlace& side) {
+    report.variables[name] = text::formatNumber(std::fabs(balance), frame::groupedFigureFormat);
+    add(name, Label{}, amount.left, amount.width);
+    add({}, Label{frame::sideOf(balance)}, side.left, side.width, Align::Left);
+  }
   void addSum(const std::string& name, const ColumnPlace& place, const std::string& field) {
     add(name, Function{Statistic::Sum, field, frame::groupedFigureFormat, {}}, place.left, place.width);
   }
@@ -81,12 +91,12 @@ class TotalsRow {
  private:
   static constexpr Twips Height = mm(6.2);
 
-  void add(const std::string& name, Content content, Twips left, Twips width) {
+  void add(const std::string& name, Content content, Twips left, Twips width, Align align = Align::Right) {
     section_.elements.push_back({.name = name,
                                  .at = {left + Padding, top_ + mm(1.3), width - 2 * Padding, mm(3.5)},
                                  .content = std::move(content),
                                  .font = {.size = 7.5, .weight = Weight::SemiBold},
-                                 .align = Align::Right});
+                                 .align = align});
   }
 
   Section& section_;
@@ -99,14 +109,11 @@ Section sixTotals(Report& report, const BalancesSheet& sheet, const std::vector<
   TotalsRow row(foot, width, Ground::Band);
   const ColumnPlace& opening = placeOf(columns, "obalance");
   const ColumnPlace& debits = placeOf(columns, "debits");
-  const ColumnPlace& closing = placeOf(columns, "cbalance");
-  report.variables["OBLbl"] = sheet.opening;
-  report.variables["CBLbl"] = sheet.closing;
   row.addLabel("TtlLbl", Label{}, 0, opening.left);
-  row.addLabel("OBLbl", Label{}, opening.left, debits.left);
+  row.addBalance(report, "OBLbl", sheet.opening, opening, placeOf(columns, "ostatus"));
   row.addSum("DebitSum", debits, "debits");
   row.addSum("CreditSum", placeOf(columns, "credits"), "credits");
-  row.addLabel("CBLbl", Label{}, closing.left, width);
+  row.addBalance(report, "CBLbl", sheet.closing, placeOf(columns, "cbalance"), placeOf(columns, "cstatus"));
   return foot;
 }
 

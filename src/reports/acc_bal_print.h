@@ -15,8 +15,8 @@ struct BalancesSheet {
   std::string nameHeading = "Account Name";
   text::DateTime from = {};
   text::DateTime to = {};
-  std::string opening = {};  // totals of the six columns with their side: "125.00  Debit "
-  std::string closing = {};
+  double opening = 0;  // totals of the six columns, debits less credits
+  double closing = 0;
   text::DateTime today = {};
 };
 

@@ -109,9 +109,7 @@ frame::ReportGrid twoColumns() {
 
 std::vector<frame::ReportFilterRow> filterRows() {
   constexpr const char* selection = "AccountOpt";
-  return {{ReportOption{.name = "TrialOpt_0", .caption = "&6 Column", .group = "TrialOpt"},
-           ReportOption{.name = "TrialOpt_1", .caption = "&2 Column", .group = "TrialOpt"}},
-          {ReportOption{.name = "AllOpt", .caption = "&All Accounts", .group = selection}},
+  return {{ReportOption{.name = "AllOpt", .caption = "&All Accounts", .group = selection}},
           {ReportOption{.name = "SelectOpt",
                         .caption = "&Main Account Type",
                         .group = selection,
@@ -119,7 +117,8 @@ std::vector<frame::ReportFilterRow> filterRows() {
            mainTypeList("Acc"), ReportOption{.name = "SubTypeOpt", .caption = "&Sub Type", .inputs = {"SubList"}},
            subTypeList("SubList", "Acc")},
           accountRangeRow("RangeOpt", "&Range", selection),
-          {balancesPeriodBoxes()}};
+          {balancesPeriodBoxes(), ReportOption{.name = "TrialOpt_0", .caption = "&6 Column", .group = "TrialOpt"},
+           ReportOption{.name = "TrialOpt_1", .caption = "&2 Column", .group = "TrialOpt"}}};
 }
 
 frame::ReportType balancesType(const session::LoginContext& context) {

@@ -20,12 +20,12 @@ std::string totalWithSide(double balance) {
 
 }  // namespace
 
-forms::TableColumn balanceColumn(const char* caption, const char* field) {
+forms::TableColumn balanceColumn(const char* caption, const char* field, int width) {
   return {.caption = caption,
           .field = field,
           .format = frame::figureFormat,
           .alignment = forms::ColumnAlignment::Right,
-          .width = 12};
+          .width = width};
 }
 
 std::vector<forms::TableColumn> accountColumns(const char* nameCaption) {
@@ -38,9 +38,9 @@ frame::ReportGrid sixColumns(const char* nameCaption, const char* shownBy) {
   const auto side = [](const char* field) {
     return forms::TableColumn{.caption = "Status", .field = field, .width = 8};
   };
-  columns.insert(columns.end(),
-                 {balanceColumn("Opening Balance", "OBalance"), side("OStatus"), balanceColumn("Debit", "Debits"),
-                  balanceColumn("Credit", "Credits"), balanceColumn("Closing Balance", "CBalance"), side("CStatus")});
+  columns.insert(columns.end(), {balanceColumn("Opening Balance", "OBalance", 16), side("OStatus"),
+                                 balanceColumn("Debit", "Debits"), balanceColumn("Credit", "Credits"),
+                                 balanceColumn("Closing Balance", "CBalance", 16), side("CStatus")});
   return {.name = sixColumnGrid,
           .columns = std::move(columns),
           .sums = {"ODiff", "Debits", "Credits", "CDiff"},
@@ -91,19 +91,22 @@ BalancesSheet balancesSheet(ReportScreen& screen, const std::string& reportLabel
           .nameHeading = nameHeading,
           .from = period.from,
           .to = period.to,
-          .opening = screen.figure("OpenBalance"),
-          .closing = screen.figure("CloseBalance"),
+          .opening = screen.model(sixColumnGrid).sum("ODiff"),
+          .closing = screen.model(sixColumnGrid).sum("CDiff"),
           .today = screen.workplace().clock.today()};
 }
 
 frame::ReportSheet sixColumnSheet(ReportScreen& screen, const std::string& title) {
   const BalancePeriod period = balancePeriod(screen);
   const frame::ReportModel& rows = screen.model(sixColumnGrid);
+  std::vector<forms::TableColumn> columns = rows.columns();
+  for (forms::TableColumn& column : columns)
+    if (!column.format.empty()) column.width = 12;
   const double opening = rows.sum("ODiff");
   const double closing = rows.sum("CDiff");
   return {.title = title,
           .head = {title, "From " + frame::dayInWords(period.from) + " To " + frame::dayInWords(period.to)},
-          .columns = rows.columns(),
+          .columns = std::move(columns),
           .totals = {{},
                      screen.type().totalsLabel,
                      std::fabs(opening),

@@ -9,7 +9,7 @@ namespace velmo::reports {
 
 inline constexpr const char* sixColumnGrid = "DetailGrid";
 
-forms::TableColumn balanceColumn(const char* caption, const char* field);
+forms::TableColumn balanceColumn(const char* caption, const char* field, int width = 12);
 // "Acc Code" and the name.
 std::vector<forms::TableColumn> accountColumns(const char* nameCaption);
 // `DetailGrid`, whose figures stand in `LedgerTotals`.

@@ -23,8 +23,8 @@ class AccBalPrint : public testing::Test, protected test::BalancesCompany {
     context.CompanyAddress = "12 Dock Road";
     sheet.from = period.from;
     sheet.to = period.to;
-    sheet.opening = "0.00  Debit ";
-    sheet.closing = "12.34 Credit ";
+    sheet.opening = 4e-9;
+    sheet.closing = -1012.34;
     sheet.today = day(11, 22);
   }
   BalancesData hierarchy(const std::string& statement, const char* balance) {
@@ -62,7 +62,7 @@ TEST_F(AccBalPrint, SixColumnsStandUnderTheirTypes) {
                    "0.00|Debit|2,000.00|0.00|2,000.00|Debit",
                    "room for more than one hundred characters in a line of it",
                    "12002002|Nobody's|0.00|Debit|55.00|0.00|55.00|Debit",
-                   "- Totals Rs.|0.00  Debit |2,055.00|300.00|12.34 Credit "}))
+                   "- Totals Rs.|0.00|Debit|2,055.00|300.00|1,012.34|Credit"}))
       << "a customer who settled to the cent is not listed";
   for (const char* words :
        {"Harbour Timber", "Trial Balance", "From  April 01, 2026  To  June 30, 2026", "Acc Code", "Account Name",
@@ -127,7 +127,7 @@ TEST_F(AccBalPrint, RangesAndPartiesHaveNoGroups) {
   const Lines customers = {"12001002|O'Brien & Sons|1,080.50|Debit|0.00|300.00|780.50|Debit",
                            "12002001|Far Trading|0.00|Debit|2,000.00|0.00|2,000.00|Debit",
                            "12002002|Nobody's|0.00|Debit|55.00|0.00|55.00|Debit",
-                           "- Totals Rs.|0.00  Debit |2,055.00|300.00|12.34 Credit "};
+                           "- Totals Rs.|0.00|Debit|2,055.00|300.00|1,012.34|Credit"};
   EXPECT_EQ(body(accBalRptRange, flat(customerBalances(period, {}), "CDiff"), "AccBalRptCus"), customers);
   EXPECT_THAT(head, testing::HasSubstr("Customer Name"));
   EXPECT_THAT(head, testing::HasSubstr("Customers' Balances"));

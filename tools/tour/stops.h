@@ -25,6 +25,8 @@ void visitSettlements(Guide& guide, shell::Parent& shell);
 void visitJournal(Guide& guide, shell::Parent& shell);
 // The ledger of a customer, the ledgers of many accounts, the day book, and runs of vouchers.
 void visitLedgerReports(Guide& guide, shell::Parent& shell);
+// The trial balance, the balances of customers, vendors, cash and banks, and the ledger of a job.
+void visitBalances(Guide& guide, shell::Parent& shell);
 // One invoice in every layout, on plain paper and on the company's own letterhead, and the label sheets.
 void visitPrintOuts(Guide& guide, shell::Parent& shell);
 
