@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "store/forward_reader.h"
 #include "store/recordset.h"
 #include "text/number.h"
 
@@ -34,11 +35,10 @@ void writeAmount(store::Connection& connection, const std::string& tranNo, const
 }  // namespace
 
 double closingStockValue(store::Connection& connection, int fyid, const text::DateTime& day) {
-  const store::Recordset items(connection, stockStatement(fyid, day), store::LockType::ReadOnly);
-  const int value = items.fieldIndex("BalValue");
-  const std::int64_t count = items.recordCount();
+  store::ForwardReader items(connection, stockStatement(fyid, day));
+  const int value = items.field("BalValue");
   double sum = 0;
-  for (std::int64_t row = 0; row < count; ++row) sum += store::numberOf(items.valueAt(row, value));
+  while (items.next()) sum += items.number(value);
   return sum;
 }
 
