@@ -1,5 +1,6 @@
 #include "text/decimal.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdlib>
 
@@ -26,13 +27,18 @@ Decimal Decimal::of(double value) {
   Decimal result;
   if (value == 0) return result;
   char buffer[40];  // "-d.dddddddddddddde+308"
-  const auto end =
-      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, significantDigits - 1).ptr;
+  // The shortest text that reads back as the value mostly has few enough digits, and then rounding gives the same.
+  char* const last = buffer + sizeof buffer;
+  char* end = std::to_chars(buffer, last, value, std::chars_format::scientific).ptr;
+  const auto digits = std::find(buffer, end, 'e') - buffer - (value < 0 ? 2 : 1);
+  if (digits > significantDigits)
+    end = std::to_chars(buffer, last, value, std::chars_format::scientific, significantDigits - 1).ptr;
   const std::string text(buffer, end);
   const std::size_t start = text[0] == '-' ? 1 : 0;
   const std::size_t mark = text.find('e');
   result.negative = start == 1;
-  result.digits = text.substr(start, 1) + text.substr(start + 2, mark - start - 2);
+  result.digits = text.substr(start, 1);
+  if (mark > start + 2) result.digits += text.substr(start + 2, mark - start - 2);
   result.digits.erase(result.digits.find_last_not_of('0') + 1);
   result.exponent = std::atoi(text.c_str() + mark + 1);
   return result;

@@ -197,6 +197,19 @@ double withoutNegativeZero(double value) {
   return value == 0 ? 0 : value;
 }
 
+// The shortest text that reads back as the value, without an exponent; nothing where that has more than 15 digits.
+// Rounding the value to 15 digits gives the same, which takes several times as long to find out.
+char* plainNumber(double value, char* begin, char* end) {
+  constexpr double smallest = 1e-4, beyond = 1e15;
+  const double size = std::fabs(value);
+  if (size < smallest || size >= beyond) return nullptr;
+  if (value == std::trunc(value)) return std::to_chars(begin, end, static_cast<std::int64_t>(value)).ptr;
+  char* const last = std::to_chars(begin, end, value, std::chars_format::fixed).ptr;
+  char* const first = std::find_if(begin, last, [](char c) { return c >= '1' && c <= '9'; });
+  const bool pointFollows = std::find(first, last, '.') != last;
+  return last - first <= (pointFollows ? 16 : 15) ? last : nullptr;
+}
+
 }  // namespace
 
 std::string numberText(double value) {
@@ -204,7 +217,8 @@ std::string numberText(double value) {
   if (std::isinf(value)) return value < 0 ? "-inf" : "inf";
   if (value == 0) return "0";
   char buffer[32];  // "-1.23456789012346E+308"
-  const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 15).ptr;
+  if (char* const end = plainNumber(value, buffer, buffer + sizeof buffer)) return {buffer, end};
+  char* const end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 15).ptr;
   std::replace(buffer, end, 'e', 'E');
   return {buffer, end};
 }

@@ -2,9 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <bit>
 #include <clocale>
 #include <cmath>
+#include <cstdio>
 #include <limits>
+#include <random>
+
+#include "text/format.h"
 
 namespace velmo::text {
 namespace {
@@ -36,6 +42,29 @@ TEST(NumberText, ShowsFifteenDigitsAndNoNegativeZero) {
       {std::nan(""), "nan"},
   };
   for (const auto& row : cases) EXPECT_EQ(row.text, numberText(row.value));
+}
+
+// The C library's rounding to 15 digits, of sums of cents, of whole numbers, of fractions and of any bits.
+TEST(NumberText, IsRoundedToFifteenDigits) {
+  std::mt19937_64 random(15);
+  for (int i = 0; i < 200000; ++i) {
+    const auto bits = random();
+    const double cents = static_cast<double>(bits % 2'000'000'000) / 100;
+    const double any = std::bit_cast<double>(bits);
+    for (const double value :
+         {cents, -cents, cents * 1.1, std::trunc(cents), 1 / cents, cents / 3e7, cents * 1e7, any}) {
+      if (!std::isfinite(value)) continue;
+      char expected[40];
+      std::snprintf(expected, sizeof expected, "%.15g", value);
+      std::string text = expected;
+      std::ranges::replace(text, 'e', 'E');
+      ASSERT_EQ(numberText(value), text == "-0" ? "0" : text);
+      const auto read = numberFrom(formatNumber(value, "0.00"));
+      if (std::fabs(value) < 1e12) {
+        ASSERT_TRUE(read && std::fabs(*read - value) <= 0.005 + 1e-9 * std::fabs(value)) << text;
+      }
+    }
+  }
 }
 
 struct Reading {
