@@ -46,6 +46,11 @@ class BalancesDesk : public LedgerCompany {
   void chooseEntry(const char* list, const store::Value& value) {
     control<forms::DropCombo>(list).setBoundValue(value);
   }
+  void range(const char* from, const char* to) {
+    choose("RangeOpt");
+    write("CodeFrom", from);
+    write("CodeTo", to);
+  }
   void setPeriod(const char* from, const char* to) {
     control<forms::DatePicker>("BalDt_0").setDay(*text::DateTime::fromIso(from));
     control<forms::DatePicker>("BalDt_1").setDay(*text::DateTime::fromIso(to));

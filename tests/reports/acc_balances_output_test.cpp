@@ -1,0 +1,82 @@
+#include <gmock/gmock.h>
+
+#include "balances_desk.h"
+#include "export/sheet_reader.h"
+#include "reports/acc_balances.h"
+
+namespace velmo::reports {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Not;
+using Texts = std::vector<std::string>;
+
+class AccBalancesOutput : public test::BalancesDesk {};
+
+TEST_F(AccBalancesOutput, PrintsWhatItShows) {
+  sit(makeAccBalances);
+  setPeriod("2026-10-01", "2026-11-22");
+  const auto print = [&] {
+    click("PrintBttn");
+    return printed();
+  };
+  const Texts six = print();
+  for (const char* words : {"Harbour Timber", "Trial Balance", "From  October 01, 2026  To  November 22, 2026",
+                            "Customers", "Trade Customers", "O'Brien & Sons", "1,000.30", "1,940.40"})
+    EXPECT_THAT(six, Contains(words));
+  EXPECT_THAT(six, Not(Contains("Quiet Customer")));
+  choose("TrialOpt_1");
+  const Texts two = print();
+  EXPECT_THAT(two, Contains("2,140.65").Times(2));
+  EXPECT_THAT(two, Not(Contains("Opening Balance")));
+  choose("SelectOpt");
+  chooseEntry("Acc", 120);
+  const Texts customers = print();
+  EXPECT_THAT(customers, Contains("Accounts Balances"));
+  EXPECT_THAT(customers, Contains("O'Brien & Sons"));
+  EXPECT_THAT(customers, Not(Contains("Mills")));
+  range("11001001", "21001002");
+  const Texts twoOfRange = print();
+  EXPECT_THAT(twoOfRange, Contains("1,000.30"));
+  EXPECT_THAT(twoOfRange, Not(Contains("Trade Customers")));
+  choose("TrialOpt_0");
+  const Texts sixOfRange = print();
+  for (const char* words : {"Accounts Balances", "Mills", "1,300.30", "360.20"})
+    EXPECT_THAT(sixOfRange, Contains(words));
+}
+
+TEST_F(AccBalancesOutput, SavesTheColumnsThatAreShown) {
+  sit(makeAccBalances);
+  setPeriod("2026-10-01", "2026-11-22");
+  range("11001001", "21001002");
+  files.name = (company.folder() / "trial.xlsx").string();
+  const auto save = [&] {
+    prompts.expect("Spreadsheet Saved", "3 rows were saved in \"" + files.name + "\".");
+    click("ExcelBttn");
+    const auto sheet = spreadsheet::readSheet(files.name);
+    EXPECT_TRUE(sheet) << sheet.error();
+    Texts rows;
+    for (std::size_t row = 0; row < sheet->rows.size(); ++row) {
+      std::string line;
+      for (std::size_t column = 0; column < sheet->rows[row].size(); ++column)
+        line += (column ? "|" : "") + textOf(sheet->at(row, column));
+      rows.push_back(line);
+    }
+    return rows;
+  };
+  EXPECT_THAT(save(), ElementsAre("Trial Balance", "From October 01, 2026 To November 22, 2026", "",
+                                  "Acc Code|Account Name|Opening Balance|Status|Debit|Credit|Closing Balance|Status",
+                                  "11001001|City Bank|0|Debit|300.3|0|300.3|Debit",
+                                  "12001002|O'Brien & Sons|0|Debit|1000|300|700|Debit",
+                                  "21001002|Mills|0|Debit|0|640.1|640.1|Credit",
+                                  "|Totals Rs.|0|Debit|1300.3|940.1|360.2|Debit"));
+  EXPECT_EQ(files.proposedName, "Trial Balance.xlsx");
+  choose("TrialOpt_1");
+  EXPECT_THAT(save(), ElementsAre("Trial Balance", "As On November 22, 2026", "", "Acc Code|Account Name|Debit|Credit",
+                                  "11001001|City Bank|300.3", "12001002|O'Brien & Sons|700", "21001002|Mills||640.1",
+                                  "|Totals Rs.|1000.3|640.1"));
+}
+
+}  // namespace
+}  // namespace velmo::reports
