@@ -68,6 +68,8 @@ QMdiSubWindow* ScreenWindows::makeWindow(const ScreenEntry& entry) {
   QMdiSubWindow* window = addSubWindow(screen);
   window->setAttribute(Qt::WA_DeleteOnClose);
   window->setWindowIcon(QIcon());
+  // A tab would take a single mark for the sign of an access key.
+  window->setWindowTitle(screen->windowTitle().replace(QLatin1Char('&'), QLatin1String("&&")));
   screen->installEventFilter(this);
   windows_[std::string(entry.name)] = window;
   return window;

@@ -210,7 +210,8 @@ BackUpResult makeCopy(const Catalog& catalog, const BackUpRequest& request, cons
   besideScreen(request, BackUpStage::Verifying, sync);
   const BackUpResult result{.file = file, .bytes = fs::file_size(compacted.path), .records = [&] {
                               std::int64_t sum = 0;
-                              for (const auto& [table, rows] : evidence.rowCounts) sum += rows;
+                              for (const auto& [table, rows] : evidence.rowCounts)
+                                if (catalog.find(table) != nullptr) sum += rows;
                               return sum;
                             }()};
   if (::rename(compacted.path.c_str(), file.c_str()) != 0) throw cannotMake(file, errno);

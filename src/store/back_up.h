@@ -26,7 +26,7 @@ struct BackUpRequest {
 struct BackUpResult {
   std::filesystem::path file;
   std::uintmax_t bytes = 0;
-  std::int64_t records = 0;  // in all tables
+  std::int64_t records = 0;  // in the tables of the catalogue
 };
 
 // Makes a consistent, compacted and verified copy of a file while others work with it. The stages:

@@ -43,7 +43,10 @@ class CountingScreen : public QWidget {
   static inline int shown = 0;
   static inline bool refusesToClose = false;
 
-  explicit CountingScreen(QWidget* parent) : QWidget(parent) { ++made; }
+  explicit CountingScreen(QWidget* parent) : QWidget(parent) {
+    setWindowTitle(QStringLiteral("Cash & Credit"));
+    ++made;
+  }
 
  public Q_SLOTS:
   void ShowRecord() { ++shown; }
@@ -233,6 +236,9 @@ TEST_F(Shell, OpensAScreenOnceAndBringsItForward) {
   EXPECT_FALSE(isOpen("SaleInvoicesSimple"));
   action("SaleMod_55").trigger();
   EXPECT_EQ(CountingScreen::made, 2);
+  const auto* tabs = shell_->screens().findChild<QTabBar*>();
+  ASSERT_NE(tabs, nullptr);
+  EXPECT_EQ(tabs->tabText(tabs->currentIndex()), QStringLiteral("Cash && Credit")) << "no sign of an access key";
   EXPECT_FALSE(shell_->screens().openScreen("NoSuchScreen"));
   EXPECT_FALSE(shell_->screens().openScreen("CompanyInfo")) << "a dialog is no child window";
 }
