@@ -73,11 +73,10 @@ void loadLedger(ReportScreen& screen) {
   const bool ofPeriod = screen.filters().chosen("DateOpt");
   const std::optional<double> before = ofPeriod ? broughtForward(screen, account) : std::nullopt;
   showBroughtForward(screen, before);
-  const std::string filter = ofPeriod ? frame::periodFilter(screen.filters().period()) : std::string();
-  screen.setRows(grid, std::make_shared<LedgerRows>(
-                           store::Recordset(context.KORDconn, ledgerStatement(account, context.FYID, filter),
-                                            store::LockType::ReadOnly),
-                           before.value_or(0)));
+  const LedgerChoice choice{.account = account,
+                            .fyid = context.FYID,
+                            .period = ofPeriod ? std::optional(screen.filters().period()) : std::nullopt};
+  screen.setRows(grid, openLedger(context.KORDconn, choice, before.value_or(0)));
 }
 
 const LedgerRows& ledger(ReportScreen& screen) {

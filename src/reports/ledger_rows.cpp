@@ -2,12 +2,11 @@
 
 #include <cmath>
 
-#include "frame/report_period.h"
-
 namespace velmo::reports {
 
-LedgerRows::LedgerRows(store::Recordset lines, double broughtForward)
-    : RecordsetRows(std::move(lines)),
+LedgerRows::LedgerRows(store::Recordset lines, double broughtForward, Opener following)
+    : lines_(std::move(lines)),
+      openFollowing_(std::move(following)),
       broughtForward_(broughtForward),
       debit_(field("Debit")),
       credit_(field("Credit")),
@@ -16,23 +15,38 @@ LedgerRows::LedgerRows(store::Recordset lines, double broughtForward)
   carryOn();
 }
 
+bool LedgerRows::hasMore() const {
+  return lines_.hasMoreRows() || openFollowing_ || (following_ && following_->hasMoreRows());
+}
+
 void LedgerRows::read(int rows) {
-  RecordsetRows::read(rows);
+  if (lines_.hasMoreRows())
+    lines_.fetchMore(rows);
+  else if (openFollowing_)
+    following_ = std::exchange(openFollowing_, {})();
+  else if (following_)
+    following_->fetchMore(rows);
   carryOn();
 }
 
 void LedgerRows::carryOn() {
+  const std::int64_t fetched = lines_.fetchedCount() + (following_ ? following_->fetchedCount() : 0);
   double running = balance();
-  for (auto row = static_cast<std::int64_t>(balances_.size()); row < ready(); ++row) {
-    running += store::numberOf(rows_.valueAt(row, debit_)) - store::numberOf(rows_.valueAt(row, credit_));
+  for (std::int64_t row = ready(); row < fetched; ++row) {
+    running += store::numberOf(lineValue(row, debit_)) - store::numberOf(lineValue(row, credit_));
     balances_.push_back(running);
   }
+}
+
+store::Value LedgerRows::lineValue(std::int64_t row, int field) const {
+  const std::int64_t before = lines_.fetchedCount();
+  return row < before ? lines_.valueAt(row, field) : following_->valueAt(row - before, field);
 }
 
 store::Value LedgerRows::value(std::int64_t row, int field) const {
   if (field == balance_) return std::fabs(balances_[static_cast<std::size_t>(row)]);
   if (field == status_) return std::string(frame::sideOf(balances_[static_cast<std::size_t>(row)]));
-  return rows_.valueAt(row, field);
+  return lineValue(row, field);
 }
 
 }  // namespace velmo::reports

@@ -1,26 +1,38 @@
 #pragma once
 
-#include <string>
+#include <functional>
+#include <optional>
 #include <vector>
 
+#include "frame/report_period.h"
 #include "frame/report_rows.h"
 
 namespace velmo::reports {
 
 // The lines of a ledger in their order, with the balance behind each of them in place of the stored one: `Balance`
 // without a sign, `Status` "Debit" or "Credit". Null amounts count as 0. The figures stay here; nothing is written.
-class LedgerRows : public frame::RecordsetRows {
+class LedgerRows : public frame::ReportRows {
  public:
-  LedgerRows(store::Recordset lines, double broughtForward);
+  using Opener = std::function<store::Recordset()>;
 
+  // Lines that follow the others may be opened when these have been read.
+  LedgerRows(store::Recordset lines, double broughtForward, Opener following = {});
+
+  std::int64_t ready() const override { return static_cast<std::int64_t>(balances_.size()); }
+  bool hasMore() const override;
   void read(int rows) override;
+  int field(std::string_view name) const override { return lines_.fieldIndex(name); }
   store::Value value(std::int64_t row, int field) const override;
   // Behind the last line that was read, with its sign; the amount brought forward before the first.
   double balance() const { return balances_.empty() ? broughtForward_ : balances_.back(); }
 
  private:
+  store::Value lineValue(std::int64_t row, int field) const;
   void carryOn();
 
+  store::Recordset lines_;
+  std::optional<store::Recordset> following_;
+  Opener openFollowing_;
   double broughtForward_;
   int debit_;
   int credit_;
@@ -28,5 +40,23 @@ class LedgerRows : public frame::RecordsetRows {
   int status_;
   std::vector<double> balances_;  // with their signs
 };
+
+struct LedgerChoice {
+  std::int64_t account = 0;
+  int fyid = 0;
+  std::optional<frame::ReportPeriod> period = {};  // nothing: the whole year
+};
+
+// Lines of an account.
+struct LedgerLengths {
+  std::int64_t few = 512;          // are found at once in whatever way
+  std::int64_t shortWait = 16384;  // are sorted before one notices
+  std::int64_t firstSight = 1024;  // suffice to begin with
+};
+
+// Opens a ledger in the way that suits its length: its first lines are there soon, however many follow. Throws
+// StoreError.
+std::shared_ptr<LedgerRows> openLedger(store::Connection& connection, const LedgerChoice& choice, double broughtForward,
+                                       const LedgerLengths& lengths = {});
 
 }  // namespace velmo::reports

@@ -43,15 +43,19 @@ std::string broughtForwardStatement(std::int64_t account, int fyid, const text::
          ")) GROUP BY SubTransactions.AccCode HAVING SubTransactions.AccCode=" + std::to_string(account);
 }
 
-std::string ledgerStatement(std::int64_t account, int fyid, const std::string& periodFilter) {
+// A column that something is added to is not looked up in an index. An account without a period is, as it stands.
+std::string ledgerStatement(std::int64_t account, int fyid, const std::string& periodFilter, LedgerWalk walk) {
+  const char* const unlessByDay = walk == LedgerWalk::OfDays ? " + 0" : "";
+  const char* const unlessByAccount = walk == LedgerWalk::OfAccount && !periodFilter.empty() ? " + 0" : "";
   return std::string(
              "SELECT Transactions.TranNo, Transactions.TranDate, Transactions.TranType, Transactions.d1, "
              "[Trantype].[Name] & ' No. ' & [Transactions].[docno] AS TranRefLong, [Trantype].[short] & ' ' & "
              "[Transactions].[docno] AS TranRefShort, SubTransactions.AccCode, SubTransactions.Desc, "
              "SubTransactions.Debit, SubTransactions.Credit, SubTransactions.Balance, SubTransactions.Status, "
              "SubTransactions.Serial, Transactions.FYID, Transactions.Cancel ") +
-         linesOfDocuments + "Where (" + periodFilter + "((SubTransactions.AccCode) = " + std::to_string(account) +
-         ") And " + notEmpty + " AND ((Transactions.FYID) = " + std::to_string(fyid) +
+         linesOfDocuments + "Where (" + periodFilter + "((SubTransactions.AccCode)" + unlessByDay + " = " +
+         std::to_string(account) + ") And " + notEmpty + " AND ((Transactions.FYID)" + unlessByAccount + " = " +
+         std::to_string(fyid) +
          ") And ((Transactions.Cancel) = No)) ORDER BY Transactions.TranDate, SubTransactions.Serial";
 }
 

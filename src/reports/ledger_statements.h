@@ -11,8 +11,15 @@ namespace velmo::reports {
 // What the account held before a day of the year: `obalance`, debits minus credits. No row when nothing was before.
 std::string broughtForwardStatement(std::int64_t account, int fyid, const text::DateTime& from);
 
+// How the database finds the lines of a ledger.
+enum class LedgerWalk {
+  OfAccount,  // those of the account, which are then sorted
+  OfDays      // those of the documents of one day after the other, of which the account's are taken
+};
+
 // The account's lines in the order of the ledger. Cancelled documents and empty lines are not among them.
-std::string ledgerStatement(std::int64_t account, int fyid, const std::string& periodFilter);
+std::string ledgerStatement(std::int64_t account, int fyid, const std::string& periodFilter,
+                            LedgerWalk walk = LedgerWalk::OfAccount);
 
 // The lines of the documents of the year that cite a job, in the order of the ledger, without those of cancelled ones.
 std::string jobLedgerStatement(std::int64_t job, int fyid);

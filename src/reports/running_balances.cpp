@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "frame/report_period.h"
@@ -14,21 +17,23 @@ namespace {
 
 constexpr std::int64_t linesBetweenReports = 4096;
 
-// A line whose stored balance is another one.
-struct Change {
-  std::int64_t serial;
-  double balance;  // with its sign
+// A line of the year; once the balances are known, one that is to be written.
+struct Line {
+  std::int64_t moment;  // of its document, in seconds
+  std::int32_t account;
+  std::int32_t serial;
+  double amount;  // debit less credit; then the balance behind the line, with its sign
+  double stored;  // the balance that it has, with the sign of its side; no number when it has none
 };
 
+// In no order: sorting millions of lines is work for memory.
 std::string passStatement(int fyid) {
   return "SELECT Transactions.TranNo, Transactions.TranDate, SubTransactions.AccCode, SubTransactions.Debit, "
          "SubTransactions.Credit, SubTransactions.Balance, SubTransactions.Status, SubTransactions.Serial, "
          "Transactions.FYID, Transactions.Cancel FROM Transactions INNER JOIN SubTransactions ON Transactions.TranNo = "
          "SubTransactions.TranNo Where ((((SubTransactions.Debit)<>0) or ((SubTransactions.Credit)<>0)) AND "
          "((Transactions.FYID) =" +
-         std::to_string(fyid) +
-         ") And ((Transactions.Cancel) = No)) ORDER BY SubTransactions.AccCode, Transactions.TranDate, "
-         "SubTransactions.Serial";
+         std::to_string(fyid) + ") And ((Transactions.Cancel) = No))";
 }
 
 // Tells how far the work is, and remembers when the user wants it stopped.
@@ -42,27 +47,72 @@ class Report {
   std::int64_t done_ = 0;
 };
 
-// False when the work was stopped.
-bool findChanges(store::Connection& connection, int fyid, Report& report, std::vector<Change>& changes) {
+// The days of documents as seconds. Lines of one day come together, mostly.
+class Moments {
+ public:
+  std::int64_t of(std::string_view date) {
+    if (date == last_) return moment_;
+    last_ = date;
+    const auto parsed = text::DateTime::fromIso(date);
+    constexpr std::int64_t secondsOfDay = 86400;
+    moment_ = parsed ? parsed->day * secondsOfDay + parsed->second : std::numeric_limits<std::int64_t>::min();
+    return moment_;
+  }
+
+ private:
+  std::string last_ = "none yet";
+  std::int64_t moment_ = 0;
+};
+
+double storedBalance(const store::ForwardReader& lines, int balance, int status) {
+  constexpr double none = std::numeric_limits<double>::quiet_NaN();
+  if (lines.isNull(balance) || lines.number(balance) < 0) return none;
+  const std::string_view side = lines.text(status);
+  if (side == "Debit") return lines.number(balance);
+  return side == "Credit" ? -lines.number(balance) : none;
+}
+
+// Nothing when the work was stopped.
+std::optional<std::vector<Line>> readLines(store::Connection& connection, int fyid, Report& report) {
+  std::vector<Line> all;
   store::ForwardReader lines(connection, passStatement(fyid));
+  const int date = lines.field("TranDate");
   const int account = lines.field("AccCode");
   const int debit = lines.field("Debit");
   const int credit = lines.field("Credit");
   const int stored = lines.field("Balance");
   const int status = lines.field("Status");
   const int serial = lines.field("Serial");
-  std::int64_t present = 0;
-  double balance = 0;
-  for (bool first = true; lines.next(); first = false) {
-    if (first || lines.integer(account) != present) balance = 0;
-    present = lines.integer(account);
-    balance += lines.number(debit) - lines.number(credit);
-    const bool kept = !lines.isNull(stored) && lines.number(stored) == std::fabs(balance) &&
-                      lines.text(status) == frame::sideOf(balance);
-    if (!kept) changes.push_back({lines.integer(serial), balance});
-    if (!report.goesOn()) return false;
+  Moments moments;
+  while (lines.next()) {
+    all.push_back({.moment = moments.of(lines.text(date)),
+                   .account = static_cast<std::int32_t>(lines.integer(account)),
+                   .serial = static_cast<std::int32_t>(lines.integer(serial)),
+                   .amount = lines.number(debit) - lines.number(credit),
+                   .stored = storedBalance(lines, stored, status)});
+    if (!report.goesOn()) return std::nullopt;
   }
-  return true;
+  return all;
+}
+
+bool isRight(double stored, double balance) {
+  const bool credit = frame::sideOf(balance) == std::string_view("Credit");
+  return std::fabs(stored) == std::fabs(balance) && std::signbit(stored) == credit;
+}
+
+// Leaves the lines whose stored balance is another one, in the order of the file, so that each of its pages is written
+// once.
+void keepChanged(std::vector<Line>& lines) {
+  std::ranges::sort(lines, {}, [](const Line& line) { return std::tuple(line.account, line.moment, line.serial); });
+  std::int32_t present = 0;
+  double balance = 0;
+  for (Line& line : lines) {
+    if (line.account != present) balance = 0;
+    present = line.account;
+    line.amount = balance += line.amount;
+  }
+  std::erase_if(lines, [](const Line& line) { return isRight(line.stored, line.amount); });
+  std::ranges::sort(lines, {}, &Line::serial);
 }
 
 }  // namespace
@@ -70,15 +120,14 @@ bool findChanges(store::Connection& connection, int fyid, Report& report, std::v
 bool writeRunningBalances(store::Connection& connection, int fyid, const LinesDone& progress) {
   Report report(progress);
   store::Connection::Transaction transaction(connection);
-  std::vector<Change> changes;
-  if (!findChanges(connection, fyid, report, changes)) return false;
-  // In the order of the file, so that each of its pages is written once.
-  std::ranges::sort(changes, {}, &Change::serial);
+  std::optional<std::vector<Line>> lines = readLines(connection, fyid, report);
+  if (!lines) return false;
+  keepChanged(*lines);
   store::RepeatedWrite write(connection, "UPDATE SubTransactions SET Balance = 0.5, Status = 'Debit' WHERE Serial = 1",
                              3);
-  for (const Change& change : changes) {
-    write.run(std::array<store::Value, 3>{std::fabs(change.balance), std::string(frame::sideOf(change.balance)),
-                                          change.serial});
+  for (const Line& line : *lines) {
+    write.run(std::array<store::Value, 3>{std::fabs(line.amount), std::string(frame::sideOf(line.amount)),
+                                          std::int64_t{line.serial}});
     if (!report.goesOn()) return false;
   }
   transaction.commit();

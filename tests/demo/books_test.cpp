@@ -23,6 +23,7 @@ using test::OwnBooks;
 using test::Posting;
 using Lines = std::vector<std::string>;
 using testing::IsEmpty;
+using Period = std::optional<frame::ReportPeriod>;
 
 constexpr int year = 1;
 
@@ -84,17 +85,20 @@ class BooksOfTheYear : public testing::Test {
     return differences;
   }
 
-  // The ledger of every account of the chart as its screen shows it, of the year and of a period.
-  Lines inLedgers() {
+  // The ledger of every account of the chart as its screen shows it, of the year and of two periods, one of which
+  // ends before it begins.
+  Lines inLedgers(const LedgerLengths& asLengths = {}) {
+    lengths_ = asLengths;
     Lines differences;
     const frame::ReportPeriod summer{day(2026, 6, 10), day(2026, 9, 18)};
+    const Period periods[] = {{}, summer, frame::ReportPeriod{summer.to, summer.from}};
     for (store::Recordset accounts(connection, "select AccCode from AccLevel3 order by AccCode"); !accounts.eof();
-         accounts.moveNext()) {
-      const std::int64_t account = accounts.integer("AccCode");
-      compare("ledger " + std::to_string(account), wantedLedger(account, {}), shownLedger(account, {}), differences);
-      compare("summer's ledger " + std::to_string(account), wantedLedger(account, summer), shownLedger(account, summer),
-              differences);
-    }
+         accounts.moveNext())
+      for (const Period& period : periods) {
+        const std::int64_t account = accounts.integer("AccCode");
+        compare("ledger " + std::to_string(account) + (period ? " from " + period->from.iso() : ""),
+                wantedLedger(account, period), shownLedger(account, period), differences);
+      }
     return differences;
   }
 
@@ -159,6 +163,7 @@ class BooksOfTheYear : public testing::Test {
     writeRunningBalances(connection, year);
     add(inDocuments());
     add(inLedgers());
+    add(inLedgers({.few = 0, .shortWait = 0, .firstSight = 10}));  // as if they were long
     add(inStoredBalances());
     return differences;
   }
@@ -193,8 +198,6 @@ class BooksOfTheYear : public testing::Test {
   OwnBooks own;
 
  private:
-  using Period = std::optional<frame::ReportPeriod>;
-
   Lines wantedLedger(std::int64_t account, const Period& period) const {
     Lines lines;
     const auto ledger = own.ledgers.find(account);
@@ -212,10 +215,9 @@ class BooksOfTheYear : public testing::Test {
       const store::Recordset rows(connection, broughtForwardStatement(account, year, period->from));
       if (!rows.isEmpty()) before = rows.number("obalance");
     }
-    LedgerRows rows(
-        store::Recordset(connection, ledgerStatement(account, year, period ? frame::periodFilter(*period) : ""),
-                         store::LockType::ReadOnly),
-        before);
+    const std::shared_ptr<LedgerRows> opened =
+        openLedger(connection, {.account = account, .fyid = year, .period = period}, before, lengths_);
+    LedgerRows& rows = *opened;
     while (rows.hasMore()) rows.read(500);
     const auto value = [&rows](std::int64_t row, const char* name) { return rows.value(row, rows.field(name)); };
     Lines lines;
@@ -271,6 +273,7 @@ class BooksOfTheYear : public testing::Test {
   }
 
   std::filesystem::path folder_;
+  LedgerLengths lengths_;
 };
 
 TEST_F(BooksOfTheYear, AreWhatTheDocumentsSay) {
