@@ -25,6 +25,7 @@ class ReportModel : public QAbstractTableModel {
   const std::shared_ptr<ReportRows>& rows() const { return rows_; }
 
   bool isComplete() const { return !rows_ || !rows_->hasMore(); }
+  bool pauses() const { return rows_ && rows_->pauses(); }
   void readOn(int rows);           // hands them to the grid as well, in few large portions
   std::int64_t ready() const;      // rows read
   double sum(std::string_view field) const;  // over the rows read

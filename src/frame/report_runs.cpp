@@ -18,7 +18,7 @@ namespace {
 
 constexpr int rowsAtOnce = 1024;
 constexpr int idleStep = 12;    // milliseconds of reading before the screen may repaint
-constexpr int firstSight = 30;  // and before it is shown at all
+constexpr int firstSight = 16;  // and before it is shown at all
 
 template <typename Action>
 class Finally {
@@ -55,7 +55,7 @@ bool ReportScreen::load(ReportUse use) {
   type_.load(*this);
   QElapsedTimer clock;
   clock.start();
-  while (!isComplete() && clock.elapsed() < firstSight) readOn();
+  while (!isComplete() && !pauses() && clock.elapsed() < firstSight) readOn();
   if (isComplete()) completed();
   return true;
 }
@@ -64,11 +64,18 @@ bool ReportScreen::isComplete() const {
   return std::ranges::all_of(byName_, [](const auto& entry) { return entry.second.model->isComplete(); });
 }
 
+bool ReportScreen::pauses() const {
+  return std::ranges::any_of(byName_, [](const auto& entry) { return entry.second.model->pauses(); });
+}
+
 void ReportScreen::readOn() {
   QElapsedTimer clock;
   clock.start();
   for (auto& [name, table] : byName_)
-    while (!table.model->isComplete() && clock.elapsed() < idleStep) table.model->readOn(rowsAtOnce);
+    while (!table.model->isComplete() && clock.elapsed() < idleStep) {
+      table.model->readOn(rowsAtOnce);
+      if (table.model->pauses()) break;
+    }
   if (!idle_.isActive()) return;
   if (isComplete())
     completed();

@@ -82,6 +82,7 @@ class ReportScreen : public QWidget {
   Table makeTable(const ReportGrid& grid);
   bool load(ReportUse use);
   bool isComplete() const;
+  bool pauses() const;
   void readOn();
   void completed();
   void showCount();

@@ -20,6 +20,7 @@ class LedgerRows : public frame::ReportRows {
 
   std::int64_t ready() const override { return static_cast<std::int64_t>(balances_.size()); }
   bool hasMore() const override;
+  bool pauses() const override { return !lines_.hasMoreRows() && openFollowing_; }
   void read(int rows) override;
   int field(std::string_view name) const override { return lines_.fieldIndex(name); }
   store::Value value(std::int64_t row, int field) const override;
@@ -51,6 +52,7 @@ struct LedgerChoice {
 struct LedgerLengths {
   std::int64_t few = 512;          // are found at once in whatever way
   std::int64_t shortWait = 16384;  // are sorted before one notices
+  std::int64_t longWait = 262144;  // are sorted in half a second
   std::int64_t firstSight = 1024;  // suffice to begin with
 };
 

@@ -27,12 +27,17 @@ class LedgerOpener {
     const std::int64_t documents =
         countOf(connection_, "FYID",
                 "Transactions WHERE " + filterOf(choice_.period) + "FYID = " + std::to_string(choice_.fyid));
-    if (lines >= documents) return whole(LedgerWalk::OfDays, broughtForward);
+    if (isQuickerByDay(lines, documents)) return whole(LedgerWalk::OfDays, broughtForward);
     if (lines <= lengths_.shortWait) return whole(LedgerWalk::OfAccount, broughtForward);
     return inTwo(lines, broughtForward);
   }
 
  private:
+  // Or hardly slower, where the lines are too many to be sorted while somebody waits.
+  bool isQuickerByDay(std::int64_t lines, std::int64_t documents) const {
+    return lines >= (lines > lengths_.longWait ? documents / 2 : documents * 2);
+  }
+
   std::shared_ptr<LedgerRows> whole(LedgerWalk walk, double broughtForward) {
     return std::make_shared<LedgerRows>(rows(filterOf(choice_.period), walk), broughtForward);
   }

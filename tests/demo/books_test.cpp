@@ -163,7 +163,7 @@ class BooksOfTheYear : public testing::Test {
     writeRunningBalances(connection, year);
     add(inDocuments());
     add(inLedgers());
-    add(inLedgers({.few = 0, .shortWait = 0, .firstSight = 10}));  // as if they were long
+    add(inLedgers({.few = 0, .shortWait = 0, .longWait = 500, .firstSight = 10}));  // as if they were long
     add(inStoredBalances());
     return differences;
   }
@@ -296,6 +296,7 @@ TEST_F(BooksOfTheYear, AreWhatTheDocumentsSay) {
   for (const auto& [kind, least] : kinds) EXPECT_GE(own.counts[kind], least) << "documents " << kind;
   EXPECT_GT(own.ledgers.size(), 60U);
   EXPECT_GT(own.ledgers.at(10001001).size(), 500U);
+  EXPECT_GT(2 * own.ledgers.at(40001001).size(), own.documents.size()) << "no ledger is read day by day";
   EXPECT_GT(own.balance(13001001, day(2027, 1, 1).day), 100000'00);
 }
 
