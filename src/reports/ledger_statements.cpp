@@ -93,16 +93,20 @@ std::string ledgersOf::range(std::int64_t from, std::int64_t to) {
   return " HAVING AccLevel3.AccCode>=" + std::to_string(from) + " and AccLevel3.AccCode<=" + std::to_string(to);
 }
 
+// The last balance of each account is found before the accounts are: joined the other way round, the database would
+// look through the lines of the year for each account.
 std::string ledgersHierarchy(int fyid, const std::string& selection, const text::DateTime& openingBefore,
                              const std::string& periodFilter) {
   const std::string year = "((Transactions.FYID) = " + std::to_string(fyid) + ") And ((Transactions.Cancel) = No))";
   return "Shape {SELECT MainBal.AccCode, [MainBal].[AccName] AS AccountName, MainBal.OpBalance, MainBal.OpStatus, "
-         "Last(IIf(IsNull([Balance]),[OpBalance],[Balance])) AS ClBalance, "
-         "Last(IIf(IsNull([Balance]),[OpStatus],[Status])) AS ClStatus FROM (" +
-         openingBalances(fyid, selection, openingBefore) + ") as MainBal LEFT JOIN (" +
+         "IIf(IsNull([LastBalance]),[OpBalance],[LastBalance]) AS ClBalance, "
+         "IIf(IsNull([LastBalance]),[OpStatus],[LastStatus]) AS ClStatus FROM (" +
+         openingBalances(fyid, selection, openingBefore) +
+         ") as MainBal LEFT JOIN (SELECT SubBal.AccCode, Last(SubBal.Balance) AS LastBalance, Last(SubBal.Status) AS "
+         "LastStatus FROM (" +
          storedBalances(year, periodFilter) +
-         ") as SubBal ON MainBal.AccCode = SubBal.AccCode GROUP BY MainBal.AccCode, [MainBal].[AccName], "
-         "MainBal.OpBalance, MainBal.OpStatus Order By MainBal.AccCode} as ParentCmd append ({SELECT "
+         ") as SubBal GROUP BY SubBal.AccCode) as LastBal ON MainBal.AccCode = LastBal.AccCode Order By "
+         "MainBal.AccCode} as ParentCmd append ({SELECT "
          "Transactions.TranNo, Transactions.TranDate, [Trantype].[short] & ' ' & [Transactions].[docno] AS "
          "TranRefShort, SubTransactions.AccCode, SubTransactions.Desc, SubTransactions.Debit, SubTransactions.Credit, "
          "SubTransactions.Balance, SubTransactions.Status, SubTransactions.Serial, Transactions.FYID, "
