@@ -94,7 +94,7 @@ std::string ledgersOf::range(std::int64_t from, std::int64_t to) {
 }
 
 // The last balance of each account is found before the accounts are: joined the other way round, the database would
-// look through the lines of the year for each account.
+// look through the lines of the year for each account. These lie in memory with what is printed of them.
 std::string ledgersHierarchy(int fyid, const std::string& selection, const text::DateTime& openingBefore,
                              const std::string& periodFilter) {
   const std::string year = "((Transactions.FYID) = " + std::to_string(fyid) + ") And ((Transactions.Cancel) = No))";
@@ -109,8 +109,7 @@ std::string ledgersHierarchy(int fyid, const std::string& selection, const text:
          "MainBal.AccCode} as ParentCmd append ({SELECT "
          "Transactions.TranNo, Transactions.TranDate, [Trantype].[short] & ' ' & [Transactions].[docno] AS "
          "TranRefShort, SubTransactions.AccCode, SubTransactions.Desc, SubTransactions.Debit, SubTransactions.Credit, "
-         "SubTransactions.Balance, SubTransactions.Status, SubTransactions.Serial, Transactions.FYID, "
-         "Transactions.Cancel " +
+         "SubTransactions.Balance, SubTransactions.Status " +
          linesOfDocuments + "Where (" + periodFilter + notEmpty + " AND " + year +
          " ORDER BY Transactions.TranDate, SubTransactions.Serial} as ChildCmd relate acccode to acccode) as ChildCmd";
 }
