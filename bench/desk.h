@@ -7,7 +7,6 @@
 #include <QWidget>
 #include <memory>
 
-#include "forms/file_dialogs.h"
 #include "large_company_folder.h"
 #include "schema/company_file.h"
 #include "session/login.h"
@@ -18,11 +17,23 @@ namespace velmo::bench {
 
 inline constexpr demo::LargeCompany manyItems = {.invoices = 200000, .items = 200000, .accounts = 20000};
 
-class NoPrompts : public session::Prompts {
+// Lets one message pass, by its title.
+class OnePrompt : public session::Prompts {
  public:
   session::Answer ask(const session::Prompt& prompt) override {
-    throw std::logic_error("unexpected message: " + prompt.text);
+    if (prompt.title != expected) throw std::logic_error("unexpected message: " + prompt.text);
+    told = std::exchange(expected, {});
+    return session::Answer::Ok;
   }
+  std::string expected;
+  std::string told;
+};
+
+class OneFile : public session::FileChooser {
+ public:
+  std::string openFile(const std::string&, const std::string&, const std::string&) override { return name; }
+  std::string saveFile(const std::string&, const std::string&, const std::string&) override { return name; }
+  std::string name;
 };
 
 class NoScreens : public session::ScreenOpener {
@@ -44,6 +55,8 @@ class Desk {
   }
 
   session::LoginContext& context() { return context_; }
+  OnePrompt& prompts() { return prompts_; }
+  OneFile& files() { return files_; }
 
   template <typename Make>
   QWidget& open(Make make, Durations& durations) {
@@ -65,9 +78,9 @@ class Desk {
 
   CompanyCopy company_;
   session::SystemClock clock_;
-  NoPrompts prompts_;
+  OnePrompt prompts_;
   NoScreens screens_;
-  forms::FileDialogs files_;
+  OneFile files_;
   session::LoginContext context_{schema::companyCatalog()};
   session::Workplace workplace_{context_, clock_, prompts_, files_, screens_};
   std::unique_ptr<QWidget> screen_;
