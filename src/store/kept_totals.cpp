@@ -79,8 +79,7 @@ class KeptSql {
   Names addLater() const {
     const std::string notYet = " AND " + additionTest(kept_, kept_.lines, Added::NotYet);
     return {insertion(days_, day_) + ofLines(dayOf(documents_), day_, notYet) + upsert(dayKey()),
-            insertion(months_, "Month") + ofLines(monthOf(dayOf(documents_)), "Month", notYet) +
-                upsert(monthKey()),
+            insertion(months_, "Month") + ofLines(monthOf(dayOf(documents_)), "Month", notYet) + upsert(monthKey()),
             "UPDATE " + state() + " SET Line = " + lastLine()};
   }
   std::string countLater() const {
@@ -211,6 +210,10 @@ class KeptSql {
   std::string step(const std::string& document, const std::string& subject, const Names& amounts,
                    const std::string& from, Sign sign) const {
     const bool takes = sign == Sign::Minus;
+    // A document that is no row of the trigger is looked up. Each column has a test of its own, which the key serves.
+    const auto scalar = [&](const std::string& value) {
+      return document == documents_ ? "(SELECT " + value + from + ")" : value;
+    };
     std::string sql;
     for (const bool ofDays : {true, false}) {
       const std::string& table = ofDays ? days_ : months_;
@@ -221,8 +224,8 @@ class KeptSql {
       for (const std::string& amount : amounts) values.push_back(takes ? "-" + amount : amount);
       sql += " " + insertion(table, time) + "SELECT " + list(values) + from + upsert(key) + ";";
       if (takes)
-        sql += " DELETE FROM " + table + " WHERE Lines = 0 AND (" + list({group_, time, subject_}) + ") IN (SELECT " +
-               list({document + "." + group_, timeOf, subject}) + from + ");";
+        sql += " DELETE FROM " + table + " WHERE " + group_ + " = " + scalar(document + "." + group_) + " AND " + time +
+               " = " + scalar(timeOf) + " AND " + subject_ + " IN (SELECT " + subject + from + ") AND Lines = 0;";
     }
     return sql;
   }
