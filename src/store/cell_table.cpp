@@ -35,6 +35,10 @@ bool isText(ColumnType type) {
   return type == ColumnType::Text || type == ColumnType::Memo;
 }
 
+bool isWhole(ColumnType type) {
+  return type == ColumnType::Byte || type == ColumnType::Integer || type == ColumnType::Long;
+}
+
 }  // namespace
 
 Value resultValue(sqlite3_stmt* statement, int column, ColumnType type) {
@@ -165,8 +169,19 @@ CellTable::Cell CellTable::cellOf(const Value& value) {
 }
 
 CellTable::Cell CellTable::cellOf(sqlite3_stmt* statement, int column, ColumnType type) {
-  if (isText(type) && sqlite3_column_type(statement, column) == SQLITE_TEXT) {
-    return textCell(textColumn(statement, column));
+  const int stored = sqlite3_column_type(statement, column);
+  Cell cell;
+  if (stored == SQLITE_NULL) return cell;
+  if (stored == SQLITE_TEXT && isText(type)) return textCell(textColumn(statement, column));
+  if (stored != SQLITE_TEXT && stored != SQLITE_BLOB && type == ColumnType::Double) {
+    cell.kind = Kind::Real;
+    cell.real = sqlite3_column_double(statement, column);
+    return cell;
+  }
+  if (stored == SQLITE_INTEGER && isWhole(type)) {
+    cell.kind = Kind::Whole;
+    cell.whole = sqlite3_column_int64(statement, column);
+    return cell;
   }
   return cellOf(resultValue(statement, column, type));
 }

@@ -85,7 +85,10 @@ void concat(sqlite3_context* context, int count, sqlite3_value** values) {
   for (int i = 0; i < count; ++i) {
     if (isNullValue(values[i])) continue;
     any = true;
-    joined += numberAsText(values[i]);
+    if (sqlite3_value_type(values[i]) == SQLITE_TEXT)
+      joined += textIn(values[i]);
+    else
+      joined += numberAsText(values[i]);
   }
   if (any) resultText(context, joined);
 }
