@@ -99,6 +99,14 @@ class KeptSql {
                        "(SELECT * FROM " + days_ + " WHERE " + ofLatest(days_) + " AND " + day_ + " < " + noDay + ")",
                        day_);
   }
+  // All months against all days in one sum, which takes no sorting.
+  std::string unequalSums() const {
+    const std::string sums =
+        "(SELECT total(Lines) AS Lines, " +
+        list(each(amounts_, [](const std::string& amount) { return "total(" + amount + ") AS " + amount; })) + " FROM ";
+    return "SELECT 1 FROM " + sums + days_ + ") AS one, " + sums + months_ +
+           ") AS other WHERE one.Lines <> other.Lines OR " + list(unequalAmounts(), " OR ");
+  }
   std::string staleMonths() const { return differences("(" + monthsOfDays() + ")", months_, "Month"); }
   std::string wrongDays() const { return differences("(" + addedLines() + ")", days_, day_); }
 
@@ -257,11 +265,16 @@ class KeptSql {
             "CREATE TRIGGER " + quotedName(name) + " " + when + " ON " + table + condition + " BEGIN" + steps + " END"};
   }
 
-  // Rows that one side has and the other has not, or with other sums.
-  std::string differences(const std::string& one, const std::string& other, const std::string& time) const {
-    const Names unequal = each(amounts_, [](const std::string& amount) {
+  // Up to what sums of binary fractions in another order differ by.
+  Names unequalAmounts() const {
+    return each(amounts_, [](const std::string& amount) {
       return "abs(one." + amount + " - other." + amount + ") > 0.00005 + 1e-12 * abs(one." + amount + ")";
     });
+  }
+
+  // Rows that one side has and the other has not, or with other sums.
+  std::string differences(const std::string& one, const std::string& other, const std::string& time) const {
+    const Names unequal = unequalAmounts();
     const auto side = [&](const std::string& from, const std::string& to) {
       return "SELECT 1 FROM " + from + " AS one LEFT JOIN " + to + " AS other USING (" +
              list({group_, time, subject_}) + ") WHERE other.Lines IS NOT one.Lines OR " + list(unequal, " OR ");
@@ -357,7 +370,7 @@ std::int64_t laterLines(sqlite3* database, const KeptTotals& kept) {
 
 bool areKept(sqlite3* database, const KeptTotals& kept) {
   const KeptSql sql(kept);
-  return isDeclared(database, sql) && isNone(database, sql.staleMonths()) && isNone(database, sql.staleDays());
+  return isDeclared(database, sql) && isNone(database, sql.unequalSums()) && isNone(database, sql.staleDays());
 }
 
 bool areRight(sqlite3* database, const KeptTotals& kept) {

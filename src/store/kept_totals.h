@@ -37,7 +37,7 @@ void addLaterLines(sqlite3* database, const KeptTotals& kept);
 std::int64_t laterLines(sqlite3* database, const KeptTotals& kept);
 
 // Whether tables and triggers are those that makeKeptTotals() makes, the totals of the latest days are those of their
-// lines and every month is the sum of its days: all that can be told without reading the lines of a year.
+// lines and the months together are the sum of the days: all that can be told without a wait.
 bool areKept(sqlite3* database, const KeptTotals& kept);
 // Whether every total is the sum of its lines, up to what sums of binary fractions in another order differ by.
 bool areRight(sqlite3* database, const KeptTotals& kept);
