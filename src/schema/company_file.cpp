@@ -10,7 +10,6 @@
 #include "schema/upgrades.h"
 #include "store/connection_string.h"
 #include "store/error.h"
-#include "store/file_check.h"
 #include "store/file_identity.h"
 
 namespace velmo::schema {
@@ -31,15 +30,6 @@ std::filesystem::path homeFolder() {
 std::filesystem::path userDataFolder() {
   if (const char* folder = std::getenv("XDG_DATA_HOME"); folder != nullptr && *folder == '/') return folder;
   return homeFolder() / ".local" / "share";
-}
-
-// What hinders this will hinder the opening of the file as well, which tells it.
-void mendTotals(const std::filesystem::path& file) {
-  if (store::schemaVersionOf(file) != schemaVersion) return;
-  try {
-    store::mendKeptTotals(file, companyCatalog());
-  } catch (const store::StoreError&) {
-  }
 }
 
 }  // namespace
@@ -81,7 +71,9 @@ void prepareCompanyFile(const std::string& connectionString, const text::DateTim
     return;
   }
   store::upgradeDatabaseFile(target.dataSource, companyCatalog(), upgrades());
-  mendTotals(target.dataSource);
+  store::Connection connection(companyCatalog(), schemaVersion);
+  connection.open(connectionString);
+  store::mendKeptTotals(connection);
 }
 
 }  // namespace velmo::schema

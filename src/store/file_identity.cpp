@@ -204,11 +204,9 @@ void upgradeDatabaseFile(const fs::path& file, const Catalog& catalog, const std
   syncToDisk(folderOf(file), O_RDONLY | O_DIRECTORY);
 }
 
-void mendKeptTotals(const fs::path& file, const Catalog& catalog) {
-  Connection connection(catalog);
+void mendKeptTotals(Connection& connection) {
   Connection::Impl& impl = *connection.impl();
-  impl.attach(file, SQLITE_OPEN_READWRITE);
-  for (const KeptTotals& kept : catalog.keptTotals()) {
+  for (const KeptTotals& kept : impl.catalog.keptTotals()) {
     if (areKept(impl.database, kept)) continue;
     Connection::Transaction transaction(connection);
     makeKeptTotals(impl.database, kept);

@@ -39,7 +39,7 @@ void upgradeDatabaseFile(const std::filesystem::path& file, const Catalog& catal
 
 // Makes the kept totals of the catalogue again where areKept() finds them off, in one transaction.
 // Throws StoreError.
-void mendKeptTotals(const std::filesystem::path& file, const Catalog& catalog);
+void mendKeptTotals(Connection& connection);
 
 // Keeps a salted derivation of the password in the file, in place of any earlier one.
 void writePassword(sqlite3* database, std::string_view password);

@@ -80,7 +80,7 @@ class LinesReader {
         rest_.push_back(test);
       else if (!takes(*test))
         return false;
-    return linked_ && std::ranges::count(notExcluded_, true) == std::ssize(notExcluded_) && range_.group;
+    return linked_ && std::ranges::find(notExcluded_, false) == notExcluded_.end() && range_.group;
   }
 
   int documents() const { return documents_; }
