@@ -368,6 +368,36 @@ TEST_F(KeptTotals, AreSetRightWhenTheFileIsPrepared) {
   }
 }
 
+TEST_F(KeptTotals, TellWhenTheyCannotBeSetRight) {
+  makeBooks();
+  const std::string target = connectionStringFor(company.file);
+  const auto now = text::DateTime::fromCalendar(2026, 11, 23);
+  const auto isSound = [&] {
+    company.connection.open(target);
+    const bool sound = areKept() && areRight();
+    company.connection.close();
+    return sound;
+  };
+  sqlite3* other = nullptr;
+  ASSERT_EQ(SQLITE_OK, sqlite3_open(company.file.c_str(), &other));
+  const auto inOther = [&](const char* sql) { return sqlite3_exec(other, sql, nullptr, nullptr, nullptr); };
+  company.connection.close();
+  ASSERT_EQ(SQLITE_OK, inOther("BEGIN IMMEDIATE"));
+  EXPECT_NO_THROW(prepareCompanyFile(target, now)) << "nothing is to be written";
+  ASSERT_EQ(SQLITE_OK, inOther("UPDATE AccountMonths SET Debit = Debit + 1; COMMIT; BEGIN IMMEDIATE"));
+  try {
+    prepareCompanyFile(target, now);
+    ADD_FAILURE() << "another program writes";
+  } catch (const store::StoreError& error) {
+    EXPECT_EQ(error.kind(), store::ErrorKind::Busy) << error.what();
+  }
+  EXPECT_FALSE(isSound());
+  ASSERT_EQ(SQLITE_OK, inOther("COMMIT"));
+  prepareCompanyFile(target, now);
+  EXPECT_TRUE(isSound());
+  sqlite3_close(other);
+}
+
 TEST_F(KeptTotals, TakeInManyLinesInAMomentWithoutWork) {
   const auto later = [this] {
     return store::laterLines(company.connection.handle(), companyCatalog().keptTotals()[1]);
