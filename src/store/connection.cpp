@@ -20,6 +20,10 @@ constexpr int busyTimeout = 2000;              // milliseconds that a write wait
 constexpr int fewestAdded = 500;               // lines that are added to kept totals together
 constexpr const char* logPagesLimit = "8000";  // 32 MB; below that the log is moved into the file by checkpoint() alone
 
+StoreError alreadyUndone() {
+  return {ErrorKind::Failed, "The change was undone by the database because of an earlier failure."};
+}
+
 }  // namespace
 
 Connection::Impl::~Impl() {
@@ -118,6 +122,7 @@ std::int64_t Connection::Impl::write(std::string_view sql, const std::vector<Val
 
 std::int64_t Connection::Impl::write(PreparedStatement& statement) {
   finishReaders();
+  if (transaction != 0 && !insideTransaction()) throw alreadyUndone();
   while (statement.step()) {
   }
   statement.reset();
@@ -132,9 +137,7 @@ void Connection::Impl::begin() {
 }
 
 void Connection::Impl::commit() {
-  if (!insideTransaction()) {
-    throw StoreError(ErrorKind::Failed, "The change was undone by the database because of an earlier failure.");
-  }
+  if (!insideTransaction()) throw alreadyUndone();
   prepare("COMMIT").step();
   transaction = 0;
   for (const auto& weak : std::exchange(participants, {})) {
@@ -143,17 +146,21 @@ void Connection::Impl::commit() {
 }
 
 void Connection::Impl::rollback() noexcept {
-  for (const auto& weak : readers) {
-    if (const auto reader = weak.lock()) reader->abandonReading();
-  }
-  readers.clear();
-  // A failure here means that the database has undone the transaction by itself.
-  if (insideTransaction()) sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
+  undo();
   transaction = 0;
   changes.noteRollback();
   for (const auto& weak : std::exchange(participants, {})) {
     if (const auto participant = weak.lock()) participant->rolledBack();
   }
+}
+
+// A failure here means that the database has undone the transaction by itself.
+void Connection::Impl::undo() noexcept {
+  for (const auto& weak : readers) {
+    if (const auto reader = weak.lock()) reader->abandonReading();
+  }
+  readers.clear();
+  if (insideTransaction()) sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 // A result that is being read must not see half of it, and what others write may wait for no idle moment of ours.

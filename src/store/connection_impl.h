@@ -39,6 +39,8 @@ struct BoundStatement {
   std::vector<Value> parameters;
 };
 
+struct InsertionPlan;
+
 // The open file behind a Connection and the recordsets opened on it, which keep it alive.
 struct Connection::Impl {
   Impl(const Catalog& tables, int newestVersion) : catalog(tables), newestSchemaVersion(newestVersion) {}
@@ -61,6 +63,8 @@ struct Connection::Impl {
   void begin();
   void commit();
   void rollback() noexcept;
+  // Takes back what the open transaction has written. It goes on without being able to write or to commit.
+  void undo() noexcept;
   bool insideTransaction() const;  // as the database sees it: a full disk ends a transaction by itself
 
   void addLaterLines();  // to the kept totals, where it disturbs nobody
@@ -75,7 +79,8 @@ struct Connection::Impl {
   std::string fileName;
   std::shared_ptr<StatementCache> statements;
   TableChanges changes;
-  std::int64_t transaction = 0;  // the open one's number, counting up; 0 outside
+  std::vector<std::shared_ptr<const InsertionPlan>> insertionPlans;  // of the latest rows that were added
+  std::int64_t transaction = 0;                                      // the open one's number, counting up; 0 outside
   std::int64_t transactionsBegun = 0;
 
  private:

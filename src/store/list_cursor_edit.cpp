@@ -211,28 +211,19 @@ void ListCursor::updateBatch() {
   update();
   if (source().lock != LockType::BatchOptimistic || !rows_->hasPendingRows()) return;
   Connection::Impl& connection = *source().connection;
-  if (connection.transaction == 0) {
-    connection.begin();
-    try {
-      writeBatch();
-      connection.commit();
-    } catch (...) {
-      connection.rollback();
-      throw;
-    }
-    return;
-  }
-  const std::size_t mark = rows_->undoMark();
-  connection.prepare("SAVEPOINT batch").step();
+  const bool ownTransaction = connection.transaction == 0;
+  if (ownTransaction) connection.begin();
   try {
     writeBatch();
+    if (ownTransaction) connection.commit();
   } catch (...) {
-    // When the database has undone the whole transaction by itself there is no savepoint left, and its owner is told.
-    if (connection.insideTransaction()) connection.run("ROLLBACK TO batch; RELEASE batch");
-    rows_->undoTo(mark);
+    if (ownTransaction) {
+      connection.rollback();
+    } else {
+      connection.undo();
+    }
     throw;
   }
-  connection.prepare("RELEASE batch").step();
 }
 
 void ListCursor::cancelBatch() {

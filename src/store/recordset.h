@@ -104,7 +104,8 @@ class Recordset {
   void fetchMore(int rows);
 
   // Writing. A value that does not fit its column is ErrorKind::Value and changes nothing. Optimistic locks write at
-  // update(); batches keep rows pending until updateBatch(), which writes all of them or none in one transaction.
+  // update(); batches keep rows pending until updateBatch(), which writes all of them or none: in a transaction of its
+  // own, or in the one that is open. That one is lost then: it writes and commits nothing any more.
   void set(std::string_view name, const Value& value);
   void setAt(std::int64_t position, int field, const Value& value);
   void addNew();                                    // a blank current row at the end

@@ -255,12 +255,11 @@ bool RowSet::remembers() {
   return true;
 }
 
-// Whether the open transaction needs a record of the row as it is now. Between two marks the first record of a row is
-// enough: winding back ends there. The stored values are part of it when they change, but for a row that was not in the
-// file.
+// Whether the open transaction needs a record of the row as it is now. The first of several in a row is enough: winding
+// back ends there. The stored values are part of it when they change, but for a row that was not in the file.
 bool RowSet::isToRemember(RowId row, bool storedToo) {
   if (!remembers()) return false;
-  if (undo_.size() <= undoMark_ || undo_.back().row != row || undo_.back().editsKept) return true;
+  if (undo_.empty() || undo_.back().row != row || undo_.back().editsKept) return true;
   const Undo& last = undo_.back();
   const bool wasInFile = last.state != RowState::Inserted && last.state != RowState::Gone;
   return storedToo && wasInFile && last.stored == nullptr;
@@ -280,19 +279,14 @@ RowSet::Undo* RowSet::rememberEdit(RowId row) {
     return nullptr;
   }
   if (!remembers()) return nullptr;
-  if (undo_.size() <= undoMark_ || undo_.back().row != row) {
+  if (undo_.empty() || undo_.back().row != row) {
     undo_.emplace_back(row, state(row)).editsKept = std::ssize(*pending);
   }
   return undo_.back().editsKept ? &undo_.back() : nullptr;
 }
 
-std::size_t RowSet::undoMark() {
-  undoMark_ = undoTransaction_ == source_->connection->transaction ? undo_.size() : 0;
-  return undoMark_;
-}
-
-void RowSet::undoTo(std::size_t mark) {
-  while (undo_.size() > mark) {
+void RowSet::windBack() {
+  while (!undo_.empty()) {
     Undo before = std::move(undo_.back());
     undo_.pop_back();
     setState(before.row, before.state);
@@ -325,13 +319,12 @@ void RowSet::takeBackEdits(const Undo& before) {
 }
 
 void RowSet::rolledBack() noexcept {
-  undoTo(0);
+  windBack();
   forgetUndo();
 }
 
 void RowSet::forgetUndo() noexcept {
   undo_.clear();
-  undoMark_ = 0;
   undoTransaction_ = 0;
 }
 

@@ -67,10 +67,6 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   void write(RowId row);
   void write(const std::vector<RowId>& rows);  // one after the other, up to the one that cannot be written
 
-  // Client state can be wound back to a mark within the open transaction.
-  std::size_t undoMark();
-  void undoTo(std::size_t mark);
-
   void finishReading() override { fetchAll(); }
   void abandonReading() noexcept override { reader_.reset(); }
   void committed() noexcept override { forgetUndo(); }
@@ -84,7 +80,7 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
     std::unique_ptr<Edits> edits = {};                // nullptr for none
     std::unique_ptr<std::vector<Value>> stored = {};  // nullptr unless those of a row in the file changed
     std::vector<RowId> others = {};                   // rows of the same state with nothing pending
-    std::optional<std::ptrdiff_t> editsKept = {};        // then `edits` are the replaced ones
+    std::optional<std::ptrdiff_t> editsKept = {};     // then `edits` are the replaced ones
   };
 
   explicit RowSet(std::shared_ptr<const ResultSource> source);
@@ -101,6 +97,7 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   Undo* rememberEdit(RowId row);
   static void keepReplaced(Undo& before, const Edits::value_type& replaced);
   void takeBackEdits(const Undo& before);
+  void windBack();
   void forgetUndo() noexcept;
 
   std::shared_ptr<const ResultSource> source_;
@@ -112,7 +109,6 @@ class RowSet : public OpenReader, public TransactionParticipant, public std::ena
   std::int64_t returns_ = 0;
   std::int64_t undoTransaction_ = 0;
   std::vector<Undo> undo_;
-  std::size_t undoMark_ = 0;  // the last mark handed out
 };
 
 }  // namespace velmo::store
