@@ -41,11 +41,11 @@ constexpr std::array headerColumns{HeaderColumn{"DocNo", Blank::Zero},         H
                                    HeaderColumn{"TimeEdited", Blank::Nothing}, HeaderColumn{"Cancel", Blank::No},
                                    HeaderColumn{"InvLedger", Blank::No}};
 
-std::size_t indexOf(std::string_view column) {
-  const auto found =
-      std::ranges::find_if(headerColumns, [&](const auto& item) { return store::sameName(item.name, column); });
-  if (found == headerColumns.end()) throw std::invalid_argument("no header column " + std::string(column));
-  return static_cast<std::size_t>(found - headerColumns.begin());
+// The column is expected at `from`.
+std::size_t indexOf(std::string_view column, std::size_t from) {
+  const int found = store::placeOfName(headerColumns, column, from, [](const HeaderColumn& item) { return item.name; });
+  if (found < 0) throw std::invalid_argument("no header column " + std::string(column));
+  return static_cast<std::size_t>(found);
 }
 
 store::Value blankValue(Blank blank) {
@@ -70,11 +70,13 @@ HeaderRow::HeaderRow() {
 }
 
 void HeaderRow::set(std::string_view column, store::Value value) {
-  values_[indexOf(column)] = std::move(value);
+  const std::size_t place = indexOf(column, next_);
+  values_[place] = std::move(value);
+  next_ = place + 1;
 }
 
 const store::Value& HeaderRow::value(std::string_view column) const {
-  return values_[indexOf(column)];
+  return values_[indexOf(column, next_)];
 }
 
 void HeaderRow::stamp(int userId, const text::DateTime& now) {

@@ -33,6 +33,7 @@ class HeaderRow {
  private:
   static constexpr std::size_t columnCount = 47;  // all but the key
   std::array<store::Value, columnCount> values_;
+  std::size_t next_ = 0;  // behind the column that was set last
 };
 
 }  // namespace velmo::frame

@@ -53,12 +53,12 @@ void writeLines(store::Recordset& sheet, const LineStamp& stamp) {
   std::int64_t serial = 0;
   sheet.removeBlank("itemcode");
   for (; !sheet.eof(); sheet.moveNext())
-    sheet.update({{"serial", ++serial},
-                  {"tranno", stamp.tranNo},
-                  {"locationid", stamp.locationId},
-                  {"Jobid", stamp.jobId},
+    sheet.update({{"TranNo", stamp.tranNo},
+                  {"Serial", ++serial},
                   {"Packs", 1.0},
-                  {"PackPcs", 1.0}});
+                  {"PackPcs", 1.0},
+                  {"LocationID", stamp.locationId},
+                  {"JobID", stamp.jobId}});
   sheet.updateBatch();
 }
 

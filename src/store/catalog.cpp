@@ -1,17 +1,10 @@
 #include "store/catalog.h"
 
-#include <strings.h>
-
 #include <utility>
 
+#include "store/names.h"
+
 namespace velmo::store {
-namespace {
-
-bool sameName(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && strncasecmp(a.data(), b.data(), a.size()) == 0;
-}
-
-}  // namespace
 
 const Column* Table::find(std::string_view columnName) const {
   for (const Column& column : columns) {

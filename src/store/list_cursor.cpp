@@ -1,6 +1,7 @@
 #include "store/list_cursor.h"
 
 #include <algorithm>
+#include <span>
 
 namespace velmo::store {
 
@@ -269,8 +270,13 @@ Bookmark ListCursor::bookmarkAt(std::int64_t position) const {
 }
 
 std::int64_t ListCursor::nextFilled(std::int64_t from, int field) const {
-  while (reach(from) && rows_->isBlank(place_.view[static_cast<std::size_t>(from)], field)) ++from;
-  return std::min(from, static_cast<std::int64_t>(place_.view.size()));
+  while (reach(from)) {
+    const auto rest = std::span(place_.view).subspan(static_cast<std::size_t>(from));
+    const auto filled = std::ranges::find_if(rest, [&](RowId row) { return !rows_->isBlank(row, field); });
+    from += filled - rest.begin();
+    if (filled != rest.end()) return from;
+  }
+  return static_cast<std::int64_t>(place_.view.size());
 }
 
 std::int64_t ListCursor::fetchedCount() const {

@@ -36,9 +36,11 @@ std::shared_ptr<Cursor> openHierarchy(const std::shared_ptr<Connection::Impl>& c
 FieldValues fittedValues(const ResultSource& source, std::span<const FieldValue> values) {
   FieldValues fitted;
   fitted.reserve(values.size());
+  std::size_t next = 0;
   for (const FieldValue& value : values) {
-    const int field = source.requireField(value.name);
+    const int field = source.requireField(value.name, next);
     fitted.emplace_back(field, source.fittedFor(field, value.value));
+    next = static_cast<std::size_t>(field) + 1;
   }
   return fitted;
 }

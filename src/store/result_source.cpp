@@ -66,14 +66,12 @@ std::shared_ptr<ResultSource> describeResult(std::shared_ptr<Connection::Impl> c
   return source;
 }
 
-int ResultSource::fieldIndex(std::string_view name) const {
-  const auto found =
-      std::ranges::find_if(fields, [name](const FieldInfo& field) { return sameName(field.name, name); });
-  return found == fields.end() ? -1 : static_cast<int>(found - fields.begin());
+int ResultSource::fieldIndex(std::string_view name, std::size_t from) const {
+  return placeOfName(fields, name, from, [](const FieldInfo& field) { return std::string_view(field.name); });
 }
 
-int ResultSource::requireField(std::string_view name) const {
-  const int field = fieldIndex(name);
+int ResultSource::requireField(std::string_view name, std::size_t from) const {
+  const int field = fieldIndex(name, from);
   if (field < 0) throw StoreError(ErrorKind::Misuse, "The recordset has no field named \"" + std::string(name) + "\".");
   return field;
 }

@@ -37,10 +37,10 @@ struct ResultSource {
   std::vector<ColumnType> types;     // of each field, chapters left out
   std::vector<SourceTable> tables;
 
-  // -1 when absent.
-  int fieldIndex(std::string_view name) const;
-  int requireField(std::string_view name) const;  // throws StoreError (Misuse)
-  void addChapter(const std::string& name);       // a field behind the others
+  // -1 when absent. The search begins at field `from`, where the name is expected, and goes round.
+  int fieldIndex(std::string_view name, std::size_t from = 0) const;
+  int requireField(std::string_view name, std::size_t from = 0) const;  // throws StoreError (Misuse)
+  void addChapter(const std::string& name);                             // a field behind the others
   // The value as the field's column keeps it. Throws when the field cannot be written or the value does not fit.
   Value fittedFor(int field, const Value& value) const;
 };

@@ -117,7 +117,7 @@ TableInsertion& RowWriter::insertion(const Table& table, const FieldValues& valu
       columns.push_back(source_.sources[static_cast<std::size_t>(field)].column);
     }
     insertion_.reset();
-    insertion_.emplace(std::move(fields), TableInsertion(*source_.connection, table, std::move(columns)));
+    insertion_.emplace(std::move(fields), TableInsertion(*source_.connection, table, columns));
   }
   return insertion_->statement;
 }

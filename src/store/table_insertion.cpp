@@ -32,27 +32,43 @@ std::string insertSql(const Table& table, const std::vector<const Column*>& colu
   return sql;
 }
 
-}  // namespace
-
-TableInsertion::TableInsertion(Connection::Impl& connection, const Table& table, std::vector<const Column*> columns)
-    : connection_(connection),
-      table_(table),
-      columns_(std::move(columns)),
-      isKey_(columns_.size()),
-      statement_(connection.prepare(insertSql(table, columns_))) {
+InsertionPlan planOf(const Table& table, std::span<const Column* const> columns) {
+  InsertionPlan plan{.table = table,
+                     .columns = {columns.begin(), columns.end()},
+                     .isKey = std::vector<bool>(columns.size()),
+                     .sql = {}};
   for (const std::string& name : table.key) {
     const Column* column = table.find(name);
-    const auto given = std::ranges::find(columns_, column);
-    if (given != columns_.end()) {
-      isKey_[static_cast<std::size_t>(given - columns_.begin())] = !column->autoNumber;
+    const auto given = std::ranges::find(columns, column);
+    if (given != columns.end()) {
+      plan.isKey[static_cast<std::size_t>(given - columns.begin())] = !column->autoNumber;
     } else if (!column->autoNumber) {
       throw emptyKey(table, name);
     }
   }
+  plan.sql = insertSql(table, plan.columns);
+  return plan;
 }
 
+std::shared_ptr<const InsertionPlan> planFrom(std::vector<std::shared_ptr<const InsertionPlan>>& latest,
+                                              const Table& table, std::span<const Column* const> columns) {
+  const auto known = std::ranges::find_if(
+      latest, [&](const auto& plan) { return &plan->table == &table && std::ranges::equal(plan->columns, columns); });
+  if (known != latest.end()) return *known;
+  constexpr std::size_t mostKept = 64;
+  if (latest.size() == mostKept) latest.erase(latest.begin());
+  return latest.emplace_back(std::make_shared<const InsertionPlan>(planOf(table, columns)));
+}
+
+}  // namespace
+
+TableInsertion::TableInsertion(Connection::Impl& connection, const Table& table, std::span<const Column* const> columns)
+    : connection_(connection),
+      plan_(planFrom(connection.insertionPlans, table, columns)),
+      statement_(connection.prepare(plan_->sql)) {}
+
 void TableInsertion::bind(std::size_t column, const Value& value) {
-  if (isKey_[column] && isNull(value)) throw emptyKey(table_, columns_[column]->name);
+  if (plan_->isKey[column] && isNull(value)) throw emptyKey(plan_->table, plan_->columns[column]->name);
   statement_.bindInPlace(static_cast<int>(column) + 1, value);
 }
 

@@ -1,19 +1,28 @@
 #pragma once
 
-#include <string_view>
+#include <memory>
+#include <span>
+#include <string>
 #include <vector>
 
 #include "store/connection_impl.h"
 
 namespace velmo::store {
 
+// How rows are added to a table by some of its columns. A connection keeps those of its latest rows.
+struct InsertionPlan {
+  const Table& table;
+  std::vector<const Column*> columns;
+  std::vector<bool> isKey;  // of each column: it is a key that the store does not fill in
+  std::string sql;
+};
+
 // The statement that adds rows to one table, with the same columns each time.
 class TableInsertion {
  public:
   // Throws StoreError (Constraint) when a column of the key is missing that the store does not fill in.
-  TableInsertion(Connection::Impl& connection, const Table& table, std::vector<const Column*> columns);
+  TableInsertion(Connection::Impl& connection, const Table& table, std::span<const Column* const> columns);
 
-  const std::vector<const Column*>& columns() const { return columns_; }
   // The value of a column, by its place among them, in the next row. It must stay where it is until then. Throws
   // StoreError (Constraint) when a column of the key would be empty.
   void bind(std::size_t column, const Value& value);
@@ -22,9 +31,7 @@ class TableInsertion {
 
  private:
   Connection::Impl& connection_;
-  const Table& table_;
-  std::vector<const Column*> columns_;
-  std::vector<bool> isKey_;  // of each column
+  std::shared_ptr<const InsertionPlan> plan_;
   PreparedStatement statement_;
 };
 
