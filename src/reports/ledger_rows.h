@@ -53,7 +53,7 @@ struct LedgerLengths {
   std::int64_t few = 512;          // are found at once in whatever way
   std::int64_t shortWait = 16384;  // are sorted before one notices
   std::int64_t longWait = 262144;  // are sorted in half a second
-  std::int64_t firstSight = 1024;  // suffice to begin with
+  std::int64_t firstSight = 512;   // suffice to begin with
 };
 
 // Opens a ledger in the way that suits its length: its first lines are there soon, however many follow. Throws

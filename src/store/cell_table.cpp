@@ -67,18 +67,33 @@ int compareValues(const Value& left, const Value& right) {
   return compareNumbers(numberOf(left), numberOf(right));
 }
 
+CellTable::Cell* CellTable::newRow() {
+  const std::size_t used = rows_ % rowsInBlock;
+  const auto room = [this](std::size_t rows) {
+    rowsInLastBlock_ = rows;
+    return std::make_unique_for_overwrite<Cell[]>(rows * columns_);
+  };
+  if (used == 0) {
+    rowBlocks_.push_back(room(rows_ == 0 ? 1 : rowsInBlock));
+  } else if (used == rowsInLastBlock_) {  // the first one begins small
+    std::unique_ptr<Cell[]> larger = room(used * 2);
+    std::copy_n(rowBlocks_.back().get(), used * columns_, larger.get());
+    rowBlocks_.back() = std::move(larger);
+  }
+  return rowAt(rows_++);
+}
+
 void CellTable::append() {
-  cells_.resize(cells_.size() + columns_);
-  ++rows_;
+  std::fill_n(newRow(), columns_, Cell{});
 }
 
 void CellTable::append(sqlite3_stmt* statement, const std::vector<ColumnType>& types) {
-  for (std::size_t i = 0; i < columns_; ++i) cells_.push_back(cellOf(statement, static_cast<int>(i), types[i]));
-  ++rows_;
+  Cell* const row = newRow();
+  for (std::size_t i = 0; i < columns_; ++i) row[i] = cellOf(statement, static_cast<int>(i), types[i]);
 }
 
 Value CellTable::value(std::size_t row, std::size_t column) const {
-  const Cell& cell = cells_[row * columns_ + column];
+  const Cell& cell = cellAt(row, column);
   switch (cell.kind) {
     case Kind::Nothing:
       return Null{};
@@ -98,16 +113,16 @@ Value CellTable::value(std::size_t row, std::size_t column) const {
 }
 
 void CellTable::set(std::size_t row, std::size_t column, const Value& value) {
-  cells_[row * columns_ + column] = cellOf(value);
+  rowAt(row)[column] = cellOf(value);
 }
 
 void CellTable::clear(std::size_t row) {
-  std::fill_n(cells_.begin() + static_cast<std::ptrdiff_t>(row * columns_), columns_, Cell{});
+  std::fill_n(rowAt(row), columns_, Cell{});
 }
 
 int CellTable::compare(std::size_t leftRow, std::size_t rightRow, std::size_t column) const {
-  const Cell& left = cells_[leftRow * columns_ + column];
-  const Cell& right = cells_[rightRow * columns_ + column];
+  const Cell& left = cellAt(leftRow, column);
+  const Cell& right = cellAt(rightRow, column);
   if (left.kind == right.kind) {
     switch (left.kind) {
       case Kind::Nothing:
@@ -134,7 +149,7 @@ CellTable::Cell CellTable::textCell(std::string_view text) {
     blocks_.push_back(std::make_unique_for_overwrite<char[]>(blockSize_));
     blockUsed_ = 0;
   }
-  Cell cell;
+  Cell cell{};
   cell.kind = Kind::Text;
   cell.size = static_cast<std::uint32_t>(text.size());
   if (text.empty()) {
@@ -150,7 +165,8 @@ CellTable::Cell CellTable::textCell(std::string_view text) {
 
 CellTable::Cell CellTable::cellOf(const Value& value) {
   if (const auto* text = std::get_if<std::string>(&value)) return textCell(*text);
-  Cell cell;
+  if (const auto* date = std::get_if<text::DateTime>(&value)) return dateCell(*date);
+  Cell cell{};
   if (const auto* yes = std::get_if<bool>(&value)) {
     cell.kind = Kind::YesNo;
     cell.whole = *yes ? 1 : 0;
@@ -160,19 +176,28 @@ CellTable::Cell CellTable::cellOf(const Value& value) {
   } else if (const auto* real = std::get_if<double>(&value)) {
     cell.kind = Kind::Real;
     cell.real = *real;
-  } else if (const auto* date = std::get_if<text::DateTime>(&value)) {
-    cell.kind = Kind::Date;
-    cell.whole = date->day;
-    cell.size = static_cast<std::uint32_t>(date->second);
   }
+  return cell;
+}
+
+CellTable::Cell CellTable::dateCell(const text::DateTime& date) {
+  Cell cell{};
+  cell.kind = Kind::Date;
+  cell.whole = date.day;
+  cell.size = static_cast<std::uint32_t>(date.second);
   return cell;
 }
 
 CellTable::Cell CellTable::cellOf(sqlite3_stmt* statement, int column, ColumnType type) {
   const int stored = sqlite3_column_type(statement, column);
-  Cell cell;
+  Cell cell{};
   if (stored == SQLITE_NULL) return cell;
   if (stored == SQLITE_TEXT && isText(type)) return textCell(textColumn(statement, column));
+  if (stored == SQLITE_TEXT && type == ColumnType::Date) {
+    const std::string_view text = textColumn(statement, column);
+    const auto date = text::DateTime::fromIso(text);
+    return date ? dateCell(*date) : textCell(text);
+  }
   if (stored != SQLITE_TEXT && stored != SQLITE_BLOB && type == ColumnType::Double) {
     cell.kind = Kind::Real;
     cell.real = sqlite3_column_double(statement, column);

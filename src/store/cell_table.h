@@ -14,7 +14,7 @@ struct sqlite3_stmt;
 namespace velmo::store {
 
 // Rows in little memory: 16 bytes a field, texts side by side in large blocks. A text that is replaced leaves its old
-// place unused.
+// place unused. Rows stand in blocks as well, so that a long table grows without being moved.
 class CellTable {
  public:
   explicit CellTable(std::size_t columns) : columns_(columns) {}
@@ -31,23 +31,32 @@ class CellTable {
 
  private:
   enum class Kind : std::uint8_t { Nothing, YesNo, Whole, Real, Text, Date };
+  // Made by `Cell{}`, of nothing.
   struct Cell {
     union {
-      std::int64_t whole = 0;
+      std::int64_t whole;
       double real;
       const char* text;
     };
-    std::uint32_t size = 0;
-    Kind kind = Kind::Nothing;
+    std::uint32_t size;
+    Kind kind;
   };
+  static constexpr std::size_t rowsInBlock = 256;
 
+  Cell* newRow();  // not filled in
+  Cell* rowAt(std::size_t row) { return rowBlocks_[row / rowsInBlock].get() + row % rowsInBlock * columns_; }
+  const Cell& cellAt(std::size_t row, std::size_t column) const {
+    return rowBlocks_[row / rowsInBlock][row % rowsInBlock * columns_ + column];
+  }
   Cell cellOf(const Value& value);
   Cell cellOf(sqlite3_stmt* statement, int column, ColumnType type);
   Cell textCell(std::string_view text);
+  static Cell dateCell(const text::DateTime& date);
 
   std::size_t columns_;
   std::size_t rows_ = 0;
-  std::vector<Cell> cells_;
+  std::vector<std::unique_ptr<Cell[]>> rowBlocks_;
+  std::size_t rowsInLastBlock_ = 0;  // that it has room for; those before are full
   std::vector<std::unique_ptr<char[]>> blocks_;
   std::size_t blockUsed_ = 0;
   std::size_t blockSize_ = 0;

@@ -127,7 +127,9 @@ class OperationBinder {
 
   BoundPtr concatenation() {
     constexpr std::size_t mostArguments = 100;
-    for (BoundPtr& operand : operands_) operand = asText(std::move(operand), clause_);
+    for (BoundPtr& operand : operands_) {
+      if (!isNumeric(operand->domain)) operand = asText(std::move(operand), clause_);  // it writes numbers by itself
+    }
     while (operands_.size() > mostArguments) {
       std::vector<BoundPtr> head(operands_.begin(), operands_.begin() + mostArguments);
       operands_.erase(operands_.begin(), operands_.begin() + mostArguments);

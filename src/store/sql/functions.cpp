@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -50,14 +51,20 @@ void resultWhole(sqlite3_context* context, double value) {
   sqlite3_result_int64(context, static_cast<sqlite3_int64>(value));
 }
 
+// A whole number of up to fifteen digits as its text; an empty one for another value.
+std::string_view shortWhole(sqlite3_value* value, std::array<char, 16>& place) {
+  if (sqlite3_value_type(value) != SQLITE_INTEGER) return {};
+  const sqlite3_int64 whole = sqlite3_value_int64(value);
+  constexpr sqlite3_int64 fifteenDigits = 1'000'000'000'000'000;
+  if (whole <= -fifteenDigits || whole >= fifteenDigits) return {};
+  return {place.begin(), std::to_chars(place.begin(), place.end(), whole).ptr};
+}
+
 std::string numberAsText(sqlite3_value* value) {
   if (sqlite3_value_type(value) == SQLITE_TEXT) return std::string(textIn(value));
-  if (sqlite3_value_type(value) == SQLITE_INTEGER) {
-    const sqlite3_int64 whole = sqlite3_value_int64(value);
-    constexpr sqlite3_int64 fifteenDigits = 1'000'000'000'000'000;
-    if (whole > -fifteenDigits && whole < fifteenDigits) return std::to_string(whole);
-  }
-  return text::numberText(sqlite3_value_double(value));
+  std::array<char, 16> place;
+  const std::string_view whole = shortWhole(value, place);
+  return whole.empty() ? text::numberText(sqlite3_value_double(value)) : std::string(whole);
 }
 
 std::optional<text::DateTime> dateIn(sqlite3_value* value) {
@@ -79,18 +86,44 @@ bool anyNull(int count, sqlite3_value** values) {
   return false;
 }
 
+// Most texts are short, and a list has two of them in every row.
+class JoinedText {
+ public:
+  void add(std::string_view text) {
+    if (long_.empty() && size_ + text.size() <= short_.size()) {
+      std::ranges::copy(text, short_.begin() + size_);
+      size_ += text.size();
+      return;
+    }
+    if (long_.empty()) long_ = std::string(short_.begin(), size_);
+    long_ += text;
+  }
+  std::string_view text() const { return long_.empty() ? std::string_view(short_.begin(), size_) : long_; }
+
+ private:
+  std::array<char, 256> short_;
+  std::size_t size_ = 0;
+  std::string long_;
+};
+
 void concat(sqlite3_context* context, int count, sqlite3_value** values) {
-  std::string joined;
+  JoinedText joined;
+  std::array<char, 16> place;
   bool any = false;
   for (int i = 0; i < count; ++i) {
-    if (isNullValue(values[i])) continue;
+    sqlite3_value* const value = values[i];
+    const int type = sqlite3_value_type(value);
+    if (type == SQLITE_NULL) continue;
     any = true;
-    if (sqlite3_value_type(values[i]) == SQLITE_TEXT)
-      joined += textIn(values[i]);
-    else
-      joined += numberAsText(values[i]);
+    if (type == SQLITE_TEXT) {
+      joined.add(textIn(value));
+    } else if (const std::string_view whole = shortWhole(value, place); !whole.empty()) {
+      joined.add(whole);
+    } else {
+      joined.add(numberAsText(value));
+    }
   }
-  if (any) resultText(context, joined);
+  if (any) resultText(context, joined.text());
 }
 
 // Null gives "", as Format does of nothing.
