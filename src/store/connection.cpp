@@ -57,6 +57,14 @@ void Connection::Impl::attach(const std::filesystem::path& path, int openFlags) 
   }
 }
 
+std::shared_ptr<Connection::Impl> Connection::Impl::snapshot() const {
+  requireOpen();
+  auto reading = std::make_shared<Impl>(catalog, newestSchemaVersion);
+  reading->attach(sqlite3_db_filename(database, "main"), SQLITE_OPEN_READONLY);
+  reading->run("BEGIN; SELECT 1 FROM sqlite_schema");
+  return reading;
+}
+
 void Connection::Impl::close() noexcept {
   if (database == nullptr) return;
   if (transaction != 0) rollback();
@@ -197,6 +205,8 @@ void Connection::Impl::finishReaders() {
 Connection::Connection(const Catalog& catalog, int newestSchemaVersion)
     : impl_(std::make_shared<Impl>(catalog, newestSchemaVersion)) {}
 
+Connection::Connection(std::shared_ptr<Impl> impl) : impl_(std::move(impl)) {}
+
 Connection::~Connection() {
   close();
 }
@@ -220,6 +230,10 @@ void Connection::close() {
 
 bool Connection::isOpen() const {
   return impl_->database != nullptr;
+}
+
+Connection Connection::snapshot() const {
+  return Connection(impl_->snapshot());
 }
 
 void Connection::checkpoint() {

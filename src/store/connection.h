@@ -36,6 +36,10 @@ class Connection {
   void close();
   bool isOpen() const;
 
+  // Another connection to the file, which sees it as it is now whatever is written afterwards, and cannot write. While
+  // it lives the log grows. Throws StoreError.
+  Connection snapshot() const;
+
   // Moves what was written from the log into the file, as far as nobody reads there, and adds to the kept totals what
   // is added later. For moments without work: writing itself leaves the log alone until it is large.
   void checkpoint();
@@ -71,6 +75,8 @@ class Connection {
   const std::shared_ptr<Impl>& impl() const { return impl_; }  // for the store's own files
 
  private:
+  explicit Connection(std::shared_ptr<Impl> impl);
+
   std::shared_ptr<Impl> impl_;
 };
 

@@ -48,6 +48,8 @@ struct Connection::Impl {
 
   void open(const std::filesystem::path& path, std::string_view password);
   void attach(const std::filesystem::path& path, int openFlags);  // without the checks of open()
+  // The same file as it is now, for as long as somebody reads there, whatever is written to it. Cannot write.
+  std::shared_ptr<Impl> snapshot() const;
   void close() noexcept;
   void requireOpen() const;
 

@@ -8,8 +8,9 @@
 namespace velmo::store {
 
 struct Recordset::Impl {
-  std::shared_ptr<Cursor> cursor;  // nullptr when closed
-  std::string shapeStatement;      // of a hierarchy, which is opened anew as a whole
+  std::shared_ptr<Cursor> cursor;                     // nullptr when closed
+  std::string shapeStatement = {};                    // of a hierarchy, which is opened anew as a whole,
+  std::shared_ptr<Connection::Impl> connection = {};  // from this connection
 
   Cursor& open() const {
     if (cursor == nullptr) throw StoreError(ErrorKind::Misuse, "The recordset is closed.");
@@ -57,11 +58,13 @@ Recordset::Recordset(Connection& connection, std::string_view statement, LockTyp
 void Recordset::open(Connection& connection, std::string_view statement, LockType lock, Fetch fetch) {
   impl_->cursor = openCursor(connection, statement, lock, fetch);
   impl_->shapeStatement.clear();
+  impl_->connection.reset();
 }
 
 void Recordset::openShape(Connection& connection, std::string_view shapeStatement) {
   impl_->cursor = openHierarchy(connection.impl(), shapeStatement);
   impl_->shapeStatement = shapeStatement;
+  impl_->connection = connection.impl();
 }
 
 void Recordset::close() {
@@ -77,7 +80,7 @@ void Recordset::requery() {
     cursor.requery();
     return;
   }
-  const std::shared_ptr<Cursor> anew = openHierarchy(cursor.source().connection, impl_->shapeStatement);
+  const std::shared_ptr<Cursor> anew = openHierarchy(impl_->connection, impl_->shapeStatement);
   anew->setSort(cursor.sort());
   anew->setFilter(cursor.filter());
   impl_->cursor = anew;
@@ -138,6 +141,7 @@ Recordset Recordset::clone() const {
   auto twin = std::make_shared<Impl>();
   twin->cursor = impl_->open().clone();
   twin->shapeStatement = impl_->shapeStatement;
+  twin->connection = impl_->connection;
   return Recordset(std::move(twin));
 }
 

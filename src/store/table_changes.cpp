@@ -18,8 +18,14 @@ void TableChanges::watch(sqlite3* database) {
   sqlite3_update_hook(database, rowWritten, this);
 }
 
+// Most rows go to the table of the row before.
 void TableChanges::rowWritten(void* self, int, const char*, const char* table, long long) {
-  ++static_cast<TableChanges*>(self)->rowsWritten_[lowerCase(table)];
+  auto& changes = *static_cast<TableChanges*>(self);
+  if (changes.lastTable_ != table) {
+    changes.lastTable_ = table;
+    changes.lastCount_ = &changes.rowsWritten_[lowerCase(table)];
+  }
+  ++*changes.lastCount_;
 }
 
 std::int64_t TableChanges::generation(std::string_view table) {

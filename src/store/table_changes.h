@@ -30,6 +30,8 @@ class TableChanges {
 
   sqlite3* database_ = nullptr;
   std::unordered_map<std::string, std::int64_t> rowsWritten_;  // by table name in lower case
+  std::string lastTable_;
+  std::int64_t* lastCount_ = nullptr;  // of that table
   std::int64_t changesToAll_ = 0;
   std::int64_t dataVersion_ = -1;
 };

@@ -234,6 +234,54 @@ TEST(Hierarchy, RowsThatAnIndexFindsAreReadParentByParentAndStandAsAtTheOpening)
   EXPECT_EQ(ordersWithLines(asked), "1(1)2(50,50,50)3()4(40,4)");
 }
 
+TEST(Hierarchy, ALongOneIsReadAsItIsWalkedAndSeesNoLaterChange) {
+  SmallShop shop;
+  shop.addOrders(600);
+  shop.connection.execute("INSERT INTO Lines (OrderNo, Item, Qty) SELECT OrderNo, 'a', DocNo FROM Orders");
+  Recordset orders;
+  orders.openShape(shop.connection, linesOfOrders);
+  EXPECT_LT(orders.fetchedCount(), 600);
+  shop.connection.execute("DELETE FROM Orders WHERE OrderNo > 3");
+  shop.connection.execute("UPDATE Lines SET Qty = 0");
+  shop.connection.checkpoint();
+  const std::string all = ordersWithLines(orders);
+  EXPECT_EQ(orders.recordCount(), 600);
+  EXPECT_EQ(all.substr(0, 15), "1(1)2(2)3(3)4(4");
+  EXPECT_TRUE(all.ends_with("599()600()")) << "lines of 90 and more are not among them";
+  EXPECT_EQ(ordersWithLines(orders), all);
+  orders.requery();
+  EXPECT_EQ(ordersWithLines(orders), "1(0)2(0)3(0)");
+  {
+    const Connection::Transaction transaction(shop.connection);
+    shop.connection.execute("UPDATE Lines SET Qty = 8 WHERE OrderNo = 2");
+    Recordset inside;
+    inside.openShape(shop.connection, linesOfOrders);
+    shop.connection.execute("UPDATE Lines SET Qty = 9");
+    EXPECT_EQ(ordersWithLines(inside), "1(0)2(8)3(0)") << "what the transaction had written";
+  }
+  shop.connection.close();
+  EXPECT_EQ(failureOf([&] { orders.requery(); }), ErrorKind::Misuse);
+}
+
+TEST(Snapshot, SeesTheFileAsItWasAndCannotWrite) {
+  SmallShop shop;
+  shop.addOrders(2);
+  Connection before = shop.connection.snapshot();
+  shop.connection.execute("UPDATE Orders SET Party = 'later'");
+  const auto parties = [](Connection& connection) {
+    return column(Recordset(connection, "SELECT * FROM Orders ORDER BY OrderNo", LockType::ReadOnly), "Party");
+  };
+  EXPECT_EQ(parties(before), "P1,P2");
+  EXPECT_EQ(parties(shop.connection), "later,later");
+  EXPECT_NE(failureOf([&] { before.execute("UPDATE Orders SET Party = 'lost'"); }), std::nullopt);
+  EXPECT_NE(failureOf([&] { Connection::Transaction transaction(before); }), std::nullopt);
+  Connection after = shop.connection.snapshot();
+  shop.connection.close();
+  EXPECT_EQ(parties(after), "later,later");
+  EXPECT_EQ(parties(before), "P1,P2");
+  EXPECT_EQ(failureOf([&] { shop.connection.snapshot(); }), ErrorKind::Misuse);
+}
+
 // However the rows are found, a parent gets the same ones.
 TEST(Hierarchy, EveryWayOfReadingGivesTheSameRows) {
   SmallShop shop;

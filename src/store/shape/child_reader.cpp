@@ -76,6 +76,7 @@ ChildReader::ChildReader(std::shared_ptr<const ResultSource> children, const std
 std::shared_ptr<ChildReader> ChildReader::of(std::shared_ptr<const ResultSource> children,
                                              const std::vector<int>& fields, std::shared_ptr<const RowSet> parents,
                                              const std::vector<int>& parentFields) {
+  if (children->connection->transaction != 0) return nullptr;
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (!comparesAlike(*children, fields[i], parents->source(), parentFields[i])) return nullptr;
     if (!isOnlyOne(*children, fields[i])) return nullptr;
@@ -83,7 +84,6 @@ std::shared_ptr<ChildReader> ChildReader::of(std::shared_ptr<const ResultSource>
   std::shared_ptr<ChildReader> reader(new ChildReader(std::move(children), fields, std::move(parents), parentFields));
   // One parent's rows cost no more than all of them, whatever the plan.
   if (reader->parents_->fetched() > 1 && !reader->findsByIndex()) return nullptr;
-  reader->children_->connection->addReader(reader);
   return reader;
 }
 
@@ -104,18 +104,16 @@ bool ChildReader::findsByIndex() const {
 }
 
 std::shared_ptr<RowSet> ChildReader::rowsOf(RowId parent) {
-  const std::string key = keyOf(*parents_, parent, parentFields_);
-  if (const auto known = read_.find(key); known != read_.end()) return known->second;
-  if (abandoned_) throw StoreError(ErrorKind::Misuse, "The list was left before all of its rows were read.");
+  std::string key = keyOf(*parents_, parent, parentFields_);
+  const auto known = std::ranges::find(latest_, key, [](const auto& read) -> const std::string& { return read.first; });
+  if (known != latest_.end()) return known->second;
   std::vector<Value> parameters = children_->statement.parameters;
   for (const int field : parentFields_) parameters.push_back(keyValue(*parents_, parent, field));
   std::shared_ptr<RowSet> rows = RowSet::open(children_, sql_, parameters);
-  read_.emplace(key, rows);
+  constexpr std::size_t mostKept = 32;
+  if (latest_.size() == mostKept) latest_.pop_front();
+  latest_.emplace_back(std::move(key), rows);
   return rows;
-}
-
-void ChildReader::finishReading() {
-  for (RowId parent = 0; parent < parents_->fetched(); ++parent) rowsOf(parent)->fetchAll();
 }
 
 }  // namespace velmo::store::shape

@@ -38,6 +38,7 @@ Chapter openChapter(const std::shared_ptr<RowSet>& parents, const AppendedComman
     chapter.reader = ChildReader::of(source, childFields, parents, chapter.parentFields);
   if (chapter.reader == nullptr) {
     chapter.child = openNode(source, *appended.command);
+    chapter.child->rows->fetchAll();
     indexChildren(chapter, childFields);
   }
   return chapter;
@@ -46,7 +47,6 @@ Chapter openChapter(const std::shared_ptr<RowSet>& parents, const AppendedComman
 std::shared_ptr<const Node> openNode(const std::shared_ptr<ResultSource>& source, const Command& command) {
   auto node = std::make_shared<Node>();
   node->rows = RowSet::open(source);
-  node->rows->fetchAll();
   for (const AppendedCommand& appended : command.chapters) node->chapters.push_back(openChapter(node->rows, appended));
   for (const Chapter& chapter : node->chapters) source->addChapter(chapter.name);
   return node;
@@ -74,7 +74,9 @@ const Chapter& Node::requireChapter(std::string_view name) const {
 std::shared_ptr<const Node> openHierarchy(const std::shared_ptr<Connection::Impl>& connection,
                                           std::string_view shapeStatement) {
   const Command command = parseShape(shapeStatement);
-  return openNode(describe(connection, command), command);
+  // What an open transaction has written is seen by its own connection alone; there everything is read at once.
+  const std::shared_ptr<Connection::Impl> reading = connection->transaction == 0 ? connection->snapshot() : connection;
+  return openNode(describe(reading, command), command);
 }
 
 }  // namespace velmo::store::shape

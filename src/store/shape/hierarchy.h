@@ -9,7 +9,8 @@
 #include "store/shape/child_reader.h"
 
 // Hierarchies: the rows of a parent are found among those of the appended command by their key. A command that the
-// store can search by that key is read parent by parent, every other one once, whole.
+// store can search by that key is read parent by parent, every other one once, whole. A hierarchy reads the file as it
+// was when it was opened, however late its rows are asked for.
 namespace velmo::store::shape {
 
 struct Node;
