@@ -213,12 +213,12 @@ void RunningBalances(benchmark::State& state) {
 }
 BENCHMARK(RunningBalances)->Iterations(5)->Unit(benchmark::kMillisecond);
 
-store::Recordset ledgersOf(session::LoginContext& context, std::int64_t mainType) {
-  const std::string selection = mainType == 0 ? std::string() : reports::ledgersOf::mainType(mainType);
-  store::Recordset ledgers;
-  ledgers.openShape(context.KORDconn,
-                    reports::ledgersHierarchy(context.FYID, selection, context.FinancialYearStart, {}));
-  return ledgers;
+std::shared_ptr<const reports::LedgersData> ledgersOf(session::LoginContext& context, std::int64_t mainType) {
+  return std::make_shared<const reports::LedgersData>(
+      context.KORDconn,
+      reports::LedgersChoice{.fyid = context.FYID,
+                             .selection = mainType == 0 ? std::string() : reports::ledgersOf::mainType(mainType),
+                             .openingBefore = context.FinancialYearStart});
 }
 
 // The ledgers of all accounts, or of those of one type, on paper: to the first page, and to the last.

@@ -33,12 +33,12 @@ void LedgerRows::carryOn() {
   const std::int64_t fetched = lines_.fetchedCount() + (following_ ? following_->fetchedCount() : 0);
   double running = balance();
   for (std::int64_t row = ready(); row < fetched; ++row) {
-    running += store::numberOf(lineValue(row, debit_)) - store::numberOf(lineValue(row, credit_));
+    running += store::numberOf(stored(row, debit_)) - store::numberOf(stored(row, credit_));
     balances_.push_back(running);
   }
 }
 
-store::Value LedgerRows::lineValue(std::int64_t row, int field) const {
+store::Value LedgerRows::stored(std::int64_t row, int field) const {
   const std::int64_t before = lines_.fetchedCount();
   return row < before ? lines_.valueAt(row, field) : following_->valueAt(row - before, field);
 }
@@ -46,7 +46,7 @@ store::Value LedgerRows::lineValue(std::int64_t row, int field) const {
 store::Value LedgerRows::value(std::int64_t row, int field) const {
   if (field == balance_) return std::fabs(balances_[static_cast<std::size_t>(row)]);
   if (field == status_) return std::string(frame::sideOf(balances_[static_cast<std::size_t>(row)]));
-  return lineValue(row, field);
+  return stored(row, field);
 }
 
 }  // namespace velmo::reports

@@ -6,6 +6,7 @@
 
 #include "frame/report_period.h"
 #include "frame/report_rows.h"
+#include "reports/ledger_statements.h"
 
 namespace velmo::reports {
 
@@ -24,11 +25,12 @@ class LedgerRows : public frame::ReportRows {
   void read(int rows) override;
   int field(std::string_view name) const override { return lines_.fieldIndex(name); }
   store::Value value(std::int64_t row, int field) const override;
+  // As it stands in the file, the balance as well.
+  store::Value stored(std::int64_t row, int field) const;
   // Behind the last line that was read, with its sign; the amount brought forward before the first.
   double balance() const { return balances_.empty() ? broughtForward_ : balances_.back(); }
 
  private:
-  store::Value lineValue(std::int64_t row, int field) const;
   void carryOn();
 
   store::Recordset lines_;
@@ -46,14 +48,20 @@ struct LedgerChoice {
   std::int64_t account = 0;
   int fyid = 0;
   std::optional<frame::ReportPeriod> period = {};  // nothing: the whole year
+  LedgerLines lines = LedgerLines::Filled;
+  std::optional<std::int64_t> documents = {};  // documentsOf() the period, where it is known
 };
+
+// The number of documents of a year, or of its days in a period. Throws StoreError.
+std::int64_t documentsOf(store::Connection& connection, int fyid, const std::optional<frame::ReportPeriod>& period);
 
 // Lines of an account.
 struct LedgerLengths {
   std::int64_t few = 512;          // are found at once in whatever way
   std::int64_t shortWait = 16384;  // are sorted before one notices
   std::int64_t longWait = 262144;  // are sorted in half a second
-  std::int64_t firstSight = 512;   // suffice to begin with
+  std::int64_t firstSight = 512;   // are to be seen to begin with, if the year goes evenly,
+  std::int64_t firstPage = 64;     // and these anyhow
 };
 
 // Opens a ledger in the way that suits its length: its first lines are there soon, however many follow. Throws

@@ -22,15 +22,6 @@ std::string openingBalances(int fyid, const std::string& selection, const text::
          selection;
 }
 
-std::string storedBalances(const std::string& year, const std::string& periodFilter) {
-  return "SELECT SubTransactions.AccCode, Transactions.TranDate, SubTransactions.Serial, SubTransactions.Balance, "
-         "SubTransactions.Status FROM Transactions INNER JOIN SubTransactions ON Transactions.TranNo = "
-         "SubTransactions.TranNo Where (" +
-         periodFilter + year +
-         " GROUP BY SubTransactions.AccCode, Transactions.TranDate, SubTransactions.Serial, SubTransactions.Balance, "
-         "SubTransactions.Status ORDER BY SubTransactions.AccCode, Transactions.TranDate, SubTransactions.Serial";
-}
-
 }  // namespace
 
 std::string broughtForwardStatement(std::int64_t account, int fyid, const text::DateTime& from) {
@@ -44,7 +35,8 @@ std::string broughtForwardStatement(std::int64_t account, int fyid, const text::
 }
 
 // A column that something is added to is not looked up in an index. An account without a period is, as it stands.
-std::string ledgerStatement(std::int64_t account, int fyid, const std::string& periodFilter, LedgerWalk walk) {
+std::string ledgerStatement(std::int64_t account, int fyid, const std::string& periodFilter, LedgerWalk walk,
+                            LedgerLines lines) {
   const char* const unlessByDay = walk == LedgerWalk::OfDays ? " + 0" : "";
   const char* const unlessByAccount = walk == LedgerWalk::OfAccount && !periodFilter.empty() ? " + 0" : "";
   return std::string(
@@ -54,8 +46,9 @@ std::string ledgerStatement(std::int64_t account, int fyid, const std::string& p
              "SubTransactions.Debit, SubTransactions.Credit, SubTransactions.Balance, SubTransactions.Status, "
              "SubTransactions.Serial, Transactions.FYID, Transactions.Cancel ") +
          linesOfDocuments + "Where (" + periodFilter + "((SubTransactions.AccCode)" + unlessByDay + " = " +
-         std::to_string(account) + ") And " + notEmpty + " AND ((Transactions.FYID)" + unlessByAccount + " = " +
-         std::to_string(fyid) +
+         std::to_string(account) + ") And " +
+         (lines == LedgerLines::Filled ? std::string(notEmpty) + " AND " : std::string()) + "((Transactions.FYID)" +
+         unlessByAccount + " = " + std::to_string(fyid) +
          ") And ((Transactions.Cancel) = No)) ORDER BY Transactions.TranDate, SubTransactions.Serial";
 }
 
@@ -93,25 +86,9 @@ std::string ledgersOf::range(std::int64_t from, std::int64_t to) {
   return " HAVING AccLevel3.AccCode>=" + std::to_string(from) + " and AccLevel3.AccCode<=" + std::to_string(to);
 }
 
-// The last balance of each account is found before the accounts are: joined the other way round, the database would
-// look through the lines of the year for each account. These lie in memory with what is printed of them.
-std::string ledgersHierarchy(int fyid, const std::string& selection, const text::DateTime& openingBefore,
-                             const std::string& periodFilter) {
-  const std::string year = "((Transactions.FYID) = " + std::to_string(fyid) + ") And ((Transactions.Cancel) = No))";
-  return "Shape {SELECT MainBal.AccCode, [MainBal].[AccName] AS AccountName, MainBal.OpBalance, MainBal.OpStatus, "
-         "IIf(IsNull([LastBalance]),[OpBalance],[LastBalance]) AS ClBalance, "
-         "IIf(IsNull([LastBalance]),[OpStatus],[LastStatus]) AS ClStatus FROM (" +
-         openingBalances(fyid, selection, openingBefore) +
-         ") as MainBal LEFT JOIN (SELECT SubBal.AccCode, Last(SubBal.Balance) AS LastBalance, Last(SubBal.Status) AS "
-         "LastStatus FROM (" +
-         storedBalances(year, periodFilter) +
-         ") as SubBal GROUP BY SubBal.AccCode) as LastBal ON MainBal.AccCode = LastBal.AccCode Order By "
-         "MainBal.AccCode} as ParentCmd append ({SELECT "
-         "Transactions.TranNo, Transactions.TranDate, [Trantype].[short] & ' ' & [Transactions].[docno] AS "
-         "TranRefShort, SubTransactions.AccCode, SubTransactions.Desc, SubTransactions.Debit, SubTransactions.Credit, "
-         "SubTransactions.Balance, SubTransactions.Status " +
-         linesOfDocuments + "Where (" + periodFilter + notEmpty + " AND " + year +
-         " ORDER BY Transactions.TranDate, SubTransactions.Serial} as ChildCmd relate acccode to acccode) as ChildCmd";
+std::string accountsStatement(int fyid, const std::string& selection, const text::DateTime& openingBefore) {
+  return "SELECT MainBal.AccCode, [MainBal].[AccName] AS AccountName, MainBal.OpBalance, MainBal.OpStatus FROM (" +
+         openingBalances(fyid, selection, openingBefore) + ") as MainBal Order By MainBal.AccCode";
 }
 
 }  // namespace velmo::reports

@@ -17,9 +17,12 @@ enum class LedgerWalk {
   OfDays      // those of the documents of one day after the other, of which the account's are taken
 };
 
-// The account's lines in the order of the ledger. Cancelled documents and empty lines are not among them.
+// Empty lines have neither debit nor credit.
+enum class LedgerLines { Filled, EmptyToo };
+
+// The account's lines in the order of the ledger, without those of cancelled documents.
 std::string ledgerStatement(std::int64_t account, int fyid, const std::string& periodFilter,
-                            LedgerWalk walk = LedgerWalk::OfAccount);
+                            LedgerWalk walk = LedgerWalk::OfAccount, LedgerLines lines = LedgerLines::Filled);
 
 // The lines of the documents of the year that cite a job, in the order of the ledger, without those of cancelled ones.
 std::string jobLedgerStatement(std::int64_t job, int fyid);
@@ -34,9 +37,8 @@ std::string subType(std::int64_t level2Id);
 std::string range(std::int64_t from, std::int64_t to);
 }  // namespace ledgersOf
 
-// The accounts with their opening balance before a day, their closing balance by SubTransactions.Balance, and their
-// lines in the chapter `ChildCmd`.
-std::string ledgersHierarchy(int fyid, const std::string& selection, const text::DateTime& openingBefore,
-                             const std::string& periodFilter);
+// These accounts by their code, as `AccCode` and `AccountName`, with their balance before a day: `OpBalance` without a
+// sign, `OpStatus` "Debit" or "Credit".
+std::string accountsStatement(int fyid, const std::string& selection, const text::DateTime& openingBefore);
 
 }  // namespace velmo::reports

@@ -1,6 +1,5 @@
 #include "reports/ledgers_print.h"
 
-#include "printing/recordset_data.h"
 #include "printing/report_walk.h"
 #include "reports/ledger_print.h"
 #include "reports/report_pieces.h"
@@ -76,12 +75,10 @@ Section ledgerFoot(Report& report, const LedgersSheet& sheet, const std::vector<
 
 }  // namespace
 
-Report ledgersPrint(const session::LoginContext& context, const LedgersSheet& sheet, const store::Recordset& ledgers,
-                    text::DateTime today) {
-  Report report{.title = "Accounts Ledgers",
-                .author = context.CompanyName,
-                .data = std::make_shared<RecordsetData>(ledgers),
-                .printedOn = today};
+Report ledgersPrint(const session::LoginContext& context, const LedgersSheet& sheet,
+                    std::shared_ptr<const LedgersData> ledgers, text::DateTime today) {
+  Report report{
+      .title = "Accounts Ledgers", .author = context.CompanyName, .data = std::move(ledgers), .printedOn = today};
   const Letterhead letterhead = letterheadOf(context);
   const Twips width = report.design.bodyWidth();
   const std::vector<ColumnPlace> columns = placeColumns(ledgerColumns(context.ccode), width);

@@ -2,6 +2,7 @@
 
 #include "frame/report_period.h"
 #include "printing/report.h"
+#include "reports/ledgers_data.h"
 
 namespace velmo::reports {
 
@@ -13,8 +14,8 @@ struct LedgersSheet {
   EveryLedgerOn begins = EveryLedgerOn::SamePage;
 };
 
-// The layout `AccLedgerMulti` over the rows of `ParentCmd` with their lines in the chapter `ChildCmd`.
+// The layout `AccLedgerMulti`.
 printing::Report ledgersPrint(const session::LoginContext& context, const LedgersSheet& sheet,
-                              const store::Recordset& ledgers, text::DateTime today);
+                              std::shared_ptr<const LedgersData> ledgers, text::DateTime today);
 
 }  // namespace velmo::reports

@@ -25,8 +25,7 @@ class LedgerOpener {
     const std::int64_t lines = countOf(connection_, "AccCode", ofAccount);
     if (lines <= lengths_.few) return whole(LedgerWalk::OfAccount, broughtForward);
     const std::int64_t documents =
-        countOf(connection_, "FYID",
-                "Transactions WHERE " + filterOf(choice_.period) + "FYID = " + std::to_string(choice_.fyid));
+        choice_.documents ? *choice_.documents : documentsOf(connection_, choice_.fyid, choice_.period);
     if (isQuickerByDay(lines, documents)) return whole(LedgerWalk::OfDays, broughtForward);
     if (lines <= lengths_.shortWait) return whole(LedgerWalk::OfAccount, broughtForward);
     return inTwo(lines, broughtForward);
@@ -46,17 +45,25 @@ class LedgerOpener {
   std::shared_ptr<LedgerRows> inTwo(std::int64_t lines, double broughtForward) {
     const std::optional<ReportPeriod> all = choice_.period ? choice_.period : year();
     if (!all || all->to < all->from) return whole(LedgerWalk::OfAccount, broughtForward);
-    const std::int64_t days = all->to.day - all->from.day;
-    const text::DateTime last =
-        all->from.addDays(static_cast<int>(days * std::min(lengths_.firstSight, lines) / lines));
-    const auto beside = [&last](const char* side) {
-      return std::string("((Transactions.TranDate) ") + side + " " + store::dateLiteral(last) + ") And ";
-    };
-    const auto rest = [opener = *this, after = filterOf(choice_.period) + beside(">")] {
-      return opener.rows(after, LedgerWalk::OfAccount);
-    };
-    const std::string upTo = choice_.period ? frame::periodFilter({all->from, last}) : beside("<=");
-    return std::make_shared<LedgerRows>(rows(upTo, LedgerWalk::OfDays), broughtForward, rest);
+    const auto days = static_cast<int>(all->to.day - all->from.day);
+    auto first = static_cast<int>(days * std::min(lengths_.firstSight, lines) / lines);
+    store::Recordset begin = upTo(all->from, first);
+    while (begin.fetchedCount() < lengths_.firstPage && first < days / 16) {  // a quiet time
+      first = first * 2 + 1;
+      begin = upTo(all->from, first);
+    }
+    const std::string after = filterOf(choice_.period) + beside(">", all->from.addDays(first));
+    const auto rest = [opener = *this, after] { return opener.rows(after, LedgerWalk::OfAccount); };
+    return std::make_shared<LedgerRows>(begin, broughtForward, rest);
+  }
+
+  static std::string beside(const char* side, const text::DateTime& day) {
+    return std::string("((Transactions.TranDate) ") + side + " " + store::dateLiteral(day) + ") And ";
+  }
+
+  store::Recordset upTo(const text::DateTime& from, int days) const {
+    const text::DateTime last = from.addDays(days);
+    return rows(choice_.period ? frame::periodFilter({from, last}) : beside("<=", last), LedgerWalk::OfDays);
   }
 
   // From the first to the last document of the year; nothing when one of them has no date.
@@ -72,7 +79,8 @@ class LedgerOpener {
   }
 
   store::Recordset rows(const std::string& filter, LedgerWalk walk) const {
-    return {connection_, ledgerStatement(choice_.account, choice_.fyid, filter, walk), store::LockType::ReadOnly};
+    return {connection_, ledgerStatement(choice_.account, choice_.fyid, filter, walk, choice_.lines),
+            store::LockType::ReadOnly};
   }
 
   store::Connection& connection_;
@@ -81,6 +89,10 @@ class LedgerOpener {
 };
 
 }  // namespace
+
+std::int64_t documentsOf(store::Connection& connection, int fyid, const std::optional<ReportPeriod>& period) {
+  return countOf(connection, "FYID", "Transactions WHERE " + filterOf(period) + "FYID = " + std::to_string(fyid));
+}
 
 std::shared_ptr<LedgerRows> openLedger(store::Connection& connection, const LedgerChoice& choice, double broughtForward,
                                        const LedgerLengths& lengths) {

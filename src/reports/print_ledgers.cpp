@@ -46,14 +46,14 @@ std::optional<printing::Report> printOut(ReportScreen& screen) {
   const frame::ReportFilters& filters = screen.filters();
   const bool ofPeriod = filters.chosen("PeriodOpt");
   const frame::ReportPeriod period = filters.period();
-  store::Recordset ledgers;
-  {
-    const frame::WaitCursor wait;
-    ledgers.openShape(context.KORDconn, ledgersHierarchy(context.FYID, selection(filters), period.from,
-                                                         ofPeriod ? frame::periodFilter(period) : std::string()));
-  }
-  screen.showMessage(ledgers.isEmpty() ? ReportScreen::tr("There are no such accounts.") : QString());
-  if (ledgers.isEmpty()) return std::nullopt;
+  const frame::WaitCursor wait;
+  const auto ledgers = std::make_shared<const LedgersData>(
+      context.KORDconn, LedgersChoice{.fyid = context.FYID,
+                                      .selection = selection(filters),
+                                      .openingBefore = period.from,
+                                      .period = ofPeriod ? std::optional(period) : std::nullopt});
+  screen.showMessage(ledgers->isEmpty() ? ReportScreen::tr("There are no such accounts.") : QString());
+  if (ledgers->isEmpty()) return std::nullopt;
   return ledgersPrint(context,
                       {.period = ofPeriod ? ledgerFromTo(period.from, period.to) : ledgerEndedOn(today),
                        .broughtForward = ofPeriod,

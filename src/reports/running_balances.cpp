@@ -5,11 +5,11 @@
 #include <limits>
 #include <optional>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "frame/report_period.h"
 #include "store/forward_reader.h"
+#include "store/recordset.h"
 #include "store/repeated_write.h"
 
 namespace velmo::reports {
@@ -74,7 +74,10 @@ double storedBalance(const store::ForwardReader& lines, int balance, int status)
 
 // Nothing when the work was stopped.
 std::optional<std::vector<Line>> readLines(store::Connection& connection, int fyid, Report& report) {
+  const store::Recordset counted(connection, "SELECT Count(Serial) AS Lines FROM SubTransactions",
+                                 store::LockType::ReadOnly);
   std::vector<Line> all;
+  all.reserve(static_cast<std::size_t>(counted.integer("Lines")));
   store::ForwardReader lines(connection, passStatement(fyid));
   const int date = lines.field("TranDate");
   const int account = lines.field("AccCode");
@@ -103,7 +106,10 @@ bool isRight(double stored, double balance) {
 // Leaves the lines whose stored balance is another one, in the order of the file, so that each of its pages is written
 // once.
 void keepChanged(std::vector<Line>& lines) {
-  std::ranges::sort(lines, {}, [](const Line& line) { return std::tuple(line.account, line.moment, line.serial); });
+  std::ranges::sort(lines, [](const Line& left, const Line& right) {
+    if (left.account != right.account) return left.account < right.account;
+    return left.moment != right.moment ? left.moment < right.moment : left.serial < right.serial;
+  });
   std::int32_t present = 0;
   double balance = 0;
   for (Line& line : lines) {

@@ -11,6 +11,7 @@
 #include "reports/closing_stock.h"
 #include "reports/ledger_rows.h"
 #include "reports/ledger_statements.h"
+#include "reports/ledgers_data.h"
 #include "reports/running_balances.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
@@ -105,18 +106,19 @@ class BooksOfTheYear : public testing::Test {
   // The ledgers of all accounts as they are printed, with what is brought forward and the balance at the end.
   Lines inLedgersOnPaper(const frame::ReportPeriod& period) {
     Lines differences;
-    store::Recordset ledgers;
-    ledgers.openShape(connection, ledgersHierarchy(year, {}, period.from, frame::periodFilter(period)));
-    for (; !ledgers.eof(); ledgers.moveNext()) {
-      const std::int64_t account = ledgers.integer("AccCode");
-      const auto balance = [&ledgers](const char* amount, const char* side) {
-        const bool settled = frame::isSettled(ledgers.number(amount));
-        return sided(settled ? 0 : ledgers.number(amount), settled ? "Debit" : ledgers.text(side));
+    const LedgersData ledgers(connection, {.fyid = year, .openingBefore = period.from, .period = period});
+    for (const auto accounts = ledgers.rows(); accounts->next();) {
+      const std::int64_t account = store::integerOf(accounts->value("AccCode"));
+      const auto balance = [&accounts](const char* amount, const char* side) {
+        const double held = store::numberOf(accounts->value(amount));
+        const bool settled = frame::isSettled(held);
+        return sided(settled ? 0 : held, settled ? "Debit" : store::textOf(accounts->value(side)));
       };
       Lines found = {balance("OpBalance", "OpStatus"), balance("ClBalance", "ClStatus")};
-      for (store::Recordset lines = ledgers.chapter("ChildCmd"); !lines.eof(); lines.moveNext())
-        found.push_back(shownLine(lines.date("TranDate"), lines.text("TranNo"), lines.value("Debit"),
-                                  lines.value("Credit"), lines.number("Balance"), lines.text("Status")));
+      for (const auto lines = accounts->children("ChildCmd"); lines->next();)
+        found.push_back(shownLine(store::dateOf(lines->value("TranDate")), store::textOf(lines->value("TranNo")),
+                                  lines->value("Debit"), lines->value("Credit"),
+                                  store::numberOf(lines->value("Balance")), store::textOf(lines->value("Status"))));
       Lines wanted = wantedLedger(account, period);
       wanted.insert(wanted.begin(),
                     {sided(own.balance(account, period.from.day)), sided(own.balance(account, period.to.day + 1))});

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "printing/report_data.h"
+#include "reports/ledger_rows.h"
+
+namespace velmo::reports {
+
+// Whose ledgers are printed, and of which days.
+struct LedgersChoice {
+  int fyid = 0;
+  std::string selection = {};  // of ledgersOf
+  text::DateTime openingBefore = {};
+  std::optional<frame::ReportPeriod> period = {};  // nothing: the whole year
+  LedgerLengths lengths = {};
+};
+
+// The accounts by their code as rows of `ParentCmd`, each with `AccCode`, `AccountName`, `OpBalance`, `OpStatus`,
+// `ClBalance` and `ClStatus`, and its lines in the chapter `ChildCmd`. The closing balance is the stored one of the
+// account's last line, empty lines included, or else the opening balance. A walk reads the lines of one account after
+// the other, from the file as it was when the object was made.
+class LedgersData : public printing::ReportData {
+ public:
+  LedgersData(const store::Connection& books, LedgersChoice choice);  // throws StoreError
+
+  bool isEmpty() const { return accounts_.isEmpty(); }
+  std::unique_ptr<printing::ReportRows> rows() const override;
+
+ private:
+  mutable store::Connection books_;
+  LedgersChoice choice_;
+  store::Recordset accounts_;
+  std::int64_t documents_ = 0;  // of the days that are printed
+};
+
+}  // namespace velmo::reports
