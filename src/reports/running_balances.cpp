@@ -1,6 +1,7 @@
 #include "reports/running_balances.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -10,7 +11,7 @@
 #include "frame/report_period.h"
 #include "store/forward_reader.h"
 #include "store/recordset.h"
-#include "store/repeated_write.h"
+#include "store/rewrite_rows.h"
 
 namespace velmo::reports {
 namespace {
@@ -129,15 +130,18 @@ bool writeRunningBalances(store::Connection& connection, int fyid, const LinesDo
   std::optional<std::vector<Line>> lines = readLines(connection, fyid, report);
   if (!lines) return false;
   keepChanged(*lines);
-  store::RepeatedWrite write(connection, "UPDATE SubTransactions SET Balance = 0.5, Status = 'Debit' WHERE Serial = 1",
-                             3);
-  for (const Line& line : *lines) {
-    write.run(std::array<store::Value, 3>{std::fabs(line.amount), std::string(frame::sideOf(line.amount)),
-                                          std::int64_t{line.serial}});
-    if (!report.goesOn()) return false;
-  }
-  transaction.commit();
-  return true;
+  constexpr std::array<std::string_view, 2> columns{"Balance", "Status"};
+  const bool written = store::rewriteRows(connection, "SubTransactions", columns,
+                                          {.count = lines->size(),
+                                           .keyOf = [&](std::size_t line) { return (*lines)[line].serial; },
+                                           .valueOf = [&](std::size_t line, std::size_t column) -> store::Value {
+                                             const double balance = (*lines)[line].amount;
+                                             if (column == 0) return std::fabs(balance);
+                                             return std::string(frame::sideOf(balance));
+                                           },
+                                           .goesOn = [&] { return report.goesOn(); }});
+  if (written) transaction.commit();
+  return written;
 }
 
 }  // namespace velmo::reports

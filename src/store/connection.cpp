@@ -8,6 +8,7 @@
 #include "store/connection_impl.h"
 #include "store/connection_string.h"
 #include "store/kept_totals.h"
+#include "store/rewrite_rows.h"
 #include "store/sql/functions.h"
 #include "store/sql/statement_shape.h"
 #include "store/sqlite_error.h"
@@ -50,6 +51,7 @@ void Connection::Impl::attach(const std::filesystem::path& path, int openFlags) 
     run((std::string("PRAGMA wal_autocheckpoint = ") + logPagesLimit).c_str());
     run("PRAGMA cache_size = -32000");
     sql::registerFunctions(database);
+    registerRewriting(database);
     changes.watch(database);
   } catch (...) {
     close();
