@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <random>
 
@@ -261,6 +262,43 @@ TEST(Hierarchy, ALongOneIsReadAsItIsWalkedAndSeesNoLaterChange) {
   }
   shop.connection.close();
   EXPECT_EQ(failureOf([&] { orders.requery(); }), ErrorKind::Misuse);
+}
+
+TEST(Hierarchy, OnlyALongOneKeepsTheLogFromBeingEmptied) {
+  SmallShop shop;
+  shop.addOrders(30);
+  const auto logIsFree = [&] {
+    int inLog = -1;
+    int moved = -1;
+    return sqlite3_wal_checkpoint_v2(shop.connection.handle(), nullptr, SQLITE_CHECKPOINT_TRUNCATE, &inLog, &moved) ==
+           SQLITE_OK;
+  };
+  sqlite3_busy_timeout(shop.connection.handle(), 0);
+  const auto opened = [&] {
+    Recordset orders;
+    orders.openShape(shop.connection, linesOfOrders);
+    shop.connection.execute("INSERT INTO Lines (OrderNo, Item, Qty) VALUES (7, 'a', 3)");
+    return orders;
+  };
+  const auto ofOrder7 = [](Recordset orders) {
+    orders.moveTo(6);
+    return orders.chapter("L").recordCount();
+  };
+  Recordset few = opened();
+  EXPECT_TRUE(logIsFree());
+  EXPECT_EQ(ofOrder7(few), 0);
+  for (int line = 0; line < 300; ++line)
+    shop.connection.execute("INSERT INTO Lines (OrderNo, Item, Qty) VALUES (7, 'a', 3)");
+  Recordset manyLines = opened();
+  EXPECT_FALSE(logIsFree());
+  EXPECT_EQ(ofOrder7(manyLines), 301);
+  EXPECT_FALSE(logIsFree());
+  manyLines.close();
+  EXPECT_TRUE(logIsFree());
+  shop.addOrders(30);
+  Recordset manyOrders = opened();
+  EXPECT_FALSE(logIsFree());
+  EXPECT_EQ(ofOrder7(manyOrders), 302);
 }
 
 TEST(Snapshot, SeesTheFileAsItWasAndCannotWrite) {

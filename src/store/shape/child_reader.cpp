@@ -8,6 +8,8 @@
 namespace velmo::store::shape {
 namespace {
 
+constexpr RowId mostKept = 32;  // parents whose rows are kept
+
 bool isText(ColumnType type) {
   return type == ColumnType::Text || type == ColumnType::Memo;
 }
@@ -110,10 +112,16 @@ std::shared_ptr<RowSet> ChildReader::rowsOf(RowId parent) {
   std::vector<Value> parameters = children_->statement.parameters;
   for (const int field : parentFields_) parameters.push_back(keyValue(*parents_, parent, field));
   std::shared_ptr<RowSet> rows = RowSet::open(children_, sql_, parameters);
-  constexpr std::size_t mostKept = 32;
-  if (latest_.size() == mostKept) latest_.pop_front();
+  if (std::ssize(latest_) == mostKept) latest_.pop_front();
   latest_.emplace_back(std::move(key), rows);
   return rows;
+}
+
+bool ChildReader::areAllKept() {
+  if (parents_->hasMore() || parents_->fetched() > mostKept) return false;
+  for (RowId parent = 0; parent < parents_->fetched(); ++parent)
+    if (rowsOf(parent)->hasMore()) return false;
+  return true;
 }
 
 }  // namespace velmo::store::shape

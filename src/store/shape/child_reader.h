@@ -25,6 +25,9 @@ class ChildReader {
   // In the command's order; none for a parent with a null in its fields.
   std::shared_ptr<RowSet> rowsOf(RowId parent);
 
+  // Whether there are so few of them that all are read and kept now.
+  bool areAllKept();
+
  private:
   ChildReader(std::shared_ptr<const ResultSource> children, const std::vector<int>& fields,
               std::shared_ptr<const RowSet> parents, const std::vector<int>& parentFields);

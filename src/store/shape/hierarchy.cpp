@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+
 #include "store/shape/parse_shape.h"
 
 namespace velmo::store::shape {
@@ -52,6 +54,13 @@ std::shared_ptr<const Node> openNode(const std::shared_ptr<ResultSource>& source
   return node;
 }
 
+// Whether all of it is read.
+bool isWhole(const Node& node) {
+  return !node.rows->hasMore() && std::ranges::all_of(node.chapters, [](const Chapter& chapter) {
+    return chapter.reader != nullptr ? chapter.reader->areAllKept() : isWhole(*chapter.child);
+  });
+}
+
 }  // namespace
 
 ChildRows Chapter::rowsFor(const Node& parent, RowId row) const {
@@ -76,7 +85,9 @@ std::shared_ptr<const Node> openHierarchy(const std::shared_ptr<Connection::Impl
   const Command command = parseShape(shapeStatement);
   // What an open transaction has written is seen by its own connection alone; there everything is read at once.
   const std::shared_ptr<Connection::Impl> reading = connection->transaction == 0 ? connection->snapshot() : connection;
-  return openNode(describe(reading, command), command);
+  std::shared_ptr<const Node> node = openNode(describe(reading, command), command);
+  if (reading != connection && isWhole(*node)) reading->run("COMMIT");  // the log may be emptied
+  return node;
 }
 
 }  // namespace velmo::store::shape
