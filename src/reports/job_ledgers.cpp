@@ -1,8 +1,8 @@
 #include "reports/job_ledgers.h"
 
 #include "frame/report_model.h"
-#include "frame/report_screen.h"
 #include "reports/ledger_statements.h"
+#include "reports/posted_lines.h"
 #include "text/format.h"
 
 namespace velmo::reports {
@@ -36,43 +36,20 @@ frame::ReportEntryBoxes jobBoxes() {
                     {.caption = "Completion Date", .field = "CompletionDate", .width = 16}}};
 }
 
-std::vector<TableColumn> gridColumns() {
-  const auto figure = [](const char* caption) {
-    return TableColumn{.caption = caption,
-                       .field = caption,
-                       .format = frame::figureFormat,
-                       .alignment = ColumnAlignment::Right,
-                       .width = 12};
-  };
-  return {{.caption = "Date", .field = "TranDate", .format = "dd-mm-yyyy", .width = 10},
-          {.caption = "Tran. No.", .field = "TranRefShort", .width = 10},
-          {.caption = "Acc Code", .field = "AccCode", .width = 10},
-          {.caption = "Account Name", .field = "AccName", .width = 24},
-          {.caption = "Description", .field = "Desc", .width = 42},
-          figure("Debit"),
-          figure("Credit")};
-}
-
 bool checkJob(ReportScreen& screen, frame::ReportUse) {
   return !store::isNull(screen.filters().bound("JobList")) ||
          screen.refuse("Select Job", "Select a valid job to view ledger.", "JobList");
 }
 
 void loadLedger(ReportScreen& screen) {
-  session::LoginContext& context = screen.workplace().context;
   const std::int64_t job = store::integerOf(screen.filters().bound("JobList"));
-  screen.setRows(grid, std::make_shared<frame::RecordsetRows>(store::Recordset(
-                           context.KORDconn, jobLedgerStatement(job, context.FYID), store::LockType::ReadOnly)));
+  loadPostedLines(screen, grid, jobLedgerStatement(job, screen.workplace().context.FYID));
 }
 
 void showTotals(ReportScreen& screen) {
+  showPostedTotals(screen, grid);
   const frame::ReportModel& lines = screen.model(grid);
-  const auto show = [&screen](const char* name, double amount) {
-    screen.setFigure(name, text::formatNumber(amount, frame::figureFormat));
-  };
-  show("TotalDr", lines.sum("Debit"));
-  show("TotalCr", lines.sum("Credit"));
-  show("Balance", lines.sum("Debit") - lines.sum("Credit"));
+  screen.setFigure("Balance", text::formatNumber(lines.sum("Debit") - lines.sum("Credit"), frame::figureFormat));
 }
 
 frame::ReportType ledgersType(const session::LoginContext& context) {
@@ -85,7 +62,7 @@ frame::ReportType ledgersType(const session::LoginContext& context) {
                                          .statement = [](const store::Value&) { return std::string(jobs); },
                                          .width = 60}},
                       {jobBoxes()}},
-          .grids = {{.name = grid, .columns = gridColumns(), .sums = {"Debit", "Credit"}}},
+          .grids = {postedLinesGrid(grid)},
           .totalsLabel = "Totals " + context.ccode,
           .totals = {{"TotalDr", "Debit"}, {"TotalCr", "Credit"}, {"Balance", "Balance"}},
           .view = {"ViewBttn", "&View Ledger", "Shows what documents for the job put into the ledgers"},
