@@ -112,7 +112,8 @@ std::unique_ptr<printing::ReportRows> LedgersData::rows() const {
                        .fyid = choice_.fyid,
                        .period = choice_.period,
                        .lines = LedgerLines::EmptyToo,
-                       .documents = documents_},
+                       .documents = documents_,
+                       .evenly = true},
                       0, choice_.lengths);
   });
 }

@@ -28,6 +28,7 @@ class LedgerOpener {
         choice_.documents ? *choice_.documents : documentsOf(connection_, choice_.fyid, choice_.period);
     if (isQuickerByDay(lines, documents)) return whole(LedgerWalk::OfDays, broughtForward);
     if (lines <= lengths_.shortWait) return whole(LedgerWalk::OfAccount, broughtForward);
+    if (choice_.evenly) return whole(LedgerWalk::OfDays, broughtForward);
     return inTwo(lines, broughtForward);
   }
 
