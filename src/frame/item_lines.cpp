@@ -52,6 +52,7 @@ std::string lineNarrations(const store::Recordset& sheet, std::string_view quant
 void writeLines(store::Recordset& sheet, const LineStamp& stamp) {
   std::int64_t serial = 0;
   sheet.removeBlank("itemcode");
+  // In the order of the table, in which names are found soonest.
   for (; !sheet.eof(); sheet.moveNext())
     sheet.update({{"TranNo", stamp.tranNo},
                   {"Serial", ++serial},

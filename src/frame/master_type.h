@@ -54,7 +54,7 @@ struct MasterField {
   std::string initial = {};  // of a new row; of Choice the bound value, of a Check or OneOfTwo "yes", of a Day "today"
   ChoiceRows choices = {};
   ChoiceKeeper keeper = {};
-  std::string accounts = {};  // Account: what they fulfil, a condition on acclevel3
+  std::string accounts = {};              // Account: what they fulfil, a condition on acclevel3
   std::vector<std::string> options = {};  // OneOfTwo: the two captions
   int span = 1;                           // columns of the form
   int width = 0;                          // in average characters; 0: what there is
@@ -88,9 +88,9 @@ struct MasterLevel {
   std::string list;    // its name: "L1List"
   std::string suffix;  // of the names of its commands: "" AddBttn, "2" AddBttn2
   std::string heading;
-  std::string key;                                                   // the column that names a row among its fellows
+  std::string key;                                                     // the column that names a row among its fellows
   std::function<std::string(const std::string& parentKey)> statement;  // "" for the parent when there is none
-  std::vector<forms::TableColumn> columns;                           // of the list
+  std::vector<forms::TableColumn> columns;                             // of the list
   std::vector<MasterField> fields;
   std::vector<WrittenColumn> written;
   std::string addFirst = "Click on Add Button before adding record.";
@@ -113,6 +113,7 @@ struct MasterLevel {
 struct MasterPrint {
   std::string caption;
   std::function<std::optional<printing::Report>(MasterDialog&)> report;  // nothing when there is nothing to print
+  std::function<void(session::LoginContext&)> closed = {};               // the print-out
 };
 
 struct MasterType {

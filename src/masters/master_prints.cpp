@@ -31,14 +31,16 @@ MasterPrint print(const std::string& caption, Layout layout, Hierarchy hierarchy
 }
 
 MasterPrint printAccounts(const std::string& caption, Hierarchy hierarchy) {
-  return {caption, [=](MasterDialog& dialog) -> std::optional<printing::Report> {
+  return {caption,
+          [=](MasterDialog& dialog) -> std::optional<printing::Report> {
             const std::string statement = hierarchy(dialog);
             if (statement.empty()) return std::nullopt;
             session::LoginContext& context = dialog.workplace().context;
             context.AccListRS = store::Recordset();
             context.AccListRS.openShape(context.KORDconn, statement);
             return accListPrint(context, context.AccListRS, dialog.workplace().clock.today());
-          }};
+          },
+          [](session::LoginContext& context) { context.AccListRS = {}; }};
 }
 
 std::string key(MasterDialog& dialog, int level) {

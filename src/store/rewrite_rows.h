@@ -21,8 +21,8 @@ struct RowsToRewrite {
   std::function<bool()> goesOn = {};                                  // asked for each row
 };
 
-// Writes these columns of many rows in one pass through the table, in the transaction that is open: in half the time
-// that a statement for each row takes. Keys that are not there are passed over. False when it was not to go on; some of
+// Writes these columns of many rows in one pass through the table, in the transaction that is open: quicker than a
+// statement for each row. Keys that are not there are passed over. False when it was not to go on; some of
 // the rows are written then, and the transaction is to be undone. Throws StoreError, and what the functions throw.
 bool rewriteRows(Connection& connection, std::string_view table, std::span<const std::string_view> columns,
                  const RowsToRewrite& rows);

@@ -2,8 +2,12 @@
 
 #include <gmock/gmock.h>
 
+#include <QMenu>
+#include <QPushButton>
+
 #include "forms/drop_combo.h"
 #include "master_company.h"
+#include "printing/preview_window.h"
 
 namespace velmo::masters {
 namespace {
@@ -16,8 +20,9 @@ TEST_F(Accounts, CodesGrowFromTheirParents) {
   choose("L1List", "600");
   click("AddBttn2");
   const std::string subType = read("SubCode");
-  EXPECT_EQ(subType, std::to_string(rows("select * from acclevel2 where typeid=600 order by level2id desc")
-                                        .integer("level2id") + 1));
+  EXPECT_EQ(
+      subType,
+      std::to_string(rows("select * from acclevel2 where typeid=600 order by level2id desc").integer("level2id") + 1));
   EXPECT_TRUE(control<QWidget>("SubCatCodeTxt").hasFocus());
   EXPECT_FALSE(control<QWidget>("L1Frame").isEnabled() || control<QWidget>("L3Frame").isEnabled());
   write("SubCatCodeTxt", "O'Brien's costs");
@@ -69,9 +74,12 @@ TEST_F(Accounts, LastNumbersLeaveTheCodeBlankAndTheSaveSaysSo) {
 
 TEST_F(Accounts, NewTypeFollowsTheLastOfItsSeries) {
   open(makeModifyAccounts);
-  const std::string series[][2] = {{"10", "natureid=10 or natureid=11"}, {"11", "natureid=10 or natureid=11"},
-                                   {"20", "natureid=20 or natureid=21"}, {"30", "natureid=30"},
-                                   {"40", "natureid=40"},                {"50", "natureid=50"},
+  const std::string series[][2] = {{"10", "natureid=10 or natureid=11"},
+                                   {"11", "natureid=10 or natureid=11"},
+                                   {"20", "natureid=20 or natureid=21"},
+                                   {"30", "natureid=30"},
+                                   {"40", "natureid=40"},
+                                   {"50", "natureid=50"},
                                    {"60", "natureid=60"}};
   for (const auto& [component, filter] : series) {
     SCOPED_TRACE(component);
@@ -115,8 +123,9 @@ TEST_F(Accounts, WhatTheProgramNeedsOrOthersUseStays) {
   choose("L3List", "12001002");
   refused("DelBttn3", "Cannot Delete", "There have been ledger entries recorded for the selected account, O'Brien.");
   choose("L1List", "100");
-  test::NewCompany::run(context->KORDconn, {"insert into acclevel1 (typeid, type, natureid) values (190, 'Own', 11)",
-                                            "insert into acclevel2 (level2id, l2accname, typeid) values (19001, 'Own', 190)"});
+  test::NewCompany::run(context->KORDconn,
+                        {"insert into acclevel1 (typeid, type, natureid) values (190, 'Own', 11)",
+                         "insert into acclevel2 (level2id, l2accname, typeid) values (19001, 'Own', 190)"});
   open(makeModifyAccounts);
   choose("L1List", "190");
   refused("DelBttn", "Cannot Delete",
@@ -182,6 +191,19 @@ TEST_F(Accounts, TypedTextIsNotLostByClosingAndEscapeCancelsBeforeItCloses) {
   master().panel(2).cancel();
   EXPECT_EQ(read("AccCodeTxt"), before);
   EXPECT_TRUE(dialog->close());
+}
+
+TEST_F(Accounts, ThePrintedChartGoesWithItsPreview) {
+  open(makeModifyAccounts);
+  const auto actions = control<QPushButton>("PrintBttn").menu()->actions();
+  ASSERT_FALSE(actions.isEmpty());
+  actions.front()->trigger();
+  ASSERT_TRUE(context->AccListRS.isOpen());
+  EXPECT_GT(context->AccListRS.recordCount(), 5);
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (auto* preview = qobject_cast<printing::PreviewWindow*>(window)) preview->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_FALSE(context->AccListRS.isOpen());
 }
 
 }  // namespace

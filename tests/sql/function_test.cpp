@@ -7,8 +7,8 @@ namespace velmo::test {
 namespace {
 
 struct ValueCase {
-  const char* expression;
-  const char* value;
+  std::string expression;
+  std::string value;
 };
 
 void expectValues(const std::vector<ValueCase>& cases) {
@@ -52,6 +52,8 @@ TEST(Function, MakesTexts) {
   expectValues({
       {"'a' & Null & 5", "a5"},
       {"Null & Null", "null"},
+      {"'" + std::string(255, 'x') + "' & 1 & 'end'", std::string(255, 'x') + "1end"},
+      {"'' & '" + std::string(900, 'y') + "' & Null & -7.5", std::string(900, 'y') + "-7.5"},
       {"0.1+0.2 & ''", "0.3"},
       {"5/1 & ''", "5"},
       {"1e15 & ''", "1E+15"},

@@ -117,7 +117,7 @@ std::shared_ptr<RowSet> ChildReader::rowsOf(RowId parent) {
   return rows;
 }
 
-bool ChildReader::areAllKept() {
+bool ChildReader::readAllOfFew() {
   if (parents_->hasMore() || parents_->fetched() > mostKept) return false;
   for (RowId parent = 0; parent < parents_->fetched(); ++parent)
     if (rowsOf(parent)->hasMore()) return false;

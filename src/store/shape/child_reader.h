@@ -25,8 +25,8 @@ class ChildReader {
   // In the command's order; none for a parent with a null in its fields.
   std::shared_ptr<RowSet> rowsOf(RowId parent);
 
-  // Whether there are so few of them that all are read and kept now.
-  bool areAllKept();
+  // Reads and keeps all of them where there are few. False where there are more.
+  bool readAllOfFew();
 
  private:
   ChildReader(std::shared_ptr<const ResultSource> children, const std::vector<int>& fields,

@@ -54,10 +54,10 @@ std::shared_ptr<const Node> openNode(const std::shared_ptr<ResultSource>& source
   return node;
 }
 
-// Whether all of it is read.
-bool isWhole(const Node& node) {
+// Reads all of a hierarchy where that is little. False where it is more.
+bool readWhole(const Node& node) {
   return !node.rows->hasMore() && std::ranges::all_of(node.chapters, [](const Chapter& chapter) {
-    return chapter.reader != nullptr ? chapter.reader->areAllKept() : isWhole(*chapter.child);
+    return chapter.reader != nullptr ? chapter.reader->readAllOfFew() : readWhole(*chapter.child);
   });
 }
 
@@ -86,7 +86,7 @@ std::shared_ptr<const Node> openHierarchy(const std::shared_ptr<Connection::Impl
   // What an open transaction has written is seen by its own connection alone; there everything is read at once.
   const std::shared_ptr<Connection::Impl> reading = connection->transaction == 0 ? connection->snapshot() : connection;
   std::shared_ptr<const Node> node = openNode(describe(reading, command), command);
-  if (reading != connection && isWhole(*node)) reading->run("COMMIT");  // the log may be emptied
+  if (reading != connection && readWhole(*node)) reading->run("COMMIT");  // the log may be emptied
   return node;
 }
 

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -86,28 +87,11 @@ bool anyNull(int count, sqlite3_value** values) {
   return false;
 }
 
-// Most texts are short, and a list has two of them in every row.
-class JoinedText {
- public:
-  void add(std::string_view text) {
-    if (long_.empty() && size_ + text.size() <= short_.size()) {
-      std::ranges::copy(text, short_.begin() + size_);
-      size_ += text.size();
-      return;
-    }
-    if (long_.empty()) long_ = std::string(short_.begin(), size_);
-    long_ += text;
-  }
-  std::string_view text() const { return long_.empty() ? std::string_view(short_.begin(), size_) : long_; }
-
- private:
-  std::array<char, 256> short_;
-  std::size_t size_ = 0;
-  std::string long_;
-};
-
 void concat(sqlite3_context* context, int count, sqlite3_value** values) {
-  JoinedText joined;
+  std::array<char, 256> usual;  // most texts are short, and a list has two of them in every row
+  std::pmr::monotonic_buffer_resource memory(usual.data(), usual.size());
+  std::pmr::string joined(&memory);
+  joined.reserve(usual.size() / 2);
   std::array<char, 16> place;
   bool any = false;
   for (int i = 0; i < count; ++i) {
@@ -116,14 +100,14 @@ void concat(sqlite3_context* context, int count, sqlite3_value** values) {
     if (type == SQLITE_NULL) continue;
     any = true;
     if (type == SQLITE_TEXT) {
-      joined.add(textIn(value));
+      joined += textIn(value);
     } else if (const std::string_view whole = shortWhole(value, place); !whole.empty()) {
-      joined.add(whole);
+      joined += whole;
     } else {
-      joined.add(numberAsText(value));
+      joined += numberAsText(value);
     }
   }
-  if (any) resultText(context, joined.text());
+  if (any) resultText(context, joined);
 }
 
 // Null gives "", as Format does of nothing.
