@@ -8,7 +8,6 @@
 #include <cmath>
 #include <limits>
 #include <memory>
-#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -88,10 +87,8 @@ bool anyNull(int count, sqlite3_value** values) {
 }
 
 void concat(sqlite3_context* context, int count, sqlite3_value** values) {
-  std::array<char, 256> usual;  // most texts are short, and a list has two of them in every row
-  std::pmr::monotonic_buffer_resource memory(usual.data(), usual.size());
-  std::pmr::string joined(&memory);
-  joined.reserve(usual.size() / 2);
+  thread_local std::string joined;  // keeps its room: a list has two such texts in every row
+  joined.clear();
   std::array<char, 16> place;
   bool any = false;
   for (int i = 0; i < count; ++i) {
