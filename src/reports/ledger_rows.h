@@ -49,12 +49,8 @@ struct LedgerChoice {
   int fyid = 0;
   std::optional<frame::ReportPeriod> period = {};  // nothing: the whole year
   LedgerLines lines = LedgerLines::Filled;
-  std::optional<std::int64_t> documents = {};  // documentsOf() the period, where it is known
   bool evenly = false;  // no wait in the middle of a long ledger, though its last line comes later
 };
-
-// The number of documents of a year, or of its days in a period. Throws StoreError.
-std::int64_t documentsOf(store::Connection& connection, int fyid, const std::optional<frame::ReportPeriod>& period);
 
 // Lines of an account.
 struct LedgerLengths {

@@ -102,8 +102,7 @@ LedgersData::LedgersData(const store::Connection& books, LedgersChoice choice)
     : books_(books.snapshot()),
       choice_(std::move(choice)),
       accounts_(books_, accountsStatement(choice_.fyid, choice_.selection, choice_.openingBefore),
-                store::LockType::ReadOnly),
-      documents_(documentsOf(books_, choice_.fyid, choice_.period)) {}
+                store::LockType::ReadOnly) {}
 
 std::unique_ptr<printing::ReportRows> LedgersData::rows() const {
   return std::make_unique<Accounts>(accounts_.clone(), [this](std::int64_t account) {
@@ -112,7 +111,6 @@ std::unique_ptr<printing::ReportRows> LedgersData::rows() const {
                        .fyid = choice_.fyid,
                        .period = choice_.period,
                        .lines = LedgerLines::EmptyToo,
-                       .documents = documents_,
                        .evenly = true},
                       0, choice_.lengths);
   });

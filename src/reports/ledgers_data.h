@@ -32,7 +32,6 @@ class LedgersData : public printing::ReportData {
   mutable store::Connection books_;
   LedgersChoice choice_;
   store::Recordset accounts_;
-  std::int64_t documents_ = 0;  // of the days that are printed
 };
 
 }  // namespace velmo::reports

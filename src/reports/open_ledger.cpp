@@ -1,5 +1,6 @@
 #include "reports/ledger_rows.h"
 #include "reports/ledger_statements.h"
+#include "store/forward_reader.h"
 
 namespace velmo::reports {
 namespace {
@@ -24,9 +25,7 @@ class LedgerOpener {
     const std::string ofAccount = "SubTransactions WHERE AccCode = " + std::to_string(choice_.account);
     const std::int64_t lines = countOf(connection_, "AccCode", ofAccount);
     if (lines <= lengths_.few) return whole(LedgerWalk::OfAccount, broughtForward);
-    const std::int64_t documents =
-        choice_.documents ? *choice_.documents : documentsOf(connection_, choice_.fyid, choice_.period);
-    if (isQuickerByDay(lines, documents)) return whole(LedgerWalk::OfDays, broughtForward);
+    if (isQuickerByDay(lines)) return whole(LedgerWalk::OfDays, broughtForward);
     if (lines <= lengths_.shortWait) return whole(LedgerWalk::OfAccount, broughtForward);
     if (choice_.evenly) return whole(LedgerWalk::OfDays, broughtForward);
     return inTwo(lines, broughtForward);
@@ -34,8 +33,17 @@ class LedgerOpener {
 
  private:
   // Or hardly slower, where the lines are too many to be sorted while somebody waits.
-  bool isQuickerByDay(std::int64_t lines, std::int64_t documents) const {
-    return lines >= (lines > lengths_.longWait ? documents / 2 : documents * 2);
+  bool isQuickerByDay(std::int64_t lines) const {
+    return !hasMoreDocuments(lines > lengths_.longWait ? lines * 2 : lines / 2);
+  }
+
+  // Counts no further than it must.
+  bool hasMoreDocuments(std::int64_t number) const {
+    store::ForwardReader documents(connection_, "SELECT FYID FROM Transactions WHERE " + filterOf(choice_.period) +
+                                                    "FYID = " + std::to_string(choice_.fyid));
+    while (documents.next())
+      if (--number < 0) return true;
+    return false;
   }
 
   std::shared_ptr<LedgerRows> whole(LedgerWalk walk, double broughtForward) {
@@ -90,10 +98,6 @@ class LedgerOpener {
 };
 
 }  // namespace
-
-std::int64_t documentsOf(store::Connection& connection, int fyid, const std::optional<ReportPeriod>& period) {
-  return countOf(connection, "FYID", "Transactions WHERE " + filterOf(period) + "FYID = " + std::to_string(fyid));
-}
 
 std::shared_ptr<LedgerRows> openLedger(store::Connection& connection, const LedgerChoice& choice, double broughtForward,
                                        const LedgerLengths& lengths) {
