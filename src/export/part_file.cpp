@@ -7,6 +7,9 @@
 #include <cstring>
 #include <utility>
 
+#include "store/file_check.h"
+#include "store/work_file.h"
+
 namespace velmo::spreadsheet {
 namespace {
 
@@ -28,6 +31,10 @@ std::string sentenceFor(int error, const std::filesystem::path& folder) {
     default:
       return "Nothing can be written in the folder " + inQuotes(folder) + ": " + std::strerror(error) + ".";
   }
+}
+
+std::string companyFile(const std::filesystem::path& place) {
+  return inQuotes(place) + " is a company's file. Give another name.";
 }
 
 // Gives what was written of a file, or the names in a folder, to the disk; 0 or what went wrong.
@@ -62,9 +69,10 @@ tl::expected<PartFile, std::string> PartFile::beside(const std::filesystem::path
     return tl::unexpected(inQuotes(place) + " is a folder. Give another name.");
   if (std::filesystem::exists(place, unknown) && ::access(place.c_str(), W_OK) != 0)
     return tl::unexpected("The file " + inQuotes(place) + " cannot be replaced. Give another name.");
-  const std::filesystem::path path =
-      folder / ("." + place.filename().string() + "." + std::to_string(::getpid()) + ".part");
-  const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666);
+  if (store::isDatabaseFile(place)) return tl::unexpected(companyFile(place));
+  store::clearAbandonedWork(folder, place.filename().string());
+  const std::filesystem::path path = store::workPath(place, "part");
+  const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0666);
   if (descriptor < 0) return tl::unexpected(sentenceFor(errno, folder));
   ::close(descriptor);
   return PartFile(path, place);
@@ -73,6 +81,7 @@ tl::expected<PartFile, std::string> PartFile::beside(const std::filesystem::path
 tl::expected<void, std::string> PartFile::moveToPlace() {
   const std::filesystem::path folder = path_.parent_path();
   if (const int error = makeDurable(path_)) return tl::unexpected(sentenceFor(error, folder));
+  if (store::isDatabaseFile(place_)) return tl::unexpected(companyFile(place_));
   if (::rename(path_.c_str(), place_.c_str()) != 0) return tl::unexpected(sentenceFor(errno, folder));
   path_.clear();
   makeDurable(folder);  // some file systems cannot; the file is whole either way

@@ -4,6 +4,7 @@
 
 #include "export/ods_reader.h"
 #include "export/xlsx_reader.h"
+#include "store/open_database.h"
 
 namespace velmo::spreadsheet {
 namespace {
@@ -33,6 +34,8 @@ void openForReading(QFile& file) {
 FileKind kindOf(const std::filesystem::path& path) {
   QFile file(QString::fromStdString(path.string()));
   if (std::filesystem::is_directory(path)) throw ReadFailure("A folder was chosen. Choose a file in it.");
+  if (store::isOpenDatabase(path))
+    throw ReadFailure("This is the company's own file, which is open. Choose a spreadsheet or a text file.");
   openForReading(file);
   if (file.size() == 0) throw ReadFailure("The file is empty.");
   const QByteArray head = file.peek(512);

@@ -12,8 +12,10 @@ class WholeFile : public QSaveFile {
   // The path is UTF-8.
   explicit WholeFile(const std::string& path) : QSaveFile(QString::fromStdString(path)) {}
 
+  // Refused where the company's file, its log or a copy of it stands.
+  bool open(OpenMode mode) override;
   // Nothing was lost so far.
-  bool isSound() const { return !cut_ && error() == NoError; }
+  bool isSound() const { return !refused_ && !cut_ && error() == NoError; }
   // Gives the file its name. False, and no file, when some of it is missing; an older file of that name stays then.
   bool finish();
   // Why opening, writing or finishing failed, to stand within a sentence.
@@ -23,6 +25,9 @@ class WholeFile : public QSaveFile {
   qint64 writeData(const char* data, qint64 size) override;
 
  private:
+  bool refuses();
+
+  bool refused_ = false;
   bool cut_ = false;
 };
 

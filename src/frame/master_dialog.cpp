@@ -1,5 +1,6 @@
 #include "frame/master_dialog.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTableView>
 
 #include "frame/grid_editor.h"
 #include "frame/own_fields.h"

@@ -4,6 +4,8 @@
 #include <numeric>
 #include <stdexcept>
 
+#include "store/open_database.h"
+
 namespace velmo::printing {
 
 namespace {
@@ -65,6 +67,7 @@ Letterhead letterheadOf(const session::LoginContext& context) {
 
 QImage companyLogo() {
   constexpr int MostPixels = 1600;
+  if (store::isOpenDatabase(LogoFile)) return {};
   QImageReader reader(QString::fromLatin1(LogoFile));
   reader.setAutoTransform(true);
   const QSize size = reader.size();

@@ -11,6 +11,8 @@
 #include "store/connection_string.h"
 #include "store/error.h"
 #include "store/file_identity.h"
+#include "store/upgrade.h"
+#include "store/work_file.h"
 
 namespace velmo::schema {
 namespace {
@@ -55,7 +57,8 @@ std::filesystem::path programFolder() {
   const std::filesystem::path current = std::filesystem::current_path(error);
   if (!error && std::filesystem::is_directory(current / dataFolder, error)) return current;
   const std::filesystem::path folder = userDataFolder() / "velmo";
-  std::filesystem::create_directories(folder, error);
+  const bool made = std::filesystem::create_directories(folder, error);
+  if (!error && made) std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
   if (error)
     throw store::StoreError(store::ErrorKind::Missing,
                             "The folder " + folder.string() + " cannot be made: " + error.message() + ".");
@@ -64,13 +67,14 @@ std::filesystem::path programFolder() {
 
 void prepareCompanyFile(const std::string& connectionString, const text::DateTime& now) {
   const store::ConnectionString target = store::parseConnectionString(connectionString);
+  store::clearAbandonedWork(store::folderOf(target.dataSource), target.dataSource.filename().string());
   std::error_code error;
-  if (!std::filesystem::exists(std::filesystem::symlink_status(target.dataSource, error))) {
-    store::createDatabaseFile(target.dataSource, companyCatalog(), target.password, schemaVersion,
-                              [&now](store::Connection& connection) { writeFirstRows(connection, now); });
+  // Another program may make the file or bring it up to date at the same moment: what comes first is opened by both.
+  if (!std::filesystem::exists(std::filesystem::symlink_status(target.dataSource, error)) &&
+      store::createDatabaseFile(target.dataSource, companyCatalog(), target.password, schemaVersion,
+                                [&now](store::Connection& connection) { writeFirstRows(connection, now); }))
     return;
-  }
-  store::upgradeDatabaseFile(target.dataSource, companyCatalog(), upgrades());
+  store::upgradeDatabaseFile(target.dataSource, companyCatalog(), target.password, upgrades());
   store::Connection connection(companyCatalog(), schemaVersion);
   connection.open(connectionString);
   store::mendKeptTotals(connection);

@@ -19,8 +19,9 @@ std::string connectionStringFor(const std::filesystem::path& file);
 std::filesystem::path programFolder();
 
 // Makes the file that the connection string names when it is missing, with the schema and the first rows of an empty
-// company whose financial year holds `today`; upgrades an older file on a verified copy; sets kept totals right. Leaves any other file as it
-// is. Throws store::StoreError with a sentence for the user.
+// company whose financial year holds `now`; upgrades an older file and keeps a verified copy of what it was; sets kept
+// totals right; clears what dead programs left beside it. Several programs may do so at once. Leaves any other file as
+// it is. Throws store::StoreError with a sentence for the user.
 void prepareCompanyFile(const std::string& connectionString, const text::DateTime& now);
 
 }  // namespace velmo::schema

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "store/file_identity.h"
+#include "store/upgrade.h"
 
 namespace velmo::schema {
 

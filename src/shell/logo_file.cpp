@@ -4,6 +4,7 @@
 #include <QImageReader>
 
 #include "forms/whole_file.h"
+#include "store/open_database.h"
 
 namespace velmo::shell {
 namespace {
@@ -11,6 +12,7 @@ namespace {
 constexpr qint64 largestFile = 64 * 1024 * 1024;
 
 QImage pictureIn(const QString& file, const QSize& largest) {
+  if (store::isOpenDatabase(file.toStdString())) return {};
   QImageReader reader(file);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
@@ -38,6 +40,8 @@ QPixmap logoPicture(const QSize& largest) {
 std::string replaceLogo(const std::filesystem::path& chosen) {
   constexpr QSize asOnPaper(1600, 1600);
   const QString name = QString::fromStdString(chosen.string());
+  if (store::isOpenDatabase(chosen))
+    return "The file " + named(name) + " is the company's own file. The logo was not changed; choose a .jpg picture.";
   QFile source(name);
   if (!source.open(QIODevice::ReadOnly))
     return "The file " + named(name) + " cannot be read (" + source.errorString().toStdString() +

@@ -13,6 +13,7 @@
 
 #include "store/connection_impl.h"
 #include "store/connection_string.h"
+#include "store/open_database.h"
 #include "store/recordset.h"
 #include "store/sqlite_error.h"
 #include "store/table_sql.h"
@@ -25,7 +26,9 @@ namespace fs = std::filesystem;
 
 constexpr int pagesAtOnce = 256;                 // 1 MB between two looks at the screen
 constexpr int stepsBetweenRepaints = 2'000'000;  // of the database's machine, some hundredths of a second
-constexpr int patience = 2000;                   // milliseconds that a lock of another program is waited for
+constexpr const char* formerNames =
+    "KORD Back-Up (";           // of back-ups whose work files may lie there from earlier versions
+constexpr int patience = 2000;  // milliseconds that a lock of another program is waited for
 
 // What the copy is held against.
 struct Evidence {
@@ -37,6 +40,9 @@ void requireOtherFile(const fs::path& source, const fs::path& destination) {
   std::error_code absent;
   if (fs::is_directory(destination, absent))
     throw StoreError(ErrorKind::Misuse, "\"" + destination.string() + "\" is a folder. Choose a name for the file.");
+  if (isOpenDatabase(destination))
+    throw StoreError(ErrorKind::Misuse, "\"" + destination.string() +
+                                            "\" is the company's own file. Choose another name for the back-up.");
   for (const char* part : {"", "-wal", "-shm", "-journal"}) {
     const fs::path own = source.string() + part;
     if (fs::equivalent(own, destination, absent) ||
@@ -196,11 +202,11 @@ void verify(const Catalog& catalog, const BackUpRequest& request, const Evidence
 
 BackUpResult makeCopy(const Catalog& catalog, const BackUpRequest& request, const ConnectionString& destination) {
   const fs::path& file = destination.dataSource;
-  const std::string mark = "." + std::to_string(::getpid());
-  const WorkFile compacted(file, mark + ".part");
+  clearAbandonedWork(folderOf(file), formerNames);
+  const WorkFile compacted(file, "part");
   Evidence evidence;
   {
-    const WorkFile copy(file, mark + ".copy");
+    const WorkFile copy(file, "copy");
     evidence = copySource(catalog, request, copy.path, file);
     compact(request, copy.path, compacted.path, file);
   }

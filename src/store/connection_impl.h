@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "store/connection.h"
+#include "store/open_database.h"
 #include "store/sql/compile.h"
 #include "store/statement_cache.h"
 #include "store/table_changes.h"
@@ -48,6 +49,9 @@ struct Connection::Impl {
 
   void open(const std::filesystem::path& path, std::string_view password);
   void attach(const std::filesystem::path& path, int openFlags);  // without the checks of open()
+  // Takes the log into the file and lets it be written without one, which SQLite refuses while any other connection
+  // has it open: false then, and nothing has changed. The next attach() brings the log back.
+  bool leaveLog();
   // The same file as it is now, for as long as somebody reads there, whatever is written to it. Cannot write.
   std::shared_ptr<Impl> snapshot() const;
   void close() noexcept;
@@ -62,7 +66,15 @@ struct Connection::Impl {
   std::int64_t write(std::string_view sql, const std::vector<Value>& parameters);
   std::int64_t write(PreparedStatement& statement);  // the same, with its values bound
 
-  void begin();
+  void stamp(int version);  // writes whose file it is and the version of its schema into it
+
+  enum class Lock {
+    Writing,  // others go on reading
+    Sole      // without a log, others wait
+  };
+  // Throws StoreError, and nothing is open then, when the file is not in its place any more or has become one of a
+  // newer version: an older program must not go on writing into a newer schema.
+  void begin(Lock lock = Lock::Writing);
   void commit();
   void rollback() noexcept;
   // Takes back what the open transaction has written. It goes on without being able to write or to commit.
@@ -79,6 +91,8 @@ struct Connection::Impl {
   int newestSchemaVersion;
   sqlite3* database = nullptr;
   std::string fileName;
+  std::unique_ptr<OpenDatabase> file;
+  int schemaVersion = 0;  // of the file when it was opened
   std::shared_ptr<StatementCache> statements;
   TableChanges changes;
   std::vector<std::shared_ptr<const InsertionPlan>> insertionPlans;  // of the latest rows that were added
@@ -86,6 +100,14 @@ struct Connection::Impl {
   std::int64_t transactionsBegun = 0;
 
  private:
+  void connect(const std::filesystem::path& path, int openFlags);
+  void prepareForWork();
+  std::int64_t number(const char* pragma);
+  // Why nothing may be written; to be asked in a transaction, in which nobody changes the version.
+  std::optional<StoreError> refusalToWrite();
+  void requireInPlace() const;
+  std::int64_t run(PreparedStatement& statement);
+
   struct Shape {
     std::string key;
     std::shared_ptr<const sql::CompiledStatement> compiled;

@@ -2,13 +2,10 @@
 
 #include <fcntl.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <QCryptographicHash>
 #include <QMessageAuthenticationCode>
 #include <QRandomGenerator>
-#include <cerrno>
-#include <cstdio>
 
 #include "store/connection_impl.h"
 #include "store/kept_totals.h"
@@ -58,31 +55,12 @@ class OwnStatement {
   sqlite3_stmt* handle = nullptr;
 };
 
-// Whole numbers of one-value pragmas.
-std::int64_t pragmaNumber(sqlite3* database, const char* sql) {
-  const OwnStatement statement(database, sql);
-  return sqlite3_step(statement.handle) == SQLITE_ROW ? sqlite3_column_int64(statement.handle, 0) : 0;
-}
-
-void requireSound(sqlite3* database, const fs::path& file) {
-  const OwnStatement check(database, "PRAGMA integrity_check(1)");
-  const bool row = sqlite3_step(check.handle) == SQLITE_ROW;
-  const auto* verdict = row ? reinterpret_cast<const char*>(sqlite3_column_text(check.handle, 0)) : nullptr;
-  if (verdict == nullptr || std::string_view(verdict) != "ok") {
-    throw StoreError(ErrorKind::Damaged, "The file \"" + file.string() +
-                                             "\" is damaged. It was not changed. Restore it from a back-up copy.");
-  }
-  const OwnStatement relations(database, "PRAGMA foreign_key_check");
-  if (sqlite3_step(relations.handle) == SQLITE_ROW) {
-    throw StoreError(ErrorKind::Damaged, "The file \"" + file.string() +
-                                             "\" holds records that refer to others which are not there. It was not "
-                                             "changed. Restore it from a back-up copy.");
-  }
-}
-
-void stamp(Connection::Impl& connection, int schemaVersion) {
-  connection.run(("PRAGMA user_version = " + std::to_string(schemaVersion)).c_str());
-  connection.run(("PRAGMA application_id = " + std::to_string(applicationId)).c_str());
+// What the user keeps there is nobody else's business; a folder that is there already stays as its owner made it.
+void makeFolder(const fs::path& folder) {
+  std::error_code failed;
+  const bool made = fs::create_directories(folder, failed);
+  if (!failed && made) fs::permissions(folder, fs::perms::owner_all, failed);
+  if (failed) throw cannotMake(folder, failed.message());
 }
 
 void makeTables(Connection::Impl& connection) {
@@ -91,27 +69,6 @@ void makeTables(Connection::Impl& connection) {
     for (const std::string& index : createIndexSql(table)) connection.run(index.c_str());
   }
   for (const KeptTotals& kept : connection.catalog.keptTotals()) makeKeptTotals(connection.database, kept);
-}
-
-void copyDatabase(const fs::path& from, const fs::path& to) {
-  sqlite3* source = nullptr;
-  sqlite3* target = nullptr;
-  int code = sqlite3_open_v2(from.c_str(), &source, SQLITE_OPEN_READWRITE, nullptr);
-  if (code == SQLITE_OK) code = sqlite3_open_v2(to.c_str(), &target, SQLITE_OPEN_READWRITE, nullptr);
-  if (code == SQLITE_OK) {
-    sqlite3_busy_timeout(source, 2000);
-    // What the log still holds belongs into the file, which is kept by its name alone.
-    code = sqlite3_wal_checkpoint_v2(source, nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
-  }
-  if (code == SQLITE_OK) {
-    sqlite3_backup* backup = sqlite3_backup_init(target, "main", source, "main");
-    if (backup != nullptr) sqlite3_backup_step(backup, -1);
-    code = backup != nullptr ? sqlite3_backup_finish(backup) : sqlite3_errcode(target);
-  }
-  const StoreError failure = sqliteError(nullptr, code, from.string());
-  sqlite3_close(source);
-  sqlite3_close(target);
-  if (code != SQLITE_OK) throw failure;
 }
 
 }  // namespace
@@ -135,6 +92,7 @@ void writePassword(sqlite3* database, std::string_view password) {
 bool passwordFits(sqlite3* database, std::string_view password) {
   const OwnStatement read(database, "SELECT Salt, Verifier, Rounds FROM StoreIdentity");
   const int result = sqlite3_step(read.handle);
+  if (result == SQLITE_DONE) throw StoreError(ErrorKind::Damaged, "The company file has lost its password.");
   if (result != SQLITE_ROW) throw sqliteError(database, result, "the company file");
   auto bytes = [&](int column) {
     const auto* data = static_cast<const char*>(sqlite3_column_blob(read.handle, column));
@@ -148,12 +106,10 @@ bool passwordFits(sqlite3* database, std::string_view password) {
   return rounds > 0 && rounds <= mostRounds && derived(password, salt, rounds) == verifier;
 }
 
-void createDatabaseFile(const fs::path& file, const Catalog& catalog, std::string_view password, int schemaVersion,
+bool createDatabaseFile(const fs::path& file, const Catalog& catalog, std::string_view password, int schemaVersion,
                         const std::function<void(Connection&)>& fill) {
-  std::error_code failed;
-  fs::create_directories(folderOf(file), failed);
-  if (failed) throw cannotMake(file, failed.message());
-  const WorkFile work(file, ".new");
+  makeFolder(folderOf(file));
+  const WorkFile work(file, "new");
   {
     Connection connection(catalog);
     Connection::Impl& impl = *connection.impl();
@@ -162,46 +118,14 @@ void createDatabaseFile(const fs::path& file, const Catalog& catalog, std::strin
     impl.begin();
     makeTables(impl);
     writePassword(impl.database, password);
-    stamp(impl, schemaVersion);
+    impl.stamp(schemaVersion);
     impl.commit();
     if (fill) fill(connection);
   }
   syncToDisk(work.path, O_RDWR);
-  // A hard link, unlike a rename, never replaces a file that came into being meanwhile.
-  if (::link(work.path.c_str(), file.c_str()) != 0) throw cannotMake(file, errno);
+  if (!takeNewName(work.path, file)) return false;
   syncToDisk(folderOf(file), O_RDONLY | O_DIRECTORY);
-}
-
-void upgradeDatabaseFile(const fs::path& file, const Catalog& catalog, const std::vector<UpgradeStep>& steps) {
-  const int oldVersion = schemaVersionOf(file);
-  if (steps.empty() || steps.back().version <= oldVersion) return;
-  const int newVersion = steps.back().version;
-  const WorkFile work(file, ".upgrade");
-  copyDatabase(file, work.path);
-  {
-    Connection connection(catalog);
-    Connection::Impl& impl = *connection.impl();
-    impl.attach(work.path, SQLITE_OPEN_READWRITE);
-    requireSound(impl.database, file);
-    impl.run("PRAGMA foreign_keys = OFF");  // tables may be rebuilt; the check below stands for it
-    Connection::Transaction transaction(connection);
-    for (const UpgradeStep& step : steps) {
-      if (step.version > oldVersion) step.run(connection);
-    }
-    stamp(impl, newVersion);
-    transaction.commit();
-    requireSound(impl.database, work.path);
-    if (pragmaNumber(impl.database, "PRAGMA user_version") != newVersion) {
-      throw cannotMake(file, "the upgrade did not take hold");
-    }
-  }
-  syncToDisk(work.path, O_RDWR);
-  const fs::path kept = file.string() + " before version " + std::to_string(newVersion);
-  std::error_code absent;
-  fs::remove(kept, absent);
-  if (::link(file.c_str(), kept.c_str()) != 0) throw cannotMake(kept, errno);
-  if (::rename(work.path.c_str(), file.c_str()) != 0) throw cannotMake(file, errno);
-  syncToDisk(folderOf(file), O_RDONLY | O_DIRECTORY);
+  return true;
 }
 
 void mendKeptTotals(Connection& connection) {

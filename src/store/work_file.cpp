@@ -4,14 +4,17 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
+#include <stdexcept>
+
+#include "store/open_database.h"
 
 namespace velmo::store {
 
 namespace fs = std::filesystem;
 
-WorkFile::WorkFile(const fs::path& file, const std::string& suffix) : path(file.string() + suffix) {
-  removeAll();
+WorkFile::WorkFile(const fs::path& file, std::string_view kind) : path(workPath(file, kind)) {
   const int descriptor = ::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600);
   if (descriptor < 0) throw cannotMake(file, errno);
   ::close(descriptor);
@@ -26,11 +29,21 @@ void WorkFile::removeAll() const noexcept {
   for (const char* part : {"", "-wal", "-shm", "-journal"}) fs::remove(path.string() + part, absent);
 }
 
+bool takeNewName(const fs::path& workFile, const fs::path& file) {
+  if (::renameat2(AT_FDCWD, workFile.c_str(), AT_FDCWD, file.c_str(), RENAME_NOREPLACE) == 0) return true;
+  // Where the file system has no such renaming, a second name does not replace a file either.
+  const bool unknown = errno == EINVAL || errno == ENOSYS;
+  if (unknown && ::link(workFile.c_str(), file.c_str()) == 0) return true;
+  if (errno == EEXIST) return false;
+  throw cannotMake(file, errno);
+}
+
 fs::path folderOf(const fs::path& file) {
   return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
 
 void syncToDisk(const fs::path& path, int flags) {
+  if (isOpenDatabase(path)) throw std::logic_error(path.string() + " is open in a connection");
   const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC);
   if (descriptor < 0) throw cannotMake(path, errno);
   const int reason = ::fsync(descriptor) == 0 ? 0 : errno;

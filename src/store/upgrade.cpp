@@ -1,0 +1,150 @@
+#include "store/upgrade.h"
+
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <memory>
+#include <random>
+
+#include "store/connection_impl.h"
+#include "store/file_check.h"
+#include "store/file_identity.h"
+#include "store/sqlite_error.h"
+#include "store/work_file.h"
+
+namespace velmo::store {
+namespace {
+
+namespace fs = std::filesystem;
+using Database = std::unique_ptr<sqlite3, decltype(&sqlite3_close)>;
+using Statement = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
+
+constexpr std::chrono::seconds patience(6);  // with somebody who may be upgrading the file himself
+
+StoreError inUse(const fs::path& file) {
+  return {ErrorKind::Busy, "The file \"" + file.string() +
+                               "\" has to be brought up to date for this version of the program, and another program "
+                               "has it open. Nothing was changed. Close that program and start this one again."};
+}
+
+// The first value of the first row; `database` may be in the midst of a transaction.
+std::string answerOf(sqlite3* database, const char* sql, const fs::path& file) {
+  sqlite3_stmt* prepared = nullptr;
+  int code = sqlite3_prepare_v2(database, sql, -1, &prepared, nullptr);
+  const Statement statement(prepared, sqlite3_finalize);
+  if (code == SQLITE_OK) code = sqlite3_step(prepared);
+  if (code == SQLITE_DONE) return {};
+  if (code != SQLITE_ROW) throw sqliteError(database, code, file.string());
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(prepared, 0));
+  return text == nullptr ? "" : text;
+}
+
+void requireSound(sqlite3* database, const fs::path& file) {
+  if (answerOf(database, "PRAGMA integrity_check(1)", file) != "ok") throw damagedFile(file);
+  if (!answerOf(database, "PRAGMA foreign_key_check", file).empty()) {
+    throw StoreError(ErrorKind::Damaged, "The file \"" + file.string() +
+                                             "\" holds records that refer to others which are not there. It was not "
+                                             "changed. Restore it from a back-up copy.");
+  }
+}
+
+// Of one moment, sound, and on the disk.
+void copyFile(Connection::Impl& from, const fs::path& to) {
+  sqlite3* opened = nullptr;
+  int code = sqlite3_open_v2(to.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+  Database target(opened, sqlite3_close);
+  sqlite3_backup* copying =
+      code == SQLITE_OK ? sqlite3_backup_init(target.get(), "main", from.database, "main") : nullptr;
+  if (copying != nullptr) {
+    code = sqlite3_backup_step(copying, -1);
+    sqlite3_backup_finish(copying);
+  } else if (code == SQLITE_OK) {
+    code = sqlite3_errcode(target.get());
+  }
+  if (code != SQLITE_DONE) throw sqliteError(nullptr, code, from.fileName);
+  requireSound(target.get(), from.fileName);
+  target.reset();
+  syncToDisk(to, O_RDWR);
+}
+
+void keepCopy(const fs::path& copy, const fs::path& kept) {
+  if (::rename(copy.c_str(), kept.c_str()) != 0) throw cannotMake(kept, errno);
+  syncToDisk(folderOf(kept), O_RDONLY | O_DIRECTORY);
+}
+
+// Nobody wrote since the copy was made, and nobody has brought the log back.
+bool isAsCopied(Connection::Impl& impl, const std::string& dataVersion) {
+  return answerOf(impl.database, "PRAGMA data_version", impl.fileName) == dataVersion &&
+         answerOf(impl.database, "PRAGMA journal_mode", impl.fileName) == "delete";
+}
+
+void takeSteps(Connection& connection, const std::vector<UpgradeStep>& steps) {
+  Connection::Impl& impl = *connection.impl();
+  const int before = impl.schemaVersion;
+  for (const UpgradeStep& step : steps) {
+    if (step.version > before) step.run(connection);
+  }
+  impl.stamp(steps.back().version);
+  requireSound(impl.database, impl.fileName);
+}
+
+// False when somebody else has the file open. The connection is at work without a log.
+bool upgradeAlone(Connection& connection, const fs::path& file, const std::vector<UpgradeStep>& steps) {
+  Connection::Impl& impl = *connection.impl();
+  const WorkFile copy(file, "copy");
+  const std::string dataVersion = answerOf(impl.database, "PRAGMA data_version", file);
+  copyFile(impl, copy.path);
+  impl.run("PRAGMA foreign_keys = OFF");  // tables may be rebuilt; the check at the end stands for it
+  impl.begin(Connection::Impl::Lock::Sole);
+  try {
+    const bool alone = isAsCopied(impl, dataVersion);
+    if (alone) {
+      takeSteps(connection, steps);
+      keepCopy(copy.path, file.string() + " before version " + std::to_string(steps.back().version));
+      impl.commit();
+    } else {
+      impl.rollback();
+    }
+    return alone;
+  } catch (...) {
+    impl.rollback();
+    throw;
+  }
+}
+
+// False when somebody else has the file open.
+bool upgradeOnce(const fs::path& file, const Catalog& catalog, std::string_view password,
+                 const std::vector<UpgradeStep>& steps) {
+  Connection connection(catalog);
+  try {
+    connection.impl()->open(file, password);
+    if (connection.impl()->schemaVersion >= steps.back().version) return true;
+    if (!connection.impl()->leaveLog()) return false;
+    const bool done = upgradeAlone(connection, file, steps);
+    connection.impl()->run("PRAGMA journal_mode = WAL");
+    return done;
+  } catch (const StoreError& failure) {
+    if (failure.kind() != ErrorKind::Busy) throw;
+    return false;
+  }
+}
+
+}  // namespace
+
+void upgradeDatabaseFile(const fs::path& file, const Catalog& catalog, std::string_view password,
+                         const std::vector<UpgradeStep>& steps) {
+  if (steps.empty()) return;
+  // Two that wait for each other in step would never find the file free.
+  std::minstd_rand random(static_cast<unsigned>(::getpid()));
+  const auto end = std::chrono::steady_clock::now() + patience;
+  while (!upgradeOnce(file, catalog, password, steps)) {
+    if (std::chrono::steady_clock::now() > end) throw inUse(file);
+    sqlite3_sleep(std::uniform_int_distribution(20, 200)(random));
+  }
+}
+
+}  // namespace velmo::store

@@ -1,0 +1,114 @@
+#include "attack/cashier.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+
+#include "documents/sale_invoice_type.h"
+#include "frame/compose_document.h"
+#include "schema/company_file.h"
+
+namespace velmo::attack {
+namespace {
+
+const text::DateTime saleTime = text::DateTime::fromCalendar(2026, 11, 22, 10, 30);
+
+frame::DocumentValues invoice(std::int64_t docNo, bool cancelled) {
+  frame::DocumentValues values;
+  values.DocNo = std::to_string(docNo);
+  values.TrDate = saleTime.date();
+  values.Cancel = cancelled;
+  values.PartyCodeTxt = "12001001";
+  values.PartyNameTxt = "A customer";
+  values.IncomeCode = "40001001";
+  values.IncomeAcc = "Sales";
+  values.LocationList = {.text = "Main", .id = 1, .matches = true};
+  return values;
+}
+
+}  // namespace
+
+Cashier::Cashier(int pipe, unsigned seed, Documents known)
+    : pipe_(pipe), random_(seed), known_(std::move(known)), context_(schema::companyCatalog()) {
+  context_.KORDconn.open(schema::plainConnectionString);
+  context_.FYID = 1;
+  context_.UserID = 1;
+  context_.stocklocationid = 1;
+  context_.currencyname = "Rupees";
+  tran_.open(context_.KORDconn, "SELECT * from transactions where trantype=32 and fyid = 1 order by docno",
+             store::LockType::Optimistic, store::Fetch::AsNeeded);
+}
+
+void Cashier::step() {
+  const int choice = between(0, 9);
+  if (choice < 6 || known_.empty()) return saveNew();
+  auto chosen = known_.begin();
+  std::advance(chosen, between(0, static_cast<int>(known_.size()) - 1));
+  tran_.moveFirst();
+  if (!tran_.find("docno=" + std::to_string(chosen->first))) std::abort();
+  if (choice < 9)
+    save(chosen->first, frame::HeaderWrite::Update);
+  else
+    remove(chosen->first);
+}
+
+void Cashier::saveNew() {
+  tran_.requery();
+  save(frame::nextDocNo(tran_), frame::HeaderWrite::Add);
+}
+
+void Cashier::tell(Report::Phase phase, std::int64_t docNo, const Expected& outcome) const {
+  const Report report{phase, docNo, outcome};
+  if (::write(pipe_, &report, sizeof report) != sizeof report) ::_exit(3);
+}
+
+void Cashier::save(std::int64_t docNo, frame::HeaderWrite mode) {
+  const Expected outcome{true, between(1, 12), 0, between(0, 9) == 0};
+  const std::int64_t tranNo = mode == frame::HeaderWrite::Add ? 0 : tran_.integer("tranno");
+  store::Recordset sheet;
+  frame::openSheet(context_.KORDconn, sheet, tranNo);
+  frame::DocumentValues values = invoice(docNo, outcome.cancelled);
+  Expected told = outcome;
+  fillLines(sheet, outcome.lines);
+  values.totals = frame::RecalculateTotals(
+      frame::sumLines(sheet),
+      {.Discount = "0.00", .Carriage = std::to_string(between(-3, 20)), .Received = between(0, 1) ? "1.00" : "0.00"},
+      frame::ReceivedRule::AsTyped, context_.currencyname);
+  told.netTotal = frame::figureOf(values.totals, frame::Figure::NetTotal);
+  auto document = frame::composeDocument(documents::saleInvoiceType(), values, context_, saleTime, sheet, mode);
+  if (!document) std::abort();
+  tell(Report::Phase::Begun, docNo, told);
+  frame::writeDocument(context_.KORDconn, *document, tran_, sheet);
+  tell(Report::Phase::Done, docNo, told);
+  known_[docNo] = told;
+}
+
+void Cashier::fillLines(store::Recordset& sheet, std::int64_t lines) {
+  for (std::int64_t row = 0; row < frame::sheetRows; ++row) {
+    const bool used = row < lines;
+    const double quantity = between(1, 9), rate = between(1000, 9999) / 100.0;
+    if (!used && store::isNull(sheet.valueAt(row, sheet.fieldIndex("itemcode")))) break;
+    sheet.moveTo(row);
+    if (!used) {
+      sheet.update({{"itemcode", store::Null{}}});
+      continue;
+    }
+    sheet.update({{"itemcode", std::string("Service")},
+                  {"itemname", std::string("Delivery of 'goods'")},
+                  {"stockout", quantity},
+                  {"rate", rate},
+                  {"grossamt", quantity * rate},
+                  {"discamt", 0.0},
+                  {"itemvalue", quantity * rate}});
+  }
+}
+
+void Cashier::remove(std::int64_t docNo) {
+  tell(Report::Phase::Begun, docNo, {});
+  tran_.remove();
+  tell(Report::Phase::Done, docNo, {});
+  known_.erase(docNo);
+  tran_.requery();
+}
+
+}  // namespace velmo::attack

@@ -1,0 +1,17 @@
+#pragma once
+
+namespace velmo::attack {
+
+// Within the folder of a company at risk.
+inline constexpr const char* companyFolder = "Uninstall";
+inline constexpr const char* companyFile = "Uninstall/Uninstall.MDB";
+inline constexpr const char* keptFolder = "kept";  // the company as it was before
+inline constexpr const char* backUpFolder = "copy";
+inline constexpr const char* backUpFile = "copy/back-up";
+
+inline constexpr int importedAccounts = 150;  // of one import, all named "Imported ..."
+
+void startProgram();  // as far as the company's file goes
+void backUp();
+
+}  // namespace velmo::attack
