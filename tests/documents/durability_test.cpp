@@ -10,8 +10,10 @@
 
 #include "documents/sale_invoice_type.h"
 #include "frame/compose_document.h"
+#include "frame/document_number.h"
 #include "store/kept_totals.h"
 #include "support/new_company.h"
+#include "whole_books.h"
 
 namespace velmo::documents {
 namespace {
@@ -191,36 +193,6 @@ class BooksAfterKill : public testing::Test {
     return found;
   }
 
-  static std::int64_t count(sqlite3* file, const char* statement) {
-    sqlite3_stmt* rows = nullptr;
-    EXPECT_EQ(SQLITE_OK, sqlite3_prepare_v2(file, statement, -1, &rows, nullptr)) << sqlite3_errmsg(file);
-    EXPECT_EQ(SQLITE_ROW, sqlite3_step(rows));
-    const std::int64_t result = sqlite3_column_int64(rows, 0);
-    sqlite3_finalize(rows);
-    return result;
-  }
-
-  // Rows that only a torn document could leave.
-  static void expectWholeBooks(sqlite3* file) {
-    EXPECT_EQ(0, count(file,
-                       "select count(*) from (select TranNo from SubTransactions group by TranNo having"
-                       " abs(total(Debit) - total(Credit)) > 0.005)"));
-    EXPECT_EQ(0, count(file,
-                       "select count(*) from Transactions t where TranType = 32 and not exists"
-                       " (select 1 from SubTransactions s where s.TranNo = t.TranNo)"));
-    EXPECT_EQ(
-        0, count(file,
-                 "select count(*) from Transactions t where TranType = 32 and (Cancel = 0) <>"
-                 " (select count(*) = 1 and total(TrAmount) = t.TrAmount from AgingDr a where a.TranNo = t.TranNo)"));
-    for (const char* table : {"SubTransactions", "StockFlow", "AgingDr"})
-      EXPECT_EQ(0, count(file, ("select count(*) from " + std::string(table) +
-                                " where TranNo not in (select TranNo from Transactions)")
-                                   .c_str()));
-    EXPECT_EQ(0, count(file,
-                       "select count(*) from (select TranNo from StockFlow group by TranNo"
-                       " having count(*) <> max(Serial) or count(distinct Serial) <> count(*))"));
-  }
-
   // Before the file is opened as usual, which sets them right.
   static void expectRightTotals() {
     sqlite3* file = nullptr;
@@ -257,7 +229,7 @@ class BooksAfterKill : public testing::Test {
       ++interrupted_;
     }
     EXPECT_EQ(known_, found);
-    expectWholeBooks(connection.handle());
+    test::expectWholeInvoices(connection.handle());
   }
 
   test::NewCompany company_;
@@ -273,7 +245,7 @@ TEST_F(BooksAfterKill, HoldEveryDocumentWholeOrNotAtAll) {
   }
   store::Connection connection(schema::companyCatalog());
   connection.open(schema::plainConnectionString);
-  EXPECT_EQ(1, count(connection.handle(), "select integrity_check = 'ok' from pragma_integrity_check limit 1"));
+  EXPECT_EQ(1, test::count(connection.handle(), "select integrity_check = 'ok' from pragma_integrity_check limit 1"));
   // Otherwise the instants missed the saves and the test has shown nothing.
   EXPECT_GT(interrupted_, kills / 4);
   EXPECT_GT(known_.size(), 20u);
