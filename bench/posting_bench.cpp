@@ -7,6 +7,7 @@
 
 #include "documents/sale_invoice_type.h"
 #include "frame/compose_document.h"
+#include "frame/document_number.h"
 #include "large_company_folder.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"

@@ -1,7 +1,5 @@
 #include "frame/compose_document.h"
 
-#include "text/number.h"
-
 namespace velmo::frame {
 
 namespace {
@@ -60,13 +58,6 @@ tl::expected<DocumentWrite, std::string> composeDocument(const DocumentType& typ
     if (!values.Cancel) document.aging = type.aging->row(values);
   }
   return document;
-}
-
-std::int64_t nextDocNo(store::Recordset& tran) {
-  if (tran.isEmpty()) return 1;
-  tran.setSort("docno asc");
-  tran.moveLast();
-  return tran.integer("docno") + 1;
 }
 
 }  // namespace velmo::frame

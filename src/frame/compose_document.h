@@ -19,7 +19,4 @@ tl::expected<DocumentWrite, std::string> composeDocument(const DocumentType& typ
 DocumentWrite composeHeader(const DocumentType& type, const DocumentValues& values,
                             const session::LoginContext& context, const text::DateTime& now, HeaderWrite mode);
 
-// The number of the next document: one above the highest of `tran`, which is left sorted by number and on its last row.
-std::int64_t nextDocNo(store::Recordset& tran);
-
 }  // namespace velmo::frame

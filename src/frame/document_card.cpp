@@ -22,6 +22,7 @@ DocumentCard::DocumentCard(const DocumentType& type, OwnFields& fields, QWidget*
   docNo_ = new forms::DigitsBox;
   docNo_->setObjectName("DocNo");
   docNo_->setFont(forms::figureFont());
+  connect(docNo_, &QLineEdit::textEdited, this, &DocumentCard::keepDocNo);
   add(docNo_, tr("Serial No"));
   day_ = new forms::DatePicker;
   day_->setObjectName("TrDate");
@@ -43,7 +44,13 @@ std::string DocumentCard::docNo() const {
 }
 
 void DocumentCard::setDocNo(std::int64_t docNo) {
+  keepDocNo();
   docNo_->setText(QString::number(docNo));
+}
+
+void DocumentCard::proposeDocNo(std::int64_t docNo) {
+  setDocNo(docNo);
+  docNoProposed_ = true;
 }
 
 text::DateTime DocumentCard::day() const {

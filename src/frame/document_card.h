@@ -23,6 +23,10 @@ class DocumentCard : public QFrame {
 
   std::string docNo() const;
   void setDocNo(std::int64_t docNo);
+  // A number that the program chose. It stays a proposal until somebody types in the box or a document has it.
+  void proposeDocNo(std::int64_t docNo);
+  bool isDocNoProposed() const { return docNoProposed_; }
+  void keepDocNo() { docNoProposed_ = false; }
   text::DateTime day() const;
   void setDay(const text::DateTime& day);
   bool isCancelled() const;
@@ -32,6 +36,7 @@ class DocumentCard : public QFrame {
   void showCancelled();
 
   forms::DigitsBox* docNo_;
+  bool docNoProposed_ = false;
   forms::DatePicker* day_;
   QCheckBox* cancel_;
 };

@@ -8,6 +8,7 @@
 #include "frame/command_bar.h"
 #include "frame/compose_document.h"
 #include "frame/document_card.h"
+#include "frame/document_number.h"
 #include "frame/posted_accounts.h"
 #include "frame/references_card.h"
 #include "text/number.h"
@@ -52,9 +53,7 @@ void DocumentScreen::attempt(std::string_view title, const std::function<void()>
 void DocumentScreen::ClearForNewRecord() {
   AddMode_ = true;
   body_->open(0);
-  Tran_.requery();
-  card_->setDocNo(nextDocNo(Tran_));
-  showTranNo();
+  proposeDocNo();
   card_->setDay(workplace_.clock.today());
   card_->setCancelled(false);
   body_->clear();
@@ -66,6 +65,12 @@ void DocumentScreen::ClearForNewRecord() {
   showConversion({});
   bindAgain();
   body_->focusFirst();
+}
+
+void DocumentScreen::proposeDocNo() {
+  Tran_.requery();
+  card_->proposeDocNo(nextDocNo(Tran_));
+  showTranNo();
 }
 
 void DocumentScreen::bindAgain() {
@@ -148,24 +153,26 @@ void DocumentScreen::ValidateAndSave(PrintMode mode) {
   });
 }
 
-bool DocumentScreen::isFreeDocNo() {
-  const std::optional<double> docNo = text::numberFrom(card_->docNo());
-  if (!docNo) return true;  // refused as no number, in its turn
-  const store::Recordset taken(workplace_.context.KORDconn,
-                               "Select docno from transactions where docno = " + text::numberText(*docNo) +
-                                   " and trantype = " + std::to_string(type_.TranType) +
-                                   " and fyid = " + std::to_string(workplace_.context.FYID),
-                               store::LockType::ReadOnly);
-  return taken.isEmpty() || (!AddMode_ && taken.integer("docno") == Tran_.integer("docno"));
+bool DocumentScreen::isFreeDocNo() const {
+  const std::string typed = card_->docNo();
+  if (!text::isNumeric(typed)) return true;  // refused as no number, in its turn
+  const std::int64_t docNo = store::integerOf(typed);
+  if (!AddMode_ && docNo == Tran_.integer("docno")) return true;
+  return !isTaken(workplace_.context.KORDconn,
+                  {.DocNo = docNo, .TranType = type_.TranType, .FYID = workplace_.context.FYID});
+}
+
+// What a person typed stays, and so does the number of a document that was saved from here; of the program's own
+// proposals the next one takes the place.
+void DocumentScreen::refuseDocNo() {
+  workplace_.prompts.tell("Cannot Save", type_.duplicateText);
+  if (card_->isDocNoProposed()) proposeDocNo();
+  focusControl("DocNo");
 }
 
 bool DocumentScreen::passes(const DocumentValues& values) {
-  const auto focus = [this](std::string_view control) {
-    if (auto* widget = findChild<QWidget*>(shownText(control))) widget->setFocus(Qt::OtherFocusReason);
-  };
   if (!isFreeDocNo()) {
-    workplace_.prompts.tell("Cannot Save", type_.duplicateText);
-    focus("DocNo");
+    refuseDocNo();
     return false;
   }
   const SaveSituation situation{.addMode = AddMode_,
@@ -181,10 +188,14 @@ bool DocumentScreen::passes(const DocumentValues& values) {
                                   .text = std::string(step.text),
                                   .buttons = ask ? session::Buttons::YesNo : session::Buttons::Ok});
       if (ask && answer == session::Answer::Yes) continue;
-      if (!step.control.empty()) focus(step.control);
+      if (!step.control.empty()) focusControl(step.control);
       return false;
     }
   return !body_->refuses(values);
+}
+
+void DocumentScreen::focusControl(std::string_view name) {
+  if (auto* widget = findChild<QWidget*>(shownText(name))) widget->setFocus(Qt::OtherFocusReason);
 }
 
 bool DocumentScreen::PostDocument(const DocumentValues& values) {
@@ -201,12 +212,17 @@ bool DocumentScreen::PostDocument(const DocumentValues& values) {
     if (document->ledger) demandAccounts(workplace_.context.KORDconn, *document->ledger);
     LastSavedTranNo_ = writeDocument(workplace_.context.KORDconn, *document, Tran_,
                                      [&](std::int64_t tranNo) { body_->writeRows(values, tranNo); });
+  } catch (const DocNoTaken&) {
+    bindAgain();
+    refuseDocNo();
+    return false;
   } catch (const store::StoreError&) {
     // Nothing was written, and the sheet has its rows again: the user can mend the cause and save once more.
     bindAgain();
     if (worked) worked->setFocus(Qt::OtherFocusReason);
     throw;
   }
+  card_->keepDocNo();
   Tran_.setSort("tranno asc");
   moveToTran(LastSavedTranNo_);
   showTranNo();

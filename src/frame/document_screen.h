@@ -61,7 +61,9 @@ class DocumentScreen : public QWidget {
   // The life of a document
   void ClearForNewRecord();
   void ValidateAndSave(PrintMode mode);
-  bool isFreeDocNo();
+  void proposeDocNo();
+  bool isFreeDocNo() const;
+  void refuseDocNo();
   bool passes(const DocumentValues& values);
   bool PostDocument(const DocumentValues& values);
   void afterSave(PrintMode mode, const DocumentValues& values);
@@ -83,6 +85,7 @@ class DocumentScreen : public QWidget {
   void showTranNo();
   void showConversion(const std::string& mark);
   void bindAgain();
+  void focusControl(std::string_view name);
   // Runs a command; a failure of the store is told under the title.
   void attempt(std::string_view title, const std::function<void()>& command);
 

@@ -1,10 +1,19 @@
 #include "frame/document_writer.h"
 
+#include "frame/document_number.h"
 #include "store/add_row.h"
 
 namespace velmo::frame {
 
 namespace {
+
+// A document keeps the number that it has, whoever else has it in an old file.
+void demandFreeNumber(store::Connection& connection, const DocumentWrite& document, const store::Recordset& tran) {
+  const auto column = [&](std::string_view name) { return store::integerOf(document.header.value(name)); };
+  const DocumentNumber number{.DocNo = column("DocNo"), .TranType = column("TranType"), .FYID = column("FYID")};
+  if (document.mode == HeaderWrite::Update && tran.integer("docno") == number.DocNo) return;
+  if (isTaken(connection, number)) throw DocNoTaken();
+}
 
 std::int64_t writeHeader(const DocumentWrite& document, store::Recordset& tran) {
   if (document.mode == HeaderWrite::Add) {
@@ -69,6 +78,7 @@ void writeAging(store::Connection& connection, std::int64_t tranNo, const Docume
 std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
                            const std::function<void(std::int64_t tranNo)>& writeRows) {
   store::Connection::Transaction transaction(connection);
+  demandFreeNumber(connection, document, tran);
   const std::int64_t tranNo = writeHeader(document, tran);
   writeRows(tranNo);
   if (document.ledger) writeLedger(connection, tranNo, document);

@@ -35,7 +35,8 @@ struct DocumentWrite {
 
 // Writes a document in this order: header, its lines by `writeRows`, ledger lines (the old ones go, all are built
 // again), open item. One durable change: when it returns the document's key, all of it is on the disk; when it throws
-// StoreError, nothing is. `tran` then stands on the document's row.
+// StoreError, nothing is. Before all else it looks whether the number is free, and throws DocNoTaken when it is not: an
+// earlier test may have been overtaken by another program. `tran` then stands on the document's row.
 std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
                            const std::function<void(std::int64_t tranNo)>& writeRows);
 

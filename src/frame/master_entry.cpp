@@ -78,32 +78,4 @@ Refusal isYesColumn(std::string column, std::string words) {
   };
 }
 
-std::string codeAfter(const std::string& last, const std::string& parent, int digits) {
-  if (parent.empty()) return {};
-  const auto length = static_cast<std::size_t>(digits);
-  std::string number;
-  if (last.empty()) {
-    number = std::string(length - 1, '0') + '1';
-  } else {
-    const std::string running = last.size() > length ? last.substr(last.size() - length) : last;
-    if (running == std::string(length, '9')) return {};
-    number = std::to_string(static_cast<int>(text::leadingNumber(running)) + 1);
-    number.insert(0, length - std::min(length, number.size()), '0');
-  }
-  return parent + number;
-}
-
-std::string lastInOrder(store::Recordset& rows, std::string_view column) {
-  if (rows.isEmpty()) return {};
-  rows.setSort(std::string(column) + " asc");
-  rows.moveLast();
-  return rows.text(column);
-}
-
-std::string lastCode(const store::Recordset& rows, std::string_view column) {
-  if (!rows.isOpen() || rows.isEmpty()) return {};
-  store::Recordset copy = rows.clone();
-  return lastInOrder(copy, column);
-}
-
 }  // namespace velmo::frame

@@ -48,11 +48,4 @@ std::function<std::optional<std::string>(const MasterEntry&)> hasRows(
     std::function<std::string(const MasterEntry&)> words);
 std::function<std::optional<std::string>(const MasterEntry&)> isYesColumn(std::string column, std::string words);
 
-// The code behind the last one of a family whose codes begin with the parent's: parent & "001" for the first; "" when
-// the running number, `digits` long, is at its end. `last` is "" when there is none.
-std::string codeAfter(const std::string& last, const std::string& parent, int digits);
-// Of the last of the rows that are on show in the order of the column; "" without rows. The first moves the rows.
-std::string lastInOrder(store::Recordset& rows, std::string_view column);
-std::string lastCode(const store::Recordset& rows, std::string_view column);
-
 }  // namespace velmo::frame

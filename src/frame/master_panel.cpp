@@ -73,10 +73,8 @@ void MasterPanel::reload() {
 
 bool MasterPanel::goTo(const std::string& key) {
   if (key.empty() || !rows_.isOpen() || rows_.isEmpty()) return false;
-  const int field = rows_.fieldIndex(level_.key);
-  const bool isText = rows_.fields()[static_cast<std::size_t>(field)].type == store::ColumnType::Text;
   rows_.moveFirst();
-  if (!rows_.find(level_.key + " = " + (isText ? store::quoted(key) : key))) {
+  if (!rows_.find(level_.key + " = " + literal(level_.key, key))) {
     rows_.moveFirst();
     return false;
   }
@@ -124,6 +122,7 @@ void MasterPanel::showRow() {
 
 void MasterPanel::boxEdited(MasterBox& box) {
   if (state_ == State::Browsing) setState(State::Changing);
+  if (level_.givenCode && state_ == State::Adding && box.field().column == level_.givenCode->follows) proposeCode();
   if (level_.changed) level_.changed(*this, box.field().column);
 }
 
@@ -147,6 +146,7 @@ void MasterPanel::add() {
       box->setOpen(box->field().use != BoxUse::ShownOnly);
     }
     if (level_.shown) level_.shown(*this);
+    proposeCode();
     if (level_.begin && !level_.begin(*this)) {
       setState(State::Browsing);
       if (!goTo(keyBefore_)) showRow();
@@ -179,33 +179,74 @@ void MasterPanel::save() {
     const bool nothing = state_ != State::Adding && (!rows_.isOpen() || rows_.isEmpty());
     if (nothing) return workplace_.prompts.tell("Cannot Save", level_.addFirst);
     const MasterEntry entry = this->entry();
-    for (const MasterTest& test : level_.tests) {
-      const std::optional<std::string> refusal = test.refusal(entry);
-      if (!refusal) continue;
-      workplace_.prompts.tell("Cannot Save", *refusal);
-      if (!test.column.empty()) focusBox(test.column);
-      return;
-    }
-    write(entry);
+    std::optional<Failure> failure = firstFailure(entry);
+    if (!failure) failure = write(entry);
+    if (!failure) return;
+    workplace_.prompts.tell("Cannot Save", failure->words);
+    if (isCodeTaken(entry)) proposeCode();
+    if (!failure->column.empty()) focusBox(failure->column);
   });
 }
 
-void MasterPanel::write(const MasterEntry& entry) {
+std::optional<MasterPanel::Failure> MasterPanel::firstFailure(const MasterEntry& entry) const {
+  for (const MasterTest& test : level_.tests)
+    if (const std::optional<std::string> refusal = test.refusal(entry)) return Failure{*refusal, test.column};
+  return std::nullopt;
+}
+
+void MasterPanel::proposeCode() {
+  if (level_.givenCode) setText(level_.givenCode->column, level_.givenCode->next(entry()));
+}
+
+// Of a code that the program gave: whether a row has it by now.
+bool MasterPanel::isCodeTaken(const MasterEntry& entry) const {
+  if (!level_.givenCode || !entry.isNew) return false;
+  const GivenCode& given = *level_.givenCode;
+  const std::string code = entry.text(given.column);
+  return !code.empty() && entry.finds("select " + given.column + " from " + given.table + " where " + given.column +
+                                      " = " + literal(given.column, code));
+}
+
+// A code, which is a text or a number, as statements have it.
+std::string MasterPanel::literal(std::string_view column, const std::string& code) const {
+  const auto field = static_cast<std::size_t>(rows_.fieldIndex(column));
+  return rows_.fields()[field].type == store::ColumnType::Text ? store::quoted(code) : code;
+}
+
+// Between the tests and here another program may have written. Nothing is written when it got in the way.
+std::optional<MasterPanel::Failure> MasterPanel::write(MasterEntry entry) {
+  {
+    store::Connection::Transaction transaction(workplace_.context.KORDconn);
+    if (isCodeTaken(entry)) {
+      const GivenCode& given = *level_.givenCode;
+      const std::string code = given.next(entry);
+      entry.texts[given.column] = code;
+      entry.values[given.column] = code;
+    }
+    if (const std::optional<Failure> failure = firstFailure(entry)) return failure;
+    writeRow(entry);
+    transaction.commit();
+  }
+  showSaved(rows_.text(level_.key));
+  return std::nullopt;
+}
+
+void MasterPanel::writeRow(const MasterEntry& entry) {
   std::vector<store::FieldValue> values;
   for (const WrittenColumn& column : level_.written)
     values.push_back({column.column, column.value ? column.value(entry) : entry.value(column.column)});
   const std::string keyBefore = key();
-  store::Connection::Transaction transaction(workplace_.context.KORDconn);
   if (entry.isNew)
     rows_.addNew(values);
   else
     rows_.update(values);
   if (level_.alsoWrite) level_.alsoWrite(entry, keyBefore);
-  transaction.commit();
-  const std::string saved = rows_.text(level_.key);
+}
+
+void MasterPanel::showSaved(const std::string& key) {
   setState(State::Browsing);
   openRows();
-  if (!goTo(saved)) selectRow(rows_.isEmpty() ? -1 : 0);
+  if (!goTo(key)) selectRow(rows_.isEmpty() ? -1 : 0);
   focusList();
 }
 

@@ -85,7 +85,18 @@ class MasterPanel : public QFrame {
   void boxEdited(MasterBox& box);
   void setState(State state);
   void selectRow(std::int64_t row);
-  void write(const MasterEntry& entry);
+  // What kept the row from being saved.
+  struct Failure {
+    std::string words;
+    std::string column;  // its box gets the focus
+  };
+  std::optional<Failure> firstFailure(const MasterEntry& entry) const;
+  std::optional<Failure> write(MasterEntry entry);
+  void writeRow(const MasterEntry& entry);
+  void showSaved(const std::string& key);
+  std::string literal(std::string_view column, const std::string& code) const;
+  void proposeCode();
+  bool isCodeTaken(const MasterEntry& entry) const;
   void focusFirstBox();
   void attempt(const char* title, const std::function<void()>& action);
 

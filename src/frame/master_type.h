@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "forms/recordset_model.h"
+#include "frame/given_code.h"
 #include "frame/master_entry.h"
 #include "printing/report.h"
 #include "session/workplace.h"
@@ -67,6 +68,7 @@ struct WrittenColumn {
 };
 
 // One test before a row is saved; the order of a list of tests is the order in which the user meets them.
+// It is made again where nobody else can write, before the row is.
 struct MasterTest {
   std::function<std::optional<std::string>(const MasterEntry&)> refusal;  // nothing when the row passes
   std::string column = {};                                                // its box gets the focus
@@ -98,7 +100,8 @@ struct MasterLevel {
   std::optional<MasterDeletion> deletion = {};
   std::string firstColumn = {};  // its box gets the focus when a row is added; the first open one without it
   int formColumns = 1;
-  // A new row was begun and its boxes have their initial texts: proposes its code. False: no row is begun.
+  std::optional<GivenCode> givenCode = {};
+  // A new row was begun, and its boxes have their initial texts and its code. False: no row is begun.
   std::function<bool(MasterPanel&)> begin = {};
   // The user changed the box of a column.
   std::function<void(MasterPanel&, const std::string& column)> changed = {};

@@ -1,6 +1,7 @@
 #include "masters/account_levels.h"
 
 #include "frame/master_dialog.h"
+#include "masters/code_series.h"
 #include "text/number.h"
 
 namespace velmo::masters {
@@ -14,9 +15,6 @@ constexpr const char* boxColumns[] = {"Contact",  "Address", "Branch", "AccountT
                                       "Mobile",   "Fax",     "EMail",  "Website",        "SalesTaxRegnNo", "NTN",
                                       "CreditLimit", "CreditTerms", "Remarks", "EmpID",  "Region1ID", "Region2ID",
                                       "SectorID"};
-
-constexpr int subTypeDigits = 2;
-constexpr int accountDigits = 3;
 
 std::string orNone(const std::string& key) {
   return key.empty() ? "0" : key;
@@ -89,12 +87,7 @@ frame::MasterLevel subTypeLevel(const AccountWords& words) {
               }},
       .firstColumn = "L2AccName",
       .formColumns = 2,
-      .begin =
-          [](frame::MasterPanel& panel) {
-            panel.setText("Level2ID", frame::codeAfter(frame::lastCode(panel.rows(), "level2id"), panel.parent(),
-                                                       subTypeDigits));
-            return true;
-          },
+      .givenCode = frame::givenBy(subTypeCodes()),
   };
 }
 
@@ -142,12 +135,7 @@ frame::MasterLevel accountLevel(const AccountWords& words, std::vector<frame::Ma
               }},
       .firstColumn = "AccName",
       .formColumns = 2,
-      .begin =
-          [](frame::MasterPanel& panel) {
-            panel.setText("AccCode", frame::codeAfter(frame::lastCode(panel.rows(), "acccode"), panel.parent(),
-                                                      accountDigits));
-            return true;
-          },
+      .givenCode = frame::givenBy(accountCodes()),
   };
 }
 

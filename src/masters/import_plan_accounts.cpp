@@ -1,10 +1,9 @@
-#include "frame/master_entry.h"
+#include "masters/code_series.h"
 #include "masters/import_planner.h"
 
 namespace velmo::masters {
 namespace {
 
-constexpr int accountDigits = 3;
 constexpr const char* firstOfAll = "1";  // region, sub region, sector and account manager of who is given none
 
 class AccountPlanner : public ImportPlanner {
@@ -21,7 +20,7 @@ class AccountPlanner : public ImportPlanner {
     planned.values.reserve(writtenColumns(kind_.kind).size());
     for (const std::string& column : writtenColumns(kind_.kind)) planned.values.push_back(valueOf(column, row));
     if (!row.problem().empty()) return;
-    planned.code = frame::codeAfter(lastCodes_[level2_], level2_, accountDigits);
+    planned.code = frame::codeAfter(lastCodes_[level2_], level2_, accountCodes().digits);
     if (planned.code.empty()) return row.note(kind_.full);
     lastCodes_[level2_] = planned.code;
     planned.values.front() = planned.code;

@@ -1,10 +1,9 @@
-#include "frame/master_entry.h"
+#include "masters/code_series.h"
 #include "masters/import_planner.h"
 
 namespace velmo::masters {
 namespace {
 
-constexpr int subCategoryDigits = 2;
 constexpr std::int64_t firstBrand = 1;  // of items that are given none
 
 class ItemPlanner : public ImportPlanner {
@@ -61,7 +60,7 @@ class ItemPlanner : public ImportPlanner {
   std::optional<Place> newSubCategory(const std::string& category, const std::string& name, ImportRow& row) {
     const auto last = lastCodes_.find(category);
     const std::string code =
-        frame::codeAfter(last == lastCodes_.end() ? std::string() : last->second, category, subCategoryDigits);
+        frame::codeAfter(last == lastCodes_.end() ? std::string() : last->second, category, subCategoryCodes().digits);
     if (code.empty()) {
       row.note(kind_.full);
       return std::nullopt;

@@ -1,5 +1,6 @@
 #include "masters/import_write.h"
 
+#include "masters/import_codes.h"
 #include "store/recordset.h"
 
 namespace velmo::masters {
@@ -18,10 +19,18 @@ std::vector<std::int64_t> writeBrands(store::Connection& connection, const std::
   return keys;
 }
 
-void writeSubCategories(store::Connection& connection, const std::vector<NamedRow>& rows) {
+using Codes = std::map<std::string, std::string>;
+
+// The code in place of a planned one.
+std::string codeNow(const std::string& planned, const Codes& moved) {
+  const auto found = moved.find(planned);
+  return found == moved.end() ? planned : found->second;
+}
+
+void writeSubCategories(store::Connection& connection, const std::vector<NamedRow>& rows, const Codes& moved) {
   store::Recordset subCategories(connection, "select * from stocklevel2 where catid like '0X0X0X0'");
   for (const NamedRow& row : rows)
-    subCategories.addNew({{"subcatid", row.code}, {"subcatname", row.name}, {"catid", row.parent}});
+    subCategories.addNew({{"subcatid", codeNow(row.code, moved)}, {"subcatname", row.name}, {"catid", row.parent}});
 }
 
 store::Value keyOfBrand(const store::Value& value, const std::vector<std::int64_t>& newBrands) {
@@ -52,17 +61,26 @@ class RowAdder {
 bool writeImport(store::Connection& connection, const ImportPlan& plan, const ImportProgress& progress) {
   const std::vector<std::string>& columns = writtenColumns(plan.kind);
   store::Connection::Transaction transaction(connection);
+  const Codes moved = movedCodes(connection, plan);
   const std::vector<std::int64_t> newBrands = writeBrands(connection, plan.newBrands);
-  writeSubCategories(connection, plan.newSubCategories);
+  writeSubCategories(connection, plan.newSubCategories, moved);
   RowAdder rows(connection, plan.kind == ImportKind::Items ? "select * from stocklevel3 where itemcode = ''"
                                                            : "select * from acclevel3 where acccode = 0");
+  const char* const movable = plan.kind == ImportKind::Items ? "SubCatID" : "AccCode";
   std::vector<store::FieldValue> written(columns.begin(), columns.end());
   std::int64_t done = 0;
   for (const PlannedRow& row : plan.rows) {
     if (!row.problem.empty()) continue;
     if (progress && done % rowsBetweenReports == 0 && !progress(done)) return false;
-    for (std::size_t i = 0; i < columns.size(); ++i)
-      written[i].value = columns[i] == "BrandID" ? keyOfBrand(row.values[i], newBrands) : row.values[i];
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      const store::Value& planned = row.values[i];
+      if (columns[i] == "BrandID")
+        written[i].value = keyOfBrand(planned, newBrands);
+      else if (columns[i] == movable)
+        written[i].value = codeNow(store::textOf(planned), moved);
+      else
+        written[i].value = planned;
+    }
     rows.add(written);
     ++done;
   }

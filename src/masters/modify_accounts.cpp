@@ -45,12 +45,10 @@ std::string seriesOf(const std::string& component) {
 }
 
 // One more than the last type of the series, so that the hundreds keep their meaning; "" when it is full or empty.
-std::string nextType(const store::Recordset& types, const std::string& component) {
-  const std::string series = seriesOf(component);
-  if (series.empty() || types.isEmpty()) return {};
-  store::Recordset ofSeries = types.clone();
-  ofSeries.setFilter(series);
-  const std::string last = frame::lastInOrder(ofSeries, "typeid");
+std::string nextType(const MasterEntry& entry) {
+  const std::string series = seriesOf(store::textOf(entry.value("NatureID")));
+  if (series.empty()) return {};
+  const std::string last = frame::lastCode(entry.connection(), "typeid", "acclevel1", series);
   if (last.empty() || last.ends_with("99")) return {};
   return std::to_string(static_cast<int>(text::leadingNumber(last)) + 1);
 }
@@ -109,11 +107,7 @@ frame::MasterLevel typeLevel() {
                   }},
       .firstColumn = "NatureID",
       .formColumns = 2,
-      .changed =
-          [](MasterPanel& panel, const std::string& column) {
-            if (panel.state() == MasterPanel::State::Adding && column == "NatureID")
-              panel.setText("TypeID", nextType(panel.rows(), store::textOf(panel.box("NatureID").value())));
-          },
+      .givenCode = frame::GivenCode{.column = "TypeID", .table = "acclevel1", .next = nextType, .follows = "NatureID"},
   };
 }
 

@@ -4,6 +4,7 @@
 #include "masters/bring_in.h"
 #include "masters/catalogue_levels.h"
 #include "masters/chart_of_inventory.h"
+#include "masters/code_series.h"
 #include "masters/master_prints.h"
 
 namespace velmo::masters {
@@ -73,11 +74,7 @@ frame::MasterLevel numberedSubCategories() {
       {frame::emptyText("SubCatName", "Enter sub inventory category name to save."), "SubCatName"},
       {frame::codeTaken("SubCatID", "select subcatid from stocklevel2 where subcatid like ",
                         "A sub category is already present with the same code. Give a different code.")}};
-  level.begin = [](MasterPanel& panel) {
-    constexpr int digits = 2;
-    panel.setText("SubCatID", frame::codeAfter(frame::lastCode(panel.rows(), "subcatid"), panel.parent(), digits));
-    return true;
-  };
+  level.givenCode = frame::givenBy(subCategoryCodes());
   return level;
 }
 

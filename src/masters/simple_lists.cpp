@@ -12,17 +12,13 @@ using frame::MasterEntry;
 using frame::MasterPanel;
 
 // One more than the largest number of a table, rows that no dialog lists included.
-std::string nextNumber(session::Workplace& workplace, const std::string& column, const std::string& table) {
-  const store::Recordset last(workplace.context.KORDconn, "select max(" + column + ") as LastID from " + table,
-                              store::LockType::ReadOnly);
-  return text::numberText(last.number("LastID") + 1);
-}
-
-std::function<bool(MasterPanel&)> numberedBy(const std::string& column, const std::string& table) {
-  return [=](MasterPanel& panel) {
-    panel.setText(column, nextNumber(panel.workplace(), column, table));
-    return true;
+frame::GivenCode numberedBy(const std::string& column, const std::string& table) {
+  auto next = [=](const MasterEntry& entry) {
+    const store::Recordset last(entry.connection(), "select max(" + column + ") as LastID from " + table,
+                                store::LockType::ReadOnly);
+    return text::numberText(last.number("LastID") + 1);
   };
+  return {.column = column, .table = table, .next = std::move(next)};
 }
 
 std::function<std::string(const MasterEntry&)> always(const char* words) {
@@ -52,7 +48,7 @@ frame::MasterLevel regionLevel() {
                       always("There have been sub regions present in this region. Delete them before deleting it."))},
                   .question = always("Are you sure, you want to delete this selected region?")},
           .firstColumn = "Region1Name",
-          .begin = numberedBy("Region1ID", "Regions1")};
+          .givenCode = numberedBy("Region1ID", "Regions1")};
 }
 
 frame::MasterLevel subRegionLevel() {
@@ -88,7 +84,7 @@ frame::MasterLevel subRegionLevel() {
                                entry.stored("Region2Name") + "?";
                       }},
           .firstColumn = "Region2Name",
-          .begin = numberedBy("Region2ID", "Regions2")};
+          .givenCode = numberedBy("Region2ID", "Regions2")};
 }
 
 // A list of numbered names: LocList, LID, LocName.
@@ -135,7 +131,7 @@ QWidget* makeSectors(session::Workplace& workplace, QWidget* parent) {
                                         "select * from Bizsectors order by SectorName", "Give sector name to save.");
   level.written.insert(level.written.begin(), {"SectorID"});
   level.tests.push_back({isTheFirst("SectorID", "You cannot modify this sector.")});
-  level.begin = numberedBy("SectorID", "BizSectors");
+  level.givenCode = numberedBy("SectorID", "BizSectors");
   level.deletion = frame::MasterDeletion{
       .none = {"Cannot Delete", "There is no sector to be deleted."},
       .refusals = {isTheFirst("SectorID", "You cannot delete this sector."),

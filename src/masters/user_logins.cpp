@@ -15,15 +15,22 @@ using frame::MasterPanel;
 
 constexpr std::int64_t mostUsers = 10;
 
-// Users are never deleted, so that the next number is the count of them with the new one.
+constexpr const char* tooManyUsers = "You have already created maximum number of user logins allowed.";
+
+// The lowest free number. Users are never deleted, so that it is the count of them with the new one.
+std::string nextUser(const MasterEntry& entry) {
+  store::Recordset users(entry.connection(), "select userid from Users order by userid", store::LockType::ReadOnly);
+  if (users.recordCount() >= mostUsers) return {};
+  std::int64_t number = 1;
+  for (; !users.eof(); users.moveNext())
+    if (users.integer("userid") == number) ++number;
+  return std::to_string(number);
+}
+
 bool beginUser(MasterPanel& panel) {
-  if (panel.rows().recordCount() >= mostUsers) {
-    panel.workplace().prompts.tell("Cannot Add",
-                                   "You have already created maximum number of user logins allowed.");
-    return false;
-  }
-  panel.setText("UserID", std::to_string(panel.rows().recordCount() + 1));
-  return true;
+  if (!panel.text("UserID").empty()) return true;
+  panel.workplace().prompts.tell("Cannot Add", tooManyUsers);
+  return false;
 }
 
 // The user logs in with an empty box from then on.
@@ -78,8 +85,10 @@ QWidget* makeUserLogins(session::Workplace& workplace, QWidget* parent) {
                   {"username"},
                   {"password", [](const MasterEntry& entry) -> store::Value { return entry.stored("password"); }},
                   {"Notes"}},
-      .tests = {{frame::emptyText("UserName", "Give login name to save record."), "UserName"}},
+      .tests = {{frame::emptyText("UserID", tooManyUsers)},
+                {frame::emptyText("UserName", "Give login name to save record."), "UserName"}},
       .firstColumn = "UserName",
+      .givenCode = frame::GivenCode{.column = "UserID", .table = "Users", .next = nextUser},
       .begin = beginUser,
       .furnish = furnish};
   std::vector<frame::MasterLevel> levels;

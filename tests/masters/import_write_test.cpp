@@ -25,6 +25,15 @@ class WrittenImport : public testing::Test {
                       readBooks(connection, descriptor))
         .value();
   }
+  void expectRefusal(const ImportPlan& made, const std::string& words) {
+    try {
+      writeImport(connection, made);
+      ADD_FAILURE() << "was written";
+    } catch (const store::StoreError& failure) {
+      EXPECT_EQ(words, failure.what());
+    }
+    EXPECT_FALSE(connection.inTransaction());
+  }
   // The rows of a statement, one line each.
   std::string rows(const std::string& statement) {
     store::Recordset read(connection, statement);
@@ -123,6 +132,47 @@ TEST_F(WrittenImport, KnowsTheBooksByCodesAndNames) {
   EXPECT_TRUE(items.taken.contains(foldedName("srv001"))) << "a service has its code for itself";
 }
 
+// What another program adds between the plan and its writing.
+TEST_F(WrittenImport, GivesAccountsTheNextCodesWhenOthersTookTheirs) {
+  test::NewCompany::run(connection, {"INSERT INTO AccLevel2 (Level2ID, L2AccName, TypeID) VALUES (12002, 'Far', 120)"});
+  const ImportPlan made = plan(
+      ImportKind::Customers,
+      {{"Name", "Sub type"}, {"A", "12001"}, {"Far A", "12002"}, {"B", "12001"}, {"C", "12001"}, {"Far B", "12002"}});
+  test::NewCompany::run(
+      {"INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (12001002, 'Theirs', 120, 12001)",
+       "INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (12001003, 'Theirs', 120, 12001)"});
+  ASSERT_TRUE(writeImport(connection, made));
+  EXPECT_EQ(
+      rows("select acccode, accname, level2id from acclevel3 where level1id = 120 and acccode > 12001001 order by "
+           "acccode"),
+      "12001002|Theirs|12001\n12001003|Theirs|12001\n12001004|A|12001\n12001005|B|12001\n12001006|C|12001\n"
+      "12002001|Far A|12002\n12002002|Far B|12002\n")
+      << "in the order of the file, and only where it was in the way";
+}
+
+TEST_F(WrittenImport, BringsNothingInWhenASeriesIsFullMeanwhile) {
+  const ImportPlan made = plan(ImportKind::Customers, {{"Name", "Sub type"}, {"A", "12001"}, {"B", "12001"}});
+  test::NewCompany::run(
+      {"INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (12001002, 'Theirs', 120, 12001)",
+       "INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (12001998, 'Theirs', 120, 12001)"});
+  expectRefusal(made, "You have added maximum number of customers in the selected sub account type.");
+  EXPECT_EQ(rows("select accname from acclevel3 where level2id = 12001 and acccode > 12001001"), "Theirs\nTheirs\n");
+}
+
+TEST_F(WrittenImport, PutsItemsUnderTheirOwnNewSubCategoryWhenOthersTookItsCode) {
+  const ImportPlan made = plan(ImportKind::Items,
+                               {{"Code", "Name", "Category", "Sub category"},
+                                {"1", "Claw", "HND", "Hammers"},
+                                {"2", "Nail", "HND", "Nails"},
+                                {"3", "Screw", "HND", "Screws"}},
+                               MissingRows::Make);
+  test::NewCompany::run({"INSERT INTO StockLevel2 (SubCatID, SubCatName, CatID) VALUES ('HND03', 'Theirs', 'HND')"});
+  ASSERT_TRUE(writeImport(connection, made));
+  EXPECT_EQ(rows("SELECT ItemCode, StockLevel3.SubCatID, SubCatName FROM StockLevel3 INNER JOIN StockLevel2 ON "
+                 "StockLevel3.SubCatID = StockLevel2.SubCatID WHERE StockLevel3.CatID like 'HND' ORDER BY ItemCode"),
+            "1|HND01|Hammers\n2|HND04|Nails\n3|HND05|Screws\n");
+}
+
 TEST_F(WrittenImport, WritesAllOrNothing) {
   std::vector<Cells> file = {{"Code", "Name", "Category", "Sub category", "Brand"}};
   for (int i = 0; i < 300; ++i) file.push_back({"C" + std::to_string(i), "Item", "HND", "Nails", "Bosch"});
@@ -137,8 +187,9 @@ TEST_F(WrittenImport, WritesAllOrNothing) {
   // The books have changed since the plan was made.
   connection.execute(
       "INSERT INTO StockLevel3 (ItemCode, ItemName, CatID, SubCatID) VALUES ('c250', 'Other', 'HND', 'HND01')");
-  EXPECT_THROW(writeImport(connection, made), store::StoreError);
-  EXPECT_FALSE(connection.inTransaction());
+  expectRefusal(made,
+                "An item is already present with the same item code. Give a different item code. (C250, row 252 of the "
+                "file.)");
   connection.execute("DELETE FROM StockLevel3 WHERE ItemCode like 'c250'");
   nothing();
   EXPECT_TRUE(writeImport(connection, made));

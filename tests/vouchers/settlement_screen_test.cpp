@@ -8,6 +8,7 @@
 #include "forms/drop_combo.h"
 #include "frame/document_screen.h"
 #include "frame/sheet_grid.h"
+#include "support/rival.h"
 #include "vouchers/pending_items.h"
 #include "vouchers/settlement_company.h"
 #include "vouchers/settlement_types.h"
@@ -19,6 +20,8 @@ using namespace velmo;
 using namespace velmo::test;
 using namespace velmo::vouchers;
 using Rows = std::vector<std::string>;
+
+const char* const taken = "This Serial No. already exists. Saving this would create duplicate values.";
 
 class Clerk : public InvoiceScreen {
  public:
@@ -251,10 +254,34 @@ TEST(SettlementScreen, StaysOnWhatItPrinted) {
   EXPECT_EQ(vouchers, (std::vector<std::int64_t>{std::stoll(tranNoOf(company, 39))}));
   EXPECT_EQ(clerk.text("PartyCode"), "12001002");
   EXPECT_EQ(clerk.shown("AgingGrid", 0, 0), "12");
-  company.prompts.expect("Cannot Save", "This Serial No. already exists. Saving this would create duplicate values.");
-  clerk.press("PrintBill_1");
+  for (const char* command : {"PrintBill_1", "SaveBttn", "PrintBill_0"}) {
+    company.prompts.expect("Cannot Save", taken);
+    clerk.press(command);
+    EXPECT_EQ(clerk.text("DocNo"), "1") << "it is the receipt's own number, which no other takes the place of";
+  }
+  EXPECT_EQ(company.one("select count(*) from transactions where trantype=39"), "1");
   clerk.press("CancelBttn");
   EXPECT_EQ(clerk.text("DocNo"), "2");
+}
+
+TEST(SettlementScreen, KeepsItsInvoicesWhenAnotherReceiptTakesItsNumberMeanwhile) {
+  SettlementCompany company;
+  Clerk clerk(company, makeCashReceipts);
+  clerk.settle("10001001", "12001002", {"12", "15"});
+  company.prompts.expect("Cannot Save", taken);
+  {
+    const Rival rival(company.context.KORDconn,
+                      {"INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, "
+                       "UserEdited) VALUES (1, #11-22-2026#, 39, 1, No, No, 1, 1)"});
+    clerk.press("SaveBttn");
+  }
+  EXPECT_EQ(company.one("select count(*) from agingdr where trantype=39"), "0");
+  EXPECT_EQ(clerk.shown("AgingGrid", 1, 0), "15");
+  EXPECT_EQ(clerk.text("DocNo"), "2");
+  clerk.press("SaveBttn");
+  EXPECT_EQ(company.rows("select docno, docno2, totpayment from agingdr where trantype=39 order by serial"),
+            (Rows{"12|2|1000", "15|2|500.5"}));
+  EXPECT_EQ(ledgerOf(company, tranNoOf(company, 39, 2)).size(), 2u);
 }
 
 TEST(SettlementScreen, LeavesRowsOfAReceiptWhoseInvoiceWasDeleted) {

@@ -6,6 +6,7 @@
 
 #include "documents/sale_invoice_type.h"
 #include "frame/compose_document.h"
+#include "frame/document_number.h"
 #include "schema/company_file.h"
 
 namespace velmo::attack {
