@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "forms/stop_listening.h"
 #include "frame/command_bar.h"
 #include "frame/compose_document.h"
 #include "frame/document_card.h"
@@ -37,6 +38,7 @@ DocumentScreen::DocumentScreen(DocumentType type, session::Workplace& workplace,
 }
 
 DocumentScreen::~DocumentScreen() {
+  forms::stopListening(*this);
   body_->detach();
 }
 

@@ -11,6 +11,7 @@
 #include "forms/date_picker.h"
 #include "forms/look.h"
 #include "forms/recordset_model.h"
+#include "forms/stop_listening.h"
 #include "forms/table_view.h"
 #include "frame/find_statement.h"
 #include "frame/wait_cursor.h"
@@ -61,7 +62,9 @@ FindScreen::FindScreen(const FindType& type, int tranType, session::Workplace& w
   value_->setFocus();
 }
 
-FindScreen::~FindScreen() = default;
+FindScreen::~FindScreen() {
+  forms::stopListening(*this);
+}
 
 QWidget* FindScreen::makeSearchRow() {
   auto* row = new QWidget;

@@ -9,6 +9,7 @@
 
 #include "export/save_as_spreadsheet.h"
 #include "forms/look.h"
+#include "forms/stop_listening.h"
 #include "forms/table_view.h"
 #include "frame/grid_table.h"
 #include "frame/own_fields.h"
@@ -81,7 +82,9 @@ GridEditor::GridEditor(GridEditorType type, session::Workplace& workplace, QWidg
   grid_->setFocus();
 }
 
-GridEditor::~GridEditor() = default;
+GridEditor::~GridEditor() {
+  forms::stopListening(*this);
+}
 
 void GridEditor::buildGrid() {
   grid_ = new GridTable;

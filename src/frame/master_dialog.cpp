@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include "forms/look.h"
+#include "forms/stop_listening.h"
 #include "frame/own_fields.h"
 #include "printing/preview_window.h"
 
@@ -37,7 +38,9 @@ MasterDialog::MasterDialog(MasterType type, session::Workplace& workplace, QWidg
   panels_.front()->focusList();
 }
 
-MasterDialog::~MasterDialog() = default;
+MasterDialog::~MasterDialog() {
+  forms::stopListening(*this);
+}
 
 // One level stands alone; of two or three the inner one, with most to show, has the wider right side.
 void MasterDialog::buildLayout() {

@@ -8,6 +8,7 @@
 #include "export/save_as_spreadsheet.h"
 #include "forms/look.h"
 #include "forms/recordset_model.h"
+#include "forms/stop_listening.h"
 #include "forms/table_view.h"
 #include "frame/own_fields.h"
 #include "store/connection.h"
@@ -30,7 +31,9 @@ MasterPanel::MasterPanel(const MasterLevel& level, session::Workplace& workplace
   setState(State::Browsing);
 }
 
-MasterPanel::~MasterPanel() = default;
+MasterPanel::~MasterPanel() {
+  forms::stopListening(*this);
+}
 
 MasterBox& MasterPanel::box(std::string_view column) const {
   for (const auto& box : boxes_)

@@ -5,6 +5,7 @@
 
 #include "forms/drop_combo.h"
 #include "forms/look.h"
+#include "forms/stop_listening.h"
 
 namespace velmo::frame {
 
@@ -63,6 +64,10 @@ ReferencesCard::ReferencesCard(const DocumentType& type, OwnFields& fields, sess
   for (const DateLookup& lookup : type.dateLookups)
     if (auto* from = findChild<QLineEdit*>(shownText(lookup.from)))
       connect(from, &QLineEdit::editingFinished, this, [this, &lookup] { lookUpDate(lookup); });
+}
+
+ReferencesCard::~ReferencesCard() {
+  forms::stopListening(*this);
 }
 
 forms::DropCombo* ReferencesCard::makeList(const char* name) {

@@ -18,6 +18,7 @@ class ReferencesCard : public QFrame {
 
  public:
   ReferencesCard(const DocumentType& type, OwnFields& fields, session::Workplace& workplace, QWidget* parent);
+  ~ReferencesCard() override;
 
   // Reads the three lists from the store; their texts become empty.
   void loadLists();

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "forms/look.h"
+#include "forms/stop_listening.h"
 #include "forms/table_view.h"
 #include "frame/own_fields.h"
 #include "frame/report_foot.h"
@@ -40,7 +41,9 @@ ReportScreen::ReportScreen(ReportType type, session::Workplace& workplace, QWidg
   ShowLedger();
 }
 
-ReportScreen::~ReportScreen() = default;
+ReportScreen::~ReportScreen() {
+  forms::stopListening(*this);
+}
 
 void ReportScreen::ShowLedger() {
   if (type_.opened) attempt("Cannot Show", [this] { type_.opened(*this); });

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "forms/look.h"
+#include "forms/stop_listening.h"
 #include "forms/table_view.h"
 #include "frame/cell_list.h"
 #include "frame/drop_place.h"
@@ -18,7 +19,9 @@ namespace velmo::frame {
 
 SheetGrid::SheetGrid(QWidget* parent) : QWidget(parent) {}
 
-SheetGrid::~SheetGrid() = default;
+SheetGrid::~SheetGrid() {
+  forms::stopListening(*this);
+}
 
 void SheetGrid::build(SheetRows& rows, const QString& name, const QString& accessibleName) {
   rows_ = &rows;

@@ -10,6 +10,7 @@
 
 #include "forms/look.h"
 #include "forms/recordset_model.h"
+#include "forms/stop_listening.h"
 #include "forms/table_view.h"
 #include "frame/drop_place.h"
 #include "text/format.h"
@@ -72,7 +73,9 @@ StockPanel::StockPanel(const ItemGridKind& kind, session::LoginContext& context,
   hide();
 }
 
-StockPanel::~StockPanel() = default;
+StockPanel::~StockPanel() {
+  forms::stopListening(*this);
+}
 
 QWidget* StockPanel::buildList() {
   ItemCodeList_ = new QListView;

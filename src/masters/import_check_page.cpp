@@ -7,6 +7,7 @@
 
 #include "export/save_as_spreadsheet.h"
 #include "forms/look.h"
+#include "forms/stop_listening.h"
 #include "forms/table_view.h"
 
 namespace velmo::masters {
@@ -59,6 +60,10 @@ ImportCheckPage::ImportCheckPage(const ImportDescriptor& kind, session::Workplac
     if (model_->rowCount() > 0) grid_->selectRow(0);
   });
   connect(leaveOut_, &QCheckBox::toggled, this, &ImportCheckPage::choiceChanged);
+}
+
+ImportCheckPage::~ImportCheckPage() {
+  forms::stopListening(*this);
 }
 
 void ImportCheckPage::show(ImportPlan plan) {

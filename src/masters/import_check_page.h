@@ -46,6 +46,7 @@ class ImportCheckPage : public QWidget {
 
  public:
   ImportCheckPage(const ImportDescriptor& kind, session::Workplace& workplace, QWidget* parent);
+  ~ImportCheckPage() override;
 
   void show(ImportPlan plan);
   const ImportPlan& plan() const { return plan_; }

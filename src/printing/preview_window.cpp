@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include "forms/stop_listening.h"
 #include "printing/pdf_writer.h"
 #include "printing/printer.h"
 #include "store/error.h"
@@ -46,6 +47,7 @@ PreviewWindow::PreviewWindow(Report report, session::FileChooser& files, QWidget
 
 // Before the pages that it goes through.
 PreviewWindow::~PreviewWindow() {
+  forms::stopListening(*this);
   job_.reset();
 }
 

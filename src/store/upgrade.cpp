@@ -116,7 +116,7 @@ bool upgradeAlone(Connection& connection, const fs::path& file, const std::vecto
   }
 }
 
-// False when somebody else has the file open.
+// False when somebody else has the file open, or brought it up to date at the same moment.
 bool upgradeOnce(const fs::path& file, const Catalog& catalog, std::string_view password,
                  const std::vector<UpgradeStep>& steps) {
   Connection connection(catalog);
@@ -128,7 +128,7 @@ bool upgradeOnce(const fs::path& file, const Catalog& catalog, std::string_view 
     connection.impl()->run("PRAGMA journal_mode = WAL");
     return done;
   } catch (const StoreError& failure) {
-    if (failure.kind() != ErrorKind::Busy) throw;
+    if (failure.kind() != ErrorKind::Busy && failure.kind() != ErrorKind::Newer) throw;
     return false;
   }
 }

@@ -5,6 +5,11 @@
 #include "attack/company_at_risk.h"
 
 namespace velmo::attack {
+
+static void PrintTo(const Work& work, std::ostream* out) {
+  *out << work.name;
+}
+
 namespace {
 
 constexpr long instantsOfEach = 12;  // spread over all writes of a work

@@ -1,11 +1,11 @@
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "attack/books_check.h"
 #include "attack/cashier.h"
+#include "attack/process.h"
+#include "attack/report_pipe.h"
 #include "frame/document_number.h"
-#include "support/another_program.h"
+#include "schema/company_file.h"
 #include "support/new_company.h"
 
 namespace velmo::attack {
@@ -13,44 +13,33 @@ namespace {
 
 constexpr int invoices = 150;  // of each till
 
-// A program that saves invoices under the numbers that are proposed, and proposes again when one was taken meanwhile.
-std::unique_ptr<test::AnotherProgram> openTill(int pipe, unsigned seed) {
-  const auto cashier = std::make_shared<std::unique_ptr<Cashier>>();
-  return std::make_unique<test::AnotherProgram>(
-      [=] {
-        *cashier = std::make_unique<Cashier>(pipe, seed, Documents());
-        return 0;
-      },
-      [=] {
-        for (int saved = 0; saved < invoices;) {
-          try {
-            (*cashier)->saveNew();
-            ++saved;
-          } catch (const frame::DocNoTaken&) {
-          }
-        }
-      });
+// Saves invoices under the numbers that are proposed, and proposes again when one was taken meanwhile.
+void sell(int pipe, unsigned seed) {
+  Cashier cashier(pipe, seed, {});
+  for (int saved = 0; saved < invoices;) {
+    try {
+      cashier.saveNew();
+      ++saved;
+    } catch (const frame::DocNoTaken&) {
+    }
+  }
 }
 
 TEST(TwoTills, NeverGiveANumberTwice) {
   const test::NewCompany company;
-  int ends[2];
-  ASSERT_EQ(0, ::pipe(ends));
-  ASSERT_GE(::fcntl(ends[1], F_SETPIPE_SZ, 1 << 20), 0);
-  const std::unique_ptr<test::AnotherProgram> tills[] = {openTill(ends[1], 1), openTill(ends[1], 2)};
-  for (const auto& till : tills) till->start();
-  for (const auto& till : tills) EXPECT_TRUE(till->ended());
-  ::close(ends[1]);
+  const ReportPipe pipe;
+  Process first([&] { sell(pipe.end(), 1); });
+  Process second([&] { sell(pipe.end(), 2); });
+  EXPECT_EQ(first.status(), 0);
+  EXPECT_EQ(second.status(), 0);
   Documents told;
   int begun = 0;
-  for (Report report; ::read(ends[0], &report, sizeof report) == sizeof report;) {
+  for (const Report& report : pipe.reports()) {
     if (report.phase == Report::Phase::Begun) ++begun;
-    if (report.phase == Report::Phase::Done) {
-      EXPECT_FALSE(told.contains(report.docNo)) << "number " << report.docNo << " was given twice";
-      told[report.docNo] = report.outcome;
-    }
+    if (report.phase != Report::Phase::Done) continue;
+    EXPECT_FALSE(told.contains(report.docNo)) << "number " << report.docNo << " was given twice";
+    told[report.docNo] = report.outcome;
   }
-  ::close(ends[0]);
 
   store::Connection connection(schema::companyCatalog());
   connection.open(schema::plainConnectionString);

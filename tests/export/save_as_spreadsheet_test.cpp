@@ -1,5 +1,6 @@
 #include "export/save_as_spreadsheet.h"
 
+#include <QDate>
 #include <QHeaderView>
 #include <QStandardItemModel>
 

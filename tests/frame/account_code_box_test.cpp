@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QThread>
 #include <QVBoxLayout>
 
 #include "shop_fixture.h"

@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPrinter>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include "printing/pdf_writer.h"

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
@@ -73,6 +75,20 @@ class PreviewWindowTest : public testing::Test {
   int closed_ = 0;
   QPointer<PreviewWindow> window_ = {};
 };
+
+// The boxes of its bar lose the focus as it goes, behind the pages.
+TEST_F(PreviewWindowTest, GoesWithTheFocusInItsBar) {
+  for (const char* box : {"PageBox", "ZoomBox", "FindTxt"}) {
+    show(3);
+    window_->activateWindow();
+    QApplication::setActiveWindow(window_);
+    control<QWidget>(box).setFocus();
+    files_.path_ = folder_.filePath("three.pdf").toStdString();
+    window_->savePdf();
+    ASSERT_TRUE(comesTrue([this] { return !window_->isBusy(); }));
+    delete window_.data();
+  }
+}
 
 TEST_F(PreviewWindowTest, KeysTurnThePages) {
   show(95);

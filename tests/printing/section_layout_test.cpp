@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QRegularExpression>
+
 #include "printing/pieces.h"
 #include "sample_report.h"
 

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QCheckBox>
 #include <QLabel>
 #include <fstream>
 

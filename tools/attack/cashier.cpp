@@ -29,8 +29,8 @@ frame::DocumentValues invoice(std::int64_t docNo, bool cancelled) {
 
 }  // namespace
 
-Cashier::Cashier(int pipe, unsigned seed, Documents known)
-    : pipe_(pipe), random_(seed), known_(std::move(known)), context_(schema::companyCatalog()) {
+Cashier::Cashier(int pipe, unsigned seed, Documents known, Deletes deletes)
+    : pipe_(pipe), random_(seed), known_(std::move(known)), deletes_(deletes), context_(schema::companyCatalog()) {
   context_.KORDconn.open(schema::plainConnectionString);
   context_.FYID = 1;
   context_.UserID = 1;
@@ -45,9 +45,10 @@ void Cashier::step() {
   if (choice < 6 || known_.empty()) return saveNew();
   auto chosen = known_.begin();
   std::advance(chosen, between(0, static_cast<int>(known_.size()) - 1));
+  tran_.requery();
   tran_.moveFirst();
   if (!tran_.find("docno=" + std::to_string(chosen->first))) std::abort();
-  if (choice < 9)
+  if (choice < 9 || deletes_ == Deletes::None)
     save(chosen->first, frame::HeaderWrite::Update);
   else
     remove(chosen->first);

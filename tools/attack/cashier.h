@@ -14,7 +14,10 @@ namespace velmo::attack {
 // step is not told as done then.
 class Cashier {
  public:
-  Cashier(int pipe, unsigned seed, Documents known);
+  // Of the known documents some are changed; whoever works beside others deletes none, since its number may be given
+  // again before that is told.
+  enum class Deletes { Some, None };
+  Cashier(int pipe, unsigned seed, Documents known, Deletes deletes = Deletes::Some);
 
   void step();     // one of them
   void saveNew();  // a further one
@@ -30,6 +33,7 @@ class Cashier {
   int pipe_;
   std::mt19937 random_;
   Documents known_;
+  Deletes deletes_;
   session::LoginContext context_;
   store::Recordset tran_;
 };

@@ -1,102 +1,43 @@
 #include "attack/company_at_risk.h"
 
 #include <sqlite3.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <stdexcept>
 
 #include "attack/books_check.h"
+#include "attack/process.h"
 #include "attack/risk_places.h"
 #include "schema/company_file.h"
 
 namespace velmo::attack {
-namespace {
 
 namespace fs = std::filesystem;
 
-// As the first version of the program left it.
-void makeFirstVersion() {
-  sqlite3* file = nullptr;
-  sqlite3_open(companyFile, &file);
-  const char* statements =
-      "DROP TABLE Settings; DROP INDEX StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON StockLevel3 "
-      "(SubCatID); PRAGMA user_version = 1";
-  const bool made = sqlite3_exec(file, statements, nullptr, nullptr, nullptr) == SQLITE_OK;
-  sqlite3_close(file);
-  if (!made) throw std::runtime_error("no file of the first version");
-}
-
-}  // namespace
-
-CompanyAtRisk::CompanyAtRisk(const Work& work) : work_(work), before_(fs::current_path()) {
-  std::string pattern = (fs::temp_directory_path() / "velmo-risk-XXXXXX").string();
-  if (!::mkdtemp(pattern.data()) || ::pipe(pipe_) != 0) throw std::runtime_error("no folder for a company");
-  folder_ = pattern;
-  fs::current_path(folder_);
+CompanyAtRisk::CompanyAtRisk(const Work& work) : work_(work) {
   startProgram();
-  const int status = inProcess([&] {
-    Cashier cashier(pipe_[1], 1, {});
+  Process program([&] {
+    Cashier cashier(pipe_.end(), 1, {});
     for (int i = 0; i < work_.documentsBefore; ++i) cashier.saveNew();
     ::_exit(0);  // the file stays as it is
   });
-  if (status != 0) throw std::runtime_error("no documents in the company");
+  if (program.status() != 0) throw std::runtime_error("no documents in the company");
   if (work_.firstVersion) makeFirstVersion();
   fs::copy(companyFolder, keptFolder, fs::copy_options::recursive);
-  if (const Problems problems = books_.check(reports()); !problems.empty()) throw std::runtime_error(problems.front());
-}
-
-CompanyAtRisk::~CompanyAtRisk() {
-  for (const int end : pipe_) ::close(end);
-  std::error_code ignored;
-  fs::current_path(before_, ignored);
-  fs::remove_all(folder_, ignored);
-}
-
-int CompanyAtRisk::inProcess(const std::function<void()>& run) {
-  std::fflush(nullptr);
-  const pid_t child = ::fork();
-  if (child == 0) {
-    try {
-      run();
-      ::_exit(0);
-    } catch (const std::exception& failure) {
-      std::fprintf(stderr, "%s\n", failure.what());
-      ::_exit(1);
-    }
-  }
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-void CompanyAtRisk::tell(const Report& report) const {
-  if (::write(pipe_[1], &report, sizeof report) != sizeof report) throw std::runtime_error("no report");
-}
-
-std::vector<Report> CompanyAtRisk::reports() {
-  constexpr std::int64_t end = -1;
-  tell({.docNo = end});
-  std::vector<Report> all;
-  for (Report report; ::read(pipe_[0], &report, sizeof report) == sizeof report;) {
-    if (report.phase == Report::Phase::Note && report.docNo == end) break;
-    all.push_back(report);
-  }
-  return all;
+  if (const Problems problems = books_.check(pipe_.reports()); !problems.empty())
+    throw std::runtime_error(problems.front());
 }
 
 // A failure that the program is told of is followed by one more sale.
 int CompanyAtRisk::run(long operation, Fault fault) {
-  return inProcess([&] {
+  Process process([&] {
     FailingDisk::install();
     try {
       if (work_.opening) {
         FailingDisk::arm(operation, fault);
         work_.opening();
       } else {
-        Cashier cashier(pipe_[1], 2, books_.known());
+        Cashier cashier(pipe_.end(), 2, books_.known());
         FailingDisk::arm(operation, fault);
         try {
           work_.working(cashier);
@@ -107,8 +48,9 @@ int CompanyAtRisk::run(long operation, Fault fault) {
     } catch (const store::StoreError&) {
       if (operation == 0) throw;
     }
-    if (operation == 0) tell({.docNo = FailingDisk::operations()});
+    if (operation == 0) pipe_.tell({.docNo = FailingDisk::operations()});
   });
+  return process.status();
 }
 
 void CompanyAtRisk::restore() {
@@ -119,7 +61,7 @@ void CompanyAtRisk::restore() {
 long CompanyAtRisk::operations() {
   restore();
   if (run(0, Fault::Kill) != 0) throw std::runtime_error(std::string(work_.name) + " fails without a fault");
-  return static_cast<long>(reports().back().docNo);
+  return static_cast<long>(pipe_.reports().back().docNo);
 }
 
 Problems CompanyAtRisk::problemsAfter(long operation, Fault fault) {
@@ -141,7 +83,7 @@ void CompanyAtRisk::lookAtFile(Problems& problems) {
   // An upgrade is finished first: until then the totals are not those of today.
   if (work_.firstVersion) startProgram();
   ToldBooks books = books_;
-  for (const std::string& problem : books.check(reports())) problems.push_back(problem);
+  for (const std::string& problem : books.check(pipe_.reports())) problems.push_back(problem);
   startProgram();
   store::Connection connection(schema::companyCatalog(), schema::schemaVersion);
   connection.open(schema::plainConnectionString);

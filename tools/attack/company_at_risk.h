@@ -1,11 +1,12 @@
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <vector>
 
 #include "attack/cashier.h"
 #include "attack/failing_disk.h"
+#include "attack/report_pipe.h"
+#include "attack/risk_folder.h"
 
 namespace velmo::attack {
 
@@ -27,29 +28,23 @@ const std::vector<Work>& works();
 class CompanyAtRisk {
  public:
   explicit CompanyAtRisk(const Work& work);
-  ~CompanyAtRisk();
-  CompanyAtRisk(const CompanyAtRisk&) = delete;
-  CompanyAtRisk& operator=(const CompanyAtRisk&) = delete;
 
   // How many writes, syncs, truncations and deletions the work takes.
   long operations();
   // The company as it was before, the work with the fault at one of them, from 1, and the program started again.
   // What is wrong then.
   Problems problemsAfter(long operation, Fault fault);
+  RiskFolder& folder() { return folder_; }
 
  private:
-  int inProcess(const std::function<void()>& run);  // its exit status, -1 for none
-  std::vector<Report> reports();                    // since the last time
-  void tell(const Report& report) const;
   int run(long operation, Fault fault);
   void restore();
   void lookAtFile(Problems& problems);
   void lookAtBackUp(Problems& problems);
 
   const Work& work_;
-  std::filesystem::path before_;  // the current folder
-  std::filesystem::path folder_;
-  int pipe_[2] = {-1, -1};
+  RiskFolder folder_;
+  ReportPipe pipe_;
   ToldBooks books_;
 };
 

@@ -11,7 +11,8 @@ inline constexpr const char* backUpFile = "copy/back-up";
 
 inline constexpr int importedAccounts = 150;  // of one import, all named "Imported ..."
 
-void startProgram();  // as far as the company's file goes
+void startProgram();      // as far as the company's file goes
+void makeFirstVersion();  // of the company's file: as the first version of the program left it
 void backUp();
 
 }  // namespace velmo::attack

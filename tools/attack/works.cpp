@@ -1,6 +1,8 @@
 #include <sqlite3.h>
 
 #include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
 
 #include "attack/company_at_risk.h"
 #include "attack/risk_places.h"
@@ -34,6 +36,17 @@ void importAccounts(Cashier& cashier) {
 
 void startProgram() {
   schema::prepareCompanyFile(schema::plainConnectionString, text::DateTime::fromCalendar(2026, 11, 22));
+}
+
+void makeFirstVersion() {
+  sqlite3* file = nullptr;
+  sqlite3_open(companyFile, &file);
+  const char* statements =
+      "DROP TABLE Settings; DROP INDEX StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON StockLevel3 "
+      "(SubCatID); PRAGMA user_version = 1";
+  const bool made = sqlite3_exec(file, statements, nullptr, nullptr, nullptr) == SQLITE_OK;
+  sqlite3_close(file);
+  if (!made) throw std::runtime_error("no file of the first version");
 }
 
 void backUp() {
