@@ -1,5 +1,6 @@
 #include "export/csv_writer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <fstream>
@@ -16,9 +17,11 @@ constexpr const char* notComplete =
     "The file could not be written completely, because the disk is full or a file may not grow so large. Nothing was "
     "saved.";
 
+// Some programs take the wide forms of the signs for the signs themselves.
 bool looksLikeFormula(const std::string& text) {
-  return !text.empty() && std::string_view("=+-@\t\r").find(text.front()) != std::string_view::npos &&
-         !text::isNumeric(text);
+  constexpr std::string_view signs[] = {"=", "+", "-", "@", "\t", "\r", "\uFF1D", "\uFF0B", "\uFF0D", "\uFF20"};
+  const auto begins = [&text](std::string_view sign) { return text.starts_with(sign); };
+  return std::ranges::any_of(signs, begins) && !text::isNumeric(text);
 }
 
 std::string cellText(const store::Value& value) {

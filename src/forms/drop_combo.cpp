@@ -5,6 +5,8 @@
 #include <QLineEdit>
 #include <QWheelEvent>
 
+#include "forms/shown_part.h"
+
 namespace velmo::forms {
 namespace {
 
@@ -36,7 +38,7 @@ void DropCombo::setSource(store::Recordset rows, std::string_view shownField, st
   QStringList shown;
   if (rows.isOpen() && !rows.isEmpty())
     for (rows.moveFirst(); !rows.eof(); rows.moveNext()) {
-      shown << QString::fromStdString(rows.text(shownField));
+      shown << shownPart(rows.text(shownField));
       bound_.push_back(rows.value(boundField));
     }
   addItems(shown);

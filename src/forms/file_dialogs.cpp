@@ -43,6 +43,7 @@ std::string ask(const std::string& title, const std::string& filter, const std::
     dialog.selectFile(start.fileName());
   }
   prepare(dialog);
+  dialog.resize(dialog.sizeHint().expandedTo({820, 480}));  // the four columns of the list in full
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   return dialog.selectedFiles().first().toStdString();
 }

@@ -1,6 +1,7 @@
 #include "forms/recordset_model.h"
 
 #include "forms/look.h"
+#include "forms/shown_part.h"
 #include "text/format.h"
 
 namespace velmo::forms {
@@ -91,11 +92,11 @@ QString RecordsetModel::shownText(const store::Value& value, const TableColumn& 
   if (store::isNull(value)) return {};
   if (const auto* yes = std::get_if<bool>(&value); yes && !(column.yes.empty() && column.no.empty()))
     return QString::fromStdString(*yes ? column.yes : column.no);
-  if (column.format.empty()) return QString::fromStdString(store::textOf(value));
+  if (column.format.empty()) return shownPart(store::textOf(value));
   if (const auto* date = std::get_if<text::DateTime>(&value))
     return QString::fromStdString(text::formatDate(*date, column.format));
   if (std::holds_alternative<std::string>(value))
-    return QString::fromStdString(text::formatText(std::get<std::string>(value), column.format));
+    return shownPart(text::formatText(std::get<std::string>(value), column.format));
   return QString::fromStdString(text::formatNumber(store::numberOf(value), column.format));
 }
 

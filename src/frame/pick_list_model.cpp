@@ -1,5 +1,7 @@
 #include "frame/pick_list_model.h"
 
+#include "forms/shown_part.h"
+
 namespace velmo::frame {
 namespace {
 
@@ -61,7 +63,7 @@ void PickListModel::fetchMore(const QModelIndex&) {
 
 QVariant PickListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || !list_ || index.row() >= list_->sizeUpTo(index.row() + 1)) return {};
-  if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return shown(list_->display(index.row()));
+  if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return forms::shownPart(list_->display(index.row()));
   if (role == Qt::UserRole) return key(index);
   return {};
 }

@@ -1,6 +1,7 @@
 #include <QDeadlineTimer>
 
 #include "forms/look.h"
+#include "forms/shown_part.h"
 #include "frame/own_fields.h"
 #include "frame/picker_screen.h"
 #include "store/sql/like.h"
@@ -128,7 +129,7 @@ QVariant PickerModel::data(const QModelIndex& index, int role) const {
     if (end == std::string_view::npos) return {};
     text.remove_prefix(end + 1);
   }
-  return shownText(text.substr(0, text.find(columnEnd)));
+  return forms::shownPart(text.substr(0, text.find(columnEnd)));
 }
 
 QVariant PickerModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "forms/look.h"
+#include "forms/shown_part.h"
 #include "text/format.h"
 
 namespace velmo::frame {
@@ -32,11 +33,11 @@ QString shownValue(const store::Value& value, const forms::TableColumn& column) 
   if (store::isNull(value)) return {};
   if (const auto* yes = std::get_if<bool>(&value); yes && !(column.yes.empty() && column.no.empty()))
     return QString::fromStdString(*yes ? column.yes : column.no);
-  if (column.format.empty()) return QString::fromStdString(store::textOf(value));
+  if (column.format.empty()) return forms::shownPart(store::textOf(value));
   if (const auto* date = std::get_if<text::DateTime>(&value))
     return QString::fromStdString(text::formatDate(*date, column.format));
   if (const auto* words = std::get_if<std::string>(&value))
-    return QString::fromStdString(text::formatText(*words, column.format));
+    return forms::shownPart(text::formatText(*words, column.format));
   return QString::fromStdString(text::formatNumber(store::numberOf(value), column.format));
 }
 
@@ -128,9 +129,8 @@ QVariant ReportModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
       return qtAlignment(column.alignment);
     case Qt::FontRole:
-      return column.format.empty() && column.alignment != forms::ColumnAlignment::Right
-                 ? QVariant()
-                 : QVariant(forms::figureFont());
+      return column.format.empty() && column.alignment != forms::ColumnAlignment::Right ? QVariant()
+                                                                                        : QVariant(forms::figureFont());
     default:
       return {};
   }

@@ -73,7 +73,10 @@ QImage companyLogo() {
   const QSize size = reader.size();
   if (size.width() > MostPixels || size.height() > MostPixels)
     reader.setScaledSize(size.scaled(MostPixels, MostPixels, Qt::KeepAspectRatio).expandedTo({1, 1}));
-  return reader.read();
+  const QImage picture = reader.read();
+  // A frame may be larger than the canvas that the file tells of.
+  const bool large = picture.width() > MostPixels || picture.height() > MostPixels;
+  return large ? picture.scaled(MostPixels, MostPixels, Qt::KeepAspectRatio, Qt::SmoothTransformation) : picture;
 }
 
 void addCompanyHead(Report& report, Section& section, const Letterhead& head) {

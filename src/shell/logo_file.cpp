@@ -20,7 +20,10 @@ QImage pictureIn(const QString& file, const QSize& largest) {
   const QSize size = reader.size();
   if (size.isValid() && (size.width() > largest.width() || size.height() > largest.height()))
     reader.setScaledSize(size.scaled(largest, Qt::KeepAspectRatio).expandedTo({1, 1}));
-  return reader.read();
+  const QImage picture = reader.read();
+  // A frame may be larger than the canvas that the file tells of.
+  const bool large = picture.width() > largest.width() || picture.height() > largest.height();
+  return large ? picture.scaled(largest, Qt::KeepAspectRatio, Qt::SmoothTransformation) : picture;
 }
 
 std::string named(const QString& name) {

@@ -50,6 +50,18 @@ TEST_F(Lists, ShowFieldsInTheirFormats) {
   EXPECT_TRUE(model_.index(0, 1).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
 }
 
+// The row has all of it.
+TEST_F(Lists, ShowTheBeginningOfAVeryLongText) {
+  std::string name = "Name 1 ";
+  while (name.size() < 1'000'000) name += " \u00FCber \U0001F600";
+  store::Recordset(connection_, "select * from Employees where EmpID=0").addNew({{"EmpName", name}, {"Status", false}});
+  model_.setRecordset(employees());
+  EXPECT_LE(shown(0, 0).size(), 301);
+  EXPECT_TRUE(QString::fromStdString(name).startsWith(shown(0, 0).chopped(1)));
+  EXPECT_TRUE(shown(0, 0).endsWith(QChar(0x2026)));
+  EXPECT_TRUE(employees().text("EmpName") == name);
+}
+
 TEST_F(Lists, HandRowsToTheViewInPortions) {
   addEmployees(600);
   model_.setRecordset(employees());

@@ -5,6 +5,7 @@
 
 #include "settings_company.h"
 #include "shell/direct_back_up.h"
+#include "shell/logo_file.h"
 #include "shell/navigation.h"
 #include "support/small_disk.h"
 
@@ -85,6 +86,17 @@ TEST_F(LogoAndBackUp, LogoStaysWhenTheChosenFileIsNoPicture) {
   choose(company.folder() / "gone.jpg");
   EXPECT_EQ(content(logo), before);
   expectShown(true);
+}
+
+// 4,000 x 2 pixels in a file that tells of 10 x 2.
+TEST_F(LogoAndBackUp, LogoIsNoLargerThanAskedForWhateverItsFileTells) {
+  const QByteArray wide = QByteArray::fromBase64(
+      "R0lGODlhCgACAPAAAP8AAAAAACH5BAAAAAAALAAAAACgDwIAAAJkhI+py+0Po5y02ouz3rz7D4biSJbmiabqyrbuC8fyTNf2jef6zvf+"
+      "DwwKh8Si8YhMKpfMpvMJjUqn1Kr1is1qt9yu9wsOi8fksvmMTqvX7Lb7DY/L5/S6/Y7P6/f8vv8PGBhYAAA7");
+  std::ofstream(logo, std::ios::binary).write(wide.data(), wide.size());
+  const QSize shown = logoPicture({100, 100}).size();
+  EXPECT_LE(shown.width(), 100);
+  EXPECT_FALSE(shown.isEmpty());
 }
 
 TEST_F(LogoAndBackUp, LogoStaysWhenTheDiskIsFull) {
