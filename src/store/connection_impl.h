@@ -42,6 +42,8 @@ struct BoundStatement {
 
 struct InsertionPlan;
 
+inline constexpr int busyTimeout = 2000;  // milliseconds that a write waits for another program
+
 // The open file behind a Connection and the recordsets opened on it, which keep it alive.
 struct Connection::Impl {
   Impl(const Catalog& tables, int newestVersion) : catalog(tables), newestSchemaVersion(newestVersion) {}
