@@ -43,6 +43,7 @@ double closingStockValue(store::Connection& connection, int fyid, const text::Da
 }
 
 void postClosingStock(store::Connection& connection, int fyid, const text::DateTime& day) {
+  if (connection.refusesWriting()) return;  // a damaged file is still read, with the entry that it has
   store::Connection::Transaction transaction(connection);
   store::Recordset entry(
       connection, "select tranno, trandate from transactions where trantype=51 and fyid= " + std::to_string(fyid));

@@ -125,6 +125,7 @@ void keepChanged(std::vector<Line>& lines) {
 }  // namespace
 
 bool writeRunningBalances(store::Connection& connection, int fyid, const LinesDone& progress) {
+  if (connection.refusesWriting()) return true;  // a damaged file is still printed, with the balances that it has
   Report report(progress);
   store::Connection::Transaction transaction(connection);
   std::optional<std::vector<Line>> lines = readLines(connection, fyid, report);

@@ -3,6 +3,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
 
 #include "schema/company_schema.h"
@@ -11,6 +12,7 @@
 #include "store/connection_string.h"
 #include "store/error.h"
 #include "store/file_identity.h"
+#include "store/soundness.h"
 #include "store/upgrade.h"
 #include "store/work_file.h"
 
@@ -19,6 +21,8 @@ namespace {
 
 // The folder of the company's file under the program's folder.
 constexpr const char* dataFolder = "Uninstall";
+
+constexpr std::chrono::milliseconds longestWait(30);  // with a check, before the first screen
 
 std::filesystem::path homeFolder() {
   if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
@@ -32,6 +36,20 @@ std::filesystem::path homeFolder() {
 std::filesystem::path userDataFolder() {
   if (const char* folder = std::getenv("XDG_DATA_HOME"); folder != nullptr && *folder == '/') return folder;
   return homeFolder() / ".local" / "share";
+}
+
+// Totals are set right in a file that is sound, as far as that can be told by now.
+FileState stateOf(store::Connection& connection) {
+  const std::optional<std::vector<store::Finding>> found = store::quickCheck(connection, longestWait);
+  FileState state{.seenThrough = found.has_value(), .damage = found.value_or(std::vector<store::Finding>())};
+  if (!state.damage.empty()) return state;
+  try {
+    store::mendKeptTotals(connection);
+  } catch (const store::StoreError& failure) {
+    if (failure.kind() != store::ErrorKind::Damaged) throw;
+    state.damage = {{.kind = store::Finding::Kind::Damage, .words = "the documents or their kept totals"}};
+  }
+  return state;
 }
 
 }  // namespace
@@ -65,7 +83,7 @@ std::filesystem::path programFolder() {
   return folder;
 }
 
-void prepareCompanyFile(const std::string& connectionString, const text::DateTime& now) {
+FileState prepareCompanyFile(const std::string& connectionString, const text::DateTime& now) {
   const store::ConnectionString target = store::parseConnectionString(connectionString);
   store::clearAbandonedWork(store::folderOf(target.dataSource), target.dataSource.filename().string());
   std::error_code error;
@@ -73,11 +91,14 @@ void prepareCompanyFile(const std::string& connectionString, const text::DateTim
   if (!std::filesystem::exists(std::filesystem::symlink_status(target.dataSource, error)) &&
       store::createDatabaseFile(target.dataSource, companyCatalog(), target.password, schemaVersion,
                                 [&now](store::Connection& connection) { writeFirstRows(connection, now); }))
-    return;
+    return {};
   store::upgradeDatabaseFile(target.dataSource, companyCatalog(), target.password, upgrades());
   store::Connection connection(companyCatalog(), schemaVersion);
   connection.open(connectionString);
-  store::mendKeptTotals(connection);
+  store::requireTables(connection);
+  FileState state = stateOf(connection);
+  if (!state.damage.empty()) connection.refuseWriting();
+  return state;
 }
 
 }  // namespace velmo::schema

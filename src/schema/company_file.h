@@ -2,7 +2,9 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
+#include "store/finding.h"
 #include "text/date_time.h"
 
 namespace velmo::schema {
@@ -18,10 +20,17 @@ std::string connectionStringFor(const std::filesystem::path& file);
 // (XDG_DATA_HOME), made when missing.
 std::filesystem::path programFolder();
 
+// What was seen of a company's file before the first screen, where nobody is to wait.
+struct FileState {
+  bool seenThrough = true;             // its pages; otherwise they are to be checked in an idle moment
+  std::vector<store::Finding> damage;  // with any, the file is opened for reading alone
+};
+
 // Makes the file that the connection string names when it is missing, with the schema and the first rows of an empty
 // company whose financial year holds `now`; upgrades an older file and keeps a verified copy of what it was; sets kept
-// totals right; clears what dead programs left beside it. Several programs may do so at once. Leaves any other file as
-// it is. Throws store::StoreError with a sentence for the user.
-void prepareCompanyFile(const std::string& connectionString, const text::DateTime& now);
+// totals right; clears what dead programs left beside it. Several programs may do so at once. A file that is found
+// damaged by a short check, and any other file, is left as it is. Throws store::StoreError with a sentence for the
+// user.
+FileState prepareCompanyFile(const std::string& connectionString, const text::DateTime& now);
 
 }  // namespace velmo::schema

@@ -73,6 +73,7 @@ std::vector<NewCost> costsThatDiffer(store::Connection& connection, const std::s
 
 void computeWeightedCosts(store::Connection& connection, int fyid, const CostBound& bound, ItemCost cost) {
   const std::string column = cost == ItemCost::AtClosing ? "valuationcost2" : "valuationcost1";
+  if (connection.refusesWriting()) return;  // a damaged file is still read, with the costs that it has
   store::Connection::Transaction transaction(connection);
   for (const NewCost& item : costsThatDiffer(connection, receiptsStatement(fyid, bound), column))
     connection.execute("update stocklevel3 set stocklevel3." + column + "=" + item.cost +

@@ -7,6 +7,7 @@
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
 #include "shell/brand_panel.h"
+#include "shell/damage_notice.h"
 #include "shell/login_form.h"
 #include "shell/main_shell.h"
 
@@ -35,10 +36,11 @@ int Application::run() {
   try {
     const std::filesystem::path folder = schema::programFolder();
     std::filesystem::current_path(folder);
-    schema::prepareCompanyFile(schema::plainConnectionString, clock_.now());
+    const schema::FileState file = schema::prepareCompanyFile(schema::plainConnectionString, clock_.now());
+    if (!file.damage.empty()) tellDamageAtStart(prompts_, clock_, schema::plainConnectionString, file);
     std::unique_ptr<session::LoginContext> context;
     {
-      LoginForm login(schema::companyCatalog(), schema::plainConnectionString, prompts_);
+      LoginForm login(schema::companyCatalog(), schema::plainConnectionString, prompts_, file);
       if (login.exec() != QDialog::Accepted) return 0;
       context = login.takeContext();
     }
@@ -46,7 +48,8 @@ int Application::run() {
                                       .prompts = prompts_,
                                       .files = files_,
                                       .programFolder = folder,
-                                      .screenWidth = primaryScreen()->size().width()});
+                                      .screenWidth = primaryScreen()->size().width(),
+                                      .file = file});
     shell.showMaximized();
     setQuitOnLastWindowClosed(true);
     return exec();

@@ -1,8 +1,10 @@
 #include "shell/direct_back_up.h"
 
+#include <QtGlobal>
 #include <filesystem>
 
 #include "schema/company_file.h"
+#include "session/settings.h"
 #include "store/connection_string.h"
 #include "text/format.h"
 
@@ -17,6 +19,17 @@ constexpr const char* trialTotals =
 
 std::string sizeWords(std::uintmax_t bytes) {
   return text::formatNumber(static_cast<double>(bytes) / (1024.0 * 1024.0), "#,##0.0") + " MB";
+}
+
+// For the day on which it is needed. The back-up is good without that.
+void remember(session::Workplace& workplace, const std::filesystem::path& file) {
+  store::Connection& books = workplace.context.KORDconn;
+  try {
+    session::saveSetting(books, session::settings::BackUpPlace, file.string());
+    session::saveSetting(books, session::settings::BackUpTime, workplace.clock.now().iso());
+  } catch (const store::StoreError& failure) {
+    qWarning("%s", failure.what());
+  }
 }
 
 }  // namespace
@@ -39,6 +52,7 @@ void saveDirectBackUp(session::Workplace& workplace, const std::function<void(st
                                                  .proofs = {trialTotals},
                                                  .newestSchemaVersion = schema::schemaVersion,
                                                  .progress = progress});
+    remember(workplace, saved.file);
     workplace.prompts.tell(
         "Back-Up",
         "The back-up was saved and checked: " + text::formatNumber(static_cast<double>(saved.records), "#,##0") +

@@ -40,16 +40,18 @@ void addField(QGridLayout* grid, int row, const QString& caption, QWidget* field
 }  // namespace
 
 LoginForm::LoginForm(const store::Catalog& catalog, const std::string& connectionString, session::Prompts& prompts,
-                     QWidget* parent)
+                     const schema::FileState& file, QWidget* parent)
     : QDialog(parent), catalog_(catalog), prompts_(prompts), connection_(catalog, schema::schemaVersion) {
   setObjectName(QStringLiteral("LoginForm"));
   setWindowTitle(QStringLiteral("Velmo Point of Sale"));
   connection_.open(connectionString);
+  if (!file.damage.empty()) connection_.refuseWriting();
   records_ = std::make_unique<session::LoginRecords>(connection_);
+  session::requireLogin(*records_);
   build();
   userCombo_->setSource(records_->users, "username", "userid");
   yearCombo_->setSource(records_->financialYears, "Abbreviation", "FYID");
-  session::cleanUpMasters(connection_);
+  if (!connection_.refusesWriting()) session::cleanUpMasters(connection_);
 
   connect(userCombo_, &forms::DropCombo::entryChanged, this, &LoginForm::chooseUser);
   connect(yearCombo_, &forms::DropCombo::entryChanged, this, &LoginForm::chooseYear);

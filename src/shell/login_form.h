@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "schema/company_file.h"
 #include "session/login.h"
 #include "session/prompts.h"
 
@@ -22,9 +23,10 @@ class LoginForm : public QDialog {
   Q_OBJECT
 
  public:
-  // Throws store::StoreError when the file cannot be opened.
+  // A file that is damaged is not tidied up, nor written otherwise. Throws store::StoreError when the file cannot be
+  // opened, or nobody could log in to it.
   LoginForm(const store::Catalog& catalog, const std::string& connectionString, session::Prompts& prompts,
-            QWidget* parent = nullptr);
+            const schema::FileState& file = {}, QWidget* parent = nullptr);
 
   // The values of the user who logged in; null before that. Its own connection is not open yet.
   std::unique_ptr<session::LoginContext> takeContext() { return std::move(context_); }

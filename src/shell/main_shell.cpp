@@ -10,15 +10,19 @@
 #include "forms/look.h"
 #include "session/login.h"
 #include "shell/brand_panel.h"
+#include "shell/idle_work.h"
 #include "shell/menu_actions.h"
 #include "shell/navigation.h"
 #include "shell/screen_windows.h"
+#include "shell/status_note.h"
 
 namespace velmo::shell {
 namespace {
 
 constexpr int administrator = 1;
 constexpr int welcomeRight = 2;
+constexpr int journalRight = 180;
+constexpr const char* unbalancedScreen = "UnbalancedDocuments";
 constexpr int smallestScreenWidth = 1000;  // the sentence asks for 1024; a little less passes
 constexpr int reloadDelay = 1000;          // milliseconds
 constexpr int costDelay = 100;             // milliseconds
@@ -61,6 +65,7 @@ Parent::Parent(std::unique_ptr<session::LoginContext> context, const Surrounding
       costTimer_(oneShot(this, "CostTimer", costDelay)),
       idleTimer_(oneShot(this, "IdleTimer", idleDelay)) {
   context_->KORDconn.open(surroundings_.connectionString);
+  if (!surroundings_.file.damage.empty()) context_->KORDconn.refuseWriting();
   context_->ShapeConnection = surroundings_.shapeString;
   screens_->setWorkplace(workplace_);
   buildWindow();
@@ -72,6 +77,7 @@ Parent::Parent(std::unique_ptr<session::LoginContext> context, const Surrounding
 
 Parent::~Parent() {
   qApp->removeEventFilter(this);
+  delete idleWork_;
   delete screens_;  // the screens let go of the file before it closes
 }
 
@@ -96,6 +102,10 @@ void Parent::buildWindow() {
     forms::makeCaption(*panel);
     bar->addWidget(panel);
   }
+  note_ = new StatusNote(bar);
+  note_->setObjectName(QStringLiteral("Panel_3"));
+  connect(note_, &StatusNote::clicked, this, &Parent::showUnbalancedDocuments);
+  bar->addWidget(note_, 1);
   setStatusBar(bar);
 }
 
@@ -104,7 +114,9 @@ void Parent::startTimers() {
   connect(accountsTimer_, &QTimer::timeout, this, &Parent::readAccounts);
   connect(costTimer_, &QTimer::timeout, this, &Parent::computeCosts);
   context_->Costs.onArmed = [this] { costTimer_->start(); };
-  connect(idleTimer_, &QTimer::timeout, this, &Parent::moveLogIntoFile);
+  idleWork_ = new IdleWork(workplace_, surroundings_.connectionString, surroundings_.file, *note_, this);
+  connect(idleTimer_, &QTimer::timeout, idleWork_, &IdleWork::run);
+  connect(idleWork_, &IdleWork::wantsToRun, idleTimer_, qOverload<>(&QTimer::start));
   connect(screens_, &ScreenWindows::screenOpening, this, &Parent::readMissingLists);
   connect(screens_, &ScreenWindows::screenClosed, this, &Parent::screenClosed);
   itemsTimer_->start();
@@ -131,7 +143,7 @@ void Parent::readMissingLists() {
 
 // Work that shows its progress may be in the midst of a transaction.
 void Parent::computeCosts() {
-  if (!context_->KORDconn.isOpen()) return;
+  if (!context_->KORDconn.isOpen() || context_->KORDconn.refusesWriting()) return;
   if (context_->KORDconn.inTransaction()) return costTimer_->start();
   try {
     context_->Costs.settle(*context_);
@@ -140,14 +152,14 @@ void Parent::computeCosts() {
   }
 }
 
-void Parent::moveLogIntoFile() {
-  if (context_->KORDconn.isOpen() && !context_->KORDconn.inTransaction()) context_->KORDconn.checkpoint();
-}
-
 // Keys and clicks put off the work that waits for an idle moment.
 bool Parent::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) idleTimer_->start();
   return QMainWindow::eventFilter(watched, event);
+}
+
+void Parent::showUnbalancedDocuments() {
+  if (note_->leadsToDocuments() && workplace_.rights().demand(journalRight)) screens_->openScreen(unbalancedScreen);
 }
 
 void Parent::showCompany() {
@@ -157,6 +169,7 @@ void Parent::showCompany() {
 
 void Parent::screenClosed(const QString& name) {
   if (name == QLatin1String("CompanyInfo")) showCompany();
+  if (name == QLatin1String(unbalancedScreen)) idleWork_->lookAgain();  // some may have been put right
   for (const Reload& reload : reloads)
     if (name == QLatin1String(reload.screen))
       (reload.list == SharedList::Items ? itemsTimer_ : accountsTimer_)->start();
@@ -227,6 +240,7 @@ void Parent::closeEvent(QCloseEvent* event) {
     return;
   }
   for (QTimer* timer : {itemsTimer_, accountsTimer_, costTimer_, idleTimer_}) timer->stop();
+  idleWork_->stop();
   for (store::Recordset* list : {&context_->ItemsRS, &context_->AccountsRS})
     if (list->isOpen()) list->close();
   context_->KORDconn.close();

@@ -13,7 +13,9 @@
 
 namespace velmo::shell {
 
+class IdleWork;
 class ScreenWindows;
+class StatusNote;
 
 // What the shell is given from outside; it must outlive the shell.
 struct Surroundings {
@@ -25,6 +27,7 @@ struct Surroundings {
   std::string connectionString = schema::plainConnectionString;
   std::string shapeString = schema::shapeConnectionString;
   std::span<const ScreenEntry> catalogue = screenCatalogue();
+  schema::FileState file = {};  // what was seen of it before the first screen
 };
 
 // The main window: menu, status bar, the screens as tabs, the open file and the lists that all screens share.
@@ -53,8 +56,8 @@ class Parent : public QMainWindow {
   void readAccounts();
   void readMissingLists();
   void computeCosts();
-  void moveLogIntoFile();
   void showCompany();
+  void showUnbalancedDocuments();
   void screenClosed(const QString& name);
   void choose(const MenuEntry& entry);
   bool passes(const MenuGuard& guard);
@@ -70,6 +73,8 @@ class Parent : public QMainWindow {
   QTimer* accountsTimer_;  // AccTimer
   QTimer* costTimer_;      // CostTimer
   QTimer* idleTimer_;
+  StatusNote* note_ = nullptr;  // Panel_3
+  IdleWork* idleWork_ = nullptr;
 };
 
 // The sentence for screens on which windows would be cut off.

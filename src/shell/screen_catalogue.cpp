@@ -23,6 +23,7 @@
 #include "reports/narrow_balances.h"
 #include "reports/print_ledgers.h"
 #include "reports/print_vouchers.h"
+#include "reports/unbalanced_documents.h"
 #include "shell/about.h"
 #include "shell/company_info.h"
 #include "shell/currency_settings.h"
@@ -125,6 +126,7 @@ constexpr ScreenEntry screens[] = {
     {"VendorBalances", ScreenKind::ChildWindow, reports::makeVendorBalances},
     {"CashBalances", ScreenKind::ChildWindow, reports::makeCashBalances},
     {"JobLedgers", ScreenKind::ChildWindow, reports::makeJobLedgers},
+    {"UnbalancedDocuments", ScreenKind::ChildWindow, reports::makeUnbalancedDocuments},
     {"CompanyInfo", ScreenKind::Dialog, makeCompanyInfo},
     {"LogoSetting", ScreenKind::Dialog, makeLogoSetting},
     {"CurrencySettings", ScreenKind::Dialog, makeCurrencySettings},

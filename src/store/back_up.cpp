@@ -15,6 +15,7 @@
 #include "store/connection_string.h"
 #include "store/open_database.h"
 #include "store/recordset.h"
+#include "store/soundness.h"
 #include "store/sqlite_error.h"
 #include "store/table_sql.h"
 #include "store/work_file.h"
@@ -183,10 +184,13 @@ void forgetCached(const fs::path& file) {
 void requireSound(Connection& connection, const fs::path& shownAs) {
   PreparedStatement check = connection.impl()->prepare("PRAGMA integrity_check(1)");
   const std::string verdict = check.step() ? textOf(columnValue(check.handle(), 0)) : std::string();
-  if (verdict != "ok")
-    throw StoreError(ErrorKind::Damaged, "The back-up \"" + shownAs.string() +
-                                             "\" was not saved: the copy is not sound (" + verdict +
-                                             "). The company's file or the disk may be damaged.");
+  const auto unsound = [&](const std::string& fault) {
+    return StoreError(ErrorKind::Damaged, "The back-up \"" + shownAs.string() +
+                                              "\" was not saved: the copy is not sound (" + fault +
+                                              "). The company's file or the disk may be damaged.");
+  };
+  if (verdict != "ok") throw unsound(verdict);
+  if (const std::vector<Finding> lost = relationFaults(connection); !lost.empty()) throw unsound(lost.front().words);
 }
 
 void verify(const Catalog& catalog, const BackUpRequest& request, const Evidence& evidence, const fs::path& copy,

@@ -40,6 +40,7 @@ void Connection::Impl::close() noexcept {
   statements.reset();
   sqlite3_close_v2(std::exchange(database, nullptr));
   file.reset();
+  harm.reset();
 }
 
 void Connection::Impl::requireOpen() const {
@@ -114,7 +115,17 @@ std::int64_t Connection::Impl::run(PreparedStatement& statement) {
   return sqlite3_changes64(database);
 }
 
+// The log stays as it is as well: the next program to open the file takes it up.
+void Connection::Impl::refuseWriting() {
+  requireOpen();
+  harm = StoreError(ErrorKind::Damaged, "The file \"" + fileName +
+                                            "\" is damaged. Nothing is saved into it any more. Restore it from a "
+                                            "back-up copy.");
+  sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
+
 std::optional<StoreError> Connection::Impl::refusalToWrite() {
+  if (harm) return harm;
   if (auto displaced = file->displacement()) return displaced;
   if (number("PRAGMA user_version") <= schemaVersion) return std::nullopt;
   return StoreError(ErrorKind::Newer, "The file \"" + fileName +
@@ -128,6 +139,7 @@ void Connection::Impl::requireInPlace() const {
 
 void Connection::Impl::begin(Lock lock) {
   if (transaction != 0) throw StoreError(ErrorKind::Misuse, "A transaction is open already.");
+  if (harm) throw *harm;  // a damaged file may not even let a transaction begin
   finishReaders();
   prepare(lock == Lock::Sole ? "BEGIN EXCLUSIVE" : "BEGIN IMMEDIATE").step();
   if (const auto refusal = refusalToWrite()) {
@@ -139,6 +151,7 @@ void Connection::Impl::begin(Lock lock) {
 
 void Connection::Impl::commit() {
   if (!insideTransaction()) throw alreadyUndone();
+  if (harm) throw *harm;
   requireInPlace();
   prepare("COMMIT").step();
   transaction = 0;
@@ -168,7 +181,7 @@ void Connection::Impl::undo() noexcept {
 // A result that is being read must not see half of it, and what others write may wait for no idle moment of ours.
 void Connection::Impl::addLaterLines() {
   const auto isRead = [](const auto& reader) { return !reader.expired(); };
-  if (insideTransaction() || std::ranges::any_of(readers, isRead)) return;
+  if (harm || insideTransaction() || std::ranges::any_of(readers, isRead)) return;
   for (const KeptTotals& kept : catalog.keptTotals()) {
     if (laterLines(database, kept) < fewestAdded) continue;
     sqlite3_busy_timeout(database, 0);
@@ -233,11 +246,20 @@ Connection Connection::snapshot() const {
 
 void Connection::checkpoint() {
   impl_->requireOpen();
+  if (refusesWriting()) return;
   impl_->addLaterLines();
   const int code = sqlite3_wal_checkpoint_v2(impl_->database, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
   if (code != SQLITE_OK && code != SQLITE_BUSY && code != SQLITE_LOCKED) {
     throw sqliteError(impl_->database, code, impl_->fileName);
   }
+}
+
+void Connection::refuseWriting() {
+  impl_->refuseWriting();
+}
+
+bool Connection::refusesWriting() const {
+  return impl_->harm.has_value();
 }
 
 std::int64_t Connection::execute(std::string_view statement) {

@@ -44,6 +44,11 @@ class Connection {
   // is added later. For moments without work: writing itself leaves the log alone until it is large.
   void checkpoint();
 
+  // For a file that was found damaged: until it is closed nothing is written into it through this connection, be it
+  // the log. Every attempt to write or to commit throws StoreError (Damaged); what only tidies up does nothing.
+  void refuseWriting();
+  bool refusesWriting() const;
+
   // Runs an INSERT, UPDATE or DELETE of the dialect and returns the number of rows written.
   std::int64_t execute(std::string_view statement);
 

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -68,6 +69,8 @@ struct Connection::Impl {
   std::int64_t write(std::string_view sql, const std::vector<Value>& parameters);
   std::int64_t write(PreparedStatement& statement);  // the same, with its values bound
 
+  void refuseWriting();
+
   void stamp(int version);  // writes whose file it is and the version of its schema into it
 
   enum class Lock {
@@ -94,7 +97,8 @@ struct Connection::Impl {
   sqlite3* database = nullptr;
   std::string fileName;
   std::unique_ptr<OpenDatabase> file;
-  int schemaVersion = 0;  // of the file when it was opened
+  int schemaVersion = 0;           // of the file when it was opened
+  std::optional<StoreError> harm;  // what was found in the file: nothing may be written into it any more
   std::shared_ptr<StatementCache> statements;
   TableChanges changes;
   std::vector<std::shared_ptr<const InsertionPlan>> insertionPlans;  // of the latest rows that were added

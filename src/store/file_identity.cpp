@@ -128,10 +128,10 @@ bool createDatabaseFile(const fs::path& file, const Catalog& catalog, std::strin
   return true;
 }
 
-void mendKeptTotals(Connection& connection) {
+void mendKeptTotals(Connection& connection, TotalsCheck check) {
   Connection::Impl& impl = *connection.impl();
   for (const KeptTotals& kept : impl.catalog.keptTotals()) {
-    if (areKept(impl.database, kept)) continue;
+    if ((check == TotalsCheck::Latest ? areKept : areRight)(impl.database, kept)) continue;
     Connection::Transaction transaction(connection);
     makeKeptTotals(impl.database, kept);
     transaction.commit();

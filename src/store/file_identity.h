@@ -25,9 +25,11 @@ inline constexpr int applicationId = 0x56454c4d;
 bool createDatabaseFile(const std::filesystem::path& file, const Catalog& catalog, std::string_view password,
                         int schemaVersion, const std::function<void(Connection&)>& fill);
 
-// Makes the kept totals of the catalogue again where areKept() finds them off, in one transaction.
+// Which kept totals are looked at: what areKept() can tell without a wait, or all of them (areRight()).
+enum class TotalsCheck { Latest, All };
+// Makes the kept totals of the catalogue again where they are found off, each kind in one transaction.
 // Throws StoreError.
-void mendKeptTotals(Connection& connection);
+void mendKeptTotals(Connection& connection, TotalsCheck check = TotalsCheck::Latest);
 
 // Keeps a salted derivation of the password in the file, in place of any earlier one.
 void writePassword(sqlite3* database, std::string_view password);

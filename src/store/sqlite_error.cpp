@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <string_view>
 
 namespace velmo::store {
@@ -29,6 +30,12 @@ StoreError constraintError(int extendedCode, const std::string& message) {
   }
 }
 
+// A quota or the greatest size of a file is as full as a full disk.
+bool isForRoom(sqlite3* database) {
+  const int reason = database == nullptr ? 0 : sqlite3_system_errno(database);
+  return reason == EDQUOT || reason == EFBIG || reason == ENOSPC;
+}
+
 }  // namespace
 
 StoreError sqliteError(sqlite3* database, int code, const std::string& fileName) {
@@ -52,6 +59,7 @@ StoreError sqliteError(sqlite3* database, int code, const std::string& fileName)
       return {ErrorKind::Missing,
               "The file " + file + " cannot be opened. Check that it is there and that you may use it."};
     case SQLITE_IOERR:
+      if (isForRoom(database)) return sqliteError(database, SQLITE_FULL, fileName);
       return {ErrorKind::Failed,
               "The disk that holds " + file + " reported an error (" + message + "). Nothing was saved."};
     case SQLITE_TOOBIG:

@@ -11,6 +11,7 @@
 #include <random>
 
 #include "store/connection_impl.h"
+#include "store/copy_pages.h"
 #include "store/file_check.h"
 #include "store/file_identity.h"
 #include "store/sqlite_error.h"
@@ -20,7 +21,6 @@ namespace velmo::store {
 namespace {
 
 namespace fs = std::filesystem;
-using Database = std::unique_ptr<sqlite3, decltype(&sqlite3_close)>;
 using Statement = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
 
 constexpr std::chrono::seconds patience(6);  // with somebody who may be upgrading the file himself
@@ -52,25 +52,6 @@ void requireSound(sqlite3* database, const fs::path& file) {
   }
 }
 
-// Of one moment, sound, and on the disk.
-void copyFile(Connection::Impl& from, const fs::path& to) {
-  sqlite3* opened = nullptr;
-  int code = sqlite3_open_v2(to.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
-  Database target(opened, sqlite3_close);
-  sqlite3_backup* copying =
-      code == SQLITE_OK ? sqlite3_backup_init(target.get(), "main", from.database, "main") : nullptr;
-  if (copying != nullptr) {
-    code = sqlite3_backup_step(copying, -1);
-    sqlite3_backup_finish(copying);
-  } else if (code == SQLITE_OK) {
-    code = sqlite3_errcode(target.get());
-  }
-  if (code != SQLITE_DONE) throw sqliteError(nullptr, code, from.fileName);
-  requireSound(target.get(), from.fileName);
-  target.reset();
-  syncToDisk(to, O_RDWR);
-}
-
 void keepCopy(const fs::path& copy, const fs::path& kept) {
   if (::rename(copy.c_str(), kept.c_str()) != 0) throw cannotMake(kept, errno);
   syncToDisk(folderOf(kept), O_RDONLY | O_DIRECTORY);
@@ -97,7 +78,7 @@ bool upgradeAlone(Connection& connection, const fs::path& file, const std::vecto
   Connection::Impl& impl = *connection.impl();
   const WorkFile copy(file, "copy");
   const std::string dataVersion = answerOf(impl.database, "PRAGMA data_version", file);
-  copyFile(impl, copy.path);
+  copyPages(impl, copy.path, [&](sqlite3* copied) { requireSound(copied, file); });
   impl.run("PRAGMA foreign_keys = OFF");  // tables may be rebuilt; the check at the end stands for it
   impl.begin(Connection::Impl::Lock::Sole);
   try {

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <fstream>
 
+#include "support/damage.h"
 #include "support/new_company.h"
 #include "support/queued_prompts.h"
 #include "support/typing.h"
@@ -111,12 +112,32 @@ TEST_F(LoginScreen, ProposesSomebodyWhenTheDefaultUserIsGone) {
   EXPECT_TRUE(button("OkBttn").isEnabled());
 }
 
-TEST_F(LoginScreen, LetsNobodyInWithoutAUser) {
+// Before the first screen, and as a sentence.
+TEST_F(LoginScreen, SaysWhatAFileLacksForALogin) {
   form_.reset();
-  test::NewCompany::run({"delete * from users"});
-  reopen();
-  EXPECT_FALSE(button("OkBttn").isEnabled());
-  EXPECT_FALSE(button("SetDefault").isEnabled());
+  const auto failure = [this]() -> std::string {
+    try {
+      schema::prepareCompanyFile(schema::plainConnectionString, text::DateTime::fromCalendar(2026, 11, 22));
+      reopen();
+    } catch (const store::StoreError& error) {
+      return error.what();
+    }
+    return "none";
+  };
+  const std::filesystem::path file = company_.folder() / "Uninstall" / "Uninstall.MDB";
+  const std::string company = "The company's file is damaged: it lacks ";
+  const std::string named = "The file \"Uninstall/Uninstall.MDB\" is damaged: it lacks ";
+  for (const auto& [sql, lacks] :
+       {std::pair{"DELETE FROM Users", company + "a user who could log in (the table \"Users\" is empty)"},
+        {"DELETE FROM FinancialYear", company + "a financial year (the table \"FinancialYear\" is empty)"},
+        {"DELETE FROM BusinessInfo", company + "the details of the company (the table \"BusinessInfo\" is empty)"},
+        {"DROP TABLE Users", named + "the table \"Users\", which the program needs"},
+        {"DROP TABLE StockFlow", named + "the table \"StockFlow\", which the program needs"}}) {
+    std::filesystem::copy_file(file, file.string() + ".whole");
+    test::past(file, sql);
+    EXPECT_EQ(failure(), lacks + ". It was not changed. Restore it from a back-up copy.");
+    std::filesystem::rename(file.string() + ".whole", file);
+  }
 }
 
 TEST_F(LoginScreen, EndsWithoutAWordByExitOrEscape) {

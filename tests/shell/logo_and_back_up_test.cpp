@@ -3,6 +3,7 @@
 #include <QTextBrowser>
 #include <fstream>
 
+#include "session/settings.h"
 #include "settings_company.h"
 #include "shell/direct_back_up.h"
 #include "shell/logo_file.h"
@@ -157,6 +158,8 @@ TEST_F(LogoAndBackUp, AboutSavesAWorkingCopy) {
   EXPECT_EQ(listening.seen.title, "Back-Up");
   EXPECT_NE(listening.seen.text.find("saved and checked: " + std::to_string(records) + " records"), std::string::npos)
       << listening.seen.text;
+  EXPECT_EQ(session::setting(context->KORDconn, session::settings::BackUpPlace), copy.string());
+  EXPECT_EQ(session::setting(context->KORDconn, session::settings::BackUpTime), clock.now().iso());
   counting.open(schema::connectionStringFor(copy));
   EXPECT_EQ(store::Recordset(counting, "select * from businessinfo").recordCount(), 1);
   EXPECT_TRUE(button.isEnabled());
