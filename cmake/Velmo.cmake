@@ -1,9 +1,7 @@
 # How every floor, test executable and tool of the project is built: one place for flags and conventions.
 
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-set(CMAKE_AUTOMOC ON)
-set(CMAKE_AUTORCC ON)
-set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+add_compile_options(-fPIC)  # of libraries and programs alike, which so share their precompiled headers
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
@@ -30,11 +28,25 @@ if(VELMO_SANITIZE)
   target_link_options(velmo_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-set(VELMO_STD_PCH <algorithm> <array> <chrono> <functional> <map> <memory> <optional> <span> <string> <string_view>
-                  <unordered_map> <utility> <variant> <vector>)
+# Precompiled headers, each made once and shared by all targets of its kind.
 # Not all of Qt: a header of 300 MB takes longer to load than most files to compile.
-set(VELMO_QT_PCH ${VELMO_STD_PCH} <QAbstractItemModel> <QBoxLayout> <QGridLayout> <QLabel> <QLineEdit> <QPushButton>
-                 <QString> <QTimer> <QVariant> <QWidget>)
+set(std_headers <algorithm> <array> <chrono> <functional> <map> <memory> <optional> <span> <string> <string_view>
+                <unordered_map> <utility> <variant> <vector>)
+set(qt_headers ${std_headers} <QAbstractItemModel> <QBoxLayout> <QGridLayout> <QLabel> <QLineEdit> <QPushButton>
+               <QString> <QTimer> <QVariant> <QWidget>)
+file(WRITE ${CMAKE_BINARY_DIR}/headers.cpp "")
+function(velmo_headers name)
+  cmake_parse_arguments(HDR "" "" "LIBRARIES;HEADERS" ${ARGN})
+  add_library(velmo_${name} OBJECT ${CMAKE_BINARY_DIR}/headers.cpp)
+  target_link_libraries(velmo_${name} PRIVATE velmo_options ${HDR_LIBRARIES})
+  target_precompile_headers(velmo_${name} PRIVATE ${HDR_HEADERS})
+endfunction()
+velmo_headers(std_headers HEADERS ${std_headers})
+velmo_headers(qt_headers LIBRARIES Qt6::Widgets HEADERS ${qt_headers})
+if(VELMO_TESTS)
+  velmo_headers(std_test_headers LIBRARIES GTest::gmock HEADERS ${std_headers} <gmock/gmock.h>)
+  velmo_headers(qt_test_headers LIBRARIES Qt6::Widgets GTest::gmock HEADERS ${qt_headers} <gmock/gmock.h>)
+endif()
 
 # velmo_library(<folder> [WIDGETS] DEPENDS <targets...>): the static library velmo_<folder> from every .cpp of the
 # current folder and those below it that have no CMakeLists.txt of their own.
@@ -61,9 +73,10 @@ function(velmo_library name)
   target_include_directories(velmo_${name} PUBLIC ${view})
   if(LIB_WIDGETS)
     target_link_libraries(velmo_${name} PUBLIC Qt6::Widgets)
-    target_precompile_headers(velmo_${name} PRIVATE ${VELMO_QT_PCH})
+    target_precompile_headers(velmo_${name} REUSE_FROM velmo_qt_headers)
+    set_target_properties(velmo_${name} PROPERTIES AUTOMOC ON AUTORCC ON)
   else()
-    target_precompile_headers(velmo_${name} PRIVATE ${VELMO_STD_PCH})
+    target_precompile_headers(velmo_${name} REUSE_FROM velmo_std_headers)
   endif()
 endfunction()
 
@@ -82,10 +95,11 @@ function(velmo_tests name)
   if(TST_WIDGETS)
     target_sources(${name}_tests PRIVATE support/widgets_main.cpp)
     target_link_libraries(${name}_tests PRIVATE Qt6::Widgets)
-    target_precompile_headers(${name}_tests PRIVATE ${VELMO_QT_PCH} <gtest/gtest.h>)
+    target_precompile_headers(${name}_tests REUSE_FROM velmo_qt_test_headers)
+    set_target_properties(${name}_tests PROPERTIES AUTOMOC ON)
   else()
     target_link_libraries(${name}_tests PRIVATE GTest::gtest_main)
-    target_precompile_headers(${name}_tests PRIVATE ${VELMO_STD_PCH} <gtest/gtest.h>)
+    target_precompile_headers(${name}_tests REUSE_FROM velmo_std_test_headers)
   endif()
   include(GoogleTest)
   gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST
