@@ -1,8 +1,6 @@
 #include "forms/recordset_model.h"
 
 #include "forms/look.h"
-#include "forms/shown_part.h"
-#include "text/format.h"
 
 namespace velmo::forms {
 namespace {
@@ -10,18 +8,6 @@ namespace {
 // Rows handed to a view at a time: more than the tallest screen shows, so that opening a list costs the same whatever
 // its length.
 constexpr int portion = 256;
-
-int qtAlignment(ColumnAlignment alignment) {
-  switch (alignment) {
-    case ColumnAlignment::Left:
-      return Qt::AlignLeft | Qt::AlignVCenter;
-    case ColumnAlignment::Centre:
-      return Qt::AlignHCenter | Qt::AlignVCenter;
-    case ColumnAlignment::Right:
-      return Qt::AlignRight | Qt::AlignVCenter;
-  }
-  return Qt::AlignLeft | Qt::AlignVCenter;
-}
 
 }  // namespace
 
@@ -88,18 +74,6 @@ void RecordsetModel::fetchMore(const QModelIndex& parent) {
   endInsertRows();
 }
 
-QString RecordsetModel::shownText(const store::Value& value, const TableColumn& column) const {
-  if (store::isNull(value)) return {};
-  if (const auto* yes = std::get_if<bool>(&value); yes && !(column.yes.empty() && column.no.empty()))
-    return QString::fromStdString(*yes ? column.yes : column.no);
-  if (column.format.empty()) return shownPart(store::textOf(value));
-  if (const auto* date = std::get_if<text::DateTime>(&value))
-    return QString::fromStdString(text::formatDate(*date, column.format));
-  if (std::holds_alternative<std::string>(value))
-    return shownPart(text::formatText(std::get<std::string>(value), column.format));
-  return QString::fromStdString(text::formatNumber(store::numberOf(value), column.format));
-}
-
 QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= shown_) return {};
   const auto at = static_cast<std::size_t>(index.column());
@@ -108,7 +82,7 @@ QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
       if (fields_[at] < 0) return {};
-      return shownText(rows_.valueAt(index.row(), fields_[at]), column);
+      return shownValue(rows_.valueAt(index.row(), fields_[at]), column);
     case Qt::EditRole:
       if (fields_[at] < 0) return {};
       return QString::fromStdString(store::textOf(rows_.valueAt(index.row(), fields_[at])));

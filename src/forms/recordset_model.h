@@ -5,25 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "forms/table_column.h"
 #include "store/recordset.h"
 
 namespace velmo::forms {
-
-enum class ColumnAlignment { Left, Centre, Right };
-enum class ColumnUse { Shown, Editable };
-
-// One column of a list. Numbers and dates are written in the format ("0.00;(0.00)", "dd-mm-yyyy"); without a format
-// the text is what the store gives.
-struct TableColumn {
-  std::string caption;
-  std::string field;
-  std::string format = {};
-  ColumnAlignment alignment = ColumnAlignment::Left;
-  int width = 12;  // in average characters
-  ColumnUse use = ColumnUse::Shown;
-  std::string yes = {};  // of a Yes/No column: what stands for Yes and for No
-  std::string no = {};
-};
 
 // The rows of a recordset in its present order as an item model. The recordset's own position is its user's business:
 // neither reading nor writing moves it. Whoever moves, sorts, filters or queries the recordset tells the model after
@@ -58,7 +43,6 @@ class RecordsetModel : public QAbstractTableModel {
   void refused(const QString& sentence);
 
  private:
-  QString shownText(const store::Value& value, const TableColumn& column) const;
   int availableUpTo(int wanted) const;
 
   std::vector<TableColumn> columns_;

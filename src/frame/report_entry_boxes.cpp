@@ -35,7 +35,7 @@ ReportEntryGroup::ReportEntryGroup(const ReportEntryBoxes& boxes, QWidget* paren
 void ReportEntryGroup::show(const store::Recordset& rows, std::int64_t row) {
   for (std::size_t i = 0; i < boxes_.size(); ++i) {
     const int field = row < 0 ? -1 : rows.fieldIndex(columns_[i].field);
-    boxes_[i]->setText(field < 0 ? QString() : shownValue(rows.valueAt(row, field), columns_[i]));
+    boxes_[i]->setText(field < 0 ? QString() : forms::shownValue(rows.valueAt(row, field), columns_[i]));
     boxes_[i]->setCursorPosition(0);
   }
 }

@@ -3,23 +3,9 @@
 #include <limits>
 
 #include "forms/look.h"
-#include "forms/shown_part.h"
-#include "text/format.h"
 
 namespace velmo::frame {
 namespace {
-
-int qtAlignment(forms::ColumnAlignment alignment) {
-  switch (alignment) {
-    case forms::ColumnAlignment::Centre:
-      return Qt::AlignHCenter | Qt::AlignVCenter;
-    case forms::ColumnAlignment::Right:
-      return Qt::AlignRight | Qt::AlignVCenter;
-    case forms::ColumnAlignment::Left:
-      break;
-  }
-  return Qt::AlignLeft | Qt::AlignVCenter;
-}
 
 std::vector<int> fieldsOf(const ReportRows* rows, const std::vector<std::string>& names) {
   std::vector<int> fields;
@@ -28,18 +14,6 @@ std::vector<int> fieldsOf(const ReportRows* rows, const std::vector<std::string>
 }
 
 }  // namespace
-
-QString shownValue(const store::Value& value, const forms::TableColumn& column) {
-  if (store::isNull(value)) return {};
-  if (const auto* yes = std::get_if<bool>(&value); yes && !(column.yes.empty() && column.no.empty()))
-    return QString::fromStdString(*yes ? column.yes : column.no);
-  if (column.format.empty()) return forms::shownPart(store::textOf(value));
-  if (const auto* date = std::get_if<text::DateTime>(&value))
-    return QString::fromStdString(text::formatDate(*date, column.format));
-  if (const auto* words = std::get_if<std::string>(&value))
-    return forms::shownPart(text::formatText(*words, column.format));
-  return QString::fromStdString(text::formatNumber(store::numberOf(value), column.format));
-}
 
 ReportModel::ReportModel(std::vector<forms::TableColumn> columns, std::vector<std::string> summed, QObject* parent)
     : QAbstractTableModel(parent),
@@ -125,9 +99,9 @@ QVariant ReportModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
-      return fields_[at] < 0 ? QVariant() : shownValue(rows_->value(index.row(), fields_[at]), column);
+      return fields_[at] < 0 ? QVariant() : forms::shownValue(rows_->value(index.row(), fields_[at]), column);
     case Qt::TextAlignmentRole:
-      return qtAlignment(column.alignment);
+      return forms::qtAlignment(column.alignment);
     case Qt::FontRole:
       return column.format.empty() && column.alignment != forms::ColumnAlignment::Right ? QVariant()
                                                                                         : QVariant(forms::figureFont());
@@ -141,7 +115,7 @@ QVariant ReportModel::headerData(int section, Qt::Orientation orientation, int r
     return QAbstractTableModel::headerData(section, orientation, role);
   const forms::TableColumn& column = columns_[static_cast<std::size_t>(section)];
   if (role == Qt::DisplayRole) return QString::fromStdString(column.caption);
-  if (role == Qt::TextAlignmentRole) return qtAlignment(column.alignment);
+  if (role == Qt::TextAlignmentRole) return forms::qtAlignment(column.alignment);
   return {};
 }
 

@@ -26,8 +26,8 @@ class ReportModel : public QAbstractTableModel {
 
   bool isComplete() const { return !rows_ || !rows_->hasMore(); }
   bool pauses() const { return rows_ && rows_->pauses(); }
-  void readOn(int rows);           // hands them to the grid as well, in few large portions
-  std::int64_t ready() const;      // rows read
+  void readOn(int rows);                     // hands them to the grid as well, in few large portions
+  std::int64_t ready() const;                // rows read
   double sum(std::string_view field) const;  // over the rows read
   // Null outside the rows, and for a field that they do not have.
   store::Value value(std::int64_t row, std::string_view field) const;
@@ -52,8 +52,5 @@ class ReportModel : public QAbstractTableModel {
   std::int64_t summedRows_ = 0;
   int shown_ = 0;  // rows handed to the grid
 };
-
-// What a cell shows of a value.
-QString shownValue(const store::Value& value, const forms::TableColumn& column);
 
 }  // namespace velmo::frame

@@ -1,6 +1,7 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstdio>
@@ -51,16 +52,24 @@ bool isRunning(const std::string& process) {
   return startOf(process).has_value();
 }
 
+// Tells most names apart at little cost: the patterns are slow, and folders are long.
+bool mayBeFormer(std::string_view name) {
+  static constexpr std::string_view kinds[] = {".copy", ".part", ".new", ".upgrade"};
+  return std::any_of(std::begin(kinds), std::end(kinds),
+                     [&](std::string_view kind) { return name.find(kind) != std::string_view::npos; });
+}
+
 bool isAbandoned(const fs::path& file, std::string_view formerNames) {
   static const std::regex ours(R"(\..+\.velmo-([0-9a-f]{8})-(\d{1,9})-(\d{1,20})-\d+\.[a-z]+(-wal|-shm|-journal)?)");
   static const std::regex former(R"(\.?(.+?)\.((\d{1,9})\.(copy|part)|new|upgrade)(-wal|-shm|-journal)?)");
   const std::string name = file.filename().string();
   std::smatch part;
-  if (std::regex_match(name, part, ours)) {
+  if (name.find(".velmo-") != std::string::npos && std::regex_match(name, part, ours)) {
     if (part[1] != thisBoot()) return isOlderThan(file, longestWork);
     return startOf(part[2]) != part[3].str();
   }
-  if (!std::regex_match(name, part, former) || !part[1].str().starts_with(formerNames)) return false;
+  if (!mayBeFormer(name) || !std::regex_match(name, part, former) || !part[1].str().starts_with(formerNames))
+    return false;
   return part[3].matched ? !isRunning(part[3]) : isOlderThan(file, longestWork);
 }
 

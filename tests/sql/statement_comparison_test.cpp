@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "schema/company_checks.h"
 #include "sql/small_company.h"
 #include "sql/statements.h"
 
@@ -66,6 +67,8 @@ std::vector<Comparison> comparisons() {
       {"TOP without ties gives as many rows as it says, nulls last when descending",
        "SELECT TOP 3 EmpName, DateJoin FROM Employees ORDER BY DateJoin DESC, EmpName",
        "SELECT EmpName, DateJoin FROM Employees ORDER BY DateJoin DESC, EmpName LIMIT 3"},
+      {"documents that are not balanced, cancelled ones last", schema::unbalancedDocuments(),
+       R"(SELECT t.TranNo, t.TranType, TranDate, DocNo, FYID, Cancel, short, short || ' ' || DocNo, iif(Cancel, 'Cancelled', ''), total(Debit), total(Credit), total(Debit) - total(Credit) FROM Transactions t JOIN SubTransactions s USING (TranNo) LEFT JOIN TranType k ON k.TranType = t.TranType WHERE t.TranType NOT IN (20, 30, 43, 91, 92, 93, 94, 95) GROUP BY TranNo HAVING abs(total(Debit) - total(Credit)) > 0.004 ORDER BY Cancel <> 0, TranDate, TranNo)"},
       {"an item without movement has a null sum and fails the re-order test", collected("items below re-order level"),
        stock +
            R"(SELECT ItemCode, bal, ReorderLevel, Unit, ItemName FROM (SELECT s.*, (SELECT sum(i - o) FROM line WHERE ItemCode = s.ItemCode) bal FROM StockLevel3 s WHERE CatID <> 'Service' AND Status = 0) WHERE bal <= ReorderLevel)",
