@@ -28,7 +28,7 @@ frame::ReportType unbalancedType() {
                                  figure("Debits", "Debits"),
                                  figure("Credits", "Credits"),
                                  figure("Difference", "Difference"),
-                                 {.caption = "State", .field = "State", .width = 12}}}},
+                                 {.caption = "State", .field = "State", .width = 24}}}},
           .view = {"ViewBttn", "&View Documents", "Looks through all documents once more"},
           .sheet = {"ExcelBttn", "&Export to Excel", "Saves the list as a spreadsheet"},
           .load =

@@ -12,7 +12,6 @@ void makeCompanyIn(const std::filesystem::path& folder, const text::DateTime& no
     throw store::StoreError(store::ErrorKind::Misuse, "The folder " + folder.string() + " holds a company already.");
   const std::filesystem::path making = folder / "Uninstall being made";
   std::filesystem::remove_all(making);
-  std::filesystem::create_directories(making);
   const std::string connectionString = schema::connectionStringFor(making / "Uninstall.MDB");
   schema::prepareCompanyFile(connectionString, now);
   fill(connectionString);

@@ -92,6 +92,15 @@ void visitVouchers(Guide& guide, shell::Parent& shell) {
       });
 }
 
+// Documents that another program changed in the file, as the check in idle moments leads to them; none stays so.
+void visitUnbalanced(Guide& guide, shell::Parent& shell) {
+  store::Connection& company = shell.workplace().context.KORDconn;
+  const store::Connection::Transaction undone(company);
+  company.execute("UPDATE SubTransactions SET Debit = Debit + 123456789012.25 WHERE Debit > 5000");
+  openScreen(guide, shell, "UnbalancedDocuments");
+  guide.picture(shell, "unbalanced-documents");
+}
+
 }  // namespace
 
 void visitLedgerReports(Guide& guide, shell::Parent& shell) {
@@ -99,6 +108,7 @@ void visitLedgerReports(Guide& guide, shell::Parent& shell) {
   visitLedgers(guide, shell);
   visitDayBook(guide, shell);
   visitVouchers(guide, shell);
+  visitUnbalanced(guide, shell);
 }
 
 }  // namespace velmo::tour
