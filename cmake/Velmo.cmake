@@ -80,10 +80,11 @@ function(velmo_library name)
   endif()
 endfunction()
 
-# velmo_tests(<folder> [WIDGETS] DEPENDS <targets...>): the executable <folder>_tests from tests/<folder>/*.cpp,
-# offscreen when it shows widgets.
+# velmo_tests(<folder> [WIDGETS | DISPLAY] DEPENDS <targets...>): the executable <folder>_tests from
+# tests/<folder>/*.cpp, offscreen when it shows widgets. With DISPLAY it has a main function, which finds the tests a
+# display, and each of them runs alone.
 function(velmo_tests name)
-  cmake_parse_arguments(TST "WIDGETS" "" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(TST "WIDGETS;DISPLAY" "" "DEPENDS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${name}/*.cpp ${name}/*.h)
   if(NOT sources)
     return()
@@ -92,8 +93,13 @@ function(velmo_tests name)
   target_link_libraries(${name}_tests PRIVATE ${TST_DEPENDS} velmo_options GTest::gmock)
   target_include_directories(${name}_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_compile_definitions(${name}_tests PRIVATE VELMO_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/${name}")
-  if(TST_WIDGETS)
-    target_sources(${name}_tests PRIVATE support/widgets_main.cpp)
+  set(alone FALSE)
+  if(TST_WIDGETS OR TST_DISPLAY)
+    if(TST_DISPLAY)
+      set(alone TRUE)
+    else()
+      target_sources(${name}_tests PRIVATE support/widgets_main.cpp)
+    endif()
     target_link_libraries(${name}_tests PRIVATE Qt6::Widgets)
     target_precompile_headers(${name}_tests REUSE_FROM velmo_qt_test_headers)
     set_target_properties(${name}_tests PROPERTIES AUTOMOC ON)
@@ -103,5 +109,5 @@ function(velmo_tests name)
   endif()
   include(GoogleTest)
   gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST
-                       PROPERTIES TIMEOUT 600 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+                       PROPERTIES TIMEOUT 600 RUN_SERIAL ${alone} ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
 endfunction()

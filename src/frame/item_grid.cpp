@@ -98,6 +98,19 @@ bool ItemGrid::enterPressed() {
   return true;
 }
 
+bool ItemGrid::isInCode() const {
+  return isBound() && current().column() == static_cast<int>(GridColumn::ItemCode);
+}
+
+bool ItemGrid::waitsForCode() const {
+  return isInCode() &&
+         (isEditing() ? openedText().isEmpty() : sheet_.plainText(current().row(), GridColumn::ItemCode).empty());
+}
+
+bool ItemGrid::isSerialBox(const QWidget& focus) const {
+  return SerialTxt_ && SerialTxt_->isAncestorOf(&focus);
+}
+
 void ItemGrid::scan(const QString& code) {
   if (!isBound()) return;
   cancelEdit();

@@ -50,6 +50,9 @@ class ItemGrid : public SheetGrid {
 
   // One more piece of the item with this code, as a scanner reads it; the next free line waits for the next one.
   void scan(const QString& code);
+  bool isInCode() const;      // the current cell is an item code
+  bool waitsForCode() const;  // that of a line without an item, and the user is in the lines, not in a list below them
+  bool isSerialBox(const QWidget& focus) const;
   void setScannedAgain(ScannedAgain again) { again_ = again; }
 
  Q_SIGNALS:

@@ -46,15 +46,16 @@ PaymentPanel::PaymentPanel(TotalsPanel& totals, QWidget* screen) : QFrame(screen
   add(new QLabel(tr("Net Total")), toPay_);
   add(new QLabel(tr("Received")), received_);
   add(balanceCaption_, balance_);
-  auto* keys = new QLabel(tr("Enter saves the invoice, Esc goes back to it."));
-  forms::makeCaption(*keys);
-  grid->addWidget(keys, row, 0, 1, 2);
+  keys_ = new QLabel;
+  forms::makeCaption(*keys_);
+  grid->addWidget(keys_, row, 0, 1, 2);
   received_->installEventFilter(this);
   hide();
 }
 
 void PaymentPanel::open() {
   toPay_->setText(QString::fromStdString(totals_.totals().NetTotal));
+  keys_->setText(tr("Enter saves the invoice, Esc goes back to it."));
   adjustSize();
   const QWidget& screen = *parentWidget();
   move((screen.width() - width()) / 2, (screen.height() - height()) / 3);
@@ -62,6 +63,10 @@ void PaymentPanel::open() {
   raise();
   received_->setFocus(Qt::TabFocusReason);
   received_->selectAll();
+}
+
+void PaymentPanel::tellScan(const QString& code) {
+  keys_->setText(tr("%1 was not taken: Esc goes back to the lines.").arg(code.left(20)));
 }
 
 bool PaymentPanel::eventFilter(QObject* watched, QEvent* event) {

@@ -14,7 +14,8 @@ class PaymentPanel : public QFrame {
  public:
   PaymentPanel(TotalsPanel& totals, QWidget* screen);
 
-  void open();  // over the middle of the screen, ready for what is received
+  void open();                         // over the middle of the screen, ready for what is received
+  void tellScan(const QString& code);  // that an item was scanned, which comes too late
 
  Q_SIGNALS:
   void taken();
@@ -30,6 +31,7 @@ class PaymentPanel : public QFrame {
   QLabel* balanceCaption_;
   forms::NumberBox* received_;
   QLineEdit* balance_;
+  QLabel* keys_;  // or what else is to be told
 };
 
 }  // namespace velmo::frame

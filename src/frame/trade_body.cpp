@@ -1,11 +1,16 @@
 #include "frame/trade_body.h"
 
+#include <QApplication>
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "forms/date_picker.h"
+#include "forms/digits_box.h"
 #include "forms/look.h"
+#include "forms/number_box.h"
 #include "frame/command_bar.h"
 #include "frame/compose_document.h"
 #include "frame/counter_strip.h"
@@ -32,6 +37,16 @@ std::string codeText(std::int64_t code) {
   return code == 0 ? std::string() : std::to_string(code);
 }
 
+// Controls that a scan would leave with another day, choice or figure.
+bool isSpoiltByScans(const QWidget& focus) {
+  for (const QWidget* widget = &focus; widget; widget = widget->parentWidget())
+    if (qobject_cast<const forms::DatePicker*>(widget) || qobject_cast<const QComboBox*>(widget) ||
+        qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const forms::NumberBox*>(widget) ||
+        qobject_cast<const forms::DigitsBox*>(widget))
+      return true;
+  return false;
+}
+
 }  // namespace
 
 std::shared_ptr<DocumentBody> makeTradeBody(const BodyPlace& place) {
@@ -56,6 +71,7 @@ DocumentBody::Parts TradeBody::build() {
   totals_ = new TotalsPanel(type.receivedCaption, place_.workplace.prompts, nullptr);
   parts.totals = totals_;
   if (type.counter) buildPayment();
+  listenToScanner();
 
   connect(party_, &PartyCard::partyChanged, this, &TradeBody::partyChanged);
   connect(party_, &PartyCard::employeeFound, this, &TradeBody::employeeFound);
@@ -120,13 +136,26 @@ QWidget* TradeBody::buildAccounts() {
   return accounts;
 }
 
+// At the counter every scan is an item, but for one into a line that waits for it; elsewhere one that went astray only
+// changes nothing.
+void TradeBody::listenToScanner() {
+  const bool counter = place_.type.counter.has_value();
+  auto* scanner = new ScanListener(place_.screen, [this, counter](const QWidget& focus) {
+    if (lines_->isAncestorOf(&focus)) return counter ? !lines_->waitsForCode() : !lines_->isInCode();
+    return counter ? !lines_->isSerialBox(focus) : isSpoiltByScans(focus);
+  });
+  connect(scanner, &ScanListener::scanned, this, [this, counter](const QString& code) {
+    if (counter && !BalPic_->isVisible()) return lines_->scan(code);
+    QApplication::beep();
+    if (counter) BalPic_->tellScan(code);
+  });
+}
+
 // What the cashier needs to know of keys and scans, below the lines.
 QWidget* TradeBody::buildCounterStrip() {
   auto* strip = new CounterStrip(place_.workplace);
   lines_->setScannedAgain(strip->scannedAgain());
   connect(strip, &CounterStrip::scannedAgainChosen, lines_, &ItemGrid::setScannedAgain);
-  auto* scanner = new ScanListener(place_.form, *lines_);
-  connect(scanner, &ScanListener::scanned, lines_, &ItemGrid::scan);
   connect(lines_, &ItemGrid::scanned, strip, &CounterStrip::clear);
   connect(lines_, &ItemGrid::unknownScanned, strip, &CounterStrip::tellUnknown);
   counterStrip_ = strip;

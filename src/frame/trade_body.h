@@ -48,6 +48,7 @@ class TradeBody : public DocumentBody {
                            const char* accountName);
   QWidget* buildAccounts();
   QWidget* buildCounterStrip();
+  void listenToScanner();
   void buildPayment();
   void closePayment();
   void recalculate();

@@ -256,8 +256,9 @@ PreviewWindow* showPreview(QWidget* parent, Report report, session::FileChooser&
   window->onClosed(std::move(onClosed));
   if (owner) {
     owner->installEventFilter(window);
-    window->winId();  // makes the native window, whose order on the screen is its own from here on
-    window->windowHandle()->setTransientParent(nullptr);
+    window->winId();  // makes the native window
+    // Its order on the screen is its own, but a dialog holds up all windows that are not its own.
+    if (!owner->isModal()) window->windowHandle()->setTransientParent(nullptr);
   }
   window->show();
   return window;
