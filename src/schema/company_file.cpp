@@ -44,7 +44,7 @@ FileState stateOf(store::Connection& connection) {
   FileState state{.seenThrough = found.has_value(), .damage = found.value_or(std::vector<store::Finding>())};
   if (!state.damage.empty()) return state;
   try {
-    store::mendKeptTotals(connection);
+    state.totalsMended = store::mendKeptTotals(connection);
   } catch (const store::StoreError& failure) {
     if (failure.kind() != store::ErrorKind::Damaged) throw;
     state.damage = {{.kind = store::Finding::Kind::Damage, .words = "the documents or their kept totals"}};
@@ -95,7 +95,12 @@ FileState prepareCompanyFile(const std::string& connectionString, const text::Da
   store::upgradeDatabaseFile(target.dataSource, companyCatalog(), target.password, upgrades());
   store::Connection connection(companyCatalog(), schemaVersion);
   connection.open(connectionString);
-  store::requireTables(connection);
+  try {
+    store::requireTables(connection);
+  } catch (const store::StoreError&) {
+    connection.refuseWriting();  // a log that a crash has left stays beside the file
+    throw;
+  }
   FileState state = stateOf(connection);
   if (!state.damage.empty()) connection.refuseWriting();
   return state;

@@ -24,6 +24,7 @@ std::filesystem::path programFolder();
 struct FileState {
   bool seenThrough = true;             // its pages; otherwise they are to be checked in an idle moment
   std::vector<store::Finding> damage;  // with any, the file is opened for reading alone
+  bool totalsMended = false;           // kept totals were not the sums of their lines, and are now
 };
 
 // Makes the file that the connection string names when it is missing, with the schema and the first rows of an empty

@@ -4,20 +4,17 @@
 
 #include "schema/company_schema.h"
 #include "store/connection.h"
-#include "store/error.h"
 #include "store/kept_totals.h"
+#include "store/sqlite_error.h"
 #include "store/table_sql.h"
 
 namespace velmo::schema {
 namespace {
 
 void run(store::Connection& connection, const std::string& sql) {
-  char* message = nullptr;
-  if (sqlite3_exec(connection.handle(), sql.c_str(), nullptr, nullptr, &message) == SQLITE_OK) return;
-  const std::string reason = message == nullptr ? "" : message;
-  sqlite3_free(message);
-  throw store::StoreError(store::ErrorKind::Failed,
-                          "The company's file could not be brought up to date: " + reason + ".");
+  sqlite3* file = connection.handle();
+  const int code = sqlite3_exec(file, sql.c_str(), nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) throw store::sqliteError(file, code, sqlite3_db_filename(file, "main"));
 }
 
 // Settings got a table, and the items of a sub category an index in the order of their codes.
@@ -31,8 +28,7 @@ void toVersion2(store::Connection& connection) {
 
 // The totals of accounts and items by day and month came.
 void toVersion3(store::Connection& connection) {
-  for (const store::KeptTotals& kept : companyCatalog().keptTotals())
-    store::makeKeptTotals(connection.handle(), kept);
+  for (const store::KeptTotals& kept : companyCatalog().keptTotals()) store::makeKeptTotals(connection.handle(), kept);
 }
 
 }  // namespace

@@ -37,6 +37,7 @@ IdleWork::IdleWork(session::Workplace& workplace, const std::string& connectionS
   connect(&checker_, &IdleChecker::damageFound, this, &IdleWork::refuseWriting);
   connect(&checker_, &IdleChecker::finished, this, &IdleWork::roundEnded);
   if (!state.damage.empty()) refuseWriting();
+  if (state.totalsMended) tellMended();
 }
 
 void IdleWork::run() {
@@ -123,12 +124,16 @@ void IdleWork::foundDamage(const std::vector<store::Finding>& damage, const Kept
   tellDamage(workplace_.prompts, workplace_.context.KORDconn, damage, copy);
 }
 
+void IdleWork::tellMended() {
+  note_.tell(Subject::Totals,
+             tr("Totals that the file keeps were not those of their documents; they have been set right."));
+}
+
 void IdleWork::tellTotals(const IdleChecker::Result& result) {
   if (std::ranges::none_of(result.findings, [](const auto& each) { return each.kind == Kind::Total; })) return;
+  if (result.isThrough) return tellMended();
   note_.tell(Subject::Totals,
-             result.isThrough
-                 ? tr("Totals that the file keeps were not those of their documents; they have been set right.")
-                 : tr("Totals that the file keeps are not those of their documents; they could not be set right yet."));
+             tr("Totals that the file keeps are not those of their documents; they could not be set right yet."));
 }
 
 void IdleWork::tellDocuments(const std::vector<store::Finding>& findings) {

@@ -35,6 +35,7 @@ class IdleWork : public QObject {
   void keepDay();
   void refuseWriting();
   void foundDamage(const std::vector<store::Finding>& damage, const KeptCopy& copy);
+  void tellMended();
   void tellTotals(const IdleChecker::Result& result);
   void tellDocuments(const std::vector<store::Finding>& findings);
 

@@ -9,6 +9,7 @@
 
 #include "store/connection_impl.h"
 #include "store/kept_totals.h"
+#include "store/soundness.h"
 #include "store/sqlite_error.h"
 #include "store/table_sql.h"
 #include "store/work_file.h"
@@ -128,15 +129,22 @@ bool createDatabaseFile(const fs::path& file, const Catalog& catalog, std::strin
   return true;
 }
 
-void mendKeptTotals(Connection& connection, TotalsCheck check) {
+bool mendKeptTotals(Connection& connection, TotalsCheck check) {
   Connection::Impl& impl = *connection.impl();
+  const auto areFine = check == TotalsCheck::Latest ? areKept : areRight;
+  bool mended = false;
   for (const KeptTotals& kept : impl.catalog.keptTotals()) {
-    if ((check == TotalsCheck::Latest ? areKept : areRight)(impl.database, kept)) continue;
+    if (areFine(impl.database, kept)) continue;
     Connection::Transaction transaction(connection);
+    if (areFine(impl.database, kept)) continue;  // another program wrote while they were compared
+    // What a damaged file says is free may hold rows of others.
+    if (!structureFaults(connection).empty()) throw damagedFile(impl.fileName);
     makeKeptTotals(impl.database, kept);
     transaction.commit();
+    mended = true;
   }
   impl.addLaterLines();
+  return mended;
 }
 
 }  // namespace velmo::store

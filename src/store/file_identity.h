@@ -27,9 +27,9 @@ bool createDatabaseFile(const std::filesystem::path& file, const Catalog& catalo
 
 // Which kept totals are looked at: what areKept() can tell without a wait, or all of them (areRight()).
 enum class TotalsCheck { Latest, All };
-// Makes the kept totals of the catalogue again where they are found off, each kind in one transaction.
-// Throws StoreError.
-void mendKeptTotals(Connection& connection, TotalsCheck check = TotalsCheck::Latest);
+// Makes the kept totals of the catalogue again where they are found off, each kind in one transaction. Whether any
+// were. Throws StoreError, of kind Damaged where the structure of the file is not sound: nothing is written then.
+bool mendKeptTotals(Connection& connection, TotalsCheck check = TotalsCheck::Latest);
 
 // Keeps a salted derivation of the password in the file, in place of any earlier one.
 void writePassword(sqlite3* database, std::string_view password);

@@ -14,6 +14,7 @@
 #include "store/copy_pages.h"
 #include "store/file_check.h"
 #include "store/file_identity.h"
+#include "store/soundness.h"
 #include "store/sqlite_error.h"
 #include "store/work_file.h"
 
@@ -52,6 +53,14 @@ void requireSound(sqlite3* database, const fs::path& file) {
   }
 }
 
+// The steps are sound, so it is the file in which one cannot be carried out.
+StoreError lacksWhatStepsNeed(const fs::path& file, const std::string& reason) {
+  return {ErrorKind::Damaged, "The file \"" + file.string() +
+                                  "\" is damaged: it cannot be brought up to date for this version of the program. It "
+                                  "was not changed. Restore it from a back-up copy. (" +
+                                  reason + ")"};
+}
+
 void keepCopy(const fs::path& copy, const fs::path& kept) {
   if (::rename(copy.c_str(), kept.c_str()) != 0) throw cannotMake(kept, errno);
   syncToDisk(folderOf(kept), O_RDONLY | O_DIRECTORY);
@@ -66,11 +75,16 @@ bool isAsCopied(Connection::Impl& impl, const std::string& dataVersion) {
 void takeSteps(Connection& connection, const std::vector<UpgradeStep>& steps) {
   Connection::Impl& impl = *connection.impl();
   const int before = impl.schemaVersion;
-  for (const UpgradeStep& step : steps) {
-    if (step.version > before) step.run(connection);
+  try {
+    for (const UpgradeStep& step : steps)
+      if (step.version > before) step.run(connection);
+  } catch (const StoreError& failure) {
+    if (failure.kind() != ErrorKind::Statement) throw;
+    throw lacksWhatStepsNeed(impl.fileName, failure.what());
   }
   impl.stamp(steps.back().version);
   requireSound(impl.database, impl.fileName);
+  requireTables(connection);  // a file that is refused in the end stays what it was
 }
 
 // False when somebody else has the file open. The connection is at work without a log.

@@ -12,7 +12,7 @@ static void PrintTo(const Work& work, std::ostream* out) {
 
 namespace {
 
-constexpr long instantsOfEach = 12;  // spread over all writes of a work
+constexpr long instantsOfEach = 4;  // spread over all writes of a work
 
 class FaultyDisk : public testing::TestWithParam<Work> {};
 

@@ -11,6 +11,7 @@
 #include "new_company.h"
 #include "store/connection_string.h"
 #include "store/error.h"
+#include "support/damage.h"
 
 namespace velmo::schema {
 namespace {
@@ -75,6 +76,37 @@ TEST(CompanyFile, OfTheFirstVersionIsBroughtUpToDate) {
   EXPECT_TRUE(fs::exists(file.string() + " before version 3"));
   prepareCompanyFile(connectionStringFor(file), today);  // nothing is left to do
   EXPECT_EQ(layoutOf(file), current);
+}
+
+TEST(CompanyFile, OfTheFirstVersionIsRefusedAsItIsWhenATableIsMissing) {
+  for (const char* table : {"StockLevel3", "SubTransactions", "Users"}) {
+    SCOPED_TRACE(table);
+    test::NewCompany company;
+    company.connection.close();
+    test::past(company.file, std::string("DROP TABLE Settings; PRAGMA user_version = 1; DROP TABLE ") + table);
+    const std::vector<std::string> before = layoutOf(company.file);
+    try {
+      prepareCompanyFile(connectionStringFor(company.file), today);
+      ADD_FAILURE();
+    } catch (const store::StoreError& failure) {
+      EXPECT_EQ(failure.kind(), store::ErrorKind::Damaged);
+      EXPECT_NE(std::string(failure.what()).find(table), std::string::npos) << failure.what();
+    }
+    EXPECT_EQ(layoutOf(company.file), before);
+    EXPECT_FALSE(fs::exists(company.file.string() + " before version 3"));
+  }
+}
+
+TEST(CompanyFile, OfUnsoundStructureGetsNoNewTotals) {
+  test::NewCompany company;
+  company.connection.execute("INSERT INTO Transactions (TranNo, TranDate, FYID) VALUES (900, #11-22-2026#, 1)");
+  company.connection.execute("INSERT INTO SubTransactions (TranNo, AccCode, Debit) VALUES (900, 10001001, 5)");
+  company.connection.close();
+  test::changeBesideIndex(company.file, "AccountDays_AccCode", "DELETE FROM AccountDays");
+  const FileState state = prepareCompanyFile(connectionStringFor(company.file), today);
+  EXPECT_EQ(state.damage.size(), 1U);
+  EXPECT_FALSE(state.totalsMended);
+  EXPECT_EQ(test::past(company.file, "SELECT count(*) FROM AccountDays NOT INDEXED"), "0");
 }
 
 TEST(CompanyFile, IsForItsOwnerAloneAndForAnySqlite) {

@@ -210,6 +210,19 @@ TEST_F(IdleShell, SetsTotalsRightAndSaysSo) {
   EXPECT_EQ(note(), "Totals that the file keeps were not those of their documents; they have been set right.");
 }
 
+TEST_F(IdleShell, SaysThatTotalsWereSetRightBeforeTheFirstScreen) {
+  open();
+  post(91, false, 10);
+  ASSERT_TRUE(close());
+  shell_.reset();
+  test::past(file_, "UPDATE AccountDays SET Debit = 11");
+  const schema::FileState state = schema::prepareCompanyFile(schema::plainConnectionString, clock_.now());
+  EXPECT_TRUE(state.totalsMended);
+  EXPECT_FALSE(schema::prepareCompanyFile(schema::plainConnectionString, clock_.now()).totalsMended);
+  open(state);
+  EXPECT_EQ(note(), "Totals that the file keeps were not those of their documents; they have been set right.");
+}
+
 TEST_F(IdleShell, LooksOnceADayAndAfterABackUp) {
   open();
   restUntilChecked();

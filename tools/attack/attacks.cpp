@@ -7,8 +7,10 @@
 #include <memory>
 
 #include "attack/company_at_risk.h"
+#include "attack/damaged_company.h"
 #include "attack/process.h"
 #include "attack/program_at_work.h"
+#include "attack/reading.h"
 #include "attack/risk_places.h"
 
 namespace velmo::attack {
@@ -16,7 +18,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int untilKilled = std::numeric_limits<int>::max();
 constexpr int patience = 60'000;  // milliseconds for a process to tell of its first step
 
 int between(std::mt19937& random, int low, int high) {
@@ -43,28 +44,72 @@ Problems checked(ToldBooks& books, const std::vector<Report>& reports) {
   }
 }
 
+// Of any that was made.
+Problems problemsOfBackUp() {
+  Problems problems;
+  if (!fs::exists(backUpFile)) return problems;
+  for (const Flaw& flaw : readCopyOf(backUpFile).flaws) problems.push_back("in the back-up: " + flaw.words);
+  return problems;
+}
+
+constexpr int untilKilled = std::numeric_limits<int>::max();
+
+// Programs that work at once on a company, and are killed unless they have steps to do.
+struct Round {
+  int programs = 1;
+  int steps = untilKilled;
+  bool waitsForWork = false;  // the kill, for the first step
+  int longest = 0;            // microseconds until then
+};
+
+class CompanyAtWork {
+ public:
+  explicit CompanyAtWork(std::mt19937& random) : random_(random) { startProgram(); }
+
+  bool isWhole() const { return outcome_.problems.empty(); }
+
+  void letWork(const Round& round) {
+    const bool killed = round.steps == untilKilled;
+    std::vector<std::unique_ptr<Process>> programs;
+    // Of several none knows what to change but its own documents.
+    for (int i = 0; i < round.programs; ++i)
+      programs.push_back(std::make_unique<Process>([&, seed = static_cast<unsigned>(random_())] {
+        startProgram();
+        workAsProgram(pipe_.end(), seed, round.programs == 1 ? books_.known() : Documents(), round.steps);
+      }));
+    if (round.waitsForWork) pipe_.waitForReport(patience);
+    if (killed) sleepFor(between(random_, 0, round.longest));
+    for (const auto& program : programs) {
+      if (killed) program->send(SIGKILL);
+      if (const int status = program->status(); status != (killed ? -SIGKILL : 0))
+        note(outcome_, folder_, {"a program ended by itself with status " + std::to_string(status)});
+    }
+    outcome_.counts[round.programs == 1 ? "programs killed at work" : "programs beside each other"] += round.programs;
+    note(outcome_, folder_, checked(books_, pipe_.reports()));
+    note(outcome_, folder_, problemsOfBackUp());
+  }
+
+  Outcome outcome() {
+    outcome_.counts["of them within a save"] = books_.interrupted();
+    return outcome_;
+  }
+
+ private:
+  std::mt19937& random_;
+  RiskFolder folder_;
+  ReportPipe pipe_;
+  ToldBooks books_;
+  Outcome outcome_;
+};
+
 }  // namespace
 
 Outcome killTheProgram(std::mt19937& random) {
-  RiskFolder folder;
-  startProgram();
-  const ReportPipe pipe;
-  ToldBooks books;
-  Outcome outcome;
-  for (int kill = 0; kill < 20 && outcome.problems.empty(); ++kill) {
-    Process program([&, seed = static_cast<unsigned>(random())] {
-      startProgram();
-      workAsProgram(pipe.end(), seed, books.known(), Cashier::Deletes::Some, untilKilled);
-    });
-    if (kill % 4 != 0) pipe.waitForReport(patience);  // otherwise perhaps as it starts
-    sleepFor(between(random, 0, 60'000));
-    program.send(SIGKILL);
-    if (program.status() != -1) note(outcome, folder, {"the program ended by itself"});
-    ++outcome.counts["programs killed at work"];
-    note(outcome, folder, checked(books, pipe.reports()));
-  }
-  outcome.counts["of them within a save"] = books.interrupted();
-  return outcome;
+  CompanyAtWork company(random);
+  for (int kill = 0; kill < 20 && company.isWhole(); ++kill)
+    // Every fourth perhaps as it starts.
+    company.letWork({.programs = 1, .waitsForWork = kill % 4 != 0, .longest = 60'000});
+  return company.outcome();
 }
 
 Outcome letTheDiskFail(std::mt19937& random) {
@@ -129,31 +174,11 @@ Outcome tearTheLog(std::mt19937& random) {
 }
 
 Outcome letProgramsMeet(std::mt19937& random) {
-  RiskFolder folder;
-  startProgram();
-  const ReportPipe pipe;
-  ToldBooks books;
-  Outcome outcome;
-  for (int round = 0; round < 3 && outcome.problems.empty(); ++round) {
-    std::vector<std::unique_ptr<Process>> programs;
-    const int number = between(random, 2, 3);
-    const bool killed = round > 0;
-    for (int i = 0; i < number; ++i)
-      programs.push_back(std::make_unique<Process>([&, seed = static_cast<unsigned>(random())] {
-        startProgram();
-        workAsProgram(pipe.end(), seed, {}, Cashier::Deletes::None, killed ? untilKilled : 60);
-      }));
-    if (killed) sleepFor(between(random, 100'000, 1'500'000));
-    for (const auto& program : programs) {
-      if (killed) program->send(SIGKILL);
-      if (const int status = program->status(); status != (killed ? -1 : 0))
-        note(outcome, folder, {"a program beside others ended with status " + std::to_string(status)});
-    }
-    outcome.counts["programs beside each other"] += number;
-    note(outcome, folder, checked(books, pipe.reports()));
-  }
-  outcome.counts["documents saved beside each other"] = static_cast<std::int64_t>(books.known().size());
-  return outcome;
+  CompanyAtWork company(random);
+  company.letWork({.programs = between(random, 2, 3), .steps = 60});
+  for (int round = 0; round < 2 && company.isWhole(); ++round)
+    company.letWork({.programs = between(random, 2, 3), .longest = 1'500'000});
+  return company.outcome();
 }
 
 Outcome startProgramsTogether(std::mt19937& random) {
@@ -184,12 +209,19 @@ Outcome startProgramsTogether(std::mt19937& random) {
   return outcome;
 }
 
+Outcome damageTheFile(std::mt19937& random) {
+  DamagedCompany company(random);
+  Outcome outcome;
+  for (int time = 0; time < 40 && outcome.problems.empty(); ++time)
+    company.harm(harms()[static_cast<std::size_t>(between(random, 0, static_cast<int>(harms().size()) - 1))], random,
+                 outcome);
+  return outcome;
+}
+
 const std::vector<Attack>& attacks() {
-  static const std::vector<Attack> all = {{"kill", killTheProgram},
-                                          {"disk", letTheDiskFail},
-                                          {"torn-log", tearTheLog},
-                                          {"programs", letProgramsMeet},
-                                          {"starts", startProgramsTogether}};
+  static const std::vector<Attack> all = {{"kill", killTheProgram},          {"disk", letTheDiskFail},
+                                          {"torn-log", tearTheLog},          {"programs", letProgramsMeet},
+                                          {"starts", startProgramsTogether}, {"damage", damageTheFile}};
   return all;
 }
 

@@ -30,6 +30,7 @@ Outcome killTheProgram(std::mt19937& random);         // at random instants of w
 Outcome letTheDiskFail(std::mt19937& random);         // at random writes of a piece of work
 Outcome tearTheLog(std::mt19937& random);             // as a power cut does, behind what was told as saved
 Outcome letProgramsMeet(std::mt19937& random);        // two or three on one file, some of them killed
+Outcome damageTheFile(std::mt19937& random);          // and let the program open it
 Outcome startProgramsTogether(std::mt19937& random);  // on no company, and on one of an older version
 
 }  // namespace velmo::attack

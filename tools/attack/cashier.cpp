@@ -12,12 +12,13 @@
 namespace velmo::attack {
 namespace {
 
+constexpr int daysOfWork = 40;
 const text::DateTime saleTime = text::DateTime::fromCalendar(2026, 11, 22, 10, 30);
 
-frame::DocumentValues invoice(std::int64_t docNo, bool cancelled) {
+frame::DocumentValues invoice(std::int64_t docNo, int daysBefore, bool cancelled) {
   frame::DocumentValues values;
   values.DocNo = std::to_string(docNo);
-  values.TrDate = saleTime.date();
+  values.TrDate = saleTime.date().addDays(-daysBefore);
   values.Cancel = cancelled;
   values.PartyCodeTxt = "12001001";
   values.PartyNameTxt = "A customer";
@@ -29,8 +30,8 @@ frame::DocumentValues invoice(std::int64_t docNo, bool cancelled) {
 
 }  // namespace
 
-Cashier::Cashier(int pipe, unsigned seed, Documents known, Deletes deletes)
-    : pipe_(pipe), random_(seed), known_(std::move(known)), deletes_(deletes), context_(schema::companyCatalog()) {
+Cashier::Cashier(int pipe, unsigned seed, Documents known)
+    : pipe_(pipe), random_(seed), known_(std::move(known)), context_(schema::companyCatalog()) {
   context_.KORDconn.open(schema::plainConnectionString);
   context_.FYID = 1;
   context_.UserID = 1;
@@ -43,15 +44,28 @@ Cashier::Cashier(int pipe, unsigned seed, Documents known, Deletes deletes)
 void Cashier::step() {
   const int choice = between(0, 9);
   if (choice < 6 || known_.empty()) return saveNew();
+  if (choice < 9) return changeKnown();
+  deleteKnown();
+}
+
+std::int64_t Cashier::goToKnown() {
   auto chosen = known_.begin();
   std::advance(chosen, between(0, static_cast<int>(known_.size()) - 1));
   tran_.requery();
   tran_.moveFirst();
   if (!tran_.find("docno=" + std::to_string(chosen->first))) std::abort();
-  if (choice < 9 || deletes_ == Deletes::None)
-    save(chosen->first, frame::HeaderWrite::Update);
-  else
-    remove(chosen->first);
+  return chosen->first;
+}
+
+void Cashier::changeKnown() {
+  save(goToKnown(), frame::HeaderWrite::Update);
+}
+
+void Cashier::deleteKnown() {
+  const std::int64_t docNo = goToKnown();
+  carryOut(docNo, {}, [this] { tran_.remove(); });
+  known_.erase(docNo);
+  tran_.requery();
 }
 
 void Cashier::saveNew() {
@@ -64,12 +78,26 @@ void Cashier::tell(Report::Phase phase, std::int64_t docNo, const Expected& outc
   if (::write(pipe_, &report, sizeof report) != sizeof report) ::_exit(3);
 }
 
+void Cashier::carryOut(std::int64_t docNo, const Expected& outcome, const std::function<void()>& write) {
+  tell(Report::Phase::Begun, docNo, outcome);
+  try {
+    write();
+  } catch (const frame::DocNoTaken&) {
+    tell(Report::Phase::Refused, docNo, outcome);
+    throw;
+  } catch (const store::StoreError& failure) {
+    if (failure.kind() == store::ErrorKind::Busy) tell(Report::Phase::Refused, docNo, outcome);
+    throw;
+  }
+  tell(Report::Phase::Done, docNo, outcome);
+}
+
 void Cashier::save(std::int64_t docNo, frame::HeaderWrite mode) {
   const Expected outcome{true, between(1, 12), 0, between(0, 9) == 0};
   const std::int64_t tranNo = mode == frame::HeaderWrite::Add ? 0 : tran_.integer("tranno");
   store::Recordset sheet;
   frame::openSheet(context_.KORDconn, sheet, tranNo);
-  frame::DocumentValues values = invoice(docNo, outcome.cancelled);
+  frame::DocumentValues values = invoice(docNo, between(0, daysOfWork), outcome.cancelled);
   Expected told = outcome;
   fillLines(sheet, outcome.lines);
   values.totals = frame::RecalculateTotals(
@@ -79,9 +107,7 @@ void Cashier::save(std::int64_t docNo, frame::HeaderWrite mode) {
   told.netTotal = frame::figureOf(values.totals, frame::Figure::NetTotal);
   auto document = frame::composeDocument(documents::saleInvoiceType(), values, context_, saleTime, sheet, mode);
   if (!document) std::abort();
-  tell(Report::Phase::Begun, docNo, told);
-  frame::writeDocument(context_.KORDconn, *document, tran_, sheet);
-  tell(Report::Phase::Done, docNo, told);
+  carryOut(docNo, told, [&] { frame::writeDocument(context_.KORDconn, *document, tran_, sheet); });
   known_[docNo] = told;
 }
 
@@ -103,14 +129,6 @@ void Cashier::fillLines(store::Recordset& sheet, std::int64_t lines) {
                   {"discamt", 0.0},
                   {"itemvalue", quantity * rate}});
   }
-}
-
-void Cashier::remove(std::int64_t docNo) {
-  tell(Report::Phase::Begun, docNo, {});
-  tran_.remove();
-  tell(Report::Phase::Done, docNo, {});
-  known_.erase(docNo);
-  tran_.requery();
 }
 
 }  // namespace velmo::attack

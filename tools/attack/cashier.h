@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <random>
 
 #include "attack/told_books.h"
@@ -14,26 +15,27 @@ namespace velmo::attack {
 // step is not told as done then.
 class Cashier {
  public:
-  // Of the known documents some are changed; whoever works beside others deletes none, since its number may be given
-  // again before that is told.
-  enum class Deletes { Some, None };
-  Cashier(int pipe, unsigned seed, Documents known, Deletes deletes = Deletes::Some);
+  // Of the known documents some are changed or deleted.
+  Cashier(int pipe, unsigned seed, Documents known);
 
   void step();     // one of them
   void saveNew();  // a further one
+  void changeKnown();
+  void deleteKnown();
   store::Connection& connection() { return context_.KORDconn; }
 
  private:
   int between(int low, int high) { return std::uniform_int_distribution(low, high)(random_); }
   void tell(Report::Phase phase, std::int64_t docNo, const Expected& outcome) const;
+  // Tells of it, and that it was refused where nothing was written.
+  void carryOut(std::int64_t docNo, const Expected& outcome, const std::function<void()>& write);
+  std::int64_t goToKnown();
   void save(std::int64_t docNo, frame::HeaderWrite mode);
   void fillLines(store::Recordset& sheet, std::int64_t lines);
-  void remove(std::int64_t docNo);
 
   int pipe_;
   std::mt19937 random_;
   Documents known_;
-  Deletes deletes_;
   session::LoginContext context_;
   store::Recordset tran_;
 };

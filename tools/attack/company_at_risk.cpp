@@ -89,10 +89,6 @@ void CompanyAtRisk::lookAtFile(Problems& problems) {
   connection.open(schema::plainConnectionString);
   if (numberIn(connection.handle(), "select user_version from pragma_user_version") != schema::schemaVersion)
     problems.emplace_back("the file is not up to date");
-  if (numberIn(connection.handle(), "select count(*) from AccLevel3 where AccName like 'Imported %'") %
-          importedAccounts !=
-      0)
-    problems.emplace_back("a part of an import is there");
   for (const auto& entry : fs::directory_iterator(companyFolder))
     if (const std::string name = entry.path().filename(); !name.starts_with("Uninstall.MDB"))
       problems.push_back(name + " was left behind");

@@ -20,7 +20,8 @@ struct Work {
   std::function<void()> opening = {};
 };
 
-// Saving, the idle checkpoint, recovery at opening, the upgrade, a back-up and an import.
+// Saving, changing and deleting, the idle checkpoint, recovery at opening, the upgrade, a back-up, an import, the login
+// and the balance pass.
 const std::vector<Work>& works();
 
 // A company in a folder of its own, which is the current one while it lives, before a piece of work. Throws

@@ -38,7 +38,7 @@ void Process::send(int signal) const {
 int Process::status() {
   int status = 0;
   ::waitpid(std::exchange(process_, 0), &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
 }  // namespace velmo::attack

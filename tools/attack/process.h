@@ -16,7 +16,7 @@ class Process {
 
   void send(int signal) const;
   // Waits for its end: its exit status, 0 when the function returned, 1 when it threw, which is told on the standard
-  // error; -1 when it was killed.
+  // error; the negative number of the signal that ended it.
   int status();
 
  private:

@@ -22,7 +22,7 @@ using Documents = std::map<std::int64_t, Expected>;  // by number
 
 // One step of a process that saves, told through a pipe before it begins and again when the save has returned.
 struct Report {
-  enum class Phase { Begun, Done, Note };
+  enum class Phase { Begun, Done, Refused, Note };
   Phase phase = Phase::Note;
   std::int64_t docNo = 0;  // of a note, whatever it says
   Expected outcome = {};
@@ -35,7 +35,8 @@ class ToldBooks {
   int interrupted() const { return interrupted_; }  // how often the file was left within a step
 
   // Opens the file as the program does. Every step that was told as done is to be there whole, one that was only begun
-  // whole or not at all, and what is there from now on is known.
+  // whole or not at all, and what is there from now on is known. Of steps on one number that ran beside each other any
+  // may have been the last.
   Problems check(const std::vector<Report>& reports);
 
  private:

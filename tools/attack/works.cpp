@@ -1,14 +1,18 @@
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 
+#include "attack/books_check.h"
 #include "attack/company_at_risk.h"
 #include "attack/risk_places.h"
 #include "masters/import_plan.h"
 #include "masters/import_write.h"
+#include "reports/running_balances.h"
 #include "schema/company_file.h"
+#include "session/login.h"
 #include "store/back_up.h"
 
 namespace velmo::attack {
@@ -23,13 +27,12 @@ void recover() {
   connection.open(schema::plainConnectionString);
 }
 
-void importAccounts(Cashier& cashier) {
-  const masters::ImportDescriptor& kind = masters::importDescriptor(masters::ImportKind::Customers);
-  spreadsheet::Sheet sheet{.name = "List", .rows = {{"Name", "Sub type"}}};
-  for (int i = 0; i < importedAccounts; ++i) sheet.rows.push_back({"Imported " + std::to_string(i), "12001"});
-  const auto plan = masters::planImport(kind, sheet, masters::guessMapping(kind, sheet), {},
-                                        masters::readBooks(cashier.connection(), kind));
-  if (!plan || !masters::writeImport(cashier.connection(), *plan)) std::abort();
+void changeSteps(Cashier& cashier) {
+  for (int i = 0; i < 3; ++i) cashier.changeKnown();
+}
+
+void deleteSteps(Cashier& cashier) {
+  for (int i = 0; i < 3; ++i) cashier.deleteKnown();
 }
 
 }  // namespace
@@ -56,6 +59,29 @@ void backUp() {
                                            .newestSchemaVersion = schema::schemaVersion});
 }
 
+void importAccounts(store::Connection& books) {
+  const masters::ImportDescriptor& kind = masters::importDescriptor(masters::ImportKind::Customers);
+  spreadsheet::Sheet sheet{.name = "List", .rows = {{"Name", "Sub type"}}};
+  // A sub type has room for a thousand.
+  if (numberIn(books.handle(), "select count(*) from AccLevel3 where AccName like 'Imported %'") > 2 * importedAccounts)
+    return;
+  static int imports = 0;  // each brings accounts of its own
+  const std::string name = "Imported " + std::to_string(::getpid()) + "-" + std::to_string(++imports) + " ";
+  for (int i = 0; i < importedAccounts; ++i) sheet.rows.push_back({name + std::to_string(i), "12001"});
+  const auto plan =
+      masters::planImport(kind, sheet, masters::guessMapping(kind, sheet), {}, masters::readBooks(books, kind));
+  if (!plan || !masters::writeImport(books, *plan)) std::abort();
+}
+
+void logIn(store::Connection& books) {
+  session::cleanUpMasters(books);
+  session::saveDefaultLogin(books, 1, 1);
+}
+
+void passBalances(store::Connection& books) {
+  reports::writeRunningBalances(books, 1);
+}
+
 const std::vector<Work>& works() {
   static const std::vector<Work> all = {
       {.name = "Saving", .working = saveSteps},
@@ -65,7 +91,13 @@ const std::vector<Work>& works() {
       {.name = "Recovery", .documentsBefore = 40, .opening = recover},
       {.name = "Upgrade", .firstVersion = true, .opening = startProgram},
       {.name = "BackUp", .working = [](Cashier&) { backUp(); }},
-      {.name = "Import", .working = importAccounts},
+      {.name = "Import", .working = [](Cashier& cashier) { importAccounts(cashier.connection()); }},
+      {.name = "Changing", .documentsBefore = 5, .working = changeSteps},
+      {.name = "Deleting", .documentsBefore = 5, .working = deleteSteps},
+      {.name = "Login", .working = [](Cashier& cashier) { logIn(cashier.connection()); }},
+      {.name = "BalancePass",
+       .documentsBefore = 40,
+       .working = [](Cashier& cashier) { passBalances(cashier.connection()); }},
   };
   return all;
 }

@@ -1,0 +1,142 @@
+#include "attack/kept_check.h"
+
+#include <limits>
+#include <map>
+#include <optional>
+#include <tuple>
+
+#include "attack/amount.h"
+#include "attack/plain_rows.h"
+
+namespace velmo::attack {
+namespace {
+
+// One kind of totals: lines by day or month and by what stands in `subject`.
+struct Kind {
+  std::string name;
+  std::string lines, lineKey, subject;
+  std::string in, out;  // the amounts
+  bool withInvLedger;   // documents that are in the books of an earlier system do not count
+  bool addsLater;       // "<name>Added" says how far the lines are in
+};
+
+const Kind kinds[] = {{"Account", "SubTransactions", "Serial", "AccCode", "Debit", "Credit", false, false},
+                      {"Stock", "StockFlow", "FlowId", "ItemCode", "StockIn", "StockOut", true, true}};
+
+using Key = std::tuple<std::string, std::string, std::string>;  // year, day or month, subject
+
+struct Sums {
+  std::int64_t lines = 0;
+  Amount in, out;
+  void add(const Sums& other) {
+    lines += other.lines;
+    in += other.in;
+    out += other.out;
+  }
+  bool agree(const Sums& other) const { return lines == other.lines && in.isAbout(other.in) && out.isAbout(other.out); }
+};
+
+using Totals = std::map<Key, Sums>;
+
+// As the file compares texts.
+std::string lowerCase(std::string text) {
+  for (char& c : text)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  return text;
+}
+
+// "2026-11" of "2026-11-22": the first seven characters.
+std::string monthOf(const std::string& day) {
+  std::size_t end = 0;
+  for (int characters = 0; characters < 7 && end < day.size() && day[end] != '\0'; ++characters) {
+    const bool isLong = static_cast<unsigned char>(day[end++]) >= 0xC0;
+    while (isLong && end < day.size() && (static_cast<unsigned char>(day[end]) & 0xC0) == 0x80) ++end;
+  }
+  return day.substr(0, end);
+}
+
+struct Document {
+  std::string year, day;
+};
+
+// Those that count.
+std::map<std::int64_t, Document> documentsOf(sqlite3* file, const Kind& kind) {
+  std::map<std::int64_t, Document> documents;
+  PlainRows rows(file, "SELECT TranNo, FYID, TranDate, Cancel, InvLedger FROM Transactions");
+  const auto isNo = [&](int column) { return rows.isNumber(column) && rows.number(column) == 0; };
+  while (rows.next())
+    if (!rows.isNull(1) && isNo(3) && (!kind.withInvLedger || isNo(4)))
+      documents[rows.integer(0)] = {rows.text(1), rows.isNull(2) ? "~" : lowerCase(rows.text(2))};
+  return documents;
+}
+
+std::optional<std::int64_t> lastAdded(sqlite3* file, const Kind& kind) {
+  PlainRows rows(file, "SELECT Line FROM " + kind.name + "Added");
+  if (!rows.next() || rows.isNull(0)) return std::nullopt;
+  return rows.integer(0);
+}
+
+Totals totalsOfLines(sqlite3* file, const Kind& kind) {
+  const auto documents = documentsOf(file, kind);
+  const auto last = kind.addsLater ? lastAdded(file, kind) : std::numeric_limits<std::int64_t>::max();
+  Totals totals;
+  if (!last) return totals;
+  PlainRows rows(file, "SELECT " + kind.lineKey + ", TranNo, " + kind.subject + ", " + kind.in + ", " + kind.out +
+                           " FROM " + kind.lines);
+  while (rows.next()) {
+    const auto document = documents.find(rows.integer(1));
+    if (rows.integer(0) > *last || rows.isNull(1) || document == documents.end() || rows.isNull(2)) continue;
+    totals[{document->second.year, document->second.day, lowerCase(rows.text(2))}].add(
+        {1, Amount(rows.number(3)), Amount(rows.number(4))});
+  }
+  return totals;
+}
+
+// The one place that knows how a kept amount stands in its column.
+Amount keptAmount(const PlainRows& rows, int column) {
+  return Amount(rows.number(column));
+}
+
+Totals keptTotals(sqlite3* file, const Kind& kind, const std::string& table, const std::string& time) {
+  Totals totals;
+  PlainRows rows(
+      file, "SELECT FYID, " + time + ", " + kind.subject + ", Lines, " + kind.in + ", " + kind.out + " FROM " + table);
+  while (rows.next())
+    totals[{rows.text(0), lowerCase(rows.text(1)), lowerCase(rows.text(2))}].add(
+        {rows.integer(3), keptAmount(rows, 4), keptAmount(rows, 5)});
+  return totals;
+}
+
+std::string words(const Key& key, const Sums& sums) {
+  return std::get<0>(key) + " " + std::get<1>(key) + " " + std::get<2>(key) + ": " + std::to_string(sums.lines) +
+         " lines, " + sums.in.text() + ", " + sums.out.text();
+}
+
+void compare(const Totals& lines, const Totals& kept, const std::string& table, Problems& flaws) {
+  for (const auto& [key, sums] : lines) {
+    const auto found = kept.find(key);
+    if (found == kept.end())
+      flaws.push_back(table + " lacks " + words(key, sums));
+    else if (!sums.agree(found->second))
+      flaws.push_back(table + " has " + words(key, found->second) + " in place of " + words(key, sums));
+  }
+  for (const auto& [key, sums] : kept)
+    if (!lines.contains(key)) flaws.push_back(table + " has without lines " + words(key, sums));
+}
+
+}  // namespace
+
+Problems flawsOfKeptTotals(sqlite3* file) {
+  Problems flaws;
+  for (const Kind& kind : kinds) {
+    const Totals days = totalsOfLines(file, kind);
+    Totals months;
+    for (const auto& [key, sums] : days)
+      months[{std::get<0>(key), monthOf(std::get<1>(key)), std::get<2>(key)}].add(sums);
+    compare(days, keptTotals(file, kind, kind.name + "Days", "TranDate"), kind.name + "Days", flaws);
+    compare(months, keptTotals(file, kind, kind.name + "Months", "Month"), kind.name + "Months", flaws);
+  }
+  return flaws;
+}
+
+}  // namespace velmo::attack
