@@ -10,7 +10,7 @@ namespace velmo::frame {
 
 namespace {
 
-constexpr quint64 longestGap = 45;  // milliseconds between two keys of a scanner
+constexpr quint64 longestGap = 50;  // milliseconds between two keys of a scanner
 constexpr qsizetype shortestCode = 4;
 constexpr int untilServed = 20;  // milliseconds between two looks whether a scan can be served
 
@@ -33,7 +33,6 @@ bool isCharacter(const QKeyEvent& key) {
 
 ScanListener::ScanListener(QWidget& screen, std::function<bool(const QWidget&)> takes)
     : QObject(&screen), screen_(screen), takes_(std::move(takes)) {
-  clock_.start();
   pause_.setSingleShot(true);
   connect(&pause_, &QTimer::timeout, this, &ScanListener::pause);
   connect(&service_, &QTimer::timeout, this, &ScanListener::serve);
@@ -50,6 +49,7 @@ bool ScanListener::eventFilter(QObject* watched, QEvent* event) {
   const QWidget* focus = receiver();
   if (!focus || watched != focus) return false;
   const auto& key = *static_cast<QKeyEvent*>(event);
+  if (key.timestamp() == 0) return false;  // no key of a keyboard
   if (!press) return released(key);
   if (!listensTo(*focus)) {
     letGo();
@@ -69,7 +69,7 @@ bool ScanListener::listensTo(const QWidget& receiver) const {
 
 // True when the key goes no further, at least for now.
 bool ScanListener::pressed(const QKeyEvent& key) {
-  const quint64 at = key.timestamp() != 0 ? key.timestamp() : static_cast<quint64>(clock_.elapsed());
+  const quint64 at = key.timestamp();
   const bool fast = !key.isAutoRepeat() && at - std::exchange(lastAt_, at) <= longestGap;
   if (isEnter(key) && fast && code_.size() >= shortestCode) {
     held_.clear();

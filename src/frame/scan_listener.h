@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
@@ -45,7 +44,6 @@ class ScanListener : public QObject {
   std::vector<std::unique_ptr<QKeyEvent>> held_;  // presses and releases, in their order
   QString code_;                                  // the characters of the held presses
   quint64 lastAt_ = 0;                            // when the last key was pressed, in milliseconds
-  QElapsedTimer clock_;
   QTimer pause_;
   bool readOnce_ = false;  // the pause is over, and what waited to be read was read
   bool lettingGo_ = false;

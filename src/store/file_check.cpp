@@ -79,6 +79,11 @@ void checkPassword(sqlite3* database, const fs::path& file, std::string_view pas
   }
 }
 
+// A header that asks for a newer SQLite makes the file one to read alone, though it may be written.
+bool isReadOnlyByItsHeader(sqlite3* database, const fs::path& file) {
+  return sqlite3_db_readonly(database, "main") == 1 && ::access(file.c_str(), W_OK) == 0;
+}
+
 }  // namespace
 
 StoreError damagedFile(const fs::path& file) {
@@ -111,6 +116,7 @@ void checkIdentity(sqlite3* database, const fs::path& file, std::string_view pas
                                            "the newer version to use it.");
   }
   checkPassword(database, file, password);
+  if (isReadOnlyByItsHeader(database, file)) throw damagedFile(file);
 }
 
 bool isDatabaseFile(const fs::path& file) {

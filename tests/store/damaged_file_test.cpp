@@ -65,6 +65,23 @@ TEST(DamagedFile, IsReadAndNotWrittenByAnything) {
   EXPECT_EQ(shop.read("SELECT count(*) FROM Orders"), "4") << "a file that was put right is written again";
 }
 
+TEST(DamagedFile, IsOneToReadAloneThoughItMayBeWritten) {
+  SmallShop shop;
+  shop.addOrders(3);
+  shop.connection.close();
+  const auto setWriteVersion = [&](char version) {
+    std::fstream bytes(shop.file(), std::ios::binary | std::ios::in | std::ios::out);
+    bytes.seekp(18).put(version);
+  };
+  setWriteVersion('\x22');
+  const std::string before = bytesOf(shop.file());
+  EXPECT_EQ(failureOf([&] { shop.connection.open(shopConnectionString(shop.file())); }), ErrorKind::Damaged);
+  EXPECT_EQ(bytesOf(shop.file()), before);
+  setWriteVersion('\x02');
+  shop.connection.open(shopConnectionString(shop.file()));
+  EXPECT_EQ(shop.read("SELECT count(*) FROM Orders"), "3");
+}
+
 TEST(DamagedFile, QuickCheckFindsThePlaceOrGivesUpInTime) {
   SmallShop shop;
   fill(shop.connection);

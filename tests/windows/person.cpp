@@ -104,12 +104,12 @@ std::string Person::messageText() {
   });
 }
 
-std::string Person::inFile(const char* statement) {
-  return look([statement] {
+std::string Person::inFile(const char* statement, int row) {
+  return look([statement, row] {
     store::Connection company(schema::companyCatalog());
     company.open(schema::plainConnectionString);
     const store::Recordset rows(company, statement, store::LockType::ReadOnly);
-    return rows.recordCount() == 0 ? std::string("no row") : store::textOf(rows.valueAt(0, 0));
+    return row < rows.recordCount() ? store::textOf(rows.valueAt(row, 0)) : std::string("no row");
   });
 }
 

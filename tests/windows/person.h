@@ -50,8 +50,8 @@ class Person {
   void waitForMessage() {
     waitUntil("a message box", [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; });
   }
-  // The first value that the company's file gives.
-  std::string inFile(const char* statement);
+  // The first value of a row that the company's file gives.
+  std::string inFile(const char* statement, int row = 0);
 
   // A control of the active window, by its name; throws std::runtime_error when it has none. In the program only.
   template <typename Control = QWidget>

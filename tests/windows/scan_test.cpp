@@ -9,7 +9,12 @@
 #include <map>
 #include <set>
 
+#include "forms/digits_box.h"
+#include "forms/number_box.h"
 #include "frame/item_sheet.h"
+#include "schema/company_file.h"
+#include "schema/company_schema.h"
+#include "store/connection.h"
 #include "windows/person.h"
 
 namespace velmo::test {
@@ -52,8 +57,8 @@ std::string linesOf(Person& person) {
   });
 }
 
-std::string itemCode(Person& person) {
-  return person.inFile("SELECT TOP 1 ItemCode FROM StockLevel3 WHERE CatID<>'Service' ORDER BY ItemCode");
+std::string itemCode(Person& person, int row = 0) {
+  return person.inFile("SELECT ItemCode FROM StockLevel3 WHERE CatID<>'Service' ORDER BY ItemCode", row);
 }
 
 // The controls of the screen that the focus can go to, in the order of Tab.
@@ -90,6 +95,70 @@ TEST(ScansAtTheCounter, ReachTheLinesWhereverTheFocusIs) {
     }
     EXPECT_GT(pieces, 20);
     EXPECT_EQ(textsOf(person, "SaleInvoicesPOS"), before);
+  });
+}
+
+TEST(ScansAtTheCounter, WaitForMessagesAndNeverAnswerThem) {
+  withTheProgram([](Person& person) {
+    person.look([] {
+      store::Connection company(schema::companyCatalog());
+      company.open(schema::plainConnectionString);
+      company.execute("DELETE FROM StockFlow");
+    });
+    person.openScreen("SaleInvoicesPOS");
+    std::string expected;
+    for (int item = 0; item < 10; ++item) {
+      const std::string code = itemCode(person, item);
+      person.scan(code, item % 2 == 0 ? 5 : 30);
+      expected += (item == 0 ? "" : " ") + code + "*1.00";
+    }
+    person.waitForMessage();
+    EXPECT_EQ(linesOf(person).find(' '), std::string::npos) << "one line, and its warning stands";
+    for (int item = 0; item < 10; ++item) {
+      person.waitForMessage();
+      person.press("Return");
+      person.settle(200);
+    }
+    person.waitUntil("the last warning answered", [] { return !QApplication::activeModalWidget(); });
+    EXPECT_EQ(linesOf(person), expected);
+  });
+}
+
+// What is typed goes where it was typed, whatever listens on its way.
+TEST(ScansAtTheCounter, AreNotWhatAPersonTypes) {
+  withTheProgram([](Person& person) {
+    person.openScreen("SaleInvoicesPOS");
+    person.look([] { Person::control("PartyNameTxt").setFocus(Qt::TabFocusReason); });
+    person.type("ann 20000010\n");
+    person.settle();
+    EXPECT_EQ(person.look([] { return Person::control<QLineEdit>("PartyNameTxt").text().toStdString(); }),
+              "ann 20000010");
+    EXPECT_EQ(linesOf(person), "");
+  });
+}
+
+TEST(ScansInOtherDocuments, LeaveDaysChoicesAndFiguresAsTheyWere) {
+  withTheProgram([](Person& person) {
+    for (const char* screen : {"SaleInvoicesSimple", "PurchaseBillsSimple", "SaleReturns"}) {
+      person.openScreen(screen);
+      const std::string code = itemCode(person);
+      const Texts before = textsOf(person, screen);
+      for (const QPointer<QWidget>& stop : stopsOf(person, screen)) {
+        const bool takesText = person.look([&] {
+          stop->setFocus(Qt::TabFocusReason);
+          auto* line = qobject_cast<QLineEdit*>(stop.data());
+          return qobject_cast<QTableView*>(stop.data()) || qobject_cast<QPlainTextEdit*>(stop.data()) ||
+                 (line && !qobject_cast<forms::NumberBox*>(line) && !qobject_cast<forms::DigitsBox*>(line));
+        });
+        if (takesText) continue;
+        SCOPED_TRACE(std::string(screen) + " " + person.focus());
+        person.scan(code);
+        person.settle(100);
+        ASSERT_EQ(textsOf(person, screen), before);
+        ASSERT_EQ(person.messageText(), "");
+        ASSERT_EQ(linesOf(person), "");
+      }
+    }
   });
 }
 
