@@ -10,6 +10,7 @@ namespace velmo::frame {
 OptionalDay::OptionalDay(std::function<text::DateTime()> today, QWidget* parent)
     : DatePicker(parent), today_(std::move(today)) {
   setSpecialValueText(QStringLiteral(" "));
+  setToolTip(tr("Ctrl+Del leaves the date out"));
 }
 
 void OptionalDay::begin() {
@@ -23,6 +24,7 @@ void OptionalDay::stepBy(int steps) {
 }
 
 void OptionalDay::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::ControlModifier) return makeEmpty();
   const bool types = !event->text().isEmpty() && event->text().at(0).isDigit();
   const bool opens =
       event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier);

@@ -162,7 +162,7 @@ std::vector<frame::MasterField> accountDetails() {
           accountBox("CreditLimit", "Credit limit", frame::BoxKind::Amount, "0"),
           accountBox("Branch", "Branch"),
           accountBox("CreditTerms", "Credit terms", frame::BoxKind::Text, "0"),
-          accountBox("Remarks", "Remarks"),
+          accountBox("Remarks", "Remarks", frame::BoxKind::Text, {}, 2),
           accountBox("EmpID", "Account manager no.", frame::BoxKind::Digits, "0"),
           accountBox("SectorID", "Sector no.", frame::BoxKind::Digits, "1"),
           accountBox("Region1ID", "Region no.", frame::BoxKind::Digits, "1"),

@@ -79,7 +79,7 @@ std::vector<frame::MasterField> partyDetails() {
           accountBox("AccountTitle", "Account title"),
           accountBox("AccountNo", "Account no."),
           accountBox("Branch", "Branch"),
-          accountBox("Remarks", "Remarks")};
+          accountBox("Remarks", "Remarks", BoxKind::Text, {}, 2)};
 }
 
 // The numbers behind the classification, which a dialog of parties shows by names or not at all.

@@ -310,9 +310,11 @@ TEST(InvoicePrint, NothingOverlapsOrIsCutWhateverItHolds) {
       } else if (data.size() == 500) {
         EXPECT_GT(pages.size(), 5U);
         for (const Page& page : pages) {
-          const std::string text = printing::test::textsOf(page);
-          const bool hasLines = text.find("HAM-") != std::string::npos || text.find("hammer") != std::string::npos;
-          EXPECT_EQ(text.find("Description") != std::string::npos, hasLines) << "headings above lines, on every page";
+          const std::string sheetText = printing::test::textsOf(page);
+          const bool hasLines =
+              sheetText.find("HAM-") != std::string::npos || sheetText.find("hammer") != std::string::npos;
+          EXPECT_EQ(sheetText.find("Description") != std::string::npos, hasLines)
+              << "headings above lines, on every page";
         }
       } else if (data.size() == 1 || data.empty()) {
         EXPECT_EQ(pages.size(), 1U);

@@ -17,7 +17,7 @@
 #include "masters/simple_lists.h"
 #include "masters/stock_hierarchies.h"
 #include "masters/user_logins.h"
-#include "printing/sample_report.h"
+#include "printing/page_pictures.h"
 
 namespace velmo::masters {
 namespace {
@@ -233,6 +233,10 @@ TEST_F(Blanks, InAnEmployeesDatesStayUntilADayIsGiven) {
   test::type(left, "05");
   click("SaveBttn");
   EXPECT_EQ(rows("select dateleft from employees where empname = 'Zoë'").date("dateleft").iso(), "2026-11-05");
+  left.setFocus();
+  test::press(left, Qt::Key_Delete, Qt::ControlModifier);
+  click("SaveBttn");
+  EXPECT_EQ(rows("select dateleft from employees where empname = 'Zoë'").text("dateleft"), "");
   EXPECT_EQ(rows("select datejoin from employees where empname = 'Zoë'").text("datejoin"), "");
 }
 
@@ -249,6 +253,7 @@ TEST_F(SignedCodes, LabelsCarryTheCurrencyOnce) {
     });
     const auto report = print.report(master());
     ASSERT_TRUE(report) << print.caption;
+    printing::test::leavePictures("labels " + print.caption, printing::test::pagesOf(*report));
     EXPECT_THAT(printing::test::textsOf(*report).front(), testing::HasSubstr("Rs 1,234.50")) << print.caption;
   }
 }
