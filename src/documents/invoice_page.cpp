@@ -117,7 +117,7 @@ Report invoiceOnPages(const InvoicePage& page, const InvoiceSheet& sheet,
   if (sheet.headStyle == HeadStyle::Company) addCompanyHead(report, head, sheet.letterhead);
   addTitle(head, width);
   Section party = partySection(report, page, sheet);
-  Section headings{.name = "TableHead", .height = mm(3), .repeat = Repeat::EveryPage};
+  Section headings{.name = "TableHead", .height = mm(3), .repeat = Repeat::AboveRows};
   addColumnHeadings(headings, columns, width);
   Section line = tableLine(columns, width);
   Section totals = closing(report, page, sheet, columns);

@@ -19,8 +19,7 @@ SheetWords wordsOf(InvoiceKind kind) {
               .number = "Return No.",
               .party = "Customer",
               .d1 = "Sale Invoice No.",
-              .d2 = {},
-              .received = "Amount Paid  "};
+              .d2 = {}};
     case InvoiceKind::Purchase:
       return {.title = "Purchase Bill",
               .heading = "PURCHASE BILL",

@@ -97,7 +97,7 @@ void addFigures(Section& section, const FittedColumns& fitted, Weight weight, Co
 }
 
 Section headings(const FittedColumns& fitted, Twips width) {
-  Section section{.name = "TableHead", .height = mm(1), .repeat = Repeat::EveryPage};
+  Section section{.name = "TableHead", .height = mm(1), .repeat = Repeat::AboveRows};
   addRule(section, width, 20);
   addText(section, "lbl5", {}, width, {.size = TableSize, .weight = Weight::SemiBold}, Align::Left);
   addFigures(
@@ -105,6 +105,21 @@ Section headings(const FittedColumns& fitted, Twips width) {
       [](const Column& column) { return column.headingName; });
   addRule(section, width, 8);
   return section;
+}
+
+Section pageEnd(Twips width) {
+  Section foot{.name = "Section3", .height = mm(1)};
+  const auto text = [&](const char* caption, Align align) {
+    foot.elements.push_back({.at = {0, foot.height, width, points(7 * 1.28)},
+                             .content = Label{caption},
+                             .font = {.size = 7},
+                             .align = align,
+                             .colour = Ink});
+  };
+  text("Page  %p  of  %P", Align::Left);
+  text("Date %d", Align::Right);
+  foot.height += points(7 * 1.28);
+  return foot;
 }
 
 Section slipLine(const FittedColumns& fitted, Twips width) {
@@ -182,6 +197,7 @@ Report invoiceOnSlip(const InvoiceSlip& slip, const InvoiceSheet& sheet,
                            .header = headings(fitted, width),
                            .footer = closing(report, slip, sheet, fitted, width)}};
   report.design.detail = slipLine(fitted, width);
+  report.design.pageFooter = pageEnd(width);
   return report;
 }
 

@@ -1,5 +1,6 @@
 #include "documents/show_print.h"
 
+#include "frame/status_line.h"
 #include "printing/preview_window.h"
 #include "printing/print_at_once.h"
 #include "session/settings.h"
@@ -25,8 +26,16 @@ std::optional<printing::Report> makeReport(session::Workplace& workplace, const 
 void showPrint(session::Workplace& workplace, const frame::DocumentValues& onScreen, QWidget* screen, InvoiceKind kind,
                const MakePrint& make) {
   std::optional<printing::Report> report = makeReport(workplace, onScreen, kind, make);
-  if (!report) return;
   session::LoginContext& context = workplace.context;
+  if (!report) {
+    frame::tellInStatusLine(*screen,
+                            QObject::tr("The document is saved, but not printed: print format %1 has no layout. "
+                                        "Choose another one under Print Settings.")
+                                .arg(context.sif));
+    context.PrintRS = {};
+    return;
+  }
+  frame::tellInStatusLine(*screen, {});
   printing::showPreview(screen, std::move(*report), workplace.files, [&context] { context.PrintRS = {}; });
 }
 

@@ -2,6 +2,7 @@
 
 #include "frame/day_text.h"
 #include "store/value.h"
+#include "text/blanks.h"
 #include "text/number.h"
 
 namespace velmo::documents {
@@ -22,7 +23,7 @@ frame::ValidationStep headAccountChosen(std::string_view words) {
 }
 
 frame::ValidationStep partyChosen(std::string_view words) {
-  return {.fails = [](const DocumentValues& v, const SaveSituation&) { return v.PartyNameTxt.empty(); },
+  return {.fails = [](const DocumentValues& v, const SaveSituation&) { return text::isBlank(v.PartyNameTxt); },
           .text = words,
           .control = "PartyCodeTxt"};
 }
@@ -36,7 +37,7 @@ frame::ValidationStep cashPartySettles(std::string_view partyCode, std::string_v
 }
 
 frame::ValidationStep fieldFilled(std::string_view field, std::string_view words) {
-  return {.fails = [field](const DocumentValues& v, const SaveSituation&) { return v.field(field).empty(); },
+  return {.fails = [field](const DocumentValues& v, const SaveSituation&) { return text::isBlank(v.field(field)); },
           .text = words,
           .control = field};
 }

@@ -196,7 +196,7 @@ std::vector<DataRow> sheetRows(const SheetLayout& layout, const std::vector<Item
 std::string barCodeStatement(const std::string& itemCode, const std::string& currencyCode) {
   return "SELECT '*' & [ItemCode] & '*' AS ItemBarCode, ItemCode, ItemName, Description, (" +
          store::quoted(currencyCode + " ") + " & [SellingPrice]) as SPrice FROM StockLevel3 WHERE ItemCode like " +
-         store::quoted(itemCode);
+         store::quotedWhole(itemCode);
 }
 
 tl::expected<Report, std::string> barCodeLabels(const session::LoginContext& context, const store::Recordset& items,

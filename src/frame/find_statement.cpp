@@ -1,6 +1,7 @@
 #include "frame/find_statement.h"
 
 #include "store/connection.h"
+#include "text/blanks.h"
 #include "text/number.h"
 
 namespace velmo::frame {
@@ -24,7 +25,7 @@ tl::expected<std::string, std::string> findCondition(const FindColumn& column, c
                                                      const text::DateTime& day) {
   const std::string begin = " And ((" + std::string(column.column) + ") ";
   if (column.condition == FindCondition::OnDay) return begin + "= " + store::dateLiteral(day) + ")";
-  if (value.empty()) return tl::unexpected(std::string(column.refusal));
+  if (text::isBlank(value)) return tl::unexpected(std::string(column.refusal));
   switch (column.condition) {
     case FindCondition::Number: {
       const std::optional<double> number = text::numberFrom(value);

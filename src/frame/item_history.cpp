@@ -45,7 +45,7 @@ std::optional<double> itemBalance(store::Connection& connection, std::string_vie
       "FROM Transactions INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo "
       "GROUP BY StockFlow.ItemCode, Transactions.Cancel, Transactions.InvLedger, Transactions.FYID "
       "HAVING (((StockFlow.ItemCode) Like " +
-          store::quoted(code) +
+          store::quotedWhole(code) +
           ") AND ((Transactions.Cancel)=No) AND ((Transactions.InvLedger)=No) AND ((Transactions.FYID)=" +
           std::to_string(FYID) + "))",
       store::LockType::ReadOnly);
@@ -76,7 +76,7 @@ store::Recordset itemHistory(store::Connection& connection, const ItemGridKind& 
           ", StockFlow.Unit, StockFlow.Rate, StockFlow.GrossAmt "
           "FROM Transactions INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo "
           "WHERE (((StockFlow.ItemCode) Like " +
-          store::quoted(code) + ")" + ofParty +
+          store::quotedWhole(code) + ")" + ofParty +
           " AND ((Transactions.TranType)=" + std::to_string(kind.historyTranType) +
           ") AND ((Transactions.Cancel)=No) AND ((Transactions.FYID)=" + std::to_string(FYID) +
           ")) ORDER BY Transactions.TranDate desc, Transactions.docno",

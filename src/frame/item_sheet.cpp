@@ -4,6 +4,7 @@
 
 #include "frame/cell_text.h"
 #include "store/value.h"
+#include "text/blanks.h"
 #include "text/number.h"
 
 namespace velmo::frame {
@@ -72,7 +73,8 @@ bool ItemSheet::mayEdit(int row, GridColumn column) {
 }
 
 bool ItemSheet::enter(int row, GridColumn column, std::string_view typed) {
-  const std::string text = withoutNul(typed);
+  std::string text = withoutNul(typed);
+  if (column == GridColumn::ItemCode) text = text::trimmed(text);
   const LineCells line = cells(row);
   if (!acceptsEntry(column, text, line)) return false;
 
@@ -109,7 +111,7 @@ void ItemSheet::enterItemCode(int row, std::string_view typed) {
 }
 
 std::optional<int> ItemSheet::scan(std::string_view code, ScannedAgain again) {
-  const auto item = findItem(code);
+  const auto item = findItem(text::trimmed(code));
   if (!item) return std::nullopt;
   int free = -1;
   for (int row = 0; row < rowCount(); ++row) {
@@ -143,13 +145,16 @@ void ItemSheet::fillFromItem(int row, const ListedItem& item) {
   write(row, GridColumn::Discount, 0.0);
 }
 
-// The shared items are searched, not the file: a scanner must not wait. A code that holds wildcards finds the first
-// item that is like it.
+// The shared items are searched, not the file: a scanner must not wait. A code that no item has may hold wildcards and
+// finds the first item that is like it.
 std::optional<ListedItem> ItemSheet::findItem(std::string_view typed) const {
   store::Recordset& items = workplace_.context.ItemsRS;
   if (typed.empty() || !items.isOpen() || items.isEmpty()) return std::nullopt;
-  items.moveFirst();
-  if (!items.find("itemCode like " + store::quoted(typed))) return std::nullopt;
+  const auto isFound = [&](const char* criterion) {
+    items.moveFirst();
+    return items.find(criterion + store::quoted(typed));
+  };
+  if (!isFound("itemCode = ") && !isFound("itemCode like ")) return std::nullopt;
   return ListedItem{.code = items.text("itemcode"),
                     .name = items.text("itemname"),
                     .description = {},

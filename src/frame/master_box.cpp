@@ -8,12 +8,13 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "forms/date_picker.h"
 #include "forms/digits_box.h"
 #include "forms/drop_combo.h"
 #include "forms/look.h"
 #include "forms/number_box.h"
+#include "frame/optional_day.h"
 #include "frame/own_fields.h"
+#include "text/blanks.h"
 #include "text/format.h"
 #include "text/number.h"
 
@@ -74,7 +75,7 @@ QWidget* MasterBox::makeControl() {
     case BoxKind::OneOfTwo:
       return makeOptions();
     case BoxKind::Day:
-      day_ = new forms::DatePicker;
+      day_ = new OptionalDay([this] { return workplace_.clock.today(); });
       connect(day_, &QDateEdit::dateChanged, this, &MasterBox::tell);
       return day_;
   }
@@ -88,7 +89,7 @@ QWidget* MasterBox::makeLine() {
     line_ = new forms::DigitsBox;
   else
     line_ = new QLineEdit;
-  if (field_.kind == BoxKind::Text || field_.kind == BoxKind::Secret) line_->setMaxLength(longestText);
+  allowLongest(longestText);
   if (field_.kind == BoxKind::Secret) line_->setEchoMode(QLineEdit::Password);
   connect(line_, &QLineEdit::textChanged, this, &MasterBox::tell);
   return line_;
@@ -188,6 +189,7 @@ void MasterBox::show(const store::Value& value) {
   showing_ = true;
   if (line_) {
     const std::string text = store::textOf(value);
+    allowLongest(longestText);
     line_->setText(QString::fromStdString(
         field_.kind == BoxKind::Amount && !store::isNull(value) ? text::formatText(text, amountFormat) : text));
     line_->setCursorPosition(0);
@@ -201,16 +203,25 @@ void MasterBox::show(const store::Value& value) {
   } else if (check_) {
     check_->setChecked(store::isYes(value));
   } else if (day_) {
-    day_->setDay(store::isNull(value) ? workplace_.clock.today() : store::dateOf(value));
+    store::isNull(value) ? day_->makeEmpty() : day_->setDay(store::dateOf(value));
   } else if (options_) {
     options_->button(store::isYes(value) ? 0 : 1)->setChecked(true);
   }
   showing_ = false;
 }
 
+void MasterBox::allowLongest(int characters) {
+  if (field_.kind == BoxKind::Text || field_.kind == BoxKind::Secret) line_->setMaxLength(characters);
+}
+
 void MasterBox::showInitial(const text::DateTime& today) {
   if (day_) return show(today);
   if (check_ || options_) return show(field_.initial == "yes");
+  showInitialText();
+  if (field_.longest > 0) allowLongest(field_.longest);
+}
+
+void MasterBox::showInitialText() {
   if (field_.initial.empty()) return show({});
   show(field_.initial);
   // The bound column of a list may be a number.
@@ -224,6 +235,12 @@ std::string MasterBox::text() const {
   return store::textOf(value());
 }
 
+std::string MasterBox::textToSave() const {
+  const bool isTyped = combo_ || (line_ && !line_->isReadOnly());
+  if (!isTyped || field_.kind == BoxKind::Secret) return text();
+  return std::string(text::trimmed(text()));
+}
+
 void MasterBox::setText(const std::string& text) {
   if (line_)
     line_->setText(QString::fromStdString(text));
@@ -234,15 +251,15 @@ void MasterBox::setText(const std::string& text) {
 store::Value MasterBox::value() const {
   if (account_ && account_->account()) return account_->account()->code;
   if (line_) {
-    const std::string text = line_->text().toStdString();
+    const std::string text = textToSave();
     const bool isText = field_.kind == BoxKind::Text || field_.kind == BoxKind::Secret;
     return text.empty() && !isText ? store::Value() : store::Value(text);
   }
   if (field_.kind == BoxKind::Choice) return combo_->boundValue();
-  if (combo_) return combo_->currentText().toStdString();
+  if (combo_) return textToSave();
   if (check_) return check_->isChecked();
   if (options_) return options_->checkedId() == 0;
-  return day_->day();
+  return day_->isEmpty() ? store::Value() : store::Value(day_->day());
 }
 
 void MasterBox::setOpen(bool open) {

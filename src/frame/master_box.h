@@ -13,11 +13,11 @@ class QLineEdit;
 class QPushButton;
 
 namespace velmo::forms {
-class DatePicker;
 class DropCombo;
 }  // namespace velmo::forms
 
 namespace velmo::frame {
+class OptionalDay;
 
 // The control of one field of a master dialog.
 class MasterBox : public QObject {
@@ -31,6 +31,7 @@ class MasterBox : public QObject {
   QWidget* place() const { return place_; }      // what goes into the form
   QWidget* control() const { return control_; }  // what gets the focus and the caption
   bool saysItsCaption() const { return field_.kind == BoxKind::Check; }
+  bool isHidden() const { return field_.use == BoxUse::Hidden; }
 
   // None of the three is told as a change.
   void show(const store::Value& value);
@@ -38,8 +39,10 @@ class MasterBox : public QObject {
   void clear() { show({}); }
 
   std::string text() const;
+  // Without the blanks around it, which nobody sees, where the user may type and it is no password.
+  std::string textToSave() const;
   void setText(const std::string& text);  // told as a change
-  store::Value value() const;             // as it is written
+  store::Value value() const;             // as it is written, from textToSave()
   // Of an Account: what the text stands for.
   const std::optional<Account>& account() const { return account_->account(); }
   void setOpen(bool open);
@@ -57,6 +60,8 @@ class MasterBox : public QObject {
   QWidget* makeOptions();
   QWidget* withKeeper();
   void readChoices();
+  void showInitialText();
+  void allowLongest(int characters);
   void keepValue();  // reads the choices again and shows the same one
   void tell();
 
@@ -69,7 +74,7 @@ class MasterBox : public QObject {
   AccountCodeBox* account_ = nullptr;
   forms::DropCombo* combo_ = nullptr;
   QCheckBox* check_ = nullptr;
-  forms::DatePicker* day_ = nullptr;
+  OptionalDay* day_ = nullptr;
   QButtonGroup* options_ = nullptr;
   QPushButton* keeper_ = nullptr;
   std::string choices_;  // the statement behind them

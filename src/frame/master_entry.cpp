@@ -4,11 +4,23 @@
 #include <cctype>
 
 #include "store/connection.h"
+#include "text/blanks.h"
 #include "text/number.h"
 
 namespace velmo::frame {
 
 using Refusal = std::function<std::optional<std::string>(const MasterEntry&)>;
+
+namespace {
+
+// A code behind like, as it stands and whole: "A[1]" is not like itself.
+std::vector<std::string> literalsOf(const std::string& code) {
+  std::vector<std::string> literals = {store::quoted(code)};
+  if (store::quotedWhole(code) != literals.front()) literals.push_back(store::quotedWhole(code));
+  return literals;
+}
+
+}  // namespace
 
 bool ColumnOrder::operator()(std::string_view left, std::string_view right) const {
   const auto lower = [](unsigned char c) { return std::tolower(c); };
@@ -35,9 +47,8 @@ bool MasterEntry::finds(const std::string& statement) const {
 }
 
 Refusal emptyText(std::string column, std::string words) {
-  return [=](const MasterEntry& entry) {
-    return entry.text(column).empty() ? std::optional(words) : std::nullopt;
-  };
+  return
+      [=](const MasterEntry& entry) { return text::isBlank(entry.text(column)) ? std::optional(words) : std::nullopt; };
 }
 
 Refusal notNumeric(std::string column, std::string words) {
@@ -55,11 +66,12 @@ Refusal noEntry(std::string column, std::string words) {
 // Codes differ only in more than the case of their letters, as the key's own order has it.
 Refusal codeTaken(std::string column, std::string select, std::string words) {
   return [=](const MasterEntry& entry) -> std::optional<std::string> {
-    store::Recordset found(entry.connection(), select + store::quoted(entry.text(column)), store::LockType::ReadOnly,
-                           store::Fetch::AsNeeded);
     const std::string own = entry.stored(column);
-    for (; !found.eof(); found.moveNext())
-      if (entry.isNew || found.text(column) != own) return words;
+    for (const std::string& literal : literalsOf(entry.text(column))) {
+      store::Recordset found(entry.connection(), select + literal, store::LockType::ReadOnly, store::Fetch::AsNeeded);
+      for (; !found.eof(); found.moveNext())
+        if (entry.isNew || found.text(column) != own) return words;
+    }
     return std::nullopt;
   };
 }
@@ -68,6 +80,14 @@ Refusal hasRows(std::string select, std::function<std::string(const MasterEntry&
                 std::function<std::string(const MasterEntry&)> words) {
   return [=](const MasterEntry& entry) {
     return entry.finds(select + literal(entry)) ? std::optional(words(entry)) : std::nullopt;
+  };
+}
+
+Refusal codeHasRows(std::string column, std::string select, std::function<std::string(const MasterEntry&)> words) {
+  return [=](const MasterEntry& entry) {
+    const auto findsRows = [&](const std::string& literal) { return entry.finds(select + literal); };
+    return std::ranges::any_of(literalsOf(entry.stored(column)), findsRows) ? std::optional(words(entry))
+                                                                            : std::nullopt;
   };
 }
 

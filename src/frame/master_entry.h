@@ -20,7 +20,7 @@ struct ColumnOrder {
 struct MasterEntry {
   session::Workplace& workplace;
   store::Recordset rows;  // of the level; stands on the row in the boxes unless that is a new one
-  std::map<std::string, std::string, ColumnOrder> texts;  // of the boxes, by column
+  std::map<std::string, std::string, ColumnOrder> texts;    // of the boxes, by column
   std::map<std::string, store::Value, ColumnOrder> values;  // what would be written, by column
   std::vector<std::string> parentKeys;                      // outermost first; the type's root key is the first of all
   bool isNew = false;
@@ -38,14 +38,17 @@ struct MasterEntry {
 std::function<std::optional<std::string>(const MasterEntry&)> emptyText(std::string column, std::string words);
 std::function<std::optional<std::string>(const MasterEntry&)> notNumeric(std::string column, std::string words);
 std::function<std::optional<std::string>(const MasterEntry&)> noEntry(std::string column, std::string words);
-// Another row has the code, by "like", so that wildcards of a typed code count as such. `select` is the statement up
-// to the quoted code: "select itemcode from stocklevel3 where itemcode like ".
+// Another row has the code, or is like it where it has wildcards. `select` is the statement up to the quoted code:
+// "select itemcode from stocklevel3 where itemcode like ".
 std::function<std::optional<std::string>(const MasterEntry&)> codeTaken(std::string column, std::string select,
-                                                                       std::string words);
+                                                                        std::string words);
 // The statement, up to the key of the row, gives rows.
 std::function<std::optional<std::string>(const MasterEntry&)> hasRows(
     std::string select, std::function<std::string(const MasterEntry&)> literal,
     std::function<std::string(const MasterEntry&)> words);
+// The statement, up to the code of the row in a column, gives rows that have the code or are like it.
+std::function<std::optional<std::string>(const MasterEntry&)> codeHasRows(
+    std::string column, std::string select, std::function<std::string(const MasterEntry&)> words);
 std::function<std::optional<std::string>(const MasterEntry&)> isYesColumn(std::string column, std::string words);
 
 }  // namespace velmo::frame

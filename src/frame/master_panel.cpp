@@ -36,8 +36,13 @@ MasterPanel::~MasterPanel() {
 }
 
 MasterBox& MasterPanel::box(std::string_view column) const {
-  for (const auto& box : boxes_)
-    if (box->field().column == column) return *box;
+  MasterBox* hidden = nullptr;
+  for (const auto& box : boxes_) {
+    if (box->field().column != column) continue;
+    if (!box->isHidden()) return *box;
+    hidden = box.get();
+  }
+  if (hidden) return *hidden;
   throw std::logic_error("no box for " + std::string(column));
 }
 
@@ -116,17 +121,29 @@ void MasterPanel::showRow() {
   const bool there = rows_.isOpen() && !rows_.bof() && !rows_.eof();
   for (const auto& box : boxes_) {
     box->show(there ? rows_.value(box->field().column) : store::Value());
-    box->setOpen(box->field().use == BoxUse::Open);
+    box->setOpen(box->field().use == BoxUse::Open || box->isHidden());
   }
   if (level_.shown) level_.shown(*this);
+  mirror();
   setState(State::Browsing);
   Q_EMIT currentChanged();
 }
 
+bool MasterPanel::isMirror(const MasterBox& box) const {
+  return box.isHidden() && &this->box(box.field().column) != &box;
+}
+
+void MasterPanel::mirror() {
+  for (const auto& box : boxes_)
+    if (isMirror(*box)) box->show(this->box(box->field().column).value());
+}
+
 void MasterPanel::boxEdited(MasterBox& box) {
+  if (isMirror(box)) this->box(box.field().column).show(box.value());
   if (state_ == State::Browsing) setState(State::Changing);
   if (level_.givenCode && state_ == State::Adding && box.field().column == level_.givenCode->follows) proposeCode();
   if (level_.changed) level_.changed(*this, box.field().column);
+  mirror();
 }
 
 void MasterPanel::setState(State state) {
@@ -149,6 +166,7 @@ void MasterPanel::add() {
       box->setOpen(box->field().use != BoxUse::ShownOnly);
     }
     if (level_.shown) level_.shown(*this);
+    mirror();
     proposeCode();
     if (level_.begin && !level_.begin(*this)) {
       setState(State::Browsing);
@@ -171,7 +189,8 @@ MasterEntry MasterPanel::entry() const {
                     .parentKeys = parentKeys_,
                     .isNew = state_ == State::Adding};
   for (const auto& box : boxes_) {
-    entry.texts[box->field().column] = box->text();
+    if (isMirror(*box)) continue;
+    entry.texts[box->field().column] = box->textToSave();
     entry.values[box->field().column] = box->value();
   }
   return entry;
@@ -288,8 +307,8 @@ void MasterPanel::saveSpreadsheet() {
   std::vector<forms::TableColumn> columns = level_.columns;
   for (const MasterField& field : level_.fields) {
     const bool listed = std::ranges::count(columns, field.column, &forms::TableColumn::field) > 0;
-    if (!listed && field.kind != BoxKind::Secret && field.kind != BoxKind::Choice)
-      columns.push_back({.caption = field.caption, .field = field.column});
+    const bool isSeen = field.kind != BoxKind::Secret && field.kind != BoxKind::Choice && field.use != BoxUse::Hidden;
+    if (!listed && isSeen) columns.push_back({.caption = field.caption, .field = field.column});
   }
   attempt("Cannot Save", [&] {
     forms::RecordsetModel all(columns);  // outlives the table
@@ -313,7 +332,7 @@ void MasterPanel::focusBox(std::string_view column) {
 
 void MasterPanel::focusFirstBox() {
   for (const auto& box : boxes_) {
-    const bool open = box->field().use != BoxUse::ShownOnly;
+    const bool open = box->field().use != BoxUse::ShownOnly && !box->isHidden();
     if (open) return focusBox(box->field().column);
   }
 }

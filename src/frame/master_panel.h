@@ -49,7 +49,8 @@ class MasterPanel : public QFrame {
   forms::RecordsetModel& model() { return *model_; }
   MasterEntry entry() const;
 
-  MasterBox& box(std::string_view column) const;  // throws std::logic_error when there is none
+  // The one that the user sees, where the column has several; throws std::logic_error when there is none.
+  MasterBox& box(std::string_view column) const;
   std::string text(std::string_view column) const { return box(column).text(); }
   void setText(std::string_view column, const std::string& text) { box(column).setText(text); }
 
@@ -77,12 +78,15 @@ class MasterPanel : public QFrame {
   void addSpreadsheet();
   void saveSpreadsheet();
   void buildForm();
+  void addHidden(std::unique_ptr<MasterBox> box);
   void buildCommands();
   QPushButton* makeCommand(const char* name, const QString& caption, const QString& hint);
   void openRows();
   void rowChosen();
   void showRow();
   void boxEdited(MasterBox& box);
+  bool isMirror(const MasterBox& box) const;  // hidden, of a column with a box that is seen
+  void mirror();                              // brings those to the value of the box that is seen
   void setState(State state);
   void selectRow(std::int64_t row);
   // What kept the row from being saved.

@@ -1,8 +1,8 @@
+#include <QAction>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QAction>
 
 #include "forms/look.h"
 #include "forms/recordset_model.h"
@@ -73,6 +73,10 @@ void MasterPanel::buildForm() {
   int column = 0;
   for (const MasterField& field : level_.fields) {
     auto box = std::make_unique<MasterBox>(field, workplace_, *parentWidget());
+    if (box->isHidden()) {
+      addHidden(std::move(box));
+      continue;
+    }
     const int span = std::min(field.span, level_.formColumns);
     if (column + span > level_.formColumns) {
       column = 0;
@@ -90,6 +94,13 @@ void MasterPanel::buildForm() {
     boxes_.push_back(std::move(box));
   }
   static_cast<QVBoxLayout*>(layout())->addLayout(grid);
+}
+
+void MasterPanel::addHidden(std::unique_ptr<MasterBox> box) {
+  box->place()->setParent(this);
+  box->place()->hide();
+  connect(box.get(), &MasterBox::edited, this, [this, edited = box.get()] { boxEdited(*edited); });
+  boxes_.push_back(std::move(box));
 }
 
 QPushButton* MasterPanel::makeCommand(const char* name, const QString& caption, const QString& hint) {

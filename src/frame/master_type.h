@@ -30,7 +30,9 @@ enum class BoxKind {
   OneOfTwo,  // two options of a Yes/No column, the first for Yes
   Day
 };
-enum class BoxUse { Open, OpenWhileAdding, ShownOnly };
+// A hidden box stands for its column by another name: it follows the box that the user sees, and leads it where a
+// program writes into it.
+enum class BoxUse { Open, OpenWhileAdding, ShownOnly, Hidden };
 
 // The rows behind Choice and Suggestion; read again when the list drops down.
 struct ChoiceRows {
@@ -59,6 +61,7 @@ struct MasterField {
   std::vector<std::string> options = {};  // OneOfTwo: the two captions
   int span = 1;                           // columns of the form
   int width = 0;                          // in average characters; 0: what there is
+  int longest = 0;                        // characters of a new row's text; 0: as many as a text may have
 };
 
 // A column of the row that is saved, in the order of writing: what stands in its box, or what the function makes.

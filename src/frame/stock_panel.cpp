@@ -106,13 +106,17 @@ QWidget* StockPanel::buildDetails() {
   const auto place = [&](QLabel*& value, const char* name, const QString& caption, int gridRow, int gridColumn) {
     value = valueLabel(name);
     value->setAccessibleName(caption);
-    figures->addWidget(quietCaption(caption), gridRow, gridColumn);
+    QLabel* label = quietCaption(caption);
+    figures->addWidget(label, gridRow, gridColumn);
     figures->addWidget(value, gridRow, gridColumn + 1);
+    return label;
   };
   const QString priceCaption =
       QString::fromStdString(kind_.priceCaption + (context_.ccode.empty() ? "" : " " + context_.ccode) + ":");
   place(StockBalance_, "StockBalance", "In stock:", 0, 0);
-  place(price_, kind_.priceField == "PurchasePrice" ? "purchaseprice" : "sellingprice", priceCaption, 0, 2);
+  QLabel* PriceLbl =
+      place(price_, kind_.priceField == "PurchasePrice" ? "purchaseprice" : "sellingprice", priceCaption, 0, 2);
+  PriceLbl->setObjectName("PriceLbl");
   place(ItemUnit_, "ItemUnit", "Unit:", 1, 0);
   place(ItemCategory_, "ItemCategory", "Category:", 1, 2);
   figures->setColumnStretch(1, 2);

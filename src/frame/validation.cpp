@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/posting_table.h"
+#include "text/blanks.h"
 #include "text/number.h"
 
 namespace velmo::frame {
@@ -47,14 +48,14 @@ ValidationStep locationIsListed() {
 
 ValidationStep jobIsListedOrBlank() {
   return {.fails = [](const DocumentValues& v,
-                      const SaveSituation&) { return !v.JobList.text.empty() && !v.JobList.matches; },
+                      const SaveSituation&) { return !text::isBlank(v.JobList.text) && !v.JobList.matches; },
           .text = "Select a correct job or leave it blank if you do not want to save a job reference.",
           .control = "JobList"};
 }
 
 ValidationStep employeeIsListedOrBlank() {
   return {.fails = [](const DocumentValues& v,
-                      const SaveSituation&) { return !v.EmpList.text.empty() && !v.EmpList.matches; },
+                      const SaveSituation&) { return !text::isBlank(v.EmpList.text) && !v.EmpList.matches; },
           .text = "Select a correct employee or leave it blank if you do not want to save an employee reference.",
           .control = "EmpList"};
 }

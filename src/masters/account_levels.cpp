@@ -140,13 +140,14 @@ frame::MasterLevel accountLevel(const AccountWords& words, std::vector<frame::Ma
 }
 
 frame::MasterField accountBox(const std::string& column, const std::string& caption, frame::BoxKind kind,
-                              const std::string& initial) {
+                              const std::string& initial, int span) {
   const auto found = std::ranges::find(boxColumns, column);
   return {.name = "AccBox_" + std::to_string(found - std::begin(boxColumns)),
           .caption = caption,
           .column = column,
           .kind = kind,
-          .initial = initial};
+          .initial = initial,
+          .span = span};
 }
 
 }  // namespace velmo::masters

@@ -27,6 +27,7 @@ frame::MasterLevel accountLevel(const AccountWords& words, std::vector<frame::Ma
 
 // The element of the array `AccBox` for a column of AccLevel3.
 frame::MasterField accountBox(const std::string& column, const std::string& caption,
-                              frame::BoxKind kind = frame::BoxKind::Text, const std::string& initial = {});
+                              frame::BoxKind kind = frame::BoxKind::Text, const std::string& initial = {},
+                              int span = 1);
 
 }  // namespace velmo::masters

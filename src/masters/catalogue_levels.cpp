@@ -63,7 +63,7 @@ void renameMovements(const MasterEntry& entry, const std::string& codeBefore) {
 }
 
 std::string codeOrNone(const std::string& code, const char* none) {
-  return store::quoted(code.empty() ? none : code);
+  return store::quotedWhole(code.empty() ? none : code);
 }
 
 }  // namespace
@@ -131,9 +131,8 @@ frame::MasterLevel itemLevel(const CatalogueWords& words, std::vector<frame::Mas
       .deletion =
           frame::MasterDeletion{
               .none = {"Cannot Delete", "There is no inventory item to be deleted."},
-              .refusals = {frame::hasRows(
-                  "select * from stockflow where itemcode like ",
-                  [](const MasterEntry& entry) { return store::quoted(entry.stored("ItemCode")); },
+              .refusals = {frame::codeHasRows(
+                  "ItemCode", "select * from stockflow where itemcode like ",
                   [subject = words.subject](const MasterEntry& entry) {
                     return "There have been ledger entries recorded for the selected " + subject + ", " +
                            entry.stored("ItemName") + ".";

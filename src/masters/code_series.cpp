@@ -32,7 +32,7 @@ const frame::CodeSeries& subCategoryCodes() {
   static const frame::CodeSeries series{
       .column = "SubCatID",
       .table = "stocklevel2",
-      .ofParent = [](const std::string& category) { return "catid like " + store::quoted(category); },
+      .ofParent = [](const std::string& category) { return "catid like " + store::quotedWhole(category); },
       .digits = 2};
   return series;
 }

@@ -2,7 +2,6 @@
 
 #include "masters/import_values.h"
 #include "store/recordset.h"
-#include "store/sql/like.h"
 
 namespace velmo::masters {
 namespace {
@@ -48,6 +47,11 @@ void readCatalogue(store::Connection& connection, ImportBooks& books) {
 
 std::string foldedName(const std::string& text) {
   return store::sql::foldedText(cleanText(text));
+}
+
+std::optional<store::sql::LikePattern> wildcardsOf(const std::string& code) {
+  if (store::sql::escapedPattern(code) == code) return std::nullopt;
+  return store::sql::LikePattern(code);
 }
 
 NameLookup::NameLookup(std::vector<NamedRow> rows) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -8,6 +9,7 @@
 
 #include "masters/import_kind.h"
 #include "store/connection.h"
+#include "store/sql/like.h"
 
 namespace velmo::masters {
 
@@ -20,6 +22,9 @@ struct NamedRow {
 
 // Upper and lower case count as the same, in every script.
 std::string foldedName(const std::string& text);
+
+// Of a code with wildcards, which counts as taken when a code is like it; nothing of other codes.
+std::optional<store::sql::LikePattern> wildcardsOf(const std::string& code);
 
 // Rows found by what a person writes: the code, the name, or both as the lists show them ("12001  Trade Customers").
 class NameLookup {

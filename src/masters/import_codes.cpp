@@ -56,8 +56,13 @@ void demandFreeItemCodes(store::Connection& connection, const ImportPlan& plan, 
   store::Recordset items(connection, "select itemcode from stocklevel3", store::LockType::ReadOnly);
   for (std::int64_t at = 0; at < items.recordCount(); ++at)
     inFile.insert(foldedName(store::textOf(items.valueAt(at, 0))));
+  const auto isTaken = [&](const std::string& code) {
+    if (inFile.contains(foldedName(code))) return true;
+    const auto pattern = wildcardsOf(code);
+    return pattern && std::ranges::any_of(inFile, [&](const std::string& other) { return pattern->matches(other); });
+  };
   for (const PlannedRow& row : plan.rows)
-    if (row.problem.empty() && inFile.contains(foldedName(row.code)))
+    if (row.problem.empty() && isTaken(row.code))
       throw refused(taken + " (" + row.code + ", row " + std::to_string(row.line) + " of the file.)");
 }
 

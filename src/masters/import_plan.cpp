@@ -15,6 +15,19 @@ void TakenNames::check(const std::string& folded, ImportRow& row) const {
     row.note(kind_.taken + " (Row " + std::to_string(before->second) + " of the file.)");
 }
 
+void TakenNames::checkCode(const std::string& code, ImportRow& row) const {
+  const std::string folded = foldedName(code);
+  check(folded, row);
+  const auto pattern = wildcardsOf(folded);
+  if (!pattern || books_.taken.contains(folded) || lines_.contains(folded)) return;
+  const auto isLike = [&](const std::string& taken) { return pattern->matches(taken); };
+  const auto before = std::ranges::find_if(lines_, isLike, &std::pair<const std::string, std::size_t>::first);
+  if (std::ranges::any_of(books_.taken, isLike))
+    row.note(kind_.taken);
+  else if (before != lines_.end())
+    row.note(kind_.taken + " (Row " + std::to_string(before->second) + " of the file.)");
+}
+
 const std::vector<std::string>& writtenColumns(ImportKind kind) {
   static const std::vector<std::string> accounts = {
       "AccCode",     "AccName",     "Level1ID", "Level2ID", "Contact", "Address",  "Branch",         "AccountTitle",

@@ -65,6 +65,12 @@ class ItemPlanner : public ImportPlanner {
       row.note(kind_.full);
       return std::nullopt;
     }
+    const auto wildcards = wildcardsOf(code);
+    const auto isLike = [&](const NamedRow& other) { return wildcards && wildcards->matches(other.code); };
+    if (std::ranges::any_of(subCategories_.rows(), isLike)) {
+      row.note("A sub category is already present with the same code. Give a different code.");
+      return std::nullopt;
+    }
     return Place{.row = {.code = code, .name = name, .parent = category}, .isNew = true};
   }
 
@@ -94,7 +100,7 @@ class ItemPlanner : public ImportPlanner {
 
   std::string codeOf(ImportRow& row) {
     const std::string code = row.text("ItemCode");
-    taken_.check(foldedName(code), row);
+    taken_.checkCode(code, row);
     return code;
   }
 

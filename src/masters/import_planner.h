@@ -20,6 +20,7 @@ class TakenNames {
  public:
   TakenNames(const ImportDescriptor& kind, const ImportBooks& books) : kind_(kind), books_(books) {}
   void check(const std::string& folded, ImportRow& row) const;
+  void checkCode(const std::string& code, ImportRow& row) const;  // which may have wildcards
   void take(const std::string& folded, std::size_t line) { lines_.emplace(folded, line); }
 
  private:

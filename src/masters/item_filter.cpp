@@ -103,7 +103,7 @@ class ItemFilter : public QObject {
 
 std::string filteredItems(const std::string& columns, int which, const std::string& chosen) {
   std::string choice;
-  if (which == OfCategory) choice = "catid like " + store::quoted(chosen) + " and ";
+  if (which == OfCategory) choice = "catid like " + store::quotedWhole(chosen) + " and ";
   if (which == OfBrand) choice = "brandid = " + chosen + " and ";
   return "SELECT " + columns + " from stocklevel3 where " + choice + "catid not like 'Service' order by itemcode";
 }

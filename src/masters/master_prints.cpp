@@ -76,7 +76,7 @@ MasterPrint barCodes(const std::string& caption, frame::LabelSheet sheet) {
             if (!copies) return std::nullopt;
             const session::LoginContext& context = dialog.workplace().context;
             const store::Recordset items(dialog.workplace().context.KORDconn,
-                                         frame::barCodeStatement(code, context.currencyname),
+                                         frame::barCodeStatement(code, context.ccode),
                                          store::LockType::ReadOnly);
             auto labels = frame::barCodeLabels(context, items, sheet, *copies, dialog.workplace().clock.today());
             if (labels) return std::move(*labels);

@@ -59,6 +59,10 @@ std::optional<std::string> fixedType(const MasterEntry& entry) {
                                                   : std::nullopt;
 }
 
+constexpr const char* componentMissing =
+    "Select correct financial statements component to save or you may have added maximum number of account types in "
+    "the selected component.";
+
 frame::MasterLevel typeLevel() {
   return {
       .frame = "L1Frame",
@@ -84,10 +88,8 @@ frame::MasterLevel typeLevel() {
                         .boundColumn = "NatureID"},
             .span = 2}},
       .written = {{"typeid"}, {"type"}, {"natureid"}},
-      .tests = {{frame::emptyText("TypeID",
-                                  "Select correct financial statements component to save or you may have added maximum "
-                                  "number of account types in the selected component."),
-                 "NatureID"},
+      .tests = {{frame::emptyText("TypeID", componentMissing), "NatureID"},
+                {frame::noEntry("NatureID", componentMissing), "NatureID"},
                 {frame::emptyText("Type", "Enter main account type to save."), "Type"}},
       .deletion =
           frame::MasterDeletion{
@@ -160,7 +162,11 @@ std::vector<frame::MasterField> accountDetails() {
           accountBox("CreditLimit", "Credit limit", frame::BoxKind::Amount, "0"),
           accountBox("Branch", "Branch"),
           accountBox("CreditTerms", "Credit terms", frame::BoxKind::Text, "0"),
-          accountBox("Remarks", "Remarks")};
+          accountBox("Remarks", "Remarks", frame::BoxKind::Text, {}, 2),
+          accountBox("EmpID", "Account manager no.", frame::BoxKind::Digits, "0"),
+          accountBox("SectorID", "Sector no.", frame::BoxKind::Digits, "1"),
+          accountBox("Region1ID", "Region no.", frame::BoxKind::Digits, "1"),
+          accountBox("Region2ID", "Sub region no.", frame::BoxKind::Digits, "1")};
 }
 
 }  // namespace

@@ -40,7 +40,8 @@ frame::MasterLevel categoryLevel() {
                   .caption = "Code",
                   .column = "CatID",
                   .use = frame::BoxUse::OpenWhileAdding,
-                  .width = 10},
+                  .width = 10,
+                  .longest = 3},
                  {.name = "CatCodeTxt", .caption = "Name", .column = "CatName"}},
       .written = {{"catid"}, {"catname"}},
       .tests = {{frame::emptyText("CatID", "Enter category code to save."), "CatID"},
@@ -106,6 +107,12 @@ std::vector<frame::MasterField> itemFields() {
            .initial = "yes",
            .options = {" Weighted Average Price", "Manual Valuation Cost"},
            .span = 2},
+          {.name = "VM",
+           .caption = "Weighted average",
+           .column = "ValuationType",
+           .kind = BoxKind::Check,
+           .use = frame::BoxUse::Hidden,
+           .initial = "yes"},
           itemBox("ValuationCost2", "Valuation cost", BoxKind::Amount, "0.00")};
 }
 

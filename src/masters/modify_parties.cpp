@@ -5,6 +5,7 @@
 #include "masters/bring_in.h"
 #include "masters/chart_of_accounts.h"
 #include "masters/master_prints.h"
+#include "text/blanks.h"
 
 namespace velmo::masters {
 namespace {
@@ -75,23 +76,54 @@ std::vector<frame::MasterField> partyDetails() {
           accountBox("CreditTerms", "Credit terms", BoxKind::Text, "0"),
           accountBox("NTN", "National tax no."),
           accountBox("CreditLimit", "Credit limit", BoxKind::Amount, "0"),
-          accountBox("Remarks", "Remarks")};
+          accountBox("AccountTitle", "Account title"),
+          accountBox("AccountNo", "Account no."),
+          accountBox("Branch", "Branch"),
+          accountBox("Remarks", "Remarks", BoxKind::Text, {}, 2)};
+}
+
+// The numbers behind the classification, which a dialog of parties shows by names or not at all.
+void addNumbers(std::vector<frame::MasterField>& fields, const std::string& manager) {
+  for (const char* column : {"EmpID", "Region1ID", "Region2ID", "SectorID"}) {
+    const std::string initial = column == std::string_view("EmpID") ? manager : "1";
+    frame::MasterField number = accountBox(column, column, BoxKind::Digits, initial);
+    number.use = frame::BoxUse::Hidden;
+    fields.push_back(std::move(number));
+  }
+}
+
+std::vector<frame::MasterField> supplierDetails() {
+  std::vector<frame::MasterField> fields = partyDetails();
+  addNumbers(fields, "0");
+  return fields;
 }
 
 std::vector<frame::MasterField> customerDetails() {
   std::vector<frame::MasterField> fields = partyDetails();
   for (frame::MasterField& field : classification()) fields.push_back(std::move(field));
+  addNumbers(fields, "1");
   return fields;
 }
 
 // The credit terms of a bank account hold the bank's name.
 std::vector<frame::MasterField> bankDetails() {
-  return {accountBox("CreditTerms", "Bank"), accountBox("AccountNo", "Account no."),
-          accountBox("Branch", "Branch"),    accountBox("AccountTitle", "Account title"),
-          accountBox("Contact", "Contact"),  accountBox("Phone", "Phone"),
-          accountBox("Address", "Address"),  accountBox("Mobile", "Mobile"),
-          accountBox("EMail", "E-mail"),     accountBox("Fax", "Fax"),
-          accountBox("Website", "Website"),  accountBox("Remarks", "Remarks")};
+  std::vector<frame::MasterField> fields = {accountBox("CreditTerms", "Bank"),
+                                            accountBox("AccountNo", "Account no."),
+                                            accountBox("Branch", "Branch"),
+                                            accountBox("AccountTitle", "Account title"),
+                                            accountBox("Contact", "Contact"),
+                                            accountBox("Phone", "Phone"),
+                                            accountBox("Address", "Address"),
+                                            accountBox("Mobile", "Mobile"),
+                                            accountBox("EMail", "E-mail"),
+                                            accountBox("Fax", "Fax"),
+                                            accountBox("Website", "Website"),
+                                            accountBox("SalesTaxRegnNo", "Sales tax no."),
+                                            accountBox("CreditLimit", "Credit limit", BoxKind::Amount, "0"),
+                                            accountBox("NTN", "National tax no."),
+                                            accountBox("Remarks", "Remarks")};
+  addNumbers(fields, "0");
+  return fields;
 }
 
 // The sub regions on offer are those of the region; the shown one stays while the region has it.
@@ -101,7 +133,7 @@ void offerSubRegions(MasterPanel& panel) {
 
 void composeBankName(MasterPanel& panel) {
   const std::string number = panel.text("AccountNo");
-  panel.setText("AccName", panel.text("CreditTerms") + (number.empty() ? "" : " (Acc No. " + number + ")"));
+  panel.setText("AccName", panel.text("CreditTerms") + (text::isBlank(number) ? "" : " (Acc No. " + number + ")"));
 }
 
 struct PartyFamily {
@@ -159,7 +191,7 @@ QWidget* makeModifyCustomers(session::Workplace& workplace, QWidget* parent) {
 
 QWidget* makeModifySuppliers(session::Workplace& workplace, QWidget* parent) {
   const AccountWords words = wordsFor("supplier", "Supplier");
-  frame::MasterLevel suppliers = accountLevel(words, partyDetails());
+  frame::MasterLevel suppliers = accountLevel(words, supplierDetails());
   suppliers.tests.insert(suppliers.tests.end() - 1, creditLimitIsNumeric);
   return makeParties({"ModifySuppliers", "Vendors / Suppliers", vendorType, words, "Suppliers", ImportKind::Vendors},
                      std::move(suppliers), workplace, parent);
@@ -168,6 +200,7 @@ QWidget* makeModifySuppliers(session::Workplace& workplace, QWidget* parent) {
 QWidget* makeModifyBanks(session::Workplace& workplace, QWidget* parent) {
   const AccountWords words = wordsFor("bank", "Bank");
   frame::MasterLevel banks = accountLevel(words, bankDetails());
+  banks.tests.insert(banks.tests.end() - 1, creditLimitIsNumeric);
   banks.firstColumn = "CreditTerms";
   banks.changed = [](MasterPanel& panel, const std::string& column) {
     if (column == "CreditTerms" || column == "AccountNo") composeBankName(panel);

@@ -155,6 +155,8 @@ QWidget* makeInvLocations(session::Workplace& workplace, QWidget* parent) {
   frame::MasterLevel level = namesLevel("Inventory locations", "LocationID", "LocationName",
                                         "select * from StockLocation order by LocationName",
                                         "Give location name to save.");
+  level.fields.push_back(
+      {.name = "LocDesc", .caption = "Location", .column = "LocationName", .use = BoxUse::Hidden});
   // Locations are never deleted, so that the next number is the count of them with the new one.
   level.begin = [](MasterPanel& panel) {
     panel.setText("LocationID", std::to_string(panel.rows().recordCount() + 1));

@@ -15,11 +15,11 @@ std::string inventoryUnder(const std::string& categories, const std::string& sub
 }
 
 std::string category(const std::string& catId) {
-  return "select * from stocklevel1 where catid like " + store::quoted(catId);
+  return "select * from stocklevel1 where catid like " + store::quotedWhole(catId);
 }
 
 std::string subCategory(const std::string& subCatId) {
-  return "select * from stocklevel2 where subcatid like " + store::quoted(subCatId);
+  return "select * from stocklevel2 where subcatid like " + store::quotedWhole(subCatId);
 }
 
 std::string servicesUnder(const std::string& subCategories) {

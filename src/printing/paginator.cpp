@@ -63,7 +63,9 @@ void Paginator::step() {
       break;
     case Step::GroupFooter: {
       const Group& group = design_.groups[static_cast<std::size_t>(step.level)];
+      closingGroup_ = step.level;
       if (group.footer) place(*group.footer, step.level);
+      closingGroup_ = -1;
       if (!waiting_.empty() && waiting_.back().level == step.level) placeWaiting(0);  // nothing stands below them
       openGroups_ = step.level;
       break;
@@ -160,7 +162,8 @@ void Paginator::beginPage() {
   placeAtOnce(design_.pageHeader, 0);
   for (int level = 0; level < openGroups_; ++level) {
     const std::optional<Section>& header = design_.groups[static_cast<std::size_t>(level)].header;
-    if (header && header->repeat == Repeat::EveryPage) placeAtOnce(header, level);
+    if (!header || header->repeat == Repeat::Once) continue;
+    if (header->repeat == Repeat::EveryPage || level != closingGroup_) placeAtOnce(header, level);
   }
   if (space() < LeastBody) throw std::logic_error("the headers and footers of the report leave no room for its rows");
 }

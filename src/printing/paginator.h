@@ -53,7 +53,8 @@ class Paginator {
   Twips y_ = 0;
   Twips bottom_ = 0;
   int pageNumber_ = 0;
-  int openGroups_ = 0;  // groups whose header was printed and whose footer was not
+  int openGroups_ = 0;     // groups whose header was printed and whose footer was not
+  int closingGroup_ = -1;  // whose footer is being placed
   bool pageOpen_ = false;
   bool fresh_ = false;         // nothing but headers on the page
   bool breakPending_ = false;  // the next thing that prints begins a page

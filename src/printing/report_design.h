@@ -24,8 +24,10 @@ enum class PageBreak { None, Before, After, Both };
 // A section that does not fit on the page moves whole, or goes on overleaf. WithNext, of a group header: moves whole,
 // and also when what comes next does not fit below it.
 enum class Keep { Together, MayBreak, WithNext };
-enum class Repeat { Once, EveryPage };     // of a group header: again on the pages that the group runs on to
-enum class WhenEmpty { KeepPlace, Fold };  // Fold: no height, and what stands below moves up
+// Of a group header: again on the pages that the group runs on to, or on those of them alone where its rows go on, and
+// not above a footer by itself.
+enum class Repeat { Once, EveryPage, AboveRows };
+enum class WhenEmpty { KeepPlace, Fold };                 // Fold: no height, and what stands below moves up
 enum class Stretch { None, WithContents, WithSection };   // of lines and boxes, as text in them or the section grows
 enum class Statistic { Sum, Avg, Min, Max, RCnt, VCnt };  // RCnt counts rows, VCnt values that are not null
 

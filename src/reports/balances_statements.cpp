@@ -185,7 +185,7 @@ std::string customerBalances(const BalancePeriod& period, const CustomerFilters&
   };
   demand("Empid", filters.employee);
   demand("sectorid", filters.sector);
-  if (filters.department) condition += " AND ((OBQry.Department) like " + store::quoted(*filters.department) + ")";
+  if (filters.department) condition += " AND ((OBQry.Department) like " + store::quotedWhole(*filters.department) + ")";
   demand("region1id", filters.mainRegion);
   demand("region2id", filters.subRegion);
   return sixColumnStatement(period, {.columns = ", AccLevel3.EmpID, Employees.Department, AccLevel3.SectorID, "

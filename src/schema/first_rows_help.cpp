@@ -68,12 +68,12 @@ documents before and behind</td></tr>
     {R"(When I try to print some report, it displays the message "Report width is larger than the paper width." What should I do to correct this issue?)",
      R"(<p>The report is laid out for A4 paper and the paper chosen for the printer is narrower.</p>
 <ol>
-<li>In the print preview, press the print button and look at the <b>paper size</b> in the printer's properties. Choose
+<li>In the print preview, press <i>Print</i> and look at the <b>paper size</b> in the printer's properties. Choose
 <b>A4</b> (210 x 297 mm). Wide reports need A4 in <b>landscape</b>.</li>
 <li>If the paper size always comes back to another one, change the printer's default in the settings of your
 computer.</li>
-<li>If you print invoices on a till printer, choose the invoice that fits it: on the invoice screen press the print
-settings button and take <i>Point of Sale Invoice (80mm)</i>, or one of the A5 sizes.</li>
+<li>If you print invoices on a till printer, choose the invoice that fits it: on the invoice screen press <i>Print
+Settings</i> and take <i>Point of Sale Invoice (80mm)</i>, or one of the A5 sizes.</li>
 </ol>
 <p>Without a printer at hand you can always save the report as a PDF file from the preview.</p>)"},
 
@@ -85,7 +85,7 @@ year. The line at the bottom of the main window shows the first and last day.</p
 <li><b>The document belongs to another year:</b> close the program, start it, and choose that year on the login
 screen.</li>
 <li><b>A new year has begun:</b> the administrator adds it under <b>Administration &gt; Financial Years</b>. Log in
-again with the new year; the button <i>Set Default</i> of the login screen makes it the year proposed from then on.
+again with the new year; the button <i>Set as default</i> of the login screen makes it the year proposed from then on.
 Balances are carried over from <b>Maintain &gt; Accounts Opening Balances</b> and <b>Inventory Opening Balances</b> with
 the button that imports the balances of a previous year.</li>
 <li><b>The year itself has wrong dates:</b> the administrator corrects them under <b>Financial Years</b>.</li>
@@ -97,6 +97,8 @@ version of the program, repairs to the computer. On closing, the program asks wh
 Yes.</p>
 <p><b>How:</b></p>
 <ul>
+<li><b>About &gt; About Velmo Point of Sale</b>, then <i>Back up now...</i>: choose where, and the copy is made and
+checked at once. You and others may go on working meanwhile.</li>
 <li><b>Administration &gt; Back-Up Utility</b> closes the program and makes the copy.</li>
 <li>Or close the program and copy the file <tt>Uninstall.MDB</tt> from the folder <tt>Uninstall</tt>. It holds everything:
 accounts, items, documents and settings.</li>

@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <QProcess>
 #include <QStatusBar>
+#include <QStatusTipEvent>
 
 #include "forms/look.h"
 #include "session/login.h"
@@ -230,6 +231,14 @@ bool Parent::confirmClosing() {
                                                             .buttons = session::Buttons::YesNoCancel});
   if (answer == session::Answer::Yes) startBackUpUtility();
   return answer != session::Answer::Cancel;
+}
+
+// What screens say in passing has its place beside what the program says of itself; a message of the status bar would
+// hide the other panels.
+bool Parent::event(QEvent* event) {
+  if (event->type() != QEvent::StatusTip || !note_) return QMainWindow::event(event);
+  note_->tell(StatusNote::Subject::Screen, static_cast<QStatusTipEvent*>(event)->tip());
+  return true;
 }
 
 void Parent::closeEvent(QCloseEvent* event) {

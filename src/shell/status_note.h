@@ -5,11 +5,12 @@
 
 namespace velmo::shell {
 
-// What the program has to say of the work that it does by itself: a line in the status bar that takes nobody's time. Of
+// What the program has to say of the work that it does by itself, and what a screen tells in passing: a line in the
+// status bar that takes nobody's time. Of
 // each subject the latest sentence stands there; what does not fit is cut short and shown when pointed at.
 class StatusNote : public QAbstractButton {
  public:
-  enum class Subject { Damage, Log, Totals, Documents };
+  enum class Subject { Damage, Screen, Log, Totals, Documents };
 
   explicit StatusNote(QWidget* parent);
 

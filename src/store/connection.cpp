@@ -8,6 +8,7 @@
 #include "store/connection_impl.h"
 #include "store/connection_string.h"
 #include "store/kept_totals.h"
+#include "store/sql/like.h"
 #include "store/sql/statement_shape.h"
 #include "store/sqlite_error.h"
 
@@ -314,6 +315,10 @@ std::string quoted(std::string_view text) {
     literal += c;
   }
   return literal + '\'';
+}
+
+std::string quotedWhole(std::string_view text) {
+  return store::quoted(sql::escapedPattern(text));
 }
 
 std::string dateLiteral(const text::DateTime& date) {

@@ -87,6 +87,9 @@ class Connection {
 
 // A typed text as a literal of a statement: quotes doubled, in single quotes. Wildcards stay wildcards.
 std::string quoted(std::string_view text);
+// The same of a text that was picked, stored or shown, for use behind like: its wildcards stand for themselves, and it
+// is matched whole, in letters of either case.
+std::string quotedWhole(std::string_view text);
 // #11-22-2026#, whatever the locale.
 std::string dateLiteral(const text::DateTime& date);
 

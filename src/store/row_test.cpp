@@ -5,6 +5,7 @@
 
 #include "store/cell_table.h"
 #include "store/sql/literals.h"
+#include "store/sql/spellings.h"
 #include "text/number.h"
 
 namespace velmo::store {
@@ -16,6 +17,12 @@ bool isTextType(ColumnType type) {
 
 bool isWholeNumber(ColumnType type) {
   return type == ColumnType::Byte || type == ColumnType::Integer || type == ColumnType::Long;
+}
+
+// Whether an index can find what fits a pattern, spelling by spelling.
+bool hasSpellings(ColumnType type, const std::string& pattern) {
+  const std::optional<std::string> text = sql::plainText(pattern);
+  return isTextType(type) && text && sql::spellingsOf(*text);
 }
 
 StoreError refused(const sql::CompileError& error, std::string_view text) {
@@ -41,11 +48,12 @@ std::optional<Value> comparable(ColumnType type, const Value& literal) {
 
 // The one value that fits a pattern without wildcards, so that an index can find it; nothing when there may be several.
 std::optional<Value> equalOfPattern(ColumnType type, const std::string& pattern) {
-  if (!sql::isPlainPattern(pattern)) return std::nullopt;
-  if (isTextType(type)) return pattern;  // blanks count
+  const std::optional<std::string> text = sql::plainText(pattern);
+  if (!text || !sql::isAscii(*text)) return std::nullopt;
+  if (isTextType(type)) return *text;  // blanks count
   if (!isWholeNumber(type)) return std::nullopt;
-  const auto number = text::numberFrom(pattern);
-  if (!number || textOf(*number) != pattern) return std::nullopt;
+  const auto number = text::numberFrom(*text);
+  if (!number || textOf(*number) != *text) return std::nullopt;
   return *number;
 }
 
@@ -86,7 +94,7 @@ const char* sqlOf(sql::Comparison comparison) {
     case sql::Comparison::Like:
       break;
   }
-  return ", ";  // of a call
+  return "";
 }
 
 }  // namespace
@@ -95,7 +103,8 @@ RowTest::Comparison RowTest::bound(const ResultSource& source, const sql::Criter
   Comparison comparison{.field = source.requireField(criterion.column),
                         .comparison = criterion.comparison,
                         .literal = criterion.literal,
-                        .pattern = {}};
+                        .pattern = {},
+                        .hasSpellings = false};
   const ColumnType type = source.fields[static_cast<std::size_t>(comparison.field)].type;
   if (criterion.comparison == sql::Comparison::Like) {
     const std::string pattern = textOf(criterion.literal);
@@ -105,6 +114,7 @@ RowTest::Comparison RowTest::bound(const ResultSource& source, const sql::Criter
     } else {
       comparison.literal = pattern;
       comparison.pattern = std::make_shared<const sql::LikePattern>(pattern);
+      comparison.hasSpellings = hasSpellings(type, pattern);
     }
     return comparison;
   }
@@ -156,9 +166,15 @@ std::string RowTest::sql(const std::function<std::string(int field)>& columnOf, 
     const char* separator = "";
     for (const Comparison& comparison : alternative) {
       parameters.push_back(comparison.literal);
-      const bool isCall = comparison.comparison == sql::Comparison::Like;
-      sql += separator + std::string(isCall ? "velmo_like(" : "") + columnOf(comparison.field) +
-             sqlOf(comparison.comparison) + "?" + std::to_string(parameters.size()) + (isCall ? ")" : "");
+      const std::string column = columnOf(comparison.field);
+      const std::string literal = "?" + std::to_string(parameters.size());
+      sql += separator;
+      if (comparison.hasSpellings)
+        sql += column + " IN (SELECT value FROM json_each(velmo_spellings(" + literal + ")))";
+      else if (comparison.comparison == sql::Comparison::Like)
+        sql += "velmo_like(" + column + ", " + literal + ")";
+      else
+        sql += column + sqlOf(comparison.comparison) + literal;
       separator = " AND ";
     }
     sql += ")";

@@ -67,6 +67,7 @@ SettlementTotalsPanel::SettlementTotalsPanel(const SettlementKind& kind) : kind_
   AmtWords_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   column->addWidget(AmtWords_);
   connect(AdvTxt_, &QLineEdit::textChanged, this, &SettlementTotalsPanel::RecalculateSettlementTotals);
+  connect(AdvTxt_, &forms::NumberBox::left, this, &SettlementTotalsPanel::RecalculateSettlementTotals);
   setPettyTotal(0);
 }
 

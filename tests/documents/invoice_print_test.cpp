@@ -309,12 +309,45 @@ TEST(InvoicePrint, NothingOverlapsOrIsCutWhateverItHolds) {
         EXPECT_LT(pages[0].height, mm(160) + std::max(count, 12) * mm(10));
       } else if (data.size() == 500) {
         EXPECT_GT(pages.size(), 5U);
-        for (const Page& page : pages)
-          EXPECT_NE(printing::test::textsOf(page).find("Description"), std::string::npos) << "headings on every page";
+        for (const Page& page : pages) {
+          const std::string sheetText = printing::test::textsOf(page);
+          const bool hasLines =
+              sheetText.find("HAM-") != std::string::npos || sheetText.find("hammer") != std::string::npos;
+          EXPECT_EQ(sheetText.find("Description") != std::string::npos, hasLines)
+              << "headings above lines, on every page";
+        }
       } else if (data.size() == 1 || data.empty()) {
         EXPECT_EQ(pages.size(), 1U);
       }
     }
+}
+
+// The count of lines at which the totals find no room below them any more.
+TEST(InvoicePrint, TotalsAloneOverleafHaveNoEmptyTableAboveThem) {
+  const InFolder noLogo;
+  for (const Layout& layout : layouts()) {
+    if (layout.paper.endless()) continue;
+    SCOPED_TRACE(layout.name);
+    int count = 1;
+    std::vector<Page> pages;
+    while (pages.size() < 2 && count < 200) pages = pagesOf(layout, sheet(), lines(count++));
+    ASSERT_EQ(pages.size(), 2U);
+    printing::test::leavePictures(std::string(layout.name) + "-totals-overleaf", pages);
+    const std::string overleaf = printing::test::textsOf(pages[1], 2);
+    ASSERT_EQ(overleaf.find("Claw hammer"), std::string::npos);
+    EXPECT_EQ(overleaf.find("Description"), std::string::npos);
+    EXPECT_NE(overleaf.find("Net Total"), std::string::npos);
+  }
+}
+
+TEST(InvoicePrint, SlipsCountTheirPages) {
+  const InFolder noLogo;
+  for (const Layout& layout : layouts()) {
+    const std::string text = printing::test::textsOf(pagesOf(layout, sheet(), lines(3)).front(), 1);
+    EXPECT_NE(text.find("Page  1  of  1"), std::string::npos) << layout.name;
+    EXPECT_NE(text.find("Date 23-11-2026"), std::string::npos) << layout.name;
+    EXPECT_NE(text.find("Prepared By: Ayesha"), std::string::npos) << layout.name;
+  }
 }
 
 TEST(InvoicePrint, CodesStandOnOneLine) {

@@ -1,4 +1,5 @@
 #include <QComboBox>
+#include <QLabel>
 
 #include "documents/find_screens.h"
 #include "documents/invoice_company.h"
@@ -117,8 +118,9 @@ void expectRefusals(const frame::DocumentType& type, DocumentValues values, cons
 
 TEST(TradeValidation, RefusalsComeInTheirOrder) {
   DocumentValues wrong = trade("100.00", "0.00", "100.00", "150.00", " (50.00)");
-  wrong.PartyNameTxt = wrong.IncomeAcc = "";
-  wrong.fields = {{"D1", ""}, {"D2", "x"}};
+  wrong.PartyNameTxt = " \u00A0";
+  wrong.IncomeAcc = "";
+  wrong.fields = {{"D1", " "}, {"D2", "x"}};
   wrong.JobList.text = wrong.EmpList.text = "unknown";
   const std::vector<Mend> lists = {
       {"Select a correct location of inventory.",
@@ -126,7 +128,7 @@ TEST(TradeValidation, RefusalsComeInTheirOrder) {
          v.LocationList = {"Store", 1, true};
        }},
       {"Select a correct job or leave it blank if you do not want to save a job reference.",
-       [](DocumentValues& v) { v.JobList = {}; }},
+       [](DocumentValues& v) { v.JobList = {.text = " "}; }},
       {"Select a correct employee or leave it blank if you do not want to save an employee reference.",
        [](DocumentValues& v) { v.EmpList = {}; }}};
   const auto pay = [](DocumentValues& v) {
@@ -265,6 +267,18 @@ TEST(TradeSaving, ReturnsTakeOffTheInvoiceTheyNameAndMoveStockUnlessTheRateIsAdj
   }
 }
 
+TEST(TradeScreens, NameTheirPriceWithTheCurrency) {
+  TradingCompany shop;
+  shop.context.ccode = "Rs.";
+  for (const auto& [make, caption] :
+       {std::pair<InvoiceScreen::Make, const char*>{documents::makeSaleReturns, "Selling Price Rs.:"},
+        {documents::makePurchaseBillsSimple, "Purchase Price Rs.:"},
+        {documents::makePurchaseReturns, "Purchase Price Rs.:"}}) {
+    InvoiceScreen screen(shop, {}, make);
+    EXPECT_EQ(screen.find<QLabel>("PriceLbl").text().toStdString(), caption);
+  }
+}
+
 TEST(TradePrint, SaysWhatItIsAndCountsWhatMoved) {
   TradingCompany shop;
   struct Printed {
@@ -279,7 +293,7 @@ TEST(TradePrint, SaysWhatItIsAndCountsWhatMoved) {
                 documents::InvoiceKind::SaleReturn,
                 35,
                 "12001002",
-                {"SALE RETURN / CREDIT NOTE", "Sale Invoice No.", "Amount Paid", "O'Brien & Sons"}},
+                {"SALE RETURN / CREDIT NOTE", "Sale Invoice No.", "Amount Received", "O'Brien & Sons"}},
         Printed{documents::makePurchaseBillsSimple,
                 documents::InvoiceKind::Purchase,
                 22,

@@ -181,5 +181,23 @@ TEST_F(ItemGridSheet, HostileTextsAreRefusedOrKept) {
   }
 }
 
+TEST_F(Shop, TypedCodesFindTheItemItselfBeforeOnesThatAreLikeIt) {
+  for (const char* code : {"A[1]", "A1", "B_1", "B11", "C%", "*Z"}) addItem(code, std::string("Item ") + code, 5);
+  addItem("4Z", "First that ends in Z", 5);
+  context.ItemsRS.requery();
+  ItemSheet sheet({}, workplace);
+  sheet.bind(lines());
+  const struct {
+    const char* typed;
+    const char* code;
+  } cases[] = {{"a[1]", "A[1]"}, {"A1", "A1"},        {"b_1", "B_1"},    {"B1_", "B11"}, {"c%", "C%"},
+               {"*z", "*Z"},     {" A1\u00A0", "A1"}, {"\t[a]1 ", "A1"}, {"ä-7", "Ä-7"}, {"  None ", "None"}};
+  for (const auto& c : cases) {
+    ASSERT_TRUE(sheet.enter(0, GridColumn::ItemCode, c.typed)) << c.typed;
+    EXPECT_EQ(sheet.plainText(0, GridColumn::ItemCode), c.code) << c.typed;
+  }
+  EXPECT_EQ(sheet.scan(" B_1 ", ScannedAgain::NewLine), 1);
+}
+
 }  // namespace
 }  // namespace velmo::frame

@@ -10,6 +10,7 @@
 #include "masters/search_item.h"
 #include "masters/simple_lists.h"
 #include "masters/user_logins.h"
+#include "text/blanks.h"
 #include "text/number.h"
 
 namespace velmo::masters {
@@ -102,7 +103,7 @@ class HostileTexts : public test::MasterCompany {
   // As the column keeps what stands in a box.
   static std::string kept(const QString& text) {
     std::string bytes = text.toStdString();
-    return bytes.substr(0, bytes.find_last_not_of(' ') + 1);
+    return std::string(text::trimmed(bytes));
   }
 
   Listening listening;

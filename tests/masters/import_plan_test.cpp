@@ -271,5 +271,24 @@ TEST(ImportValues, ReadFiguresWithoutGuessing) {
   }
 }
 
+// As the dialog refuses them: a code that is like another, and not one that another is like.
+TEST_F(PlannedImport, RefusesItemCodesThatAreLikeOthers) {
+  books.taken = {foldedName("B11"), foldedName("C%")};
+  EXPECT_THAT(shown(ImportKind::Items, {{"Code", "Name", "Sub category"},
+                                        {"b_1", "Like one in the books", "HND01"},
+                                        {"A1", "First", "HND01"},
+                                        {"A[1]", "Like the first", "HND01"},
+                                        {"C1", "Not like it", "HND01"},
+                                        {"X_", "Like none", "HND01"},
+                                        {"x_", "Again", "HND01"}}),
+              ElementsAre("2 !An item is already present with the same item code. Give a different item code.",
+                          "3 A1 First @HND01  Hammers",
+                          "4 !An item is already present with the same item code. Give a different item code. (Row 3 "
+                          "of the file.)",
+                          "5 C1 Not like it @HND01  Hammers", "6 X_ Like none @HND01  Hammers",
+                          "7 !An item is already present with the same item code. Give a different item code. (Row 6 "
+                          "of the file.)"));
+}
+
 }  // namespace
 }  // namespace velmo::masters

@@ -196,5 +196,14 @@ TEST_F(WrittenImport, WritesAllOrNothing) {
   EXPECT_EQ(rows("select count(itemcode) as n from stocklevel3 where subcatid like 'HND02'"), "300\n");
 }
 
+TEST_F(WrittenImport, RefusesACodeThatBecameLikeAnotherMeanwhile) {
+  const ImportPlan made = plan(ImportKind::Items, {{"Code", "Name", "Sub category"}, {"B_1", "Bolt", "HND01"}});
+  connection.execute(
+      "insert into stocklevel3 (itemcode, itemname, catid, subcatid) values ('B11', 'Other', 'HND', 'HND01')");
+  expectRefusal(made,
+                "An item is already present with the same item code. Give a different item code. (B_1, row 2 of the "
+                "file.)");
+}
+
 }  // namespace
 }  // namespace velmo::masters

@@ -197,9 +197,9 @@ TEST_F(TakenCodes, ThatWereTypedAreRefused) {
     expectRefused(level, rival, words);
     EXPECT_EQ(read(level.code), code);
     EXPECT_TRUE(control<QLineEdit>(level.code).hasFocus());
-    write(level.code, "Another");
+    write(level.code, "Ano");
     click(level, "SaveBttn");
-    EXPECT_EQ(read(level.code) + "|" + read(level.name), "Another|Ours");
+    EXPECT_EQ(read(level.code) + "|" + read(level.name), "Ano|Ours");
   };
   const char* const category = "A category is already present with the same code. Give a different code.";
   open(makeModifyInventory);
@@ -209,7 +209,7 @@ TEST_F(TakenCodes, ThatWereTypedAreRefused) {
               "An item is already present with the same item code. Give a different item code.");
   open(makeModifyServices);
   expectTaken(second, "NEW", subCategory("new", "Service"), category);
-  run({"delete * from stocklevel3 where itemcode = 'Another'"});
+  run({"delete * from stocklevel3 where itemcode = 'Ano'"});
   expectTaken(items, "VAN", item("VAN", "Service", "Service01"),
               "A service is already present with the same service code. Give a different service code.");
   for (const char* theirs : {"select catname from stocklevel1 where catid = 'NEW'",

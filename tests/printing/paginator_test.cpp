@@ -67,6 +67,13 @@ TEST(Paginator, HeaderOfARunningGroupRepeats) {
   design.groups[0].header->repeat = Repeat::EveryPage;
   const Texts pages = textsOf(reportOf(design, {parent("A", rows(10)), parent("B", {row("b1")})}));
   EXPECT_EQ(pages, (Texts{"A r1 r2 r3 r4 r5 r6 r7 r8 r9", "A r10 foot B b1 foot"}));
+  for (const auto& [repeat, overleaf] :
+       {std::pair{Repeat::EveryPage, "A foot B b1 foot"}, std::pair{Repeat::AboveRows, "foot B b1 foot"}}) {
+    design.groups[0].header->repeat = repeat;
+    EXPECT_EQ(textsOf(reportOf(design, {parent("A", rows(9)), parent("B", {row("b1")})})),
+              (Texts{"A r1 r2 r3 r4 r5 r6 r7 r8 r9", overleaf}));
+  }
+  EXPECT_EQ(textsOf(reportOf(design, {parent("A", rows(10))})), (Texts{"A r1 r2 r3 r4 r5 r6 r7 r8 r9", "A r10 foot"}));
 }
 
 TEST(Paginator, KeepsSectionsTogetherOrDividesThem) {

@@ -88,6 +88,14 @@ TEST(CompanySchema, AnswersTheScreensWithoutReadingBigTables) {
       "SELECT * from transactions where trantype=32 and fyid = 1 order by docno",
       "Select docno from transactions where docno = 5 and trantype=32 and fyid = 1",
       "Select trandate, d1 from transactions where d1 like 'PO-7' and trantype=93 and fyid = 1 and cancel = No",
+      "select * from stockflow where itemcode like 'A[[]1]'",
+      "select * from stockflow where itemcode like 'Ä-1[%]'",
+      "SELECT * from Stocklevel3 where itemcode like 'B[_]1' order by itemcode",
+      "SELECT StockFlow.ItemCode, Sum(IIf(IsNull([stockin]),0,[stockin])) AS stocksin, "
+      "Sum(IIf(IsNull([stockout]),0,[stockout])) AS stocksout, [stocksin]-[stocksout] AS Ibalance FROM Transactions "
+      "INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo GROUP BY StockFlow.ItemCode, "
+      "Transactions.Cancel, Transactions.InvLedger, Transactions.FYID HAVING (((StockFlow.ItemCode) Like 'É[_]1') AND "
+      "((Transactions.Cancel)=No) AND ((Transactions.InvLedger)=No) AND ((Transactions.FYID)=1))",
       "select tranno, trandate from transactions where trantype=51 and fyid= 1",
       "select * from transactions where fyid=1 and trantype=11",
       "Select * from stockflow where tranno = 7 order by serial",

@@ -206,6 +206,10 @@ TEST_F(FirstRows, HelpWithEveryQuestionOfTheWelcomeScreen) {
     EXPECT_EQ(id, help.integer("ID"));
     EXPECT_GT(help.text("Matter").size(), 400u) << help.text("Heading");
   }
+  help.moveTo(4);
+  EXPECT_NE(help.text("Matter").find("<i>Set as default</i>"), std::string::npos) << "as the login screen has it";
+  help.moveTo(5);
+  EXPECT_NE(help.text("Matter").find("<i>Back up now...</i>"), std::string::npos) << "as About has it";
   help.moveFirst();
   EXPECT_EQ("How can I change the date format being displayed in the software?", help.text("Heading"));
 }

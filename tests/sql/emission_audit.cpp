@@ -15,7 +15,7 @@ const std::set<std::string_view> words = {"SELECT", "DISTINCT", "FROM",  "WHERE"
                                           "DESC",   "LIMIT",    "AS",    "AND",   "OR",     "NOT", "IS",      "NULL",
                                           "IN",     "BETWEEN",  "INNER", "LEFT",  "JOIN",   "ON",  "COLLATE", "NOCASE",
                                           "UNION",  "CROSS",    "ALL",   "OVER",  "UPDATE", "SET", "DELETE",  "INSERT",
-                                          "INTO",   "VALUES",   "rowid", "Line"};
+                                          "INTO",   "VALUES",   "rowid", "Line",  "value"};
 const std::set<std::string_view> functions = {"abs",
                                               "sign",
                                               "length",
@@ -55,6 +55,9 @@ const std::set<std::string_view> functions = {"abs",
                                               "velmo_format",
                                               "velmo_format_date",
                                               "velmo_like",
+                                              "velmo_plain_text",
+                                              "velmo_spellings",
+                                              "json_each",
                                               "velmo_yes_no",
                                               "substr"};
 const std::set<std::string_view> namesOfTheEmitter = {"row order", "row rank", "row", "changed", "document"};

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "sql/dialect_store.h"
+#include "sql/dice.h"
+#include "store/connection.h"
 #include "store/sql/like.h"
 
 namespace velmo::test {
@@ -144,6 +146,56 @@ TEST(Function, MatchesPatterns) {
     EXPECT_EQ(store::sql::likeMatches(sample.text, sample.pattern), sample.matches)
         << sample.text << " like " << sample.pattern;
   }
+}
+
+// Codes of every kind of sign, in letters with one, two and three cases.
+std::string anyCode(Dice& dice) {
+  static const std::vector<std::string> signs = {"a", "A", "1", "[", "]", "%", "_", "!", "^", "-", "*",  "?",  "é",
+                                                 "É", "ж", "Ж", "ß", "ẞ", "σ", "ς", "Σ", "ﺏ", "'", "\"", "\\", "#"};
+  std::string code;
+  for (std::size_t length = 1 + dice.below(4); length > 0; --length) code += dice.oneOf(signs);
+  return code;
+}
+
+TEST(Function, FindsAWholeCodeByItsIndexWhateverSignsItHas) {
+  DialectStore store;
+  Dice dice(20);
+  std::vector<std::string> codes;
+  for (int sale = 5; sale < 405; ++sale) {
+    codes.push_back(anyCode(dice));
+    store.rows("INSERT INTO Sales (SaleNo, ItemCode) VALUES (" + std::to_string(sale) + ", " +
+               store::quoted(codes.back()) + ")");
+  }
+  for (int search = 0; search < 400; ++search) {
+    const std::string wanted = search % 2 == 0 ? dice.oneOf(codes) : anyCode(dice);
+    const std::string pattern = store::quotedWhole(wanted);
+    std::vector<std::string> found;
+    std::vector<std::string> others;
+    for (std::size_t i = 0; i < codes.size(); ++i) {
+      const bool same = store::sql::foldedText(codes[i]) == store::sql::foldedText(wanted);
+      (same ? found : others).push_back(std::to_string(i + 5));
+    }
+    const std::string all = "SELECT SaleNo FROM Sales WHERE SaleNo > 4 and ";
+    const std::string byIndex = "SELECT SaleNo FROM Sales WHERE ItemCode like " + pattern;
+    ASSERT_EQ(store.rows(byIndex + " and SaleNo > 4 ORDER BY SaleNo"), found) << wanted;
+    ASSERT_EQ(store.rows(all + "ItemCode not like " + pattern + " ORDER BY SaleNo"), others) << wanted;
+    ASSERT_EQ(store.rows(all + "(ItemCode & '') like " + pattern + " ORDER BY SaleNo"), found) << wanted;
+    const std::string plan = store.plan("SELECT Quantity FROM Sales WHERE ItemCode like " + pattern);
+    ASSERT_TRUE(plan.find("SEARCH Sales USING INDEX SalesByItem (ItemCode=?)") != std::string::npos) << wanted << plan;
+  }
+}
+
+TEST(Function, ReadsAPatternAsATextOnlyWhereItIsOne) {
+  const std::pair<const char*, const char*> plain[] = {
+      {"a[[]1]", "a[1]"}, {"[%][_]", "%_"}, {"", ""}, {"É-1", "É-1"}, {"a]", "a]"}};
+  for (const auto& [pattern, text] : plain) EXPECT_EQ(store::sql::plainText(pattern), text) << pattern;
+  for (const char* pattern : {"a%", "_", "[ab]", "a[", "[]", "[!]", "[%", "[%-]", "[[]a[b]"})
+    EXPECT_EQ(store::sql::plainText(pattern), std::nullopt) << pattern;
+
+  // More ways to write it than are worth trying: the same rows without the index.
+  DialectStore store;
+  store.rows("INSERT INTO Sales (SaleNo, ItemCode) VALUES (5, 'жжжжжжжжжжжж')");
+  EXPECT_EQ(store.rows("SELECT SaleNo FROM Sales WHERE ItemCode like 'ЖЖЖжжжжжжжжж'"), std::vector<std::string>{"5"});
 }
 
 }  // namespace

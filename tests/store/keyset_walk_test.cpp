@@ -274,6 +274,10 @@ TEST(KeysetWalk, EveryStepIsASearchOfAnIndex) {
   items.movePrevious();
   items.moveFirst();
   items.find("Item like 'I10'");
+  items.find("Item like 'I[_]1'");
+  items.moveFirst();
+  items.find("Item like 'Ä[%]1'");
+  items.moveFirst();
   items.find("Item = 'i12'", SearchFrom::NextRow);
   EXPECT_EQ(items.text("ItemName"), "Name 12");
   sqlite3_trace_v2(shop.connection.handle(), 0, nullptr, nullptr);
@@ -288,7 +292,8 @@ TEST(KeysetWalk, EveryStepIsASearchOfAnIndex) {
     while (sqlite3_step(plan) == SQLITE_ROW) {
       const std::string detail = reinterpret_cast<const char*>(sqlite3_column_text(plan, 3));
       const bool isEnd = detail.find("USING INDEX") != std::string::npos && sql.find(" WHERE ") == std::string::npos;
-      EXPECT_TRUE(inTableOrder || isEnd || !detail.starts_with("SCAN")) << sql << "\n" << detail;
+      const bool isList = detail.starts_with("SCAN json_each");  // the spellings of what is looked for
+      EXPECT_TRUE(inTableOrder || isEnd || isList || !detail.starts_with("SCAN")) << sql << "\n" << detail;
       EXPECT_EQ(detail.find("TEMP B-TREE FOR ORDER BY"), std::string::npos) << sql << "\n" << detail;
     }
     sqlite3_finalize(plan);

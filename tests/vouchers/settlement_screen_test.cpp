@@ -74,6 +74,17 @@ Rows pendingOf(SettlementCompany& company, const SettlementKind& kind, std::int6
   return all;
 }
 
+TEST(SettlementScreen, AnEmptiedAdvanceIsNought) {
+  SettlementCompany company;
+  Clerk clerk(company, makeCashReceipts);
+  clerk.type("AdvTxt", "75");
+  auto& box = clerk.find<QLineEdit>("AdvTxt");
+  test::focus(box);
+  box.clear();
+  test::focus(clerk.find<QLineEdit>("DocNo"));
+  EXPECT_EQ(clerk.text("AdvTxt") + " " + clerk.text("AdvTtl") + " " + clerk.text("Amt"), "0.00 0.00 0.00");
+}
+
 TEST(SettlementScreen, TakesAChequeAgainstThreeInvoicesWithTaxDiscountAndAdvance) {
   SettlementCompany company;
   Clerk clerk(company, makeBankReceipts);

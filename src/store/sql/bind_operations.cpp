@@ -151,7 +151,7 @@ class OperationBinder {
                      .place = expression_.place,
                      .operation = Operator::Like,
                      .negated = expression_.negated,
-                     .like = plainColumn && form == LikeForm::Plain ? LikeForm::Plain : LikeForm::Wildcards,
+                     .like = plainColumn && isWhole(form) ? form : LikeForm::Wildcards,
                      .operands = std::move(operands_)},
                     clause_);
   }

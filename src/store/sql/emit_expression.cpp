@@ -207,12 +207,23 @@ void ExpressionWriter::comparison(const Bound& bound) {
 
 void ExpressionWriter::pattern(const Bound& bound) {
   const Bound& tested = *bound.operands[0];
-  if (bound.like == LikeForm::Plain) {
+  if (bound.like == LikeForm::Plain || bound.like == LikeForm::Escaped) {
+    const bool escaped = bound.like == LikeForm::Escaped;
     sql_ += '(';
     caseless(tested);
     sql_ += bound.negated ? " <> " : " = ";
+    if (escaped) sql_ += "velmo_plain_text(";
     value(*bound.operands[1]);
-    sql_ += ')';
+    sql_ += escaped ? "))" : ")";
+    return;
+  }
+  if (bound.like == LikeForm::Spellings) {
+    sql_ += '(';
+    caseless(tested);
+    sql_ += bound.negated ? " NOT" : "";
+    sql_ += " IN (SELECT value FROM json_each(velmo_spellings(";
+    value(*bound.operands[1]);
+    sql_ += "))))";
     return;
   }
   sql_ += bound.negated ? "(NOT velmo_like(" : "velmo_like(";

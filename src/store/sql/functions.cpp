@@ -11,10 +11,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "store/error.h"
 #include "store/sql/like.h"
 #include "store/sql/row_choice.h"
+#include "store/sql/spellings.h"
 #include "store/value.h"
 #include "text/format.h"
 #include "text/number.h"
@@ -308,6 +310,28 @@ void like(sqlite3_context* context, int count, sqlite3_value** values) {
   sqlite3_result_int(context, pattern->matches(textIn(values[0])) ? 1 : 0);
 }
 
+void unescaped(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (anyNull(count, values)) return;
+  const std::string_view pattern = textIn(values[0]);
+  resultText(context, plainText(pattern).value_or(std::string(pattern)));
+}
+
+// As an array that json_each reads.
+void spellingList(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (anyNull(count, values)) return;
+  std::string array = "[";
+  for (const std::string& spelling :
+       spellingsOf(plainText(textIn(values[0])).value_or("")).value_or(std::vector<std::string>{})) {
+    array += array.size() > 1 ? ",\"" : "\"";
+    for (const char c : spelling) {
+      if (c == '"' || c == '\\') array += '\\';
+      array += c;
+    }
+    array += '"';
+  }
+  resultText(context, array + "]");
+}
+
 using ScalarFunction = void (*)(sqlite3_context*, int, sqlite3_value**);
 
 struct Registered {
@@ -342,7 +366,9 @@ constexpr std::array scalars{Registered{"velmo_concat", -1, concat},
                              Registered{"velmo_right", 2, right},
                              Registered{"velmo_mid", 2, mid},
                              Registered{"velmo_mid", 3, mid},
-                             Registered{"velmo_like", 2, like}};
+                             Registered{"velmo_like", 2, like},
+                             Registered{"velmo_plain_text", 1, unescaped},
+                             Registered{"velmo_spellings", 1, spellingList}};
 
 }  // namespace
 

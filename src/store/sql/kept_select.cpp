@@ -269,7 +269,7 @@ bool asksForSubject(const std::vector<BoundPtr>& tests, const Usage& usage, int 
   return std::ranges::any_of(tests, [&](const BoundPtr& test) {
     if (test->meaning != Meaning::Operation || test->negated) return false;
     const bool isEqual =
-        test->operation == Operator::Equal || (test->operation == Operator::Like && test->like == LikeForm::Plain);
+        test->operation == Operator::Equal || (test->operation == Operator::Like && isWhole(test->like));
     return isEqual && (isSubject(*test->operands[0]) || isSubject(*test->operands[1]));
   });
 }

@@ -40,12 +40,6 @@ std::vector<char32_t> foldedCharacters(std::string_view text) {
   return characters;
 }
 
-bool isAscii(std::string_view text) {
-  unsigned bits = 0;
-  for (const char c : text) bits |= static_cast<unsigned char>(c);
-  return bits < 0x80;
-}
-
 char lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
 }
@@ -70,6 +64,12 @@ bool containsLower(std::string_view text, std::string_view wanted) {
 }
 
 }  // namespace
+
+bool isAscii(std::string_view text) {
+  unsigned bits = 0;
+  for (const char c : text) bits |= static_cast<unsigned char>(c);
+  return bits < 0x80;
+}
 
 LikePattern::LikePattern(std::string_view pattern) {
   const std::vector<char32_t> characters = foldedCharacters(pattern);
@@ -188,6 +188,34 @@ bool likeMatches(std::string_view text, std::string_view pattern) {
 
 bool isPlainPattern(std::string_view pattern) {
   return isAscii(pattern) && pattern.find_first_of("%_[") == std::string_view::npos;
+}
+
+std::string escapedPattern(std::string_view text) {
+  std::string pattern;
+  for (const char c : text) {
+    const bool isSign = c == '[' || c == '%' || c == '_';
+    if (isSign) pattern += '[';
+    pattern += c;
+    if (isSign) pattern += ']';
+  }
+  return pattern;
+}
+
+std::optional<std::string> plainText(std::string_view pattern) {
+  std::string text;
+  for (std::size_t at = 0; at < pattern.size(); ++at) {
+    const char c = pattern[at];
+    if (c == '%' || c == '_') return std::nullopt;
+    if (c != '[') {
+      text += c;
+      continue;
+    }
+    const std::string_view list = pattern.substr(at, 3);
+    if (list != "[[]" && list != "[%]" && list != "[_]") return std::nullopt;
+    text += list[1];
+    at += 2;
+  }
+  return text;
 }
 
 }  // namespace velmo::store::sql

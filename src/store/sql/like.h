@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,9 +42,17 @@ class LikePattern {
 std::string foldedText(std::string_view text);
 void appendFolded(std::string& result, std::string_view text);
 
+bool isAscii(std::string_view text);
+
 bool likeMatches(std::string_view text, std::string_view pattern);
 
 // True when the pattern has no wildcards and is ASCII, so that it equals the text it matches but for case.
 bool isPlainPattern(std::string_view pattern);
+
+// The text as a pattern that it alone fits, whatever the case of its letters: [, % and _ as [[], [%] and [_].
+std::string escapedPattern(std::string_view text);
+
+// What a pattern without wildcards stands for, an escaped one without its brackets. Nothing of other patterns.
+std::optional<std::string> plainText(std::string_view pattern);
 
 }  // namespace velmo::store::sql

@@ -6,9 +6,18 @@
 
 #include "store/sql/like.h"
 #include "store/sql/literals.h"
+#include "store/sql/spellings.h"
 
 namespace velmo::store::sql {
 namespace {
+
+LikeForm formOf(const std::string& pattern) {
+  if (isPlainPattern(pattern)) return LikeForm::Plain;
+  const std::optional<std::string> text = plainText(pattern);
+  if (!text) return LikeForm::Wildcards;
+  if (isAscii(*text)) return LikeForm::Escaped;
+  return spellingsOf(*text) ? LikeForm::Spellings : LikeForm::Wildcards;
+}
 
 struct Spelling {
   std::string_view word;
@@ -239,7 +248,7 @@ class Tokenizer {
     const std::string_view inside = statement_.substr(from + 1, at_ - from - 2);
     Literal text{textFromLiteral(inside, quote)};
     if (lastKeyword() == Keyword::Like) {
-      text.like = isPlainPattern(std::get<std::string>(text.value)) ? LikeForm::Plain : LikeForm::Wildcards;
+      text.like = formOf(std::get<std::string>(text.value));
     }
     literal({from, at_ - from}, std::move(text));
   }

@@ -94,8 +94,19 @@ struct Token {
   int literal = -1;            // index into Tokens::literals
 };
 
-// How a text literal behind LIKE matches. Part of a statement's form, since an index serves the plain one alone.
-enum class LikeForm { NotPattern, Plain, Wildcards };
+// How a text literal behind LIKE matches. Part of a statement's form, since an index serves all but the last.
+enum class LikeForm {
+  NotPattern,
+  Plain,      // what is equal but for the case of its letters
+  Escaped,    // the same behind the brackets of [%]
+  Spellings,  // one of a few texts: letters beyond ASCII have two cases that the store does not know of
+  Wildcards
+};
+
+// Whether only what is equal but for case matches.
+constexpr bool isWhole(LikeForm form) {
+  return form != LikeForm::NotPattern && form != LikeForm::Wildcards;
+}
 
 struct Literal {
   Value value;
