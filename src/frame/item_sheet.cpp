@@ -87,8 +87,14 @@ bool ItemSheet::enter(int row, GridColumn column, std::string_view typed) {
     if (const auto warning = shortBalance(text, ItemAvailable(row))) workplace_.prompts.ask(*warning);
   }
   try {
+    if (column == GridColumn::ItemCode && text.empty()) {
+      clearLine(row);
+      return true;
+    }
     if (column == GridColumn::ItemCode) {
       enterItemCode(row, text);
+    } else if (column == GridColumn::Discount) {
+      write(row, column, moneyOf(figureOrNull(text)));
     } else {
       write(row, column, isFigure(column) ? figureOrNull(text) : textOrNull(text));
     }
@@ -106,6 +112,22 @@ void ItemSheet::enterItemCode(int row, std::string_view typed) {
   } else {
     write(row, GridColumn::ItemCode, textOrNull(std::string(typed)));
   }
+}
+
+void ItemSheet::clearLine(int row) {
+  for (std::size_t column = 0; column < fields_.size(); ++column)
+    if (column != static_cast<std::size_t>(GridColumn::FlowId))
+      write(row, static_cast<GridColumn>(column), store::Null{});
+  setProductSerials(row, {});
+}
+
+std::optional<int> ItemSheet::lineWithoutItem() const {
+  constexpr std::array amounts = {GridColumn::GrossAmount, GridColumn::Discount, GridColumn::NetAmount};
+  for (int row = 0; row < rowCount(); ++row)
+    if (plainText(row, GridColumn::ItemCode).empty() &&
+        std::ranges::any_of(amounts, [&](GridColumn column) { return store::numberOf(valueAt(row, column)) != 0; }))
+      return row;
+  return std::nullopt;
 }
 
 std::optional<int> ItemSheet::scan(std::string_view code, ScannedAgain again) {

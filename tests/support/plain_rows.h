@@ -4,6 +4,8 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
@@ -46,16 +48,19 @@ class PlainRows {
     if (outcome != SQLITE_ROW && outcome != SQLITE_DONE) file_.fail();
     return outcome == SQLITE_ROW;
   }
+  int columns() const { return sqlite3_column_count(statement_.get()); }
   std::int64_t integer(int column) const { return sqlite3_column_int64(statement_.get(), column); }
   double number(int column) const { return sqlite3_column_double(statement_.get(), column); }
   std::string text(int column) const {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
     return text ? text : "";
   }
-  // Throws when the amount is not one of whole cents.
+  // Of the 15 digits that an amount is known by. Throws when it is not one of whole cents.
   std::int64_t cents(int column) const {
-    const double amount = number(column) * 100;
-    if (std::abs(amount - std::round(amount)) > 1e-4) throw std::runtime_error("not cents: " + text(column));
+    char digits[32];
+    std::snprintf(digits, sizeof digits, "%.15g", number(column));
+    const long double amount = std::strtold(digits, nullptr) * 100;
+    if (std::abs(amount - std::round(amount)) > 1e-4L) throw std::runtime_error("not cents: " + text(column));
     return std::llround(amount);
   }
 
