@@ -180,11 +180,14 @@ std::optional<ListedItem> ItemSheet::findItem(std::string_view typed) const {
                     .price = items.value(kind_.priceField)};
 }
 
+// Of wide amounts the difference has a rest that is no money.
 void ItemSheet::recalculateLine(int row) {
-  const LineAmounts amounts = lineAmounts(figures(row));
+  LineFigures line = figures(row);
+  line.discount = store::textOf(moneyOf(figureOrNull(line.discount)));
+  const LineAmounts amounts = lineAmounts(line);
   write(row, GridColumn::GrossAmount, figureOrNull(amounts.gross));
   write(row, GridColumn::Discount, figureOrNull(amounts.discount));
-  write(row, GridColumn::NetAmount, figureOrNull(amounts.net));
+  write(row, GridColumn::NetAmount, moneyOf(figureOrNull(amounts.net)));
 }
 
 void ItemSheet::write(int row, GridColumn column, store::Value value) {

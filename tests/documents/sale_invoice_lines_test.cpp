@@ -17,13 +17,7 @@ using Rows = std::vector<std::string>;
 
 Rows bareRows(const InvoiceCompany& shop, const std::string& sql) {
   PlainFile file(shop.company.folder() / "Uninstall" / "Uninstall.MDB");
-  Rows all;
-  for (PlainRows rows(file, sql); rows.next();) {
-    std::string row;
-    for (int column = 0; column < rows.columns(); ++column) row += (column == 0 ? "" : "|") + rows.text(column);
-    all.push_back(row);
-  }
-  return all;
+  return plainTexts(file, sql);
 }
 
 const char* const sold =
@@ -141,6 +135,17 @@ TEST(SaleInvoiceLines, AnAmountHoldsWhatItsCellShowsAndAFigureEveryDigit) {
             (Rows{"1.125|2.345|2.64||0.34|2.3", "1.125|2.345|2.64||0.34|2.3", "1.125|2.345|2.64||0.34|2.3",
                   "1.0|100.0|100.0|12.345|12.35|87.65"}));
   EXPECT_EQ(bareRows(shop, "select Payment, TotPayment, TrAmount from AgingDr"), Rows{"3.34|3.34|93.53"});
+}
+
+TEST(SaleInvoiceLines, ASmallRestOfAWideAmountIsMoney) {
+  InvoiceCompany shop;
+  InvoiceScreen screen(shop);
+  screen.type("PartyCodeTxt", "12001003");
+  screen.line(0, "Service", "1234567", "98765.43");
+  screen.typeCell(0, GridColumn::Discount, "121932539936.02");
+  screen.press("SaveBttn");
+  EXPECT_EQ(bareRows(shop, "select GrossAmt, DiscAmt, ItemValue from StockFlow where ItemCode = 'Service'"),
+            Rows{"121932540618.81|121932539936.02|682.79"});
 }
 
 TEST(SaleInvoiceLines, ASaveThatIsGivenUpShowsTheAmountThatItWouldHaveWritten) {

@@ -10,6 +10,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace velmo::test {
 
@@ -71,5 +72,26 @@ class PlainRows {
   PlainFile& file_;
   std::unique_ptr<sqlite3_stmt, Finish> statement_;
 };
+
+// All rows of a SELECT, one text each, fields parted by "|".
+inline std::vector<std::string> plainTexts(PlainFile& file, const std::string& sql) {
+  std::vector<std::string> all;
+  for (PlainRows rows(file, sql); rows.next();) {
+    std::string row;
+    for (int column = 0; column < rows.columns(); ++column) row += (column == 0 ? "" : "|") + rows.text(column);
+    all.push_back(row);
+  }
+  return all;
+}
+
+// The sums of its columns in cents, of amounts that are all of whole cents.
+inline std::vector<std::int64_t> plainSums(PlainFile& file, const std::string& sql) {
+  PlainRows rows(file, sql);
+  std::vector<std::int64_t> sums(static_cast<std::size_t>(rows.columns()));
+  while (rows.next())
+    for (int column = 0; column < rows.columns(); ++column)
+      sums[static_cast<std::size_t>(column)] += rows.cents(column);
+  return sums;
+}
 
 }  // namespace velmo::test

@@ -66,13 +66,7 @@ inline std::vector<std::string> pendingOf(SettlementCompany& company, const vouc
 // The rows of the company's file as SQLite alone has them, fields parted by "|".
 inline std::vector<std::string> bareRows(const SettlementCompany& company, const std::string& sql) {
   PlainFile file(company.company.folder() / "Uninstall" / "Uninstall.MDB");
-  std::vector<std::string> all;
-  for (PlainRows rows(file, sql); rows.next();) {
-    std::string row;
-    for (int column = 0; column < rows.columns(); ++column) row += (column == 0 ? "" : "|") + rows.text(column);
-    all.push_back(row);
-  }
-  return all;
+  return plainTexts(file, sql);
 }
 
 }  // namespace velmo::test
