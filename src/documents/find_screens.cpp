@@ -45,13 +45,14 @@ std::vector<forms::TableColumn> resultColumns(const char* party, const char* pai
     columns.push_back({.caption = references.second, .field = "D2", .width = 16});
     columns.push_back({.caption = "Dated", .field = "D2Date", .width = 10});
   }
-  const forms::TableColumn last[] = {{.caption = "Employee", .field = "EmpName", .width = 18},
-                                     {.caption = "Location", .field = "LocationName", .width = 16},
-                                     {.caption = "Status", .field = "CStatus", .width = 10},
-                                     {.caption = "Added By", .field = "AddedBy", .width = 14},
-                                     {.caption = "Time Added", .field = "TimeAdded", .width = 19},
-                                     {.caption = "Edited By", .field = "EditedBy", .width = 14},
-                                     {.caption = "Time Edited", .field = "TimeEdited", .width = 19}};
+  const forms::TableColumn last[] = {
+      {.caption = "Employee", .field = "EmpName", .width = 18},
+      {.caption = "Location", .field = "LocationName", .width = 16},
+      {.caption = "Status", .field = "CStatus", .width = 10},
+      {.caption = "Added By", .field = "AddedBy", .width = 14},
+      {.caption = "Time Added", .field = "TimeAdded", .format = frame::momentFormat, .width = 19},
+      {.caption = "Edited By", .field = "EditedBy", .width = 14},
+      {.caption = "Time Edited", .field = "TimeEdited", .format = frame::momentFormat, .width = 19}};
   columns.insert(columns.end(), std::begin(last), std::end(last));
   return columns;
 }
@@ -67,9 +68,9 @@ frame::FindType findSalesSimple() {
                       date,
                       terms,
                       {"Purchase Order No.", "Transactions.D1", AsTyped, "Give purchase order no. to find."},
-                      {"Purchase Order Date", "Transactions.D1Date", AsTyped, "Give purchase order date to find."},
+                      {"Purchase Order Date", "Transactions.D1Date", DayText, "Give purchase order date to find."},
                       {"Delivery Challan No.", "Transactions.D2", AsTyped, "Give delivery challan no. to find."},
-                      {"Delivery Challan Date", "Transactions.D2Date", AsTyped, "Give delivery challan date to find."},
+                      {"Delivery Challan Date", "Transactions.D2Date", DayText, "Give delivery challan date to find."},
                       customer,
                       amount},
           .result = resultColumns("Customer Name", "Received", {"Purchase Order No.", "Delivery Challan No."})};
@@ -98,10 +99,11 @@ frame::FindType findSReturns() {
                       date,
                       terms,
                       {"Invoice No.", "Transactions.D1", AsTyped, "Give invoice no. to find."},
-                      {"Invoice Date", "Transactions.D1Date", AsTyped, "Give invoice date to find."},
+                      {"Invoice Date", "Transactions.D1Date", DayText, "Give invoice date to find."},
                       customer,
                       amount},
-          .result = resultColumns("Customer Name", "Paid", {"Invoice No."})};
+          .result = resultColumns("Customer Name", "Paid", {"Invoice No."}),
+          .pickedDays = {"D1Date"}};
 }
 
 frame::FindType findPurchasesSimple() {
@@ -113,9 +115,9 @@ frame::FindType findPurchasesSimple() {
                       date,
                       terms,
                       {"Vendor Invoice No.", "Transactions.D1", AsTyped, "Give vendor invoice no. to find."},
-                      {"Vendor Invoice Date", "Transactions.D1Date", AsTyped, "Give vendor invoice date to find."},
+                      {"Vendor Invoice Date", "Transactions.D1Date", DayText, "Give vendor invoice date to find."},
                       {"Purchase Order No.", "Transactions.D2", AsTyped, "Give purchase order no. to find."},
-                      {"Purchase Order Date", "Transactions.D2Date", AsTyped, "Give purchase order date to find."},
+                      {"Purchase Order Date", "Transactions.D2Date", DayText, "Give purchase order date to find."},
                       vendor,
                       amount},
           .result = resultColumns("Vendor Name", "Paid", {"Vendor Invoice No.", "Purchase Order No."})};
@@ -130,10 +132,11 @@ frame::FindType findPReturns() {
                       date,
                       terms,
                       {"Purchase No.", "Transactions.D2", AsTyped, "Give purchase no. to find."},
-                      {"Purchase Date", "Transactions.D2Date", AsTyped, "Give purchase date to find."},
+                      {"Purchase Date", "Transactions.D2Date", DayText, "Give purchase date to find."},
                       vendor,
                       amount},
-          .result = resultColumns("Vendor Name", "Received", {"Vendor Invoice No.", "Purchase No."})};
+          .result = resultColumns("Vendor Name", "Received", {"Vendor Invoice No.", "Purchase No."}),
+          .pickedDays = {"D2Date"}};
 }
 
 }  // namespace velmo::documents

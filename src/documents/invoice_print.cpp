@@ -3,7 +3,7 @@
 #include <array>
 
 #include "documents/invoice_design.h"
-#include "printing/element_text.h"
+#include "frame/day_text.h"
 #include "printing/recordset_data.h"
 
 namespace velmo::documents {
@@ -26,9 +26,13 @@ const Design& designOf(InvoiceLayout layout) {
   return *std::find_if(Designs.begin(), Designs.end(), [&](const Design& design) { return design.layout == layout; });
 }
 
-// The date of a reference; "" when the document has none.
-std::string referenceDate(const store::Recordset& document, const char* field) {
-  return printing::formatted(document.value(field), "dd-mm-yyyy");
+enum class DateBox { Typed, Picked };
+
+// What was typed is printed; a date that was picked, in whichever form the file has it.
+std::string referenceDate(const store::Recordset& document, const char* field, DateBox box) {
+  const std::string stored = document.text(field);
+  const auto day = box == DateBox::Picked ? frame::dayFrom(stored) : std::nullopt;
+  return day ? frame::dayText(*day) : stored;
 }
 
 double discountOf(const printing::ReportData& lines) {
@@ -51,9 +55,11 @@ InvoiceSheet sheetOf(const session::LoginContext& context, const store::Recordse
   sheet.partytel = document.text("text3");
   sheet.nature = document.text("Nature");
   sheet.d1txt = document.text("D1");
-  sheet.d1dttxt = referenceDate(document, "D1Date");
+  sheet.d1dttxt =
+      referenceDate(document, "D1Date", request.kind == InvoiceKind::SaleReturn ? DateBox::Picked : DateBox::Typed);
   sheet.d2txt = document.text("D2");
-  sheet.d2dttxt = referenceDate(document, "D2Date");
+  sheet.d2dttxt =
+      referenceDate(document, "D2Date", request.kind == InvoiceKind::PurchaseReturn ? DateBox::Picked : DateBox::Typed);
   sheet.discount = document.number("Discount");
   sheet.carriage = document.number("carriage");
   sheet.netTotal = document.number("tramount");

@@ -3,6 +3,7 @@
 #include <QTableView>
 
 #include "export/csv_writer.h"
+#include "export/held_figures.h"
 #include "export/table_rows.h"
 #include "forms/work_progress.h"
 #include "text/format.h"
@@ -23,8 +24,8 @@ std::string endingOf(const std::filesystem::path& place) {
   return QString::fromStdString(place.extension().string()).toLower().toStdString();
 }
 
-// The chosen place with the ending of a kind of file that is written; empty when none was chosen. A file dialog may leave the program in
-// another folder, and the company's file is found from its folder.
+// The chosen place with the ending of a kind of file that is written; empty when none was chosen. A file dialog may
+// leave the program in another folder, and the company's file is found from its folder.
 std::filesystem::path askPlace(const std::string& title, session::FileChooser& files, session::Prompts& prompts) {
   const std::filesystem::path folder = std::filesystem::current_path();
   const std::string chosen = files.saveFile(
@@ -43,9 +44,10 @@ std::filesystem::path askPlace(const std::string& title, session::FileChooser& f
   return answer == session::Answer::Yes ? place : std::filesystem::path();
 }
 
-void save(const TableRows& list, QWidget* window, session::FileChooser& files, session::Prompts& prompts) {
-  const std::filesystem::path place = askPlace(list.design.title, files, prompts);
+void save(const TableRows& shown, QWidget* window, session::FileChooser& files, session::Prompts& prompts) {
+  const std::filesystem::path place = askPlace(shown.design.title, files, prompts);
   if (place.empty()) return;
+  const TableRows list = withHeldFigures(shown);
   tl::expected<std::int64_t, std::string> saved;
   {
     forms::WorkProgress progress(window, QStringLiteral("Saving the spreadsheet ..."), list.count);

@@ -21,6 +21,7 @@ struct SheetColumn {
   std::string format = {};  // as of text/format.h: "#,##0.00;(#,##0.00)", "dd-mm-yyyy"
   forms::ColumnAlignment alignment = forms::ColumnAlignment::Left;
   int width = 12;  // in average characters
+  forms::FigureKind figures = forms::FigureKind::Money;
 };
 
 struct SheetDesign {

@@ -41,7 +41,8 @@ TableRows fromRecordset(const QTableView& table, forms::RecordsetModel& model) {
     result.design.columns.push_back({.caption = shownColumn.caption,
                                      .format = shownColumn.format,
                                      .alignment = shownColumn.alignment,
-                                     .width = widthOf(table, column)});
+                                     .width = widthOf(table, column),
+                                     .figures = shownColumn.figures});
     fields.push_back({rows.isOpen() ? rows.fieldIndex(shownColumn.field) : -1, shownColumn.format});
   }
   result.count = rows.isOpen() ? rows.recordCount() : 0;

@@ -22,6 +22,11 @@ store::Value figureOrNull(std::string_view text) {
   return *number;
 }
 
+store::Value moneyOf(const store::Value& figure) {
+  if (store::isNull(figure)) return figure;
+  return text::amountFrom(text::formatNumber(store::numberOf(figure), "0.00"));
+}
+
 std::string shownFigure(const store::Value& amount) {
   return store::isNull(amount) ? std::string() : text::formatNumber(store::numberOf(amount), "0.00;(0.00)");
 }

@@ -14,6 +14,9 @@ std::string withoutNul(std::string_view typed);
 store::Value textOrNull(std::string text);
 store::Value figureOrNull(std::string_view text);  // null for what is no number
 
+// The amount of money that stands for a figure: what its cell shows, which is what is added up. Null for null.
+store::Value moneyOf(const store::Value& figure);
+
 // An amount as cells show it, "(5.00)", and as they open it for typing, "-5.00", with more decimals only when it has
 // more. "" for null.
 std::string shownFigure(const store::Value& amount);

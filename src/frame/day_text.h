@@ -6,10 +6,13 @@
 
 #include "text/date_time.h"
 
-// Dates that a document keeps as texts, as "11/22/2026".
+// Dates that a document keeps as texts, as "22-11-2026".
 namespace velmo::frame {
 
 std::string dayText(const text::DateTime& day);
-std::optional<text::DateTime> dayFrom(std::string_view text);  // nothing when the text is no date
+// As this program wrote it into older files: "11/22/2026".
+std::string formerDayText(const text::DateTime& day);
+// The year first, with "-" the day first, with "/" the month first. Nothing when the text is no date.
+std::optional<text::DateTime> dayFrom(std::string_view text);
 
 }  // namespace velmo::frame

@@ -62,8 +62,9 @@ class DocumentBody : public QObject {
                                                            HeaderWrite mode) = 0;
   // Writes the lines, in the transaction of the save and behind the header.
   virtual void writeRows(const DocumentValues& values, std::int64_t tranNo) = 0;
-  // The saved document stays on the screen: its sheet gets the blank rows back that the save dropped.
-  virtual void refill() {}
+  // The document stays on the screen once it is saved: reads its lines again, as they were written. Those that the next
+  // save adds as another document are new ones that read the same and belong to none.
+  virtual void reopen(std::int64_t /*tranNo*/, HeaderWrite /*nextSave*/) {}
 
  Q_SIGNALS:
   void saveRequested();              // from within the lines

@@ -232,10 +232,11 @@ bool DocumentScreen::PostDocument(const DocumentValues& values) {
 }
 
 void DocumentScreen::afterSave(PrintMode mode, const DocumentValues& values) {
-  if (mode != PrintMode::Nothing && type_.afterPrint == AfterPrint::StayOnSaved) {
-    body_->refill();
-    bindAgain();
-  }
+  if (mode != PrintMode::Nothing && type_.afterPrint == AfterPrint::StayOnSaved)
+    attempt("Cannot Show", [this] {
+      body_->reopen(LastSavedTranNo_, AddMode_ ? HeaderWrite::Add : HeaderWrite::Update);
+      bindAgain();
+    });
   if (mode == PrintMode::Voucher) {
     PrintTimer_.start();
     return;

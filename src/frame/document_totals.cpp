@@ -14,11 +14,14 @@ std::string shown(double amount) {
   return text::formatNumber(amount, totalFormat);
 }
 
-std::string numericOrZero(const std::string& typed) {
-  return text::isNumeric(typed) ? typed : "0.00";
-}
-
 }  // namespace
+
+std::string countedText(const std::string& typed) {
+  const std::optional<double> amount = text::numberFrom(typed);
+  if (!amount) return "0.00";
+  const std::string counted = shown(*amount);
+  return text::amountFrom(counted) == *amount ? typed : counted;
+}
 
 LineSums sumLines(const store::Recordset& lines) {
   const int gross = lines.fieldIndex("grossamt");
@@ -40,12 +43,12 @@ DocumentTotals RecalculateTotals(const LineSums& sums, const TypedAmounts& typed
   totals.GrTot = shown(sums.gross);
   totals.Disc = shown(sums.discount);
   totals.TExc = shown(sums.net);
-  totals.Discount = numericOrZero(typed.Discount);
+  totals.Discount = countedText(typed.Discount);
   totals.GTotal = shown(amountFrom(totals.TExc) - amountFrom(totals.Discount));
-  totals.Carriage = numericOrZero(typed.Carriage);
+  totals.Carriage = countedText(typed.Carriage);
   totals.NetTotal = shown(amountFrom(totals.GTotal) + amountFrom(totals.Carriage));
   totals.AmtWords = std::string(currencyName) + " " + amountInWordsOnly(amountFrom(totals.NetTotal));
-  totals.Received = rule == ReceivedRule::WholeNetTotal ? totals.NetTotal : numericOrZero(typed.Received);
+  totals.Received = rule == ReceivedRule::WholeNetTotal ? totals.NetTotal : countedText(typed.Received);
   const double open = amountFrom(totals.NetTotal) - amountFrom(totals.Received);
   totals.Balance = shown(rule == ReceivedRule::Tendered ? -open : open);
   return totals;

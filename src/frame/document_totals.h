@@ -45,7 +45,10 @@ struct DocumentTotals {
   std::string AmtWords;
 };
 
-// A typed amount that is no number becomes "0.00"; others stay as typed.
+// A typed amount as it is counted: to two decimals, as its box shows it once it is left. What has no more of them stays
+// as typed, and what is no number becomes "0.00".
+std::string countedText(const std::string& typed);
+
 DocumentTotals RecalculateTotals(const LineSums& sums, const TypedAmounts& typed, ReceivedRule rule,
                                  std::string_view currencyName);
 

@@ -5,6 +5,8 @@
 #include <QLineEdit>
 
 #include "forms/look.h"
+#include "forms/number_box.h"
+#include "text/format.h"
 
 namespace velmo::frame {
 
@@ -28,6 +30,14 @@ QLineEdit* addFigure(QGridLayout& grid, int row, int column, const char* name, c
   figure->setFixedWidth(figureWidth);
   addCaptioned(grid, row, column, *figure, caption);
   return figure;
+}
+
+void finishTyping(forms::NumberBox& box, const std::string& counted) {
+  const forms::NumberBoxOptions& options = box.options();
+  const bool inEdit = box.hasFocus() && !options.editFormat.empty();
+  const QString text =
+      QString::fromStdString(text::formatText(counted, inEdit ? options.editFormat : options.restFormat));
+  if (box.text() != text) box.setText(text);
 }
 
 }  // namespace velmo::frame

@@ -1,10 +1,15 @@
 #pragma once
 
 #include <QString>
+#include <string>
 
 class QGridLayout;
 class QLineEdit;
 class QWidget;
+
+namespace velmo::forms {
+class NumberBox;
+}
 
 namespace velmo::frame {
 
@@ -16,5 +21,8 @@ void addCaptioned(QGridLayout& grid, int row, int column, QWidget& field, const 
 
 // The same with a new box that shows a figure and takes no focus.
 QLineEdit* addFigure(QGridLayout& grid, int row, int column, const char* name, const QString& caption);
+
+// Shows a typed amount as it is counted, also while the keyboard is still in its box.
+void finishTyping(forms::NumberBox& box, const std::string& counted);
 
 }  // namespace velmo::frame

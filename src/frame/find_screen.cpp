@@ -13,6 +13,7 @@
 #include "forms/recordset_model.h"
 #include "forms/stop_listening.h"
 #include "forms/table_view.h"
+#include "frame/day_text.h"
 #include "frame/find_statement.h"
 #include "frame/wait_cursor.h"
 
@@ -23,6 +24,25 @@ namespace {
 QString shown(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+
+// The documents found; a date that was picked reads the same whichever form its document has it in.
+class FoundDocuments : public forms::RecordsetModel {
+ public:
+  FoundDocuments(const FindType& type, QObject* parent)
+      : RecordsetModel(type.result, parent), pickedDays_(type.pickedDays) {}
+
+  QVariant data(const QModelIndex& index, int role) const override {
+    QVariant shownText = RecordsetModel::data(index, role);
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return shownText;
+    const std::string& field = columns()[static_cast<std::size_t>(index.column())].field;
+    if (std::ranges::find(pickedDays_, field) == pickedDays_.end()) return shownText;
+    const auto day = dayFrom(shownText.toString().toStdString());
+    return day ? QString::fromStdString(dayText(*day)) : shownText;
+  }
+
+ private:
+  std::vector<std::string_view> pickedDays_;
+};
 
 }  // namespace
 
@@ -35,7 +55,7 @@ FindScreen::FindScreen(const FindType& type, int tranType, session::Workplace& w
   forms::setGrid(*layout, forms::spacing::Section);
   layout->addWidget(makeSearchRow());
 
-  found_ = new forms::RecordsetModel(type_.result, this);
+  found_ = new FoundDocuments(type_, this);
   grid_ = new forms::TableView;
   grid_->setObjectName("TranGrid");
   grid_->setAccessibleName(tr("Documents found"));

@@ -1,5 +1,8 @@
 #include "frame/find_statement.h"
 
+#include <set>
+
+#include "frame/day_text.h"
 #include "store/connection.h"
 #include "text/blanks.h"
 #include "text/number.h"
@@ -19,6 +22,13 @@ std::string foundRows(const FindType& type, int tranType, int fyid, std::string_
          std::string(condition) + ")";
 }
 
+std::string likeAnyOf(std::string_view column, const std::set<std::string>& texts) {
+  std::string condition;
+  for (const std::string& text : texts)
+    condition += (condition.empty() ? " And ((" : " Or (") + std::string(column) + ") like " + store::quoted(text);
+  return condition + ")";
+}
+
 }  // namespace
 
 tl::expected<std::string, std::string> findCondition(const FindColumn& column, const std::string& value,
@@ -34,6 +44,10 @@ tl::expected<std::string, std::string> findCondition(const FindColumn& column, c
     }
     case FindCondition::Contains:
       return begin + "like " + store::quoted("%" + value + "%") + ")";
+    case FindCondition::DayText:
+      if (const auto read = dayFrom(value))
+        return likeAnyOf(column.column, {value, dayText(*read), formerDayText(*read)});
+      break;
     case FindCondition::AsTyped:
     case FindCondition::OnDay:
       break;

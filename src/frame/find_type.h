@@ -12,6 +12,7 @@ enum class FindCondition {
   OnDay,     // equal, from the date picker
   AsTyped,   // like the text as it stands; the user may type wildcards
   Contains,  // the text anywhere in the column
+  DayText    // like the text; one that is a date, in whichever form this program wrote it
 };
 
 // A column that can be searched: an entry of `ColList`.
@@ -21,6 +22,9 @@ struct FindColumn {
   FindCondition condition = FindCondition::AsTyped;
   std::string_view refusal = {};  // when the value is blank or no number
 };
+
+// When a document was added and edited.
+inline constexpr const char* momentFormat = "dd-mm-yyyy hh:nn:ss";
 
 // Whether the documents looked for stand at a stock location.
 enum class FindLocation { Joined, None };
@@ -34,6 +38,7 @@ struct FindType {
   std::vector<FindColumn> columns;
   std::vector<forms::TableColumn> result;
   FindLocation location = FindLocation::Joined;
+  std::vector<std::string_view> pickedDays = {};  // fields of `result`: texts of dates that were picked
 };
 
 }  // namespace velmo::frame

@@ -89,8 +89,14 @@ bool ItemSheet::enter(int row, GridColumn column, std::string_view typed) {
     if (const auto warning = shortBalance(text, ItemAvailable(row))) workplace_.prompts.ask(*warning);
   }
   try {
+    if (column == GridColumn::ItemCode && text.empty()) {
+      clearLine(row);
+      return true;
+    }
     if (column == GridColumn::ItemCode) {
       enterItemCode(row, text);
+    } else if (column == GridColumn::Discount) {
+      write(row, column, moneyOf(figureOrNull(text)));
     } else {
       write(row, column, isFigure(column) ? figureOrNull(text) : textOrNull(text));
     }
@@ -108,6 +114,22 @@ void ItemSheet::enterItemCode(int row, std::string_view typed) {
   } else {
     write(row, GridColumn::ItemCode, textOrNull(std::string(typed)));
   }
+}
+
+void ItemSheet::clearLine(int row) {
+  for (std::size_t column = 0; column < fields_.size(); ++column)
+    if (column != static_cast<std::size_t>(GridColumn::FlowId))
+      write(row, static_cast<GridColumn>(column), store::Null{});
+  setProductSerials(row, {});
+}
+
+std::optional<int> ItemSheet::lineWithoutItem() const {
+  constexpr std::array amounts = {GridColumn::GrossAmount, GridColumn::Discount, GridColumn::NetAmount};
+  for (int row = 0; row < rowCount(); ++row)
+    if (plainText(row, GridColumn::ItemCode).empty() &&
+        std::ranges::any_of(amounts, [&](GridColumn column) { return store::numberOf(valueAt(row, column)) != 0; }))
+      return row;
+  return std::nullopt;
 }
 
 std::optional<int> ItemSheet::scan(std::string_view code, ScannedAgain again) {
@@ -163,11 +185,14 @@ std::optional<ListedItem> ItemSheet::findItem(std::string_view typed) const {
                     .price = items.value(kind_.priceField)};
 }
 
+// Of wide amounts the difference has a rest that is no money.
 void ItemSheet::recalculateLine(int row) {
-  const LineAmounts amounts = lineAmounts(figures(row));
+  LineFigures line = figures(row);
+  line.discount = store::textOf(moneyOf(figureOrNull(line.discount)));
+  const LineAmounts amounts = lineAmounts(line);
   write(row, GridColumn::GrossAmount, figureOrNull(amounts.gross));
   write(row, GridColumn::Discount, figureOrNull(amounts.discount));
-  write(row, GridColumn::NetAmount, figureOrNull(amounts.net));
+  write(row, GridColumn::NetAmount, moneyOf(figureOrNull(amounts.net)));
 }
 
 void ItemSheet::write(int row, GridColumn column, store::Value value) {

@@ -34,8 +34,8 @@ class ItemSheet {
 
   // May the cell be opened for typing? Tells the user what stands against it.
   bool mayEdit(int row, GridColumn column);
-  // Puts a typed text into a cell. An item's code brings the item along, and the amounts of the line follow. False,
-  // and nothing changed, when the text may not stand there.
+  // Puts a typed text into a cell. An item's code brings the item along, and the amounts of the line follow; without
+  // its code a line is blank. False, and nothing changed, when the text may not stand there.
   bool enter(int row, GridColumn column, std::string_view typed);
   // One more piece of the item with this code: of a line that has it already, when that is wanted, otherwise in the
   // first line that is free. Gives the line; nothing, and nothing changed, when no item has the code.
@@ -46,6 +46,8 @@ class ItemSheet {
   // Removes the line; a blank one at the end takes its place, so that the sheet keeps its length.
   void removeRow(int row);
 
+  // The first line that has an amount and no item code.
+  std::optional<int> lineWithoutItem() const;
   // What of the line's item can be handed out, its own saved quantity included; 0 without an item.
   double ItemAvailable(int row) const;
 
@@ -58,6 +60,7 @@ class ItemSheet {
   store::Value valueAt(int row, GridColumn column) const;
   void write(int row, GridColumn column, store::Value value);
   void enterItemCode(int row, std::string_view typed);
+  void clearLine(int row);
   void fillFromItem(int row, const ListedItem& item);
   std::optional<ListedItem> findItem(std::string_view typed) const;
   int fieldOf(GridColumn column) const { return fields_[static_cast<std::size_t>(column)]; }

@@ -52,6 +52,10 @@ void LedgerSheet::bind(store::Recordset lines) {
   }
   lines_ = std::move(lines);
   bound_ = true;
+  if (!isOneSided()) return;
+  const int amount = fields_.back();
+  for (std::int64_t row = lines_.nextFilled(0, amount); row < rowCount(); row = lines_.nextFilled(row + 1, amount))
+    write(static_cast<int>(row), at(LedgerColumn::Amount), moneyOf(lines_.valueAt(row, amount)));
 }
 
 void LedgerSheet::detach() {
@@ -146,7 +150,7 @@ bool LedgerSheet::enterAmount(int row, int column, std::string_view typed) {
   // "1e308" is a number of five characters.
   if (!std::isfinite(std::fabs(sums.debit) + std::fabs(sums.credit) + std::fabs(before) + std::fabs(*amount)))
     return false;
-  write(row, column, *amount);
+  write(row, column, isOneSided() ? moneyOf(*amount) : *amount);
   return true;
 }
 

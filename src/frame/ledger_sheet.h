@@ -27,7 +27,8 @@ struct LedgerSums {
 };
 
 // Ledger lines that the user types himself: reads and writes the rows of `SubTransactions` under the rules of each
-// column. A line has a debit or a credit, never both: to change its side the other cell is emptied first.
+// column. A line has a debit or a credit, never both: to change its side the other cell is emptied first. Where there
+// is one side only, whose sum is posted to the other, its amounts are of money, as they are shown.
 class LedgerSheet : public SheetRows {
  public:
   LedgerSheet(LedgerSides sides, session::Workplace& workplace);
@@ -54,6 +55,7 @@ class LedgerSheet : public SheetRows {
   store::Value valueAt(int row, int column) const;
   bool isEmpty(int row, int column) const { return plainText(row, column).empty(); }
   int otherSide(int column) const;  // -1 when there is one side only
+  bool isOneSided() const { return names_.size() == static_cast<std::size_t>(LedgerColumn::Credit); }
   bool refuse(std::string_view what);
   bool enterAccount(int row, std::string_view typed);
   bool enterAmount(int row, int column, std::string_view typed);

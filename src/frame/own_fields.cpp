@@ -49,8 +49,13 @@ void OwnFields::setInitial(const text::DateTime& today) {
     setText(field.name, field.kind == FieldKind::Day ? dayText(today) : std::string(field.initial));
 }
 
+// A date that nobody can read gives way to the document's, lest the one shown before stays.
 void OwnFields::show(const store::Recordset& tran) {
-  for (const DocumentField& field : fields_) setText(field.name, tran.text(field.column));
+  for (const DocumentField& field : fields_) {
+    const std::string stored = tran.text(field.column);
+    const bool isUnreadable = field.kind == FieldKind::Day && !dayFrom(stored);
+    setText(field.name, isUnreadable ? dayText(tran.date("TranDate")) : stored);
+  }
 }
 
 std::map<std::string, std::string, std::less<>> OwnFields::texts() const {

@@ -6,6 +6,7 @@
 #include "forms/drop_combo.h"
 #include "forms/look.h"
 #include "forms/stop_listening.h"
+#include "frame/day_text.h"
 
 namespace velmo::frame {
 
@@ -115,7 +116,7 @@ void ReferencesCard::lookUpDate(const DateLookup& lookup) {
   if (statement.empty()) return;
   try {
     const store::Recordset found(workplace_.context.KORDconn, statement, store::LockType::ReadOnly);
-    if (!found.isEmpty()) fields_.setText(lookup.to, found.text("trandate"));
+    if (!found.isEmpty()) fields_.setText(lookup.to, dayText(found.date("trandate")));
   } catch (const store::StoreError& error) {
     workplace_.prompts.tell("Cannot Find", error.what());
   }

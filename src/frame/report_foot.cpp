@@ -3,18 +3,34 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QVBoxLayout>
 
 #include "forms/look.h"
 #include "frame/own_fields.h"
 
 namespace velmo::frame {
+namespace {
+
+void addTo(QHBoxLayout& row, QWidget& widget, const ReportFigure& figure) {
+  row.addWidget(&widget);
+  if (!figure.name.empty()) return;
+  QSizePolicy policy = widget.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget.setSizePolicy(policy);
+  widget.hide();
+}
+
+}  // namespace
 
 ReportFoot::ReportFoot(const ReportType& type) : message_(new QLabel) {
   if (!type.totalsFrame.empty()) setObjectName(shownText(type.totalsFrame));
   message_->setObjectName("MessageLbl");
   forms::makeCaption(*message_);
-  auto* row = new QHBoxLayout(this);
+  auto* column = new QVBoxLayout(this);
+  forms::setGrid(*column, 0, forms::spacing::Tight);
+  auto* row = new QHBoxLayout;
   forms::setGrid(*row, 0);
+  column->addLayout(row);
   row->addWidget(message_, 1);
   if (!type.totalsLabel.empty()) {
     auto* label = new QLabel(shownText(type.totalsLabel));
@@ -31,8 +47,23 @@ ReportFoot::ReportFoot(const ReportType& type) : message_(new QLabel) {
     addFigures(grid.totals, *figures);
     row->addWidget(frame);
     frames_[grid.name] = frame;
+    if (grid.further.frame.empty()) continue;
+    addFurtherTotals(grid.further, *column);
+    further_[grid.name] = findChild<QWidget*>(shownText(grid.further.frame));
   }
   if (!type.grids.empty()) showTotalsOf(type.grids.front().name);
+}
+
+// As wide as the totals above, so that each figure stands under its own.
+void ReportFoot::addFurtherTotals(const ReportFurtherTotals& further, QVBoxLayout& column) {
+  auto* frame = new QWidget(this);
+  frame->setObjectName(shownText(further.frame));
+  auto* row = new QHBoxLayout(frame);
+  forms::setGrid(*row, 0);
+  row->addStretch(1);
+  row->addWidget(new QLabel(shownText(further.caption)));
+  addFigures(further.figures, *row);
+  column.addWidget(frame);
 }
 
 void ReportFoot::addFigures(const std::vector<ReportFigure>& figures, QHBoxLayout& row) {
@@ -50,10 +81,10 @@ void ReportFoot::addFigures(const std::vector<ReportFigure>& figures, QHBoxLayou
     if (!figure.caption.empty()) {
       auto* label = new QLabel(shownText(figure.caption));
       forms::makeCaption(*label);
-      row.addWidget(label);
+      addTo(row, *label, figure);
     }
-    row.addWidget(box);
-    boxes_[figure.name] = box;
+    addTo(row, *box, figure);
+    if (!figure.name.empty()) boxes_[figure.name] = box;
   }
 }
 
@@ -62,7 +93,21 @@ void ReportFoot::showMessage(const QString& text) {
 }
 
 void ReportFoot::showTotalsOf(const std::string& grid) {
-  for (const auto& [name, frame] : frames_) frame->setVisible(name == grid);
+  grid_ = grid;
+  showFrames();
+}
+
+void ReportFoot::showFurtherTotals(const std::string& grid, bool shown) {
+  if (shown)
+    furtherShown_.insert(grid);
+  else
+    furtherShown_.erase(grid);
+  showFrames();
+}
+
+void ReportFoot::showFrames() {
+  for (const auto& [name, frame] : frames_) frame->setVisible(name == grid_);
+  for (const auto& [name, frame] : further_) frame->setVisible(name == grid_ && furtherShown_.contains(name));
 }
 
 }  // namespace velmo::frame

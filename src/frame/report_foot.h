@@ -2,12 +2,14 @@
 
 #include <QWidget>
 #include <map>
+#include <set>
 #include <string>
 
 #include "frame/report_type.h"
 
 class QHBoxLayout;
 class QLabel;
+class QVBoxLayout;
 
 namespace velmo::frame {
 
@@ -18,14 +20,20 @@ class ReportFoot : public QWidget {
 
   void showMessage(const QString& text);
   void showTotalsOf(const std::string& grid);
+  void showFurtherTotals(const std::string& grid, bool shown);
   const std::map<std::string, QWidget*, std::less<>>& boxes() const { return boxes_; }
 
  private:
   void addFigures(const std::vector<ReportFigure>& figures, QHBoxLayout& row);
+  void addFurtherTotals(const ReportFurtherTotals& further, QVBoxLayout& column);
+  void showFrames();
 
   QLabel* message_;
   std::map<std::string, QWidget*, std::less<>> boxes_;
-  std::map<std::string, QWidget*, std::less<>> frames_;  // by the grids that have their own
+  std::map<std::string, QWidget*, std::less<>> frames_;   // by the grids that have their own
+  std::map<std::string, QWidget*, std::less<>> further_;  // below those
+  std::set<std::string, std::less<>> furtherShown_;       // grids
+  std::string grid_;                                      // that is shown
 };
 
 }  // namespace velmo::frame

@@ -179,6 +179,10 @@ bool ReportScreen::refuse(const char* title, const char* text, const char* focus
   return false;
 }
 
+void ReportScreen::showFurtherTotals(const std::string& grid, bool shown) {
+  foot_->showFurtherTotals(grid, shown);
+}
+
 void ReportScreen::showMessage(const QString& text) {
   foot_->showMessage(text);
 }

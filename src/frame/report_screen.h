@@ -48,6 +48,7 @@ class ReportScreen : public QWidget {
   forms::TableView& grid();
   void setFigure(const std::string& name, const std::string& text);  // of a box or a label
   std::string figure(const std::string& name) const;
+  void showFurtherTotals(const std::string& grid, bool shown);
   // Tells it, and gives the keyboard to a control; false.
   bool refuse(const char* title, const char* text, const char* focus = nullptr);
   // A widget above the grids, where a report has something of its own to show.

@@ -29,8 +29,11 @@ spreadsheet::TableRows rowsOf(const ReportSheet& sheet, const std::string& compa
       .title = sheet.title, .company = company, .head = sheet.head, .opening = sheet.opening, .totals = sheet.totals};
   std::vector<int> fields;
   for (const forms::TableColumn& column : sheet.columns) {
-    result.design.columns.push_back(
-        {.caption = column.caption, .format = column.format, .alignment = column.alignment, .width = column.width});
+    result.design.columns.push_back({.caption = column.caption,
+                                     .format = column.format,
+                                     .alignment = column.alignment,
+                                     .width = column.width,
+                                     .figures = column.figures});
     fields.push_back(model.rows() ? model.rows()->field(column.field) : -1);
   }
   result.count = model.ready();

@@ -94,6 +94,14 @@ struct ReportFigure {
   int width = 16;  // in average characters
 };
 
+// A line of figures below the totals of a grid, each under one of those; one without a name keeps a place free. It is
+// there when ReportScreen::showFurtherTotals() says so.
+struct ReportFurtherTotals {
+  std::string frame = {};  // its name; none: the grid has no such line
+  std::string caption = {};
+  std::vector<ReportFigure> figures = {};
+};
+
 struct ReportGrid {
   std::string name;
   std::vector<forms::TableColumn> columns;
@@ -101,6 +109,7 @@ struct ReportGrid {
   std::string shownBy = {};            // the option that shows this grid, of many
   std::string totalsFrame = {};        // the name of a frame with figures of this grid alone
   std::vector<ReportFigure> totals = {};
+  ReportFurtherTotals further = {};
 };
 
 // What the user wants the rows for.

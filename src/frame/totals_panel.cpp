@@ -10,6 +10,8 @@
 #include "frame/figure_field.h"
 #include "frame/own_fields.h"
 #include "session/prompts.h"
+#include "text/format.h"
+#include "text/number.h"
 
 namespace velmo::frame {
 
@@ -107,9 +109,18 @@ QWidget* TotalsPanel::firstBox() const {
   return discount_;
 }
 
-void TotalsPanel::showTyped(forms::NumberBox& box, const std::string& text) {
-  const QString shown = QString::fromStdString(text);
-  if (box.text() == shown || (box.hasFocus() && beginsNumber(box.text()))) return;
+void TotalsPanel::finishTyping() {
+  frame::finishTyping(*discount_, totals_.Discount);
+  frame::finishTyping(*carriage_, totals_.Carriage);
+  frame::finishTyping(*received_, totals_.Received);
+}
+
+// What is being typed stays as it is, unless another amount is counted in its place.
+void TotalsPanel::showTyped(forms::NumberBox& box, const std::string& counted) {
+  const auto asMoney = [](double amount) { return text::formatNumber(amount, "0.00"); };
+  const QString shown = QString::fromStdString(counted);
+  const bool counts = box.isNumber() && asMoney(box.amount()) == asMoney(text::amountFrom(counted));
+  if (box.text() == shown || (box.hasFocus() && (counts || beginsNumber(box.text())))) return;
   box.setText(shown);
   if (box.hasFocus()) box.selectAll();
 }

@@ -42,6 +42,8 @@ class TotalsPanel : public QFrame {
 
   const DocumentTotals& totals() const { return totals_; }
   QWidget* firstBox() const;
+  // The typed amounts stand as they are counted, whatever the keyboard is still in.
+  void finishTyping();
 
  public Q_SLOTS:
   void RecalculateTotals();
@@ -49,7 +51,7 @@ class TotalsPanel : public QFrame {
  private:
   forms::NumberBox* addAmount(QGridLayout& grid, int row, int column, const char* name, const QString& caption,
                               bool isSigned);
-  void showTyped(forms::NumberBox& box, const std::string& text);
+  void showTyped(forms::NumberBox& box, const std::string& counted);
 
   session::Prompts& prompts_;
   LineSums sums_;

@@ -214,7 +214,9 @@ void TradeBody::detach() {
 }
 
 bool TradeBody::commitEdit() {
-  return lines_->commitEdit();
+  if (!lines_->commitEdit()) return false;
+  totals_->finishTyping();
+  return true;
 }
 
 void TradeBody::focusFirst() {
@@ -267,6 +269,18 @@ void TradeBody::fill(DocumentValues& values) const {
 }
 
 // Saving
+
+// An amount without an item would be in the total and not among the goods.
+bool TradeBody::refuses(const DocumentValues&) {
+  const std::optional<int> row = lines_->sheet().lineWithoutItem();
+  if (!row) return false;
+  lines_->setCurrentCell(*row, GridColumn::ItemCode);
+  lines_->focusCurrentCell();
+  place_.workplace.prompts.tell("Cannot Save",
+                                "Line " + std::to_string(*row + 1) +
+                                    " has an amount and no item. Give an item code, or Service, or clear the line.");
+  return true;
+}
 
 // The money is taken before the document is saved.
 void TradeBody::beforeSave(std::function<void()> save) {

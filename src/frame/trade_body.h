@@ -34,6 +34,7 @@ class TradeBody : public DocumentBody {
   void focusNextPart(const QWidget* focus) override;
   void fill(DocumentValues& values) const override;
   void beforeSave(std::function<void()> save) override;
+  bool refuses(const DocumentValues& values) override;
   tl::expected<DocumentWrite, std::string> compose(const DocumentValues& values, const text::DateTime& now,
                                                    HeaderWrite mode) override;
   void writeRows(const DocumentValues& values, std::int64_t tranNo) override;

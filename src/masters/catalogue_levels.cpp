@@ -11,9 +11,9 @@ using frame::MasterEntry;
 using frame::WrittenColumn;
 
 // The typed columns of StockLevel3 in the order of the array `InvTxt`.
-constexpr const char* boxColumns[] = {"ItemCode",      "ItemName",      "Description",  "Rack",
-                                      "PurchasePrice", "SellingPrice",  "SellingPrice2", "SellingPrice3",
-                                      "Unit",          "ReorderLevel",  "ValuationCost2"};
+constexpr const char* boxColumns[] = {"ItemCode",      "ItemName",     "Description",   "Rack",
+                                      "PurchasePrice", "SellingPrice", "SellingPrice2", "SellingPrice3",
+                                      "Unit",          "ReorderLevel", "ValuationCost2"};
 
 // A figure without a box, or of an optional one that was left empty.
 WrittenColumn figure(const std::string& column) {
@@ -75,9 +75,11 @@ frame::MasterLevel subCategoryLevel(const CatalogueWords& words) {
       .suffix = "2",
       .heading = "Sub categories",
       .key = "SubCatID",
-      .statement = [](const std::string& category) {
-        return "SELECT * from stocklevel2 where catid like " + codeOrNone(category, "0X0X0X0") + " order by subcatid";
-      },
+      .statement =
+          [](const std::string& category) {
+            return "SELECT * from stocklevel2 where catid like " + codeOrNone(category, "0X0X0X0") +
+                   " order by subcatid";
+          },
       .columns = {{.caption = "Code", .field = "SubCatID", .width = 10},
                   {.caption = "Sub category", .field = "SubCatName", .width = 22}},
       .fields = {{.name = "SubCatCode",
@@ -90,15 +92,16 @@ frame::MasterLevel subCategoryLevel(const CatalogueWords& words) {
                   {"subcatname"},
                   {"catid", [](const MasterEntry& entry) -> store::Value { return entry.parent(); }}},
       .deletion =
-          frame::MasterDeletion{
-              .none = {"Cannot Delete", "There is no sub categories to be deleted."},
-              .refusals = {frame::hasRows(
-                  "select * from stocklevel3 where subcatid = ",
-                  [](const MasterEntry& entry) { return store::quoted(entry.stored("SubCatID")); },
-                  [text = words.subCategoryNotEmpty](const MasterEntry&) { return text; })},
-              .question = [](const MasterEntry&) {
-                return std::string("Are you sure, you want to delete this selected sub category?");
-              }},
+          frame::MasterDeletion{.none = {"Cannot Delete", "There is no sub categories to be deleted."},
+                                .refusals = {frame::hasRows(
+                                    "select * from stocklevel3 where subcatid = ",
+                                    [](const MasterEntry& entry) { return store::quoted(entry.stored("SubCatID")); },
+                                    [text = words.subCategoryNotEmpty](const MasterEntry&) { return text; })},
+                                .question =
+                                    [](const MasterEntry&) {
+                                      return std::string(
+                                          "Are you sure, you want to delete this selected sub category?");
+                                    }},
       .firstColumn = "SubCatName",
       .formColumns = 2,
   };
@@ -111,17 +114,19 @@ frame::MasterLevel itemLevel(const CatalogueWords& words, std::vector<frame::Mas
       .suffix = "3",
       .heading = "Items",
       .key = "ItemCode",
-      .statement = [](const std::string& subCategory) {
-        return "SELECT * from Stocklevel3 where subcatid like " + codeOrNone(subCategory, "0X0X0X0X0") +
-               " order by itemcode";
-      },
+      .statement =
+          [](const std::string& subCategory) {
+            return "SELECT * from Stocklevel3 where subcatid like " + codeOrNone(subCategory, "0X0X0X0X0") +
+                   " order by itemcode";
+          },
       .columns = {{.caption = "Code", .field = "ItemCode", .width = 16},
                   {.caption = "Name", .field = "ItemName", .width = 36},
                   {.caption = "Selling price",
                    .field = "SellingPrice",
                    .format = "#,##0.00;(#,##0.00)",
                    .alignment = forms::ColumnAlignment::Right,
-                   .width = 12}},
+                   .width = 12,
+                   .figures = forms::FigureKind::Exact}},
       .fields = std::move(fields),
       .written = itemColumns(),
       .tests = {{frame::emptyText("ItemCode", words.codeMissing), "ItemCode"},

@@ -25,7 +25,8 @@ forms::TableColumn figureColumn(const char* caption, const char* field) {
           .format = "0.00",
           .alignment = ColumnAlignment::Right,
           .width = 14,
-          .use = ColumnUse::Editable};
+          .use = ColumnUse::Editable,
+          .figures = forms::FigureKind::Exact};
 }
 
 std::function<void(GridEditor&, QHBoxLayout&)> filteredItems(const char* columns) {
@@ -88,7 +89,8 @@ QWidget* makeInvPrices(session::Workplace& workplace, QWidget* parent) {
              row.addWidget(margin);
            },
        .commands = {{"UpdateBttn", "Update Selling Prices",
-                     "Sets the selling price of every item on show to its purchase price and the margin", applyMargin}}},
+                     "Sets the selling price of every item on show to its purchase price and the margin",
+                     applyMargin}}},
       workplace, parent);
 }
 

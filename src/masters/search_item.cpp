@@ -20,7 +20,8 @@ forms::TableColumn figureColumn(const char* caption, const char* field) {
           .field = field,
           .format = "#,##0.00;(#,##0.00)",
           .alignment = ColumnAlignment::Right,
-          .width = 11};
+          .width = 11,
+          .figures = forms::FigureKind::Exact};
 }
 
 void addSearch(GridEditor& editor, QHBoxLayout& row) {

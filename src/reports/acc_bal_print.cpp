@@ -84,6 +84,10 @@ class TotalsRow {
     add(name, Label{}, amount.left, amount.width);
     add({}, Label{frame::sideOf(balance)}, side.left, side.width, Align::Left);
   }
+  void addAmount(Report& report, const std::string& name, double amount, const ColumnPlace& place) {
+    report.variables[name] = text::formatNumber(amount, frame::groupedFigureFormat);
+    add(name, Label{}, place.left, place.width);
+  }
   void addSum(const std::string& name, const ColumnPlace& place, const std::string& field) {
     add(name, Function{Statistic::Sum, field, frame::groupedFigureFormat, {}}, place.left, place.width);
   }
@@ -114,6 +118,12 @@ Section sixTotals(Report& report, const BalancesSheet& sheet, const std::vector<
   row.addSum("DebitSum", debits, "debits");
   row.addSum("CreditSum", placeOf(columns, "credits"), "credits");
   row.addBalance(report, "CBLbl", sheet.closing, placeOf(columns, "cbalance"), placeOf(columns, "cstatus"));
+  if (!sheet.settled) return foot;
+  TotalsRow settled(foot, width, Ground::Plain);
+  settled.addLabel("SettledLbl", Label{settledCaption}, 0, opening.left);
+  settled.addBalance(report, "SettledOBLbl", sheet.settled->opening, opening, placeOf(columns, "ostatus"));
+  settled.addAmount(report, "SettledDebits", sheet.settled->debits, debits);
+  settled.addAmount(report, "SettledCredits", sheet.settled->credits, placeOf(columns, "credits"));
   return foot;
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "printing/report.h"
+#include "reports/settled_accounts.h"
 #include "session/login_context.h"
 
 // The print-outs of balances. `today` is the day of the print-out.
@@ -18,7 +19,10 @@ struct BalancesSheet {
   double opening = 0;  // totals of the six columns, debits less credits
   double closing = 0;
   text::DateTime today = {};
+  std::optional<SettledAccounts> settled = {};  // a line of their own below the totals of six columns
 };
+
+inline constexpr const char* settledCaption = "Accounts settled in the period";
 
 using BalancesData = std::shared_ptr<const printing::ReportData>;
 

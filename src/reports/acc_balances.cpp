@@ -41,18 +41,29 @@ std::shared_ptr<frame::ReportRows> rowsOf(ReportScreen& screen, const std::strin
       store::Recordset(screen.workplace().context.KORDconn, statement, store::LockType::ReadOnly), balance);
 }
 
-void loadBalances(ReportScreen& screen) {
+// Of the last run; nothing unless all accounts were chosen.
+using Settled = std::shared_ptr<std::optional<SettledAccounts>>;
+
+void loadBalances(ReportScreen& screen, const Settled& settled) {
   session::LoginContext& context = screen.workplace().context;
   const BalancePeriod period = balancePeriod(screen);
   context.Costs.settle(context);
   postClosingStock(context.KORDconn, context.FYID, period.to);
   const AccountChoice choice = choiceOf(screen.filters());
+  settled->reset();
+  if (std::holds_alternative<AllAccounts>(choice)) *settled = settledAccounts(context.KORDconn, period);
   screen.setRows(sixColumnGrid, rowsOf(screen, sixColumnBalances(period, choice), "CDiff"));
   screen.setRows(twoColumnGrid, rowsOf(screen, twoColumnBalances(period, choice), "Diff"));
 }
 
-void showTotals(ReportScreen& screen) {
+void showTotals(ReportScreen& screen, const Settled& settled) {
   showSixTotals(screen);
+  screen.showFurtherTotals(sixColumnGrid, settled->has_value());
+  if (*settled) {
+    screen.setFigure("SettledOpen", totalWithSide((*settled)->opening));
+    screen.setFigure("SettledDr", totalText((*settled)->debits));
+    screen.setFigure("SettledCr", totalText((*settled)->credits));
+  }
   const frame::ReportModel& rows = screen.model(twoColumnGrid);
   screen.setFigure("TDr", totalText(rows.sum("Debits")));
   screen.setFigure("TCr", totalText(rows.sum("Credits")));
@@ -74,10 +85,11 @@ printing::Report printRange(ReportScreen& screen, const BalancesSheet& sheet, co
                              rowsOf(screen, twoColumnRangePrint(balancePeriod(screen), range), "Diff")));
 }
 
-printing::Report printOut(ReportScreen& screen) {
+printing::Report printOut(ReportScreen& screen, const Settled& settled) {
   const session::LoginContext& context = screen.workplace().context;
   const bool ofAll = screen.filters().chosen("AllOpt");
-  const BalancesSheet sheet = balancesSheet(screen, ofAll ? "Trial Balance" : "Accounts Balances", "Account Name");
+  BalancesSheet sheet = balancesSheet(screen, ofAll ? "Trial Balance" : "Accounts Balances", "Account Name");
+  sheet.settled = *settled;
   const AccountChoice choice = choiceOf(screen.filters());
   if (const auto* range = std::get_if<AccountRange>(&choice)) return printRange(screen, sheet, *range);
   const BalancePeriod period = balancePeriod(screen);
@@ -94,6 +106,16 @@ frame::ReportSheet sheetOf(ReportScreen& screen) {
           .head = {title, "As On " + frame::dayInWords(balancePeriod(screen).to)},
           .columns = rows.columns(),
           .totals = {{}, screen.type().totalsLabel, rows.sum("Debits"), rows.sum("Credits")}};
+}
+
+frame::ReportGrid sixColumnsOfAccounts() {
+  frame::ReportGrid grid = sixColumns("Account Name", "TrialOpt_0");
+  grid.further = {
+      .frame = "LedgerSettled",
+      .caption = settledCaption,
+      .figures = {
+          {"SettledOpen", "Opening", 20}, {"SettledDr", "Debit"}, {"SettledCr", "Credit"}, {{}, "Closing", 20}}};
+  return grid;
 }
 
 frame::ReportGrid twoColumns() {
@@ -122,19 +144,20 @@ std::vector<frame::ReportFilterRow> filterRows() {
 }
 
 frame::ReportType balancesType(const session::LoginContext& context) {
+  const auto settled = std::make_shared<std::optional<SettledAccounts>>();
   return {.screen = "AccBalances",
           .caption = "Trial Balance",
           .filters = filterRows(),
-          .grids = {sixColumns("Account Name", "TrialOpt_0"), twoColumns()},
+          .grids = {sixColumnsOfAccounts(), twoColumns()},
           .totalsLabel = "Totals " + context.ccode,
           .view = displayCommand(),
           .print = printCommand(),
           .sheet = exportCommand(),
           .runs = frame::ReportRuns::OneByOne,
           .check = checkSelection,
-          .load = loadBalances,
-          .figures = showTotals,
-          .printOut = printOut,
+          .load = [settled](ReportScreen& screen) { loadBalances(screen, settled); },
+          .figures = [settled](ReportScreen& screen) { showTotals(screen, settled); },
+          .printOut = [settled](ReportScreen& screen) { return printOut(screen, settled); },
           .sheetOf = sheetOf,
           .drillDown = openLedger,
           .opened = [](ReportScreen& screen) { screen.workplace().context.Costs.arm(); }};

@@ -12,12 +12,6 @@ using frame::ReportScreen;
 
 constexpr int ledgersRight = 240;
 
-// A total with its side: "125.00  Debit ".
-std::string totalWithSide(double balance) {
-  const bool isCredit = balance < 0 && !frame::isSettled(balance);
-  return totalText(std::fabs(balance)) + (isCredit ? " Credit " : "  Debit ");
-}
-
 }  // namespace
 
 forms::TableColumn balanceColumn(const char* caption, const char* field, int width) {
@@ -75,6 +69,11 @@ frame::ReportCommand exportCommand() {
 
 std::string totalText(double amount) {
   return text::formatNumber(amount, "0.00; (0.00)");
+}
+
+std::string totalWithSide(double balance) {
+  const bool isCredit = balance < 0 && !frame::isSettled(balance);
+  return totalText(std::fabs(balance)) + (isCredit ? " Credit " : "  Debit ");
 }
 
 void showSixTotals(ReportScreen& screen) {

@@ -21,8 +21,9 @@ frame::ReportCommand displayCommand();
 frame::ReportCommand printCommand();
 frame::ReportCommand exportCommand();
 
-// "0.00; (0.00)", as the totals are written.
+// "0.00; (0.00)", as the totals are written; of a balance with its side: "125.00  Debit ".
 std::string totalText(double amount);
+std::string totalWithSide(double balance);
 void showSixTotals(frame::ReportScreen& screen);
 BalancesSheet balancesSheet(frame::ReportScreen& screen, const std::string& reportLabel, const char* nameHeading);
 frame::ReportSheet sixColumnSheet(frame::ReportScreen& screen, const std::string& title);

@@ -158,6 +158,10 @@ std::string sixColumnBalances(const BalancePeriod& period, const AccountChoice& 
   return sixColumnsWhere(period, std::visit(SixCondition(), choice));
 }
 
+std::string sixColumnsOfAll(const BalancePeriod& period) {
+  return sixColumnStatement(period, {.condition = "Where " + SixCondition()(AllAccounts())});
+}
+
 std::string twoColumnBalances(const BalancePeriod& period, const AccountChoice& choice) {
   return twoColumnStatement(period, std::visit(TwoCondition(), choice), Use::Screen);
 }

@@ -34,6 +34,8 @@ using AccountChoice = std::variant<AllAccounts, AccountsOfType, AccountsOfSubTyp
 // Opening balance, movement and closing balance: AccCode, AccName, ODiff, OBalance, OStatus, Debits, Credits, CDiff,
 // CBalance, CStatus, Level1ID, Level2ID, of accounts whose closing balance is not zero.
 std::string sixColumnBalances(const BalancePeriod& period, const AccountChoice& choice);
+// The same columns of all accounts, whatever their closing balance.
+std::string sixColumnsOfAll(const BalancePeriod& period);
 // Closing balances on their side: AccCode, AccName, Debit1, Credit1, Diff, Debits and Credits, of which one is null.
 std::string twoColumnBalances(const BalancePeriod& period, const AccountChoice& choice);
 

@@ -65,9 +65,9 @@ std::vector<forms::TableColumn> found(const SettlementKind& kind) {
       {.caption = "Employee", .field = "EmpName", .width = 18},
       {.caption = "Status", .field = "CStatus", .width = 10},
       {.caption = "Added By", .field = "AddedBy", .width = 14},
-      {.caption = "Time Added", .field = "TimeAdded", .width = 19},
+      {.caption = "Time Added", .field = "TimeAdded", .format = frame::momentFormat, .width = 19},
       {.caption = "Edited By", .field = "EditedBy", .width = 14},
-      {.caption = "Time Edited", .field = "TimeEdited", .width = 19}};
+      {.caption = "Time Edited", .field = "TimeEdited", .format = frame::momentFormat, .width = 19}};
   columns.insert(columns.end(), std::begin(last), std::end(last));
   return columns;
 }

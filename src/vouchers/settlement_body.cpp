@@ -7,7 +7,6 @@
 
 #include "forms/look.h"
 #include "frame/command_bar.h"
-#include "frame/item_lines.h"
 #include "frame/ledger_grid.h"
 #include "frame/open_master.h"
 #include "frame/own_fields.h"
@@ -79,9 +78,13 @@ void SettlementBody::addCommands(frame::CommandBar& commands) {
 
 void SettlementBody::open(std::int64_t tranNo) {
   detach();
+  openRows(tranNo, RowsAs::Written);
+}
+
+void SettlementBody::openRows(std::int64_t tranNo, RowsAs rowsAs) {
   store::Connection& connection = place_.workplace.context.KORDconn;
-  openPettyLines(kind_, connection, SubTran_, tranNo);
-  openSettlement(kind_, connection, AgingTran_, tranNo);
+  openPettyLines(kind_, connection, SubTran_, tranNo, rowsAs);
+  openSettlement(kind_, connection, AgingTran_, tranNo, rowsAs);
 }
 
 void SettlementBody::clear() {
@@ -111,14 +114,19 @@ void SettlementBody::detach() {
   Grid_->detach();
 }
 
-// A save drops the blank rows that a sheet is filled up with.
-void SettlementBody::refill() {
-  frame::fillSheet(AgingTran_, settlementRows);
-  frame::fillSheet(SubTran_);
+// What was saved moved the balances and settled invoices.
+void SettlementBody::reopen(std::int64_t tranNo, frame::HeaderWrite nextSave) {
+  openRows(tranNo, nextSave == frame::HeaderWrite::Add ? RowsAs::New : RowsAs::Written);
+  card_->ShowCashBalance();
+  card_->ShowPartyBalance();
+  partyChanged();
 }
 
 bool SettlementBody::commitEdit() {
-  return card_->mode() == SettlementMode::Party ? AgingGrid_->commitEdit() : Grid_->commitEdit();
+  const bool settles = card_->mode() == SettlementMode::Party;
+  if (!(settles ? AgingGrid_->commitEdit() : Grid_->commitEdit())) return false;
+  totals_->finishTyping();
+  return true;
 }
 
 void SettlementBody::focusFirst() {
@@ -156,7 +164,7 @@ std::int64_t SettlementBody::partyCode() const {
   return store::integerOf(card_->party().code);
 }
 
-// The open invoices are those of this moment: another user may settle them meanwhile.
+// The open invoices are those of this moment: another user may settle them meanwhile, and so does each save.
 void SettlementBody::partyChanged() {
   session::LoginContext& context = place_.workplace.context;
   store::Recordset pending;

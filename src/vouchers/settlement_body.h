@@ -41,13 +41,14 @@ class SettlementBody : public frame::DocumentBody {
   tl::expected<frame::DocumentWrite, std::string> compose(const frame::DocumentValues& values,
                                                           const text::DateTime& now, frame::HeaderWrite mode) override;
   void writeRows(const frame::DocumentValues& values, std::int64_t tranNo) override;
-  void refill() override;
+  void reopen(std::int64_t tranNo, frame::HeaderWrite nextSave) override;
 
  private:
   QWidget* buildSettled();
   void focusLines();
   void showMode();
   void partyChanged();
+  void openRows(std::int64_t tranNo, RowsAs rowsAs);
   void choosePending();
   void RecalculateSettlementTotals();
   void RecalculatePettyTotal();

@@ -167,11 +167,14 @@ SettlementCard::AccountName SettlementCard::party() const {
 }
 
 void SettlementCard::setMoney(const std::string& code) {
+  if (code == money().code) return ShowCashBalance();
   money_.code->setText(QString::fromStdString(code));
 }
 
 void SettlementCard::setParty(const std::string& code) {
-  party_.code->setText(QString::fromStdString(code));
+  if (code != party().code) return party_.code->setText(QString::fromStdString(code));
+  ShowPartyBalance();
+  Q_EMIT partyChanged();
 }
 
 std::string SettlementCard::balanceOf(const AccountRow& row) const {

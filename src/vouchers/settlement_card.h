@@ -33,6 +33,7 @@ class SettlementCard : public QFrame {
   void setMode(SettlementMode mode);
   AccountName money() const;
   AccountName party() const;
+  // The account of a document, with its balance and what is open of it at this moment, be it another one or the same.
   void setMoney(const std::string& code);
   void setParty(const std::string& code);
   void ShowCashBalance();
@@ -43,7 +44,7 @@ class SettlementCard : public QFrame {
 
  Q_SIGNALS:
   void modeChanged();
-  void partyChanged();  // to another account or none; party() tells which
+  void partyChanged();  // to another account or none, or to the same of another document; party() tells which
   void employeeFound(qint64 empId);
   void moveOn();  // the user is done with the last box
 

@@ -120,7 +120,7 @@ std::string summary(const SettlementKind& kind, const SettlementTotals& totals) 
 
 SettlementTotals settlementTotals(const SettlementSums& sums, std::string_view advance) {
   SettlementTotals totals;
-  if (text::isNumeric(advance)) totals.AdvTxt = totals.AdvTtl = advance;
+  totals.AdvTxt = totals.AdvTtl = frame::countedText(std::string(advance));
   const double prepaid = amountFrom(totals.AdvTxt);
   const auto shown = [](double amount) { return text::formatNumber(amount, shownAs); };
   totals.Amt = shown(prepaid + sums.payment);

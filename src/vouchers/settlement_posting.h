@@ -28,7 +28,7 @@ struct SettlementTotals {
   std::string Amt2Party = "0.00";
 };
 
-// From the sums over the invoices and the prepayment as typed; one that is no number becomes "0.00".
+// From the sums over the invoices and the prepayment as typed.
 SettlementTotals settlementTotals(const SettlementSums& sums, std::string_view advance);
 
 // What a settlement screen holds beside DocumentValues, whose PartyCodeTxt and PartyNameTxt are the party and whose

@@ -76,6 +76,8 @@ void SettlementSheet::bind(store::Recordset invoices) {
   docNoField_ = invoices.fieldIndex("DocNo");
   invoices_ = std::move(invoices);
   bound_ = true;
+  for (int row = 0; row < rowCount(); ++row)
+    if (hasInvoice(row)) roundStored(row);
 }
 
 void SettlementSheet::detach() {
@@ -153,7 +155,8 @@ bool SettlementSheet::enter(int row, int column, std::string_view typed) {
   try {
     if (column == Invoice) return enterInvoice(row, text);
     if (!hasInvoice(row) || !accepts(row, column, text)) return false;
-    write(row, column, frame::figureOrNull(text));
+    const store::Value figure = frame::figureOrNull(text);
+    write(row, column, column == WHTaxRt ? figure : frame::moneyOf(figure));
     if (column == WHTaxRt || column == TotPayment) deriveTax(row);
     RecalculateSettlementRow(row);
   } catch (const store::StoreError& error) {
@@ -188,7 +191,7 @@ void SettlementSheet::chooseItem(int row, const PendingItem& item) {
   }
   write(row, Date, item.tranDate);
   for (const Column none : {WHTax, AdvAdj, Discount}) write(row, none, 0.0);
-  write(row, TotPayment, item.balance);
+  write(row, TotPayment, frame::moneyOf(item.balance));
   invoices_.setAt(row, partyField_, item.partyCode);
   RecalculateSettlementRow(row);
 }
@@ -202,7 +205,19 @@ void SettlementSheet::deriveTax(int row) {
 void SettlementSheet::RecalculateSettlementRow(int row) {
   const double payment =
       numberAt(row, TotPayment) - numberAt(row, WHTax) - numberAt(row, AdvAdj) - numberAt(row, Discount);
-  write(row, Payment, text::amountFrom(text::numberText(payment)));
+  write(row, Payment, frame::moneyOf(payment));
+}
+
+// Another program may have written finer amounts into the file.
+void SettlementSheet::roundStored(int row) {
+  bool finer = false;
+  for (const Column column : {Payment, WHTax, AdvAdj, Discount, TotPayment}) {
+    const store::Value stored = valueAt(row, column);
+    const store::Value money = frame::moneyOf(stored);
+    finer = finer || money != stored;
+    write(row, column, money);
+  }
+  if (finer) RecalculateSettlementRow(row);
 }
 
 void SettlementSheet::write(int row, int column, store::Value value) {

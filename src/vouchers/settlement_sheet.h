@@ -22,7 +22,8 @@ struct SettlementSums {
 };
 
 // The invoices that a receipt or payment settles, behind their cells: reads and writes the rows of the open items under
-// the rules of each column and keeps the amount of money in step with what is deducted. Rows are counted from 0.
+// the rules of each column and keeps the amount of money in step with what is deducted. Every amount is one of money,
+// as its cell shows it, be it typed or stored. Rows are counted from 0.
 class SettlementSheet : public frame::SheetRows {
  public:
   SettlementSheet(const SettlementKind& kind, session::Workplace& workplace);
@@ -60,6 +61,7 @@ class SettlementSheet : public frame::SheetRows {
   void write(int row, int column, store::Value value);
   bool accepts(int row, int column, std::string_view typed) const;
   bool enterInvoice(int row, std::string_view typed);
+  void roundStored(int row);
   void deriveTax(int row);
   void RecalculateSettlementRow(int row);
   int field(int column) const { return fields_[static_cast<std::size_t>(column)]; }

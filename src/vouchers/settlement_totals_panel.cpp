@@ -103,6 +103,10 @@ void SettlementTotalsPanel::RecalculateSettlementTotals() {
   showWords();
 }
 
+void SettlementTotalsPanel::finishTyping() {
+  frame::finishTyping(*AdvTxt_, totals_.AdvTxt);
+}
+
 void SettlementTotalsPanel::setPettyTotal(double total) {
   showText(*TAmt_, text::formatNumber(total, "0.00; (0.00)"));
   showWords();

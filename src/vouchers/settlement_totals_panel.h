@@ -27,6 +27,8 @@ class SettlementTotalsPanel : public QFrame {
   void setAdvance(const std::string& advance);  // as a new or a saved document has it
   void setSums(const SettlementSums& sums);
   void setPettyTotal(double total);
+  // The prepayment stands as it is counted, whatever the keyboard is still in.
+  void finishTyping();
 
   const SettlementTotals& totals() const { return totals_; }
   std::string TAmt() const;

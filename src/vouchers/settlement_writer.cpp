@@ -24,10 +24,28 @@ void removeAll(store::Recordset& rows) {
   }
 }
 
+// Into the blank rows of a sheet, as if they were typed again: without their key and their document.
+void copyRows(const store::Recordset& written, store::Recordset& sheet) {
+  const std::int64_t rows = written.recordCount();
+  const auto fields = static_cast<int>(written.fields().size());
+  frame::fillSheet(sheet, rows);
+  for (int field = 0; field < fields; ++field) {
+    if (field == written.fieldIndex("Serial") || field == written.fieldIndex("TranNo")) continue;
+    for (std::int64_t row = written.nextFilled(0, field); row < rows; row = written.nextFilled(row + 1, field))
+      sheet.setAt(row, field, written.valueAt(row, field));
+  }
+}
+
 }  // namespace
 
 void openSettlement(const SettlementKind& kind, store::Connection& connection, store::Recordset& invoices,
-                    std::int64_t tranNo) {
+                    std::int64_t tranNo, RowsAs rowsAs) {
+  if (rowsAs == RowsAs::New) {
+    store::Recordset written;
+    openSettlement(kind, connection, written, tranNo);
+    openSettlement(kind, connection, invoices, 0);
+    return copyRows(written, invoices);
+  }
   if (invoices.isOpen()) invoices.close();
   const std::string rows =
       "Select * from " + std::string(agingTable(kind)) + " where tranno = " + std::to_string(tranNo);
@@ -36,7 +54,13 @@ void openSettlement(const SettlementKind& kind, store::Connection& connection, s
 }
 
 void openPettyLines(const SettlementKind& kind, store::Connection& connection, store::Recordset& lines,
-                    std::int64_t tranNo) {
+                    std::int64_t tranNo, RowsAs rowsAs) {
+  if (rowsAs == RowsAs::New) {
+    store::Recordset written;
+    openPettyLines(kind, connection, written, tranNo);
+    openPettyLines(kind, connection, lines, 0);
+    return copyRows(written, lines);
+  }
   frame::openLedgerSheet(connection, lines, tranNo, moneySide(kind) + " is null");
 }
 

@@ -12,12 +12,18 @@ namespace velmo::vouchers {
 
 inline constexpr std::int64_t settlementRows = 50;  // of the sheet of settled invoices
 
+// The rows of a document in its sheets.
+enum class RowsAs {
+  Written,  // its own, which the next save changes
+  New       // rows that read the same and belong to no document
+};
+
 // Reads the invoices that a document settles (0: a new one) in their order and fills the sheet up to settlementRows.
 void openSettlement(const SettlementKind& kind, store::Connection& connection, store::Recordset& invoices,
-                    std::int64_t tranNo);
+                    std::int64_t tranNo, RowsAs rowsAs = RowsAs::Written);
 // Reads its petty lines, those on the side away from the cash or bank account, and fills the sheet up.
 void openPettyLines(const SettlementKind& kind, store::Connection& connection, store::Recordset& lines,
-                    std::int64_t tranNo);
+                    std::int64_t tranNo, RowsAs rowsAs = RowsAs::Written);
 
 // Header and, when invoices are settled, ledger lines of a receipt or payment, or the sentence that tells why it cannot
 // be posted.

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "plain_rows.h"
+#include "support/plain_rows.h"
 
 namespace velmo::test {
 

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -46,11 +47,16 @@ class NotedScreens : public session::ScreenOpener {
   }
 };
 
-// Also takes a message whose words are the store's own.
+// Also takes a message whose words are the store's own, and whatever comes when that is wanted.
 class Prompts : public QueuedPrompts {
  public:
+  std::optional<std::vector<std::string>> anything;  // the texts that came
   void expectTitle(std::string title) { titles_.push_back(std::move(title)); }
   session::Answer ask(const session::Prompt& prompt) override {
+    if (anything) {
+      anything->push_back(prompt.text);
+      return session::Answer::Yes;
+    }
     if (titles_.empty()) return QueuedPrompts::ask(prompt);
     EXPECT_EQ(prompt.title, titles_.front());
     EXPECT_EQ(prompt.text.substr(prompt.text.size() - 1), ".") << "a full sentence: " << prompt.text;

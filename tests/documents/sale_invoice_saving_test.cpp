@@ -35,7 +35,7 @@ TEST(SaleInvoiceSaving, WritesHeaderLinesLedgerAndOpenItem) {
   EXPECT_EQ(screen.text("Terms"), "Net 30");
   EXPECT_TRUE(screen.box("PartyNameTxt").isReadOnly());
   screen.type("D1", "PO-9");
-  EXPECT_EQ(screen.text("D1Dt"), "10/5/2026") << "the date of the sale order with this reference";
+  EXPECT_EQ(screen.text("D1Dt"), "05-10-2026") << "the date of the sale order with this reference";
   screen.line(0, "H1", "2");
   screen.line(1, "N1", "10");
   screen.line(2, "Service", "1", "20");
@@ -50,7 +50,7 @@ TEST(SaleInvoiceSaving, WritesHeaderLinesLedgerAndOpenItem) {
   EXPECT_EQ(shop.one("select docno, docno2, trandate, nature, empid, jobidfrom, desc, d1, d1date, partycode, "
                      "partycode2, text1, text2, text3, text4, text10, text11, text12 from transactions where "
                      "trantype=32"),
-            "1|1|11/22/2026|Net 30|1|0|By hand|PO-9|10/5/2026|40001001|12001002|O'Brien & Sons|1 High St|555-1|"
+            "1|1|11/22/2026|Net 30|1|0|By hand|PO-9|05-10-2026|40001001|12001002|O'Brien & Sons|1 High St|555-1|"
             "10001001||0|1");
   EXPECT_EQ(
       shop.one("select discount, tax1, carriage, tramount, received, balance, wordsamt, locationfrom, locationto, "

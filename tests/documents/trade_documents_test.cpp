@@ -193,7 +193,7 @@ TEST(TradeSaving, ABillEntersStockAtThePurchasePriceAndOpensAnItem) {
   EXPECT_TRUE(screen.box("PartyNameTxt").isReadOnly());
   screen.type("D1", "V'9");
   screen.type("D2", "4");
-  EXPECT_EQ(screen.text("D2Dt"), "9/3/2026") << "the date of the purchase order";
+  EXPECT_EQ(screen.text("D2Dt"), "03-09-2026") << "the date of the purchase order";
   screen.line(0, "H1", "2");
   screen.type("Received", "10");
   screen.press("SaveBttn");

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QStandardItemModel>
 
+#include "export/archive.h"
 #include "forms/table_view.h"
 #include "schema/company_schema.h"
 #include "sheet_files.h"
@@ -83,6 +84,45 @@ TEST_F(SaveAs, SavesTheListAsTheTableShowsIt) {
     std::filesystem::remove(files.answer);
     table.horizontalHeader()->moveSection(0, 3);
   }
+}
+
+TEST_F(SaveAs, ACellHoldsTheAmountThatIsShownAndOfOtherFiguresEveryDigitThatIsKnown) {
+  connection.execute("DELETE FROM Employees WHERE EmpName not like 'Name 1000'");
+  connection.execute("UPDATE Employees SET Salary = 204.6999999999998 WHERE EmpName = 'Name 1000'");
+  forms::RecordsetModel columns(
+      {{.caption = "Amount", .field = "Salary", .format = "0.00;(0.00)"},
+       {.caption = "Grouped", .field = "Salary", .format = "#,##0.00;(#,##0.00)"},
+       {.caption = "Rate", .field = "Salary", .format = "0.00", .figures = forms::FigureKind::Exact},
+       {.caption = "Plain", .field = "Salary"}});
+  columns.setRecordset(store::Recordset(connection, "select * from Employees", store::LockType::ReadOnly));
+  table.setModel(&columns);
+  // As the file itself has them: a reader would round.
+  const auto cells = [&](const std::string& stored) {
+    connection.execute("UPDATE Employees SET Salary = " + stored);
+    columns.rows().requery();
+    columns.reload();
+    std::string written;
+    for (const char* ending : {"xlsx", "csv"}) {
+      files.answer = (folder / ("figures." + std::string(ending))).string();
+      prompts.expect("Spreadsheet Saved", "1 row was saved in \"" + files.answer + "\".");
+      saveAsSpreadsheet(table, "Figures", files, prompts);
+      if (std::string(ending) == "csv") {
+        const std::string bytes = bytesOf(files.answer);
+        written += bytes.substr(bytes.find('\n') + 1);
+        continue;
+      }
+      const Archive archive(files.answer);
+      const std::string sheet = archive.open("xl/worksheets/sheet1.xml")->read(1 << 20).toStdString();
+      for (std::size_t at = sheet.find("<v>", sheet.find("r=\"A2\"")); at != std::string::npos;
+           at = sheet.find("<v>", at + 1))
+        written += sheet.substr(at + 3, sheet.find('<', at + 3) - at - 3) + " ";
+    }
+    return written;
+  };
+  EXPECT_EQ(cells("204.6999999999998"), "204.7 204.7 204.7 204.7 204.7,204.7,204.7,204.7\r\n");
+  EXPECT_EQ(cells("-1234.5678"), "-1234.57 -1234.57 -1234.5678 -1234.5678 -1234.57,-1234.57,-1234.5678,-1234.5678\r\n");
+  EXPECT_EQ(cells("0.335"), "0.34 0.34 0.335 0.335 0.34,0.34,0.335,0.335\r\n");
+  EXPECT_EQ(cells("0.00000012345678"), "0 0 1.2345678E-07 1.2345678E-07 0,0,1.2345678E-07,1.2345678E-07\r\n");
 }
 
 TEST_F(SaveAs, SavesTheListOfAnyModel) {

@@ -46,6 +46,36 @@ TEST_F(AccBalancesOutput, PrintsWhatItShows) {
     EXPECT_THAT(sixOfRange, Contains(words));
 }
 
+// Mills and the quiet customer close at zero: what they moved stands below the totals, on the page of the totals alone.
+TEST_F(AccBalancesOutput, PrintsTheSettledAccountsBelowTheTotalsOfAllAccounts) {
+  sit(makeAccBalances);
+  setPeriod("2026-12-01", "2026-12-31");
+  const auto print = [&] {
+    click("PrintBttn");
+    return printed();
+  };
+  const Texts all = print();
+  const auto settled = std::ranges::find(all, "Accounts settled in the period");
+  ASSERT_NE(settled, all.end());
+  EXPECT_THAT(Texts(settled + 1, settled + 5), ElementsAre("640.10", "Credit", "640.10", "0.00"));
+  EXPECT_GT(settled, std::ranges::find(all, "Totals Rs."));
+  choose("TrialOpt_1");
+  EXPECT_THAT(print(), Not(Contains("Accounts settled in the period")));
+  choose("TrialOpt_0");
+  choose("SelectOpt");
+  chooseEntry("Acc", 210);
+  EXPECT_THAT(print(), Not(Contains("Accounts settled in the period")));
+  range("10001001", "50001002");
+  EXPECT_THAT(print(), Not(Contains("Accounts settled in the period")));
+  choose("AllOpt");
+  files.name = (company.folder() / "trial.xlsx").string();
+  prompts.expect("Spreadsheet Saved", "6 rows were saved in \"" + files.name + "\".");
+  click("ExcelBttn");
+  const auto sheet = spreadsheet::readSheet(files.name);
+  ASSERT_TRUE(sheet) << sheet.error();
+  EXPECT_EQ(sheet->rows.size(), 4u + 6u + 1u) << "the totals are the last row";
+}
+
 TEST_F(AccBalancesOutput, SavesTheColumnsThatAreShown) {
   sit(makeAccBalances);
   setPeriod("2026-10-01", "2026-11-22");

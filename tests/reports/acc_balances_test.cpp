@@ -4,7 +4,9 @@
 
 #include "balances_desk.h"
 #include "reports/acc_ledgers.h"
+#include "support/plain_rows.h"
 #include "support/small_disk.h"
+#include "text/number.h"
 
 namespace velmo::reports {
 namespace {
@@ -75,6 +77,59 @@ TEST_F(AccBalances, ShowsOpeningMovementAndClosingInSixColumnsOrTwo) {
                                                 "50001002|Purchases|640.10|"));
   EXPECT_THAT(twoTotals(), ElementsAre("2140.65", "2140.65"));
   EXPECT_EQ(caption("MessageLbl"), "7 rows");
+}
+
+// Summed up again from the bare lines, account by account: opening, debits and credits of all, and of those that closed
+// at zero.
+TEST_F(AccBalances, TheSettledAccountsBelowTheTotalsMakeTheColumnsAgree) {
+  sit(makeAccBalances);
+  const auto visible = [&] { return control<QWidget>("LedgerSettled").isVisible(); };
+  EXPECT_FALSE(visible()) << "nothing was shown yet";
+  const auto cents = [](const std::string& text) {
+    const double amount = text::amountFrom(text.substr(0, text.find_last_of("0123456789") + 1));
+    return std::llround(amount * 100) * (text.ends_with("Credit ") ? -1 : 1);
+  };
+  for (const auto& [from, to] : {std::pair("2026-10-01", "2026-11-22"), std::pair("2026-12-01", "2026-12-31"),
+                                 std::pair("2026-11-22", "2026-12-01"), std::pair("2026-01-01", "2026-12-31")}) {
+    SCOPED_TRACE(std::string(from) + " to " + to);
+    setPeriod(from, to);
+    view();
+    test::PlainFile file(company.folder() / "Uninstall" / "Uninstall.MDB");
+    test::PlainRows lines(
+        file, std::string("select sum(case when date(TranDate) < '") + from +
+                  "' then ifnull(Debit, 0) - ifnull(Credit, 0) else 0 end), sum(case when date(TranDate) >= '" + from +
+                  "' then ifnull(Debit, 0) else 0 end), sum(case when date(TranDate) >= '" + from +
+                  "' then ifnull(Credit, 0) else 0 end) from Transactions join SubTransactions using (TranNo) where "
+                  "FYID = 1 and Cancel = 0 and date(TranDate) <= '" +
+                  to + "' group by AccCode");
+    std::array<long long, 3> all = {};
+    std::array<long long, 3> settled = {};
+    while (lines.next()) {
+      const std::array<long long, 3> account = {lines.cents(0), lines.cents(1), lines.cents(2)};
+      for (std::size_t i = 0; i < 3; ++i) {
+        all[i] += account[i];
+        if (account[0] + account[1] - account[2] == 0) settled[i] += account[i];
+      }
+    }
+    EXPECT_TRUE(visible());
+    EXPECT_EQ(cents(read("SettledOpen")), settled[0]);
+    EXPECT_EQ(cents(read("SettledDr")), settled[1]);
+    EXPECT_EQ(cents(read("SettledCr")), settled[2]);
+    EXPECT_EQ(cents(read("OpenBalance")) + cents(read("SettledOpen")), 0);
+    EXPECT_EQ(cents(read("TotalDr")) + cents(read("SettledDr")), all[1]);
+    EXPECT_EQ(cents(read("TotalDr")) + cents(read("SettledDr")), cents(read("TotalCr")) + cents(read("SettledCr")));
+  }
+  choose("TrialOpt_1");
+  EXPECT_FALSE(visible());
+  choose("TrialOpt_0");
+  EXPECT_TRUE(visible());
+  choose("SelectOpt");
+  chooseEntry("Acc", 110);
+  view();
+  EXPECT_FALSE(visible()) << "of a selection the columns need not agree";
+  choose("AllOpt");
+  view();
+  EXPECT_TRUE(visible());
 }
 
 TEST_F(AccBalances, ThePeriodLiesWithinTheYear) {

@@ -78,7 +78,7 @@ TEST(SettlementTotals, AddThePrepaymentToMoneyAndParty) {
     const char* Amt2Party;
   };
   for (const Case& c : {Case{"1000", "1000", "1850.00", "2000.00"}, Case{"", "0.00", "850.00", "1000.00"},
-                        Case{".", "0.00", "850.00", "1000.00"}, Case{"0.005", "0.005", "850.01", "1000.01"},
+                        Case{".", "0.00", "850.00", "1000.00"}, Case{"0.005", "0.01", "850.01", "1000.01"},
                         Case{" (2000.00)", " (2000.00)", " (1150.00)", " (1000.00)"}}) {
     const SettlementTotals totals = settlementTotals(everything, c.advance);
     EXPECT_EQ(totals.AdvTxt, c.AdvTxt);

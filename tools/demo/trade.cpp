@@ -150,12 +150,9 @@ class TradeClerk {
     values_.EmpList = {.text = {}, .id = parties_.integer("EmpID"), .matches = true};
   }
 
-  // Dates that are picked are kept as the date boxes write them, others as a person types them.
   void refer(const std::string& field, const std::string& number, const text::DateTime& day) {
-    const auto box = std::ranges::find(type_->fields, field + "Dt", &frame::DocumentField::name);
-    const bool picked = box != type_->fields.end() && box->kind == frame::FieldKind::Day;
     values_.fields[field] = number;
-    values_.fields[field + "Dt"] = picked ? frame::dayText(day) : text::formatDate(day, "dd-mm-yyyy");
+    values_.fields[field + "Dt"] = frame::dayText(day);
   }
 
   bool isService() const { return items_.text("CatID") == "Service"; }

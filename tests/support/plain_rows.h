@@ -4,10 +4,13 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace velmo::test {
 
@@ -46,16 +49,19 @@ class PlainRows {
     if (outcome != SQLITE_ROW && outcome != SQLITE_DONE) file_.fail();
     return outcome == SQLITE_ROW;
   }
+  int columns() const { return sqlite3_column_count(statement_.get()); }
   std::int64_t integer(int column) const { return sqlite3_column_int64(statement_.get(), column); }
   double number(int column) const { return sqlite3_column_double(statement_.get(), column); }
   std::string text(int column) const {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
     return text ? text : "";
   }
-  // Throws when the amount is not one of whole cents.
+  // Of the 15 digits that an amount is known by. Throws when it is not one of whole cents.
   std::int64_t cents(int column) const {
-    const double amount = number(column) * 100;
-    if (std::abs(amount - std::round(amount)) > 1e-4) throw std::runtime_error("not cents: " + text(column));
+    char digits[32];
+    std::snprintf(digits, sizeof digits, "%.15g", number(column));
+    const long double amount = std::strtold(digits, nullptr) * 100;
+    if (std::abs(amount - std::round(amount)) > 1e-4L) throw std::runtime_error("not cents: " + text(column));
     return std::llround(amount);
   }
 
@@ -66,5 +72,26 @@ class PlainRows {
   PlainFile& file_;
   std::unique_ptr<sqlite3_stmt, Finish> statement_;
 };
+
+// All rows of a SELECT, one text each, fields parted by "|".
+inline std::vector<std::string> plainTexts(PlainFile& file, const std::string& sql) {
+  std::vector<std::string> all;
+  for (PlainRows rows(file, sql); rows.next();) {
+    std::string row;
+    for (int column = 0; column < rows.columns(); ++column) row += (column == 0 ? "" : "|") + rows.text(column);
+    all.push_back(row);
+  }
+  return all;
+}
+
+// The sums of its columns in cents, of amounts that are all of whole cents.
+inline std::vector<std::int64_t> plainSums(PlainFile& file, const std::string& sql) {
+  PlainRows rows(file, sql);
+  std::vector<std::int64_t> sums(static_cast<std::size_t>(rows.columns()));
+  while (rows.next())
+    for (int column = 0; column < rows.columns(); ++column)
+      sums[static_cast<std::size_t>(column)] += rows.cents(column);
+  return sums;
+}
 
 }  // namespace velmo::test

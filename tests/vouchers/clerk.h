@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QRadioButton>
+
+#include "frame/document_screen.h"
+#include "support/plain_rows.h"
+#include "vouchers/pending_items.h"
+#include "vouchers/settlement_company.h"
+#include "vouchers/settlement_types.h"
+
+namespace velmo::test {
+
+// Receipts and payments under a clerk's hands.
+class Clerk : public InvoiceScreen {
+ public:
+  Clerk(SettlementCompany& company, Make make, frame::PrintOuts printOuts = {})
+      : InvoiceScreen(company, std::move(printOuts), make), company_(company) {}
+
+  void cell(const char* grid, int row, int column, const QString& text) {
+    auto& table = find<QTableView>(grid);
+    table.setFocus(Qt::TabFocusReason);
+    table.setCurrentIndex(table.model()->index(row, column));
+    test::type(*QApplication::focusWidget(), text.left(1));
+    test::type(*QApplication::focusWidget(), text.mid(1));
+    test::press(*QApplication::focusWidget(), Qt::Key_Return);
+  }
+  std::string shown(const char* grid, int row, int column) {
+    return find<QTableView>(grid).model()->index(row, column).data().toString().toStdString();
+  }
+  void petty() { find<QRadioButton>("RecOpt_1").click(); }
+  // A receipt of the customer, or a payment to the vendor, that settles these invoices in full.
+  void settle(const QString& money, const QString& party, std::initializer_list<const char*> invoices) {
+    type("BankCode", money);
+    type("PartyCode", party);
+    int row = 0;
+    for (const char* invoice : invoices) cell("AgingGrid", row++, 0, invoice);
+  }
+  void show(const std::string& tranNo) {
+    company_.context.OpenTranNo = std::stoll(tranNo);
+    static_cast<frame::DocumentScreen&>(widget()).ShowRecord();
+  }
+
+ private:
+  SettlementCompany& company_;
+};
+
+inline std::string tranNoOf(SettlementCompany& company, int tranType, int docNo = 1) {
+  return company.one("select tranno from transactions where trantype=" + std::to_string(tranType) +
+                     " and docno=" + std::to_string(docNo));
+}
+
+inline std::vector<std::string> ledgerOf(SettlementCompany& company, const std::string& tranNo) {
+  return company.rows("select acccode, [desc], debit, credit from subtransactions where tranno=" + tranNo +
+                      " order by serial");
+}
+
+inline std::vector<std::string> pendingOf(SettlementCompany& company, const vouchers::SettlementKind& kind,
+                                          std::int64_t party) {
+  std::vector<std::string> all;
+  for (store::Recordset rows(company.context.KORDconn, vouchers::pendingStatement(kind, party, 1)); !rows.eof();
+       rows.moveNext())
+    all.push_back(rows.text(vouchers::keyColumn(kind)) + " " + rows.text("BalAmt"));
+  return all;
+}
+
+// The rows of the company's file as SQLite alone has them, fields parted by "|".
+inline std::vector<std::string> bareRows(const SettlementCompany& company, const std::string& sql) {
+  PlainFile file(company.company.folder() / "Uninstall" / "Uninstall.MDB");
+  return plainTexts(file, sql);
+}
+
+}  // namespace velmo::test
