@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include "store/error.h"
+#include "store/sql/decimal_functions.h"
 #include "store/sql/like.h"
 #include "store/sql/row_choice.h"
 #include "store/value.h"
@@ -355,6 +356,7 @@ void registerFunctions(sqlite3* database) {
       throw StoreError(ErrorKind::Failed, std::string("The function ") + scalar.name + " cannot be registered.");
     }
   }
+  registerDecimalFunctions(database);
   registerRowChoice(database);
 }
 
