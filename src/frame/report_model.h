@@ -8,6 +8,7 @@
 #include "export/table_rows.h"
 #include "forms/recordset_model.h"
 #include "frame/report_rows.h"
+#include "text/decimal_sum.h"
 
 namespace velmo::frame {
 
@@ -26,8 +27,8 @@ class ReportModel : public QAbstractTableModel {
 
   bool isComplete() const { return !rows_ || !rows_->hasMore(); }
   bool pauses() const { return rows_ && rows_->pauses(); }
-  void readOn(int rows);           // hands them to the grid as well, in few large portions
-  std::int64_t ready() const;      // rows read
+  void readOn(int rows);                     // hands them to the grid as well, in few large portions
+  std::int64_t ready() const;                // rows read
   double sum(std::string_view field) const;  // over the rows read
   // Null outside the rows, and for a field that they do not have.
   store::Value value(std::int64_t row, std::string_view field) const;
@@ -47,7 +48,7 @@ class ReportModel : public QAbstractTableModel {
   std::vector<int> fields_;  // of the rows, by column
   std::vector<std::string> summed_;
   std::vector<int> summedFields_;
-  std::vector<double> sums_;
+  std::vector<text::DecimalSum> sums_;
   std::shared_ptr<ReportRows> rows_;
   std::int64_t summedRows_ = 0;
   int shown_ = 0;  // rows handed to the grid

@@ -14,8 +14,7 @@ constexpr int ledgersRight = 240;
 
 // A total with its side: "125.00  Debit ".
 std::string totalWithSide(double balance) {
-  const bool isCredit = balance < 0 && !frame::isSettled(balance);
-  return totalText(std::fabs(balance)) + (isCredit ? " Credit " : "  Debit ");
+  return totalText(std::fabs(balance)) + (balance < 0 ? " Credit " : "  Debit ");
 }
 
 }  // namespace
