@@ -359,7 +359,9 @@ std::string monthsTableOf(const KeptTotals& kept) {
 }
 
 std::string additionTest(const KeptTotals& kept, std::string_view lines, Added added) {
-  return std::string(lines) + "." + quotedName(kept.lineKey) + (added == Added::Already ? " <= " : " > ") +
+  // Nearly all lines are added already: what a plus stands before is not looked up by its key.
+  const bool already = added == Added::Already;
+  return (already ? "+" : "") + std::string(lines) + "." + quotedName(kept.lineKey) + (already ? " <= " : " > ") +
          "(SELECT Line FROM " + quotedName(stateTableOf(kept)) + ")";
 }
 

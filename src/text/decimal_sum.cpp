@@ -12,7 +12,6 @@ namespace velmo::text {
 namespace {
 
 constexpr int significantDigits = 15;
-constexpr std::int64_t mostParts = 1'000'000'000'000'000;  // have that many digits
 
 // A limb holds nine digits once carries are settled; the lowest stands for less than the smallest double shows, the
 // highest for more than the largest.
@@ -62,19 +61,21 @@ double nearest(std::int64_t digits, int exponent) {
 
 }  // namespace
 
-// A number of at most four decimals lies nearer to a whole number of parts than the half of its fifteenth digit, also
-// when it is a step or two beside the double that stands for it.
-DecimalSum& DecimalSum::operator+=(double value) {
-  constexpr double beyond = static_cast<double>(mostParts / partsPerUnit);
+// A number of at most four decimals lies nearer to its whole number of parts than half of its fifteenth digit.
+std::optional<std::int64_t> DecimalSum::partsOf(double value) {
   constexpr double nearness = 3e-16;
-  if (std::fabs(value) < beyond) {
-    const auto parts = static_cast<std::int64_t>(value * partsPerUnit + (value < 0 ? -0.5 : 0.5));
-    if (std::fabs(static_cast<double>(parts) / partsPerUnit - value) <= nearness * std::fabs(value)) {
-      parts_ += parts;
-      return *this;
-    }
-  }
-  addRare(value);
+  const double scaled = value * partsPerUnit;
+  if (!(std::fabs(scaled) < mostParts)) return std::nullopt;
+  const auto parts = static_cast<std::int64_t>(scaled + (scaled < 0 ? -0.5 : 0.5));
+  if (std::fabs(static_cast<double>(parts) - scaled) <= nearness * std::fabs(scaled)) return parts;
+  return std::nullopt;
+}
+
+DecimalSum& DecimalSum::operator+=(double value) {
+  if (const std::optional<std::int64_t> parts = partsOf(value))
+    parts_ += *parts;
+  else
+    addRare(value);
   return *this;
 }
 

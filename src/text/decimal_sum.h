@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,8 +13,11 @@ namespace velmo::text {
 // is the same, and 0.1 + 0.2 - 0.3 is 0.
 class DecimalSum {
  public:
-  // Sums of up to four decimals are kept in ten-thousandths.
+  // Numbers of up to four decimals are added in ten-thousandths.
   static constexpr int partsPerUnit = 10'000;
+  static constexpr std::int64_t mostParts = 1'000'000'000'000'000;  // and more are not told by 15 digits
+  // How many they are; nothing when the number has more decimals or digits.
+  static std::optional<std::int64_t> partsOf(double value);
 
   DecimalSum& operator+=(double value);
   DecimalSum& operator-=(double value) { return *this += -value; }
