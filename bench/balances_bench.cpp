@@ -1,4 +1,5 @@
 #include <benchmark/benchmark.h>
+#include <sqlite3.h>
 
 #include <cmath>
 #include <stdexcept>
@@ -112,6 +113,39 @@ void BalanceOfOneAccount(benchmark::State& state) {
   state.counters["party_times_faster"] = partyPlain.percentile(0.5) / party.percentile(0.5);
 }
 BENCHMARK(BalanceOfOneAccount)->Arg(fewDocuments)->Arg(manyDocuments)->Iterations(5)->Unit(benchmark::kMillisecond);
+
+// A report that reads every line of the books, beside the sums of SQLite itself.
+void GroupedReport(benchmark::State& state) {
+  enterCompany(companyOf(state.range(0)));
+  Books books;
+  const std::string statement =
+      "SELECT Transactions.TranType, Sum(IIf(IsNull([debit]),0,[debit])) AS Dr, Sum(IIf(IsNull([credit]),0,[credit])) "
+      "AS Cr, Sum(SubTransactions.Debit) - Sum(SubTransactions.Credit) AS Diff FROM Transactions INNER JOIN "
+      "SubTransactions ON Transactions.TranNo = SubTransactions.TranNo WHERE Transactions.Cancel = No GROUP BY "
+      "Transactions.TranType";
+  sqlite3_stmt* byHand = nullptr;
+  if (sqlite3_prepare_v2(books.connection.handle(),
+                         "SELECT t.TranType, sum(iif(s.Debit IS NULL, 0, s.Debit)), sum(iif(s.Credit IS NULL, 0, "
+                         "s.Credit)), sum(s.Debit) - sum(s.Credit) FROM Transactions AS t JOIN SubTransactions AS s ON "
+                         "t.TranNo = s.TranNo WHERE t.Cancel = 0 GROUP BY t.TranType",
+                         -1, &byHand, nullptr) != SQLITE_OK)
+    throw std::runtime_error(sqlite3_errmsg(books.connection.handle()));
+  Durations report, plain;
+  for (auto _ : state) {
+    double ours = 0, theirs = 0;
+    report.measure([&] { ours = books.read(statement, "Dr"); });
+    plain.measure([&] {
+      while (sqlite3_step(byHand) == SQLITE_ROW) theirs += std::abs(sqlite3_column_double(byHand, 1));
+      sqlite3_reset(byHand);
+    });
+    requireSame(ours, theirs);
+  }
+  sqlite3_finalize(byHand);
+  state.counters["report_ms"] = report.percentile(0.5) * 1e3;
+  state.counters["by_hand_ms"] = plain.percentile(0.5) * 1e3;
+  state.counters["report_to_hand"] = report.percentile(0.5) / plain.percentile(0.5);
+}
+BENCHMARK(GroupedReport)->Arg(manyDocuments)->Iterations(9)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace velmo::bench

@@ -5,6 +5,7 @@
 #include "documents/invoice_design.h"
 #include "frame/day_text.h"
 #include "printing/recordset_data.h"
+#include "text/decimal_sum.h"
 
 namespace velmo::documents {
 
@@ -36,10 +37,12 @@ std::string referenceDate(const store::Recordset& document, const char* field, D
 }
 
 double discountOf(const printing::ReportData& lines) {
-  double sum = 0;
-  for (const auto rows = lines.rows(); rows->next();)
-    sum += store::numberOf(rows->value("grossamt")) - store::numberOf(rows->value("itemvalue"));
-  return sum;
+  text::DecimalSum sum;
+  for (const auto rows = lines.rows(); rows->next();) {
+    sum += store::numberOf(rows->value("grossamt"));
+    sum -= store::numberOf(rows->value("itemvalue"));
+  }
+  return sum.value();
 }
 
 InvoiceSheet sheetOf(const session::LoginContext& context, const store::Recordset& document,

@@ -1,6 +1,7 @@
 #include "documents/invoice_sheet.h"
 
 #include "documents/document_print_data.h"
+#include "text/decimal_sum.h"
 #include "text/format.h"
 
 namespace velmo::documents {
@@ -68,9 +69,9 @@ std::vector<Total> invoiceTotals(const InvoiceSheet& sheet, const TotalsStyle& s
   const std::string& code = sheet.currencyCode;
   const auto amount = [&](double value) { return text::formatNumber(value, style.amountFormat); };
   const double discount =
-      sheet.discount + (style.lineDiscounts == LineDiscounts::AmongTotals ? sheet.lineDiscount : 0.0);
+      text::sumOf({sheet.discount, style.lineDiscounts == LineDiscounts::AmongTotals ? sheet.lineDiscount : 0.0});
   return {{"Tlbl1", style.discountWord + code, "DiscountAmt", text::formatNumber(discount, style.discountFormat)},
-          {"Tlbl2", "Gross Total  " + code, "GrossTotalAmt", amount(sheet.netTotal - sheet.carriage)},
+          {"Tlbl2", "Gross Total  " + code, "GrossTotalAmt", amount(text::sumOf({sheet.netTotal, -sheet.carriage}))},
           {"Tlbl3", "Carriage & Freight  " + code, "CarriageAmt", amount(sheet.carriage)},
           {"Tlbl4", "Net Total  " + code, "NetTotalAmt", amount(sheet.netTotal), Emphasis::Strong},
           {"Tlbl5", (style.receivedWord.empty() ? wordsOf(sheet.request.kind).received : style.receivedWord) + code,

@@ -8,6 +8,7 @@
 
 #include "printing/element_text.h"
 #include "printing/typesetter.h"
+#include "text/decimal_sum.h"
 
 namespace velmo::documents {
 
@@ -33,7 +34,7 @@ std::set<std::string> wordsOf(const std::string& text) {
 
 std::vector<ColumnTexts> textsOf(const std::vector<Column>& columns, const ReportData& lines) {
   std::vector<ColumnTexts> texts(columns.size());
-  std::vector<double> sums(columns.size(), 0.0);
+  std::vector<text::DecimalSum> sums(columns.size());
   for (const auto rows = lines.rows(); rows->next();)
     for (std::size_t index = 0; index < columns.size(); ++index) {
       const Column& column = columns[index];
@@ -48,7 +49,7 @@ std::vector<ColumnTexts> textsOf(const std::vector<Column>& columns, const Repor
       }
     }
   for (std::size_t index = 0; index < columns.size(); ++index)
-    if (!columns[index].totalName.empty()) texts[index].sum = formatted(sums[index], columns[index].format);
+    if (!columns[index].totalName.empty()) texts[index].sum = formatted(sums[index].value(), columns[index].format);
   return texts;
 }
 

@@ -1,6 +1,7 @@
 #include "frame/document_totals.h"
 
 #include "text/amount_in_words.h"
+#include "text/decimal_sum.h"
 #include "text/format.h"
 #include "text/number.h"
 
@@ -27,13 +28,13 @@ LineSums sumLines(const store::Recordset& lines) {
   const int gross = lines.fieldIndex("grossamt");
   const int discount = lines.fieldIndex("discamt");
   const int net = lines.fieldIndex("itemvalue");
-  LineSums sums;
-  for (std::int64_t row = 0, count = lines.recordCount(); row < count; ++row) {
-    sums.gross += store::numberOf(lines.valueAt(row, gross));
-    sums.discount += store::numberOf(lines.valueAt(row, discount));
-    sums.net += store::numberOf(lines.valueAt(row, net));
-  }
-  return sums;
+  const auto sumOf = [&lines](int field) {
+    text::DecimalSum sum;
+    for (std::int64_t row = 0, count = lines.recordCount(); row < count; ++row)
+      sum += store::numberOf(lines.valueAt(row, field));
+    return sum.value();
+  };
+  return {.gross = sumOf(gross), .discount = sumOf(discount), .net = sumOf(net)};
 }
 
 DocumentTotals RecalculateTotals(const LineSums& sums, const TypedAmounts& typed, ReceivedRule rule,
@@ -44,12 +45,12 @@ DocumentTotals RecalculateTotals(const LineSums& sums, const TypedAmounts& typed
   totals.Disc = shown(sums.discount);
   totals.TExc = shown(sums.net);
   totals.Discount = countedText(typed.Discount);
-  totals.GTotal = shown(amountFrom(totals.TExc) - amountFrom(totals.Discount));
+  totals.GTotal = shown(text::sumOf({amountFrom(totals.TExc), -amountFrom(totals.Discount)}));
   totals.Carriage = countedText(typed.Carriage);
-  totals.NetTotal = shown(amountFrom(totals.GTotal) + amountFrom(totals.Carriage));
+  totals.NetTotal = shown(text::sumOf({amountFrom(totals.GTotal), amountFrom(totals.Carriage)}));
   totals.AmtWords = std::string(currencyName) + " " + amountInWordsOnly(amountFrom(totals.NetTotal));
   totals.Received = rule == ReceivedRule::WholeNetTotal ? totals.NetTotal : countedText(typed.Received);
-  const double open = amountFrom(totals.NetTotal) - amountFrom(totals.Received);
+  const double open = text::sumOf({amountFrom(totals.NetTotal), -amountFrom(totals.Received)});
   totals.Balance = shown(rule == ReceivedRule::Tendered ? -open : open);
   return totals;
 }

@@ -1,6 +1,7 @@
 #include "frame/item_history.h"
 
 #include "store/value.h"
+#include "text/decimal_sum.h"
 
 namespace velmo::frame {
 namespace {
@@ -61,7 +62,7 @@ double itemAvailable(store::Connection& connection, std::string_view code, std::
                          "Select stockout from stockflow where flowid = " + std::to_string(flowId) +
                              " and itemcode = " + store::quoted(code),
                          store::LockType::ReadOnly);
-  return saved.isEmpty() ? *balance : *balance + saved.number("stockout");
+  return saved.isEmpty() ? *balance : text::sumOf({*balance, saved.number("stockout")});
 }
 
 store::Recordset itemHistory(store::Connection& connection, const ItemGridKind& kind, std::string_view code,

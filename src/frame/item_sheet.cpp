@@ -5,6 +5,7 @@
 #include "frame/cell_text.h"
 #include "store/value.h"
 #include "text/blanks.h"
+#include "text/decimal_sum.h"
 #include "text/number.h"
 
 namespace velmo::frame {
@@ -141,7 +142,7 @@ std::optional<int> ItemSheet::scan(std::string_view code, ScannedAgain again) {
     if (there.empty() && free < 0) free = row;
     if (there != item->code || again == ScannedAgain::NewLine) continue;
     const double quantity = text::amountFrom(plainText(row, GridColumn::Quantity));
-    enter(row, GridColumn::Quantity, text::numberText(quantity + 1));
+    enter(row, GridColumn::Quantity, text::numberText(text::sumOf({quantity, 1})));
     return row;
   }
   if (free < 0) return std::nullopt;

@@ -6,6 +6,7 @@
 #include "frame/account.h"
 #include "frame/cell_text.h"
 #include "frame/item_lines.h"
+#include "text/decimal_sum.h"
 #include "text/number.h"
 
 namespace velmo::frame {
@@ -167,15 +168,15 @@ void LedgerSheet::removeRow(int row) {
 }
 
 LedgerSums LedgerSheet::sums() const {
-  LedgerSums sums;
+  text::DecimalSum debits, credits;
   const int count = rowCount();
   for (int column = at(LedgerColumn::Amount); column < static_cast<int>(columns_.size()); ++column) {
     const int field = fields_[static_cast<std::size_t>(column)];
-    double& sum = names_[static_cast<std::size_t>(column)] == "Debit" ? sums.debit : sums.credit;
+    text::DecimalSum& sum = names_[static_cast<std::size_t>(column)] == "Debit" ? debits : credits;
     for (std::int64_t row = lines_.nextFilled(0, field); row < count; row = lines_.nextFilled(row + 1, field))
       sum += store::numberOf(lines_.valueAt(row, field));
   }
-  return sums;
+  return {.debit = debits.value(), .credit = credits.value()};
 }
 
 void openLedgerSheet(store::Connection& connection, store::Recordset& lines, std::int64_t tranNo,

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "text/decimal_sum.h"
 #include "text/format.h"
 #include "text/number.h"
 
@@ -14,7 +15,7 @@ LineAmounts lineAmounts(const LineFigures& line) {
   if (const auto percent = text::numberFrom(line.discountRate)) {
     amounts.discount = text::formatNumber(*percent / 100 * text::amountFrom(amounts.gross), "0.00");
   }
-  amounts.net = text::numberText(text::amountFrom(amounts.gross) - text::amountFrom(amounts.discount));
+  amounts.net = text::numberText(text::sumOf({text::amountFrom(amounts.gross), -text::amountFrom(amounts.discount)}));
   return amounts;
 }
 

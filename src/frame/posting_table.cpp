@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "store/value.h"
+#include "text/decimal_sum.h"
 #include "text/format.h"
 #include "text/number.h"
 
@@ -80,16 +81,17 @@ tl::expected<std::vector<LedgerLine>, std::string> ledgerLines(const PostingTabl
 }
 
 tl::expected<std::vector<LedgerLine>, std::string> balanced(std::vector<LedgerLine> lines) {
-  double debits = 0;
-  double credits = 0;
+  text::DecimalSum debits, credits, difference;
   for (const LedgerLine& line : lines) {
     debits += line.debit.value_or(0);
     credits += line.credit.value_or(0);
+    difference += line.debit.value_or(0);
+    difference -= line.credit.value_or(0);
   }
-  if (std::abs(debits - credits) < 0.005) return lines;
+  if (std::abs(difference.value()) < 0.005) return lines;
   return tl::unexpected("The ledger entries of this document do not balance: debits of " +
-                        text::formatNumber(debits, "0.00;(0.00)") + " stand against credits of " +
-                        text::formatNumber(credits, "0.00;(0.00)") + ". Correct the amounts before saving.");
+                        text::formatNumber(debits.value(), "0.00;(0.00)") + " stand against credits of " +
+                        text::formatNumber(credits.value(), "0.00;(0.00)") + ". Correct the amounts before saving.");
 }
 
 }  // namespace velmo::frame

@@ -21,14 +21,14 @@ ReportModel::ReportModel(std::vector<forms::TableColumn> columns, std::vector<st
       fields_(columns_.size(), -1),
       summed_(std::move(summed)),
       summedFields_(summed_.size(), -1),
-      sums_(summed_.size(), 0) {}
+      sums_(summed_.size()) {}
 
 void ReportModel::setRows(std::shared_ptr<ReportRows> rows) {
   beginResetModel();
   rows_ = std::move(rows);
   for (std::size_t i = 0; i < columns_.size(); ++i) fields_[i] = rows_ ? rows_->field(columns_[i].field) : -1;
   summedFields_ = fieldsOf(rows_.get(), summed_);
-  sums_.assign(summed_.size(), 0);
+  sums_.assign(summed_.size(), text::DecimalSum());
   summedRows_ = 0;
   sumUp();
   shown_ = static_cast<int>(ready());
@@ -62,7 +62,7 @@ void ReportModel::handOut(std::int64_t rows) {
 
 double ReportModel::sum(std::string_view field) const {
   const auto found = std::ranges::find(summed_, field);
-  return found == summed_.end() ? 0 : sums_[static_cast<std::size_t>(found - summed_.begin())];
+  return found == summed_.end() ? 0 : sums_[static_cast<std::size_t>(found - summed_.begin())].value();
 }
 
 store::Value ReportModel::value(std::int64_t row, std::string_view field) const {

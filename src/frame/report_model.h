@@ -8,6 +8,7 @@
 #include "export/table_rows.h"
 #include "forms/recordset_model.h"
 #include "frame/report_rows.h"
+#include "text/decimal_sum.h"
 
 namespace velmo::frame {
 
@@ -47,7 +48,7 @@ class ReportModel : public QAbstractTableModel {
   std::vector<int> fields_;  // of the rows, by column
   std::vector<std::string> summed_;
   std::vector<int> summedFields_;
-  std::vector<double> sums_;
+  std::vector<text::DecimalSum> sums_;
   std::shared_ptr<ReportRows> rows_;
   std::int64_t summedRows_ = 0;
   int shown_ = 0;  // rows handed to the grid

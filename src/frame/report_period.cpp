@@ -1,7 +1,5 @@
 #include "frame/report_period.h"
 
-#include <cmath>
-
 #include "text/format.h"
 
 namespace velmo::frame {
@@ -21,19 +19,8 @@ std::string dayInWords(const text::DateTime& day) {
   return text::formatDate(day, "mmmm dd, yyyy");
 }
 
-namespace {
-
-// Less than this is what adding up leaves of amounts that cancel out: 0.1 + 0.2 - 0.3 is not quite nothing.
-constexpr double leastBalance = 0.000001;
-
-}  // namespace
-
-bool isSettled(double balance) {
-  return std::fabs(balance) < leastBalance;
-}
-
 const char* sideOf(double balance) {
-  return balance < 0 && !isSettled(balance) ? "Credit" : "Debit";
+  return balance < 0 ? "Credit" : "Debit";
 }
 
 }  // namespace velmo::frame

@@ -33,9 +33,6 @@ std::string dayInWords(const text::DateTime& day);
 inline constexpr const char* figureFormat = "0.00;(0.00)";
 inline constexpr const char* groupedFigureFormat = "#,##0.00;(#,##0.00)";
 
-// Whether a sum of amounts comes to zero.
-bool isSettled(double balance);
-
 // "Credit" for a balance below zero, otherwise "Debit".
 const char* sideOf(double balance);
 

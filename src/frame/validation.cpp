@@ -4,6 +4,7 @@
 
 #include "frame/posting_table.h"
 #include "text/blanks.h"
+#include "text/decimal_sum.h"
 #include "text/number.h"
 
 namespace velmo::frame {
@@ -18,10 +19,10 @@ bool isSerialNumber(const std::string& text) {
 
 bool exceedsCreditLimit(const DocumentValues& values, const SaveSituation& situation) {
   if (values.totals.Balance == "0.00" || values.CreditLimit <= 0) return false;
-  const double reached =
-      situation.addMode ? figureOf(values.totals, Figure::Balance) + values.PartyBalance
-                        : values.PartyBalance - situation.storedBalance + figureOf(values.totals, Figure::NetTotal);
-  return text::roundHalfEven(reached - values.CreditLimit, 2) > 0;
+  const double added = situation.addMode
+                           ? figureOf(values.totals, Figure::Balance)
+                           : text::sumOf({figureOf(values.totals, Figure::NetTotal), -situation.storedBalance});
+  return text::roundHalfEven(text::sumOf({values.PartyBalance, added, -values.CreditLimit}), 2) > 0;
 }
 
 }  // namespace

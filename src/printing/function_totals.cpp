@@ -66,7 +66,7 @@ store::Value FunctionTotals::result(const Element& element) const {
   if (found == totals_.end()) throw std::logic_error("the function '" + element.name + "' is not of this design");
   switch (std::get<Function>(element.content).statistic) {
     case Statistic::Sum:
-      return found->sum;
+      return found->sum.value();
     case Statistic::RCnt:
       return found->rows;
     case Statistic::VCnt:
@@ -85,7 +85,7 @@ store::Value FunctionTotals::result(const Element& element) const {
     case Statistic::Max:
       return found->greatest;
     default:
-      return found->sum / static_cast<double>(found->values);
+      return found->sum.value() / static_cast<double>(found->values);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "printing/report_walk.h"
+#include "text/decimal_sum.h"
 
 namespace velmo::printing {
 
@@ -21,7 +22,7 @@ class FunctionTotals {
     const Element* element = nullptr;
     int owner = -1;  // level of the footer; -1 for the report
     int source = 0;  // level whose rows count
-    double sum = 0;
+    text::DecimalSum sum = {};
     double least = 0;
     double greatest = 0;
     std::int64_t rows = 0;

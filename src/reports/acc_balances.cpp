@@ -36,9 +36,9 @@ AccountChoice choiceOf(const frame::ReportFilters& filters) {
   return AllAccounts();
 }
 
-std::shared_ptr<frame::ReportRows> rowsOf(ReportScreen& screen, const std::string& statement, const char* balance) {
-  return std::make_shared<UnsettledRows>(
-      store::Recordset(screen.workplace().context.KORDconn, statement, store::LockType::ReadOnly), balance);
+std::shared_ptr<frame::ReportRows> rowsOf(ReportScreen& screen, const std::string& statement) {
+  return std::make_shared<frame::RecordsetRows>(
+      store::Recordset(screen.workplace().context.KORDconn, statement, store::LockType::ReadOnly));
 }
 
 // Of the last run; nothing unless all accounts were chosen.
@@ -52,8 +52,8 @@ void loadBalances(ReportScreen& screen, const Settled& settled) {
   const AccountChoice choice = choiceOf(screen.filters());
   settled->reset();
   if (std::holds_alternative<AllAccounts>(choice)) *settled = settledAccounts(context.KORDconn, period);
-  screen.setRows(sixColumnGrid, rowsOf(screen, sixColumnBalances(period, choice), "CDiff"));
-  screen.setRows(twoColumnGrid, rowsOf(screen, twoColumnBalances(period, choice), "Diff"));
+  screen.setRows(sixColumnGrid, rowsOf(screen, sixColumnBalances(period, choice)));
+  screen.setRows(twoColumnGrid, rowsOf(screen, twoColumnBalances(period, choice)));
 }
 
 void showTotals(ReportScreen& screen, const Settled& settled) {
@@ -69,20 +69,20 @@ void showTotals(ReportScreen& screen, const Settled& settled) {
   screen.setFigure("TCr", totalText(rows.sum("Credits")));
 }
 
-BalancesData hierarchy(ReportScreen& screen, const std::string& statement, const char* balance) {
+BalancesData hierarchy(ReportScreen& screen, const std::string& statement) {
   const frame::WaitCursor wait;
   store::Recordset types;
   types.openShape(screen.workplace().context.KORDconn, statement);
-  return withoutSettled(std::make_shared<printing::RecordsetData>(types), {"level2", "level3"}, balance);
+  return withoutEmptyLevels(std::make_shared<printing::RecordsetData>(types), {"level2", "level3"});
 }
 
 printing::Report printRange(ReportScreen& screen, const BalancesSheet& sheet, const AccountRange& range) {
   const session::LoginContext& context = screen.workplace().context;
   if (screen.filters().chosen("TrialOpt_0"))
     return accBalRptRange(context, sheet, std::make_shared<frame::ReportRowsData>(screen.model(sixColumnGrid).rows()));
-  return accBalRptRange2(context, sheet,
-                         std::make_shared<frame::ReportRowsData>(
-                             rowsOf(screen, twoColumnRangePrint(balancePeriod(screen), range), "Diff")));
+  return accBalRptRange2(
+      context, sheet,
+      std::make_shared<frame::ReportRowsData>(rowsOf(screen, twoColumnRangePrint(balancePeriod(screen), range))));
 }
 
 printing::Report printOut(ReportScreen& screen, const Settled& settled) {
@@ -94,8 +94,8 @@ printing::Report printOut(ReportScreen& screen, const Settled& settled) {
   if (const auto* range = std::get_if<AccountRange>(&choice)) return printRange(screen, sheet, *range);
   const BalancePeriod period = balancePeriod(screen);
   return screen.filters().chosen("TrialOpt_0")
-             ? accBalRpt(context, sheet, hierarchy(screen, sixColumnHierarchy(period, choice), "CDiff"))
-             : accBalRpt2(context, sheet, hierarchy(screen, twoColumnHierarchy(period, choice), "Diff"));
+             ? accBalRpt(context, sheet, hierarchy(screen, sixColumnHierarchy(period, choice)))
+             : accBalRpt2(context, sheet, hierarchy(screen, twoColumnHierarchy(period, choice)));
 }
 
 frame::ReportSheet sheetOf(ReportScreen& screen) {

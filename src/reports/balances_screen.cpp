@@ -72,8 +72,7 @@ std::string totalText(double amount) {
 }
 
 std::string totalWithSide(double balance) {
-  const bool isCredit = balance < 0 && !frame::isSettled(balance);
-  return totalText(std::fabs(balance)) + (isCredit ? " Credit " : "  Debit ");
+  return totalText(std::fabs(balance)) + (balance < 0 ? " Credit " : "  Debit ");
 }
 
 void showSixTotals(ReportScreen& screen) {

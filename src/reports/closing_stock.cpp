@@ -4,6 +4,7 @@
 
 #include "store/forward_reader.h"
 #include "store/recordset.h"
+#include "text/decimal_sum.h"
 #include "text/number.h"
 
 namespace velmo::reports {
@@ -37,9 +38,9 @@ void writeAmount(store::Connection& connection, const std::string& tranNo, const
 double closingStockValue(store::Connection& connection, int fyid, const text::DateTime& day) {
   store::ForwardReader items(connection, stockStatement(fyid, day));
   const int value = items.field("BalValue");
-  double sum = 0;
+  text::DecimalSum sum;
   while (items.next()) sum += items.number(value);
-  return sum;
+  return sum.value();
 }
 
 void postClosingStock(store::Connection& connection, int fyid, const text::DateTime& day) {

@@ -3,6 +3,7 @@
 #include "frame/report_model.h"
 #include "reports/ledger_statements.h"
 #include "reports/posted_lines.h"
+#include "text/decimal_sum.h"
 #include "text/format.h"
 
 namespace velmo::reports {
@@ -49,7 +50,8 @@ void loadLedger(ReportScreen& screen) {
 void showTotals(ReportScreen& screen) {
   showPostedTotals(screen, grid);
   const frame::ReportModel& lines = screen.model(grid);
-  screen.setFigure("Balance", text::formatNumber(lines.sum("Debit") - lines.sum("Credit"), frame::figureFormat));
+  screen.setFigure("Balance",
+                   text::formatNumber(text::sumOf({lines.sum("Debit"), -lines.sum("Credit")}), frame::figureFormat));
 }
 
 frame::ReportType ledgersType(const session::LoginContext& context) {

@@ -7,11 +7,11 @@ namespace velmo::reports {
 LedgerRows::LedgerRows(store::Recordset lines, double broughtForward, Opener following)
     : lines_(std::move(lines)),
       openFollowing_(std::move(following)),
-      broughtForward_(broughtForward),
       debit_(field("Debit")),
       credit_(field("Credit")),
       balance_(field("Balance")),
       status_(field("Status")) {
+  running_ += broughtForward;
   carryOn();
 }
 
@@ -31,10 +31,10 @@ void LedgerRows::read(int rows) {
 
 void LedgerRows::carryOn() {
   const std::int64_t fetched = lines_.fetchedCount() + (following_ ? following_->fetchedCount() : 0);
-  double running = balance();
   for (std::int64_t row = ready(); row < fetched; ++row) {
-    running += store::numberOf(stored(row, debit_)) - store::numberOf(stored(row, credit_));
-    balances_.push_back(running);
+    running_ += store::numberOf(stored(row, debit_));
+    running_ -= store::numberOf(stored(row, credit_));
+    balances_.push_back(running_.value());
   }
 }
 

@@ -7,6 +7,7 @@
 #include "frame/report_period.h"
 #include "frame/report_rows.h"
 #include "reports/ledger_statements.h"
+#include "text/decimal_sum.h"
 
 namespace velmo::reports {
 
@@ -28,7 +29,7 @@ class LedgerRows : public frame::ReportRows {
   // As it stands in the file, the balance as well.
   store::Value stored(std::int64_t row, int field) const;
   // Behind the last line that was read, with its sign; the amount brought forward before the first.
-  double balance() const { return balances_.empty() ? broughtForward_ : balances_.back(); }
+  double balance() const { return running_.value(); }
 
  private:
   void carryOn();
@@ -36,7 +37,7 @@ class LedgerRows : public frame::ReportRows {
   store::Recordset lines_;
   std::optional<store::Recordset> following_;
   Opener openFollowing_;
-  double broughtForward_;
+  text::DecimalSum running_;
   int debit_;
   int credit_;
   int balance_;

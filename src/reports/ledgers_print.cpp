@@ -22,24 +22,12 @@ Element ofLedger(const char* name, Frame at, const char* field, Weight weight, A
           .colour = ink::Accent};
 }
 
-// The side of a balance that a statement summed up: of one that comes to zero, always "Debit".
-void addSide(Section& section, const ColumnPlace& place, Twips top, const char* name, const char* balance,
-             const char* side, Weight weight) {
-  const auto settled = [balance](const RowScope& row) {
-    return frame::isSettled(store::numberOf(row.value(ledgers, balance)));
-  };
-  addUnderColumn(section, place, top, name, Field{side, "", ledgers}, weight);
-  section.elements.back().visibleWhen = [settled](const RowScope& row) { return !settled(row); };
-  addUnderColumn(section, place, top, {}, Label{frame::sideOf(0)}, weight);
-  section.elements.back().visibleWhen = settled;
-}
-
 void addBroughtForward(Section& head, const std::vector<ColumnPlace>& columns, Twips width) {
   const Twips top = head.height + mm(1.2);
   addUnderColumn(head, columns[3], top, "BBF1", Label{"Balance Brought Forward ..."}, Weight::SemiBold);
   addUnderColumn(head, columns[6], top, "BBF2", Field{"opbalance", frame::groupedFigureFormat, ledgers},
                  Weight::SemiBold);
-  addSide(head, columns[7], top, "BBF3", "opbalance", "opstatus", Weight::SemiBold);
+  addUnderColumn(head, columns[7], top, "BBF3", Field{"opstatus", "", ledgers}, Weight::SemiBold);
   head.height = top + mm(4.6);
   head.elements.push_back({.at = {0, head.height, width, 0}, .content = Line{6, ink::Rule}});
 }
@@ -68,7 +56,7 @@ Section ledgerFoot(Report& report, const LedgersSheet& sheet, const std::vector<
   addTotalsRow(foot, columns, report.design.bodyWidth(), "TtlLbl");
   addUnderColumn(foot, columns[6], mm(1.3), "clbalance", Field{"clbalance", frame::groupedFigureFormat, ledgers},
                  Weight::Bold);
-  addSide(foot, columns[7], mm(1.3), "clstatus", "clbalance", "clstatus", Weight::Bold);
+  addUnderColumn(foot, columns[7], mm(1.3), "clstatus", Field{"clstatus", "", ledgers}, Weight::Bold);
   foot.height += mm(4);
   return foot;
 }

@@ -2,7 +2,6 @@
 
 #include "frame/report_model.h"
 #include "reports/account_filters.h"
-#include "reports/balances_rows.h"
 #include "reports/balances_screen.h"
 
 namespace velmo::reports {
@@ -115,11 +114,10 @@ bool checkSelections(ReportScreen& screen, const std::vector<Selection>& selecti
 }
 
 void load(ReportScreen& screen, const Kind& kind) {
-  screen.setRows(sixColumnGrid, std::make_shared<UnsettledRows>(
-                                    store::Recordset(screen.workplace().context.KORDconn,
-                                                     kind.statement(balancePeriod(screen), screen.filters()),
-                                                     store::LockType::ReadOnly),
-                                    "CDiff"));
+  screen.setRows(sixColumnGrid,
+                 std::make_shared<frame::RecordsetRows>(store::Recordset(
+                     screen.workplace().context.KORDconn, kind.statement(balancePeriod(screen), screen.filters()),
+                     store::LockType::ReadOnly)));
 }
 
 printing::Report printOut(ReportScreen& screen, const Kind& kind) {

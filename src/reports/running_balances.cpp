@@ -12,6 +12,7 @@
 #include "store/forward_reader.h"
 #include "store/recordset.h"
 #include "store/rewrite_rows.h"
+#include "text/decimal_sum.h"
 
 namespace velmo::reports {
 namespace {
@@ -23,7 +24,8 @@ struct Line {
   std::int64_t moment;  // of its document, in seconds
   std::int32_t account;
   std::int32_t serial;
-  double amount;  // debit less credit; then the balance behind the line, with its sign
+  double debit;  // then the balance behind the line, with its sign
+  double credit;
   double stored;  // the balance that it has, with the sign of its side; no number when it has none
 };
 
@@ -92,7 +94,8 @@ std::optional<std::vector<Line>> readLines(store::Connection& connection, int fy
     all.push_back({.moment = moments.of(lines.text(date)),
                    .account = static_cast<std::int32_t>(lines.integer(account)),
                    .serial = static_cast<std::int32_t>(lines.integer(serial)),
-                   .amount = lines.number(debit) - lines.number(credit),
+                   .debit = lines.number(debit),
+                   .credit = lines.number(credit),
                    .stored = storedBalance(lines, stored, status)});
     if (!report.goesOn()) return std::nullopt;
   }
@@ -112,13 +115,15 @@ void keepChanged(std::vector<Line>& lines) {
     return left.moment != right.moment ? left.moment < right.moment : left.serial < right.serial;
   });
   std::int32_t present = 0;
-  double balance = 0;
+  text::DecimalSum running;
   for (Line& line : lines) {
-    if (line.account != present) balance = 0;
+    if (line.account != present) running = {};
     present = line.account;
-    line.amount = balance += line.amount;
+    running += line.debit;
+    running -= line.credit;
+    line.debit = running.value();
   }
-  std::erase_if(lines, [](const Line& line) { return isRight(line.stored, line.amount); });
+  std::erase_if(lines, [](const Line& line) { return isRight(line.stored, line.debit); });
   std::ranges::sort(lines, {}, &Line::serial);
 }
 
@@ -136,7 +141,7 @@ bool writeRunningBalances(store::Connection& connection, int fyid, const LinesDo
                                           {.count = lines->size(),
                                            .keyOf = [&](std::size_t line) { return (*lines)[line].serial; },
                                            .valueOf = [&](std::size_t line, std::size_t column) -> store::Value {
-                                             const double balance = (*lines)[line].amount;
+                                             const double balance = (*lines)[line].debit;
                                              if (column == 0) return std::fabs(balance);
                                              return std::string(frame::sideOf(balance));
                                            },

@@ -1,7 +1,7 @@
 #include "reports/settled_accounts.h"
 
-#include "frame/report_period.h"
 #include "store/recordset.h"
+#include "text/decimal_sum.h"
 
 namespace velmo::reports {
 
@@ -10,14 +10,14 @@ SettledAccounts settledAccounts(store::Connection& connection, const BalancePeri
   const auto field = [&](std::string_view name) { return accounts.fieldIndex(name); };
   const int opening = field("ODiff"), debits = field("Debits"), credits = field("Credits"), closing = field("CDiff");
   const auto amount = [&](std::int64_t row, int of) { return store::numberOf(accounts.valueAt(row, of)); };
-  SettledAccounts sums;
+  text::DecimalSum openings, debitSum, creditSum;
   for (std::int64_t row = 0, count = accounts.recordCount(); row < count; ++row) {
-    if (!frame::isSettled(amount(row, closing))) continue;
-    sums.opening += amount(row, opening);
-    sums.debits += amount(row, debits);
-    sums.credits += amount(row, credits);
+    if (amount(row, closing) != 0) continue;
+    openings += amount(row, opening);
+    debitSum += amount(row, debits);
+    creditSum += amount(row, credits);
   }
-  return sums;
+  return {.opening = openings.value(), .debits = debitSum.value(), .credits = creditSum.value()};
 }
 
 }  // namespace velmo::reports

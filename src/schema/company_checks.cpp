@@ -8,8 +8,7 @@ namespace {
 
 // Gate passes, transfers, quotations, orders, challans and bills of material post to no ledger.
 constexpr const char* typesWithoutPromise = "20, 30, 43, 91, 92, 93, 94, 95";
-// Half a cent, less what binary fractions may lose of it.
-constexpr const char* halfCent = "0.0049999";
+constexpr const char* halfCent = "0.005";
 
 std::vector<store::Finding> documentFaults(store::Connection& snapshot) {
   std::vector<store::Finding> faults;

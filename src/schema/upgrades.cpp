@@ -26,15 +26,15 @@ void toVersion2(store::Connection& connection) {
   for (const std::string& sql : store::createIndexSql(items)) run(connection, sql);
 }
 
-// The totals of accounts and items by day and month came.
-void toVersion3(store::Connection& connection) {
+// The totals of accounts and items by day and month, which came with version 3, became whole numbers.
+void toVersion4(store::Connection& connection) {
   for (const store::KeptTotals& kept : companyCatalog().keptTotals()) store::makeKeptTotals(connection.handle(), kept);
 }
 
 }  // namespace
 
 std::vector<store::UpgradeStep> upgrades() {
-  return {{.version = 2, .run = toVersion2}, {.version = 3, .run = toVersion3}};
+  return {{.version = 2, .run = toVersion2}, {.version = 4, .run = toVersion4}};
 }
 
 }  // namespace velmo::schema

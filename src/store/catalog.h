@@ -39,7 +39,9 @@ struct Table {
 
 // Sums that the database itself keeps of the lines of documents, by subject and day and by subject and month, so that
 // a balance needs no reading of lines. A line counts while its document is not excluded and has a group, and it has a
-// subject; an amount that is null counts as 0.
+// subject; an amount that is null counts as 0. Amounts are summed up as whole ten-thousandths, which no order of adding
+// and taking away makes drift. A line with an amount of more decimals, or of a hundred billion and more, stands apart
+// from the totals and is read beside them.
 struct KeptTotals {
   // When a new line is added to them: as it is written, or with others in a moment without work, which spares a
   // document of many lines the time. What is not added yet is read from the lines.

@@ -14,6 +14,9 @@ namespace {
 
 constexpr int latestDays = 3;  // that areKept() sums up again
 
+constexpr const char* parts = "10000";                // of a unit
+constexpr const char* beyondTotals = "100000000000";  // amounts below it are known by as many digits as a double keeps
+
 using Names = std::vector<std::string>;
 
 std::string stateTableOf(const KeptTotals& kept) {
@@ -40,6 +43,21 @@ struct Object {
   std::string sql;
 };
 
+// Tells nothing of an amount that is null.
+std::string isApart(const std::string& amount) {
+  return "abs(" + amount + ") >= " + beyondTotals + " OR " + amount + " <> round(" + amount + " * " + parts + ") / " +
+         parts;
+}
+
+std::string inParts(const std::string& amount) {
+  return "CAST(round(coalesce(" + amount + ", 0) * " + parts + ") AS INTEGER)";
+}
+
+// The sum of whole numbers. Where it would not be one any more, sum() alone fails.
+std::string wholeSum(const std::string& number) {
+  return "sum(" + number + " / " + parts + ") * " + parts + " + sum(" + number + " % " + parts + ")";
+}
+
 // The pieces of SQL for one description.
 class KeptSql {
  public:
@@ -57,7 +75,7 @@ class KeptSql {
 
   std::vector<Object> objects() const {
     std::vector<Object> all = {table(daysTableOf(kept_), dayKey()), table(monthsTableOf(kept_), monthKey()),
-                               subjectIndex()};
+                               subjectIndex(), apartIndex()};
     if (later_) all.push_back(stateTable());
     all.insert(all.end(),
                {lineTrigger("Added", "AFTER INSERT", {}, {"new"}), lineTrigger("Removed", "AFTER DELETE", {"old"}, {}),
@@ -102,10 +120,10 @@ class KeptSql {
   // All months against all days in one sum, which takes no sorting.
   std::string unequalSums() const {
     const std::string sums =
-        "(SELECT total(Lines) AS Lines, " +
-        list(each(amounts_, [](const std::string& amount) { return "total(" + amount + ") AS " + amount; })) + " FROM ";
+        "(SELECT sum(Lines) AS Lines, " +
+        list(each(amounts_, [](const std::string& amount) { return wholeSum(amount) + " AS " + amount; })) + " FROM ";
     return "SELECT 1 FROM " + sums + days_ + ") AS one, " + sums + months_ +
-           ") AS other WHERE one.Lines <> other.Lines OR " + list(unequalAmounts(), " OR ");
+           ") AS other WHERE one.Lines IS NOT other.Lines OR " + list(unequalAmounts(), " OR ");
   }
   std::string staleMonths() const { return differences("(" + monthsOfDays() + ")", months_, "Month"); }
   std::string wrongDays() const { return differences("(" + addedLines() + ")", days_, day_); }
@@ -135,27 +153,28 @@ class KeptSql {
     return "(SELECT coalesce(max(" + quotedName(kept_.lineKey) + "), 0) FROM " + lines_ + ")";
   }
   std::string dayOf(const std::string& row) const { return "coalesce(" + row + "." + day_ + ", " + noDay + ")"; }
-  // Of a line: that it is in the totals, where not all are.
+  std::string isNotApart(const std::string& row) const { return "(" + apartTest(kept_, row) + ") IS NOT 1"; }
+  // Of a line: that it is in the totals.
   std::string isAdded(const std::string& row) const {
-    return later_ ? " AND " + additionTest(kept_, row, Added::Already) : std::string();
+    return (later_ ? additionTest(kept_, row, Added::Already) + " AND " : std::string()) + isNotApart(row);
   }
 
   // The lines summed up; `where` begins with AND.
   std::string ofLines(const std::string& time, const std::string& name, const std::string& where = {}) const {
     return "SELECT " + documents_ + "." + group_ + ", " + time + " AS " + name + ", " + subject_ +
            ", count(*) AS Lines, " +
-           list(each(amounts_,
-                     [](const std::string& amount) { return "sum(coalesce(" + amount + ", 0)) AS " + amount; })) +
+           list(each(amounts_, [](const std::string& amount) { return wholeSum(inParts(amount)) + " AS " + amount; })) +
            " FROM " + documents_ + " JOIN " + lines_ + " ON " + documents_ + "." + quotedName(kept_.key) + " = " +
            lines_ + "." + quotedName(kept_.link) + " WHERE " + countTest(kept_, kept_.documents) + " AND " + subject_ +
-           " IS NOT NULL" + where + " GROUP BY 1, 2, 3";
+           " IS NOT NULL AND " + isNotApart(kept_.lines) + where + " GROUP BY 1, 2, 3";
   }
   std::string addedLines(const std::string& where = {}) const {
-    return ofLines(dayOf(documents_), day_, where + isAdded(kept_.lines));
+    const std::string already = later_ ? " AND " + additionTest(kept_, kept_.lines, Added::Already) : std::string();
+    return ofLines(dayOf(documents_), day_, where + already);
   }
   std::string monthsOfDays() const {
     return "SELECT " + group_ + ", " + monthOf(day_) + " AS Month, " + subject_ + ", sum(Lines) AS Lines, " +
-           list(each(amounts_, [](const std::string& amount) { return "sum(" + amount + ") AS " + amount; })) +
+           list(each(amounts_, [](const std::string& amount) { return wholeSum(amount) + " AS " + amount; })) +
            " FROM " + days_ + " GROUP BY 1, 2, 3";
   }
 
@@ -163,7 +182,7 @@ class KeptSql {
     std::string columns;
     for (const std::string& column : key) columns += column + " " + typeOf(column) + " NOT NULL, ";
     columns += "Lines INTEGER NOT NULL, ";
-    for (const std::string& amount : amounts_) columns += amount + " REAL NOT NULL, ";
+    for (const std::string& amount : amounts_) columns += amount + " INTEGER NOT NULL, ";
     return {"table", name,
             "CREATE TABLE " + quotedName(name) + " (" + columns + "PRIMARY KEY (" + list(key) + ")) WITHOUT ROWID"};
   }
@@ -177,6 +196,16 @@ class KeptSql {
     return {"table", stateTableOf(kept_), "CREATE TABLE " + state() + " (Line INTEGER NOT NULL)"};
   }
 
+  // For the lines that are read beside the totals: few, so that the index holds all that is asked for.
+  Object apartIndex() const {
+    const std::string name = kept_.lines + "_Apart";
+    Names columns = {subject_, quotedName(kept_.link)};
+    columns.insert(columns.end(), amounts_.begin(), amounts_.end());
+    return {"index", name,
+            "CREATE INDEX " + quotedName(name) + " ON " + lines_ + " (" + list(columns) + ") WHERE " +
+                apartTest(kept_, "")};
+  }
+
   // For the days of one subject.
   Object subjectIndex() const {
     const std::string name = daysTableOf(kept_) + "_" + kept_.subject;
@@ -184,22 +213,22 @@ class KeptSql {
             "CREATE INDEX " + quotedName(name) + " ON " + days_ + " (" + list({group_, subject_, day_}) + ")"};
   }
 
-  // One line, `row` being new or old, added to or taken from its day and month.
-  std::string lineStep(const std::string& row, Sign sign) const {
-    const Names amounts =
-        each(amounts_, [&](const std::string& amount) { return "coalesce(" + row + "." + amount + ", 0)"; });
+  // One line, `row` being new or old, added to or taken from its day and month; `isTested` when its trigger asked
+  // whether it is in the totals.
+  std::string lineStep(const std::string& row, Sign sign, bool isTested) const {
+    const Names amounts = each(amounts_, [&](const std::string& amount) { return inParts(row + "." + amount); });
     const std::string document = " FROM " + documents_ + " WHERE " + quotedName(kept_.key) + " = " + row + "." +
                                  quotedName(kept_.link) + " AND " + countTest(kept_, kept_.documents) + " AND " + row +
-                                 "." + subject_ + " IS NOT NULL" + isAdded(row);
+                                 "." + subject_ + " IS NOT NULL" + (isTested ? std::string() : " AND " + isAdded(row));
     return step(documents_, row + "." + subject_, amounts, document, sign);
   }
 
   // All lines of a document by the values that `row` has, itself being new or old.
   std::string documentStep(const std::string& row, Sign sign) const {
-    const Names amounts = each(amounts_, [](const std::string& amount) { return "coalesce(" + amount + ", 0)"; });
+    const Names amounts = each(amounts_, inParts);
     const std::string lines = " FROM " + lines_ + " WHERE " + quotedName(kept_.link) + " = " + row + "." +
                               quotedName(kept_.key) + " AND " + countTest(kept_, row) + " AND " + subject_ +
-                              " IS NOT NULL" + isAdded(kept_.lines);
+                              " IS NOT NULL AND " + isAdded(kept_.lines);
     return step(row, subject_, amounts, lines, sign);
   }
   std::string addition(const std::string& row) const { return documentStep(row, Sign::Plus); }
@@ -244,14 +273,12 @@ class KeptSql {
   }
 
   Object lineTrigger(const std::string& event, const std::string& when, const Names& taken, const Names& added) const {
+    const bool changes = !taken.empty() && !added.empty();
     std::string steps;
-    for (const std::string& row : taken) steps += lineStep(row, Sign::Minus);
-    for (const std::string& row : added) steps += lineStep(row, Sign::Plus);
-    std::string condition;
-    if (!taken.empty() && !added.empty())
-      condition = " WHEN " + differs(lineColumns());
-    else if (later_)
-      condition = " WHEN " + additionTest(kept_, (taken.empty() ? added : taken).front(), Added::Already);
+    for (const std::string& row : taken) steps += lineStep(row, Sign::Minus, !changes);
+    for (const std::string& row : added) steps += lineStep(row, Sign::Plus, !changes);
+    const std::string condition =
+        " WHEN " + (changes ? differs(lineColumns()) : isAdded((taken.empty() ? added : taken).front()));
     return trigger(kept_.lines + event, when, lines_, condition, steps);
   }
   Object documentTrigger(const std::string& event, const std::string& when, const std::string& condition,
@@ -265,11 +292,8 @@ class KeptSql {
             "CREATE TRIGGER " + quotedName(name) + " " + when + " ON " + table + condition + " BEGIN" + steps + " END"};
   }
 
-  // Up to what sums of binary fractions in another order differ by.
   Names unequalAmounts() const {
-    return each(amounts_, [](const std::string& amount) {
-      return "abs(one." + amount + " - other." + amount + ") > 0.00005 + 1e-12 * abs(one." + amount + ")";
-    });
+    return each(amounts_, [](const std::string& amount) { return "one." + amount + " IS NOT other." + amount; });
   }
 
   // Rows that one side has and the other has not, or with other sums.
@@ -335,8 +359,16 @@ std::string monthsTableOf(const KeptTotals& kept) {
 }
 
 std::string additionTest(const KeptTotals& kept, std::string_view lines, Added added) {
-  return std::string(lines) + "." + quotedName(kept.lineKey) + (added == Added::Already ? " <= " : " > ") +
+  // Nearly all lines are added already: what a plus stands before is not looked up by its key.
+  const bool already = added == Added::Already;
+  return (already ? "+" : "") + std::string(lines) + "." + quotedName(kept.lineKey) + (already ? " <= " : " > ") +
          "(SELECT Line FROM " + quotedName(stateTableOf(kept)) + ")";
+}
+
+std::string apartTest(const KeptTotals& kept, std::string_view lines) {
+  const std::string source = lines.empty() ? std::string() : std::string(lines) + ".";
+  return list(each(kept.amounts, [&](const std::string& amount) { return isApart(source + quotedName(amount)); }),
+              " OR ");
 }
 
 std::string countTest(const KeptTotals& kept, std::string_view documents) {

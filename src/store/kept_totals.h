@@ -19,6 +19,9 @@ std::string monthsTableOf(const KeptTotals& kept);
 // are not; of totals to which lines are added later.
 enum class Added { Already, NotYet };
 std::string additionTest(const KeptTotals& kept, std::string_view lines, Added added);
+// A condition for lines that are in no totals, whether added or not: KeptTotals says which. Their tables have an index
+// for it. `lines` may be empty, where they are the only table.
+std::string apartTest(const KeptTotals& kept, std::string_view lines);
 // A condition for documents under that name: not excluded and of a group.
 std::string countTest(const KeptTotals& kept, std::string_view documents);
 
@@ -39,7 +42,7 @@ std::int64_t laterLines(sqlite3* database, const KeptTotals& kept);
 // Whether tables and triggers are those that makeKeptTotals() makes, the totals of the latest days are those of their
 // lines and the months together are the sum of the days: all that can be told without a wait.
 bool areKept(sqlite3* database, const KeptTotals& kept);
-// Whether every total is the sum of its lines, up to what sums of binary fractions in another order differ by.
+// Whether every total is the sum of its lines.
 bool areRight(sqlite3* database, const KeptTotals& kept);
 
 }  // namespace velmo::store

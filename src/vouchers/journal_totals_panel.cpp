@@ -7,6 +7,7 @@
 #include "forms/look.h"
 #include "frame/document_totals.h"
 #include "frame/figure_field.h"
+#include "text/decimal_sum.h"
 #include "text/format.h"
 #include "text/number.h"
 
@@ -43,7 +44,7 @@ JournalTotals journalTotals(const frame::LedgerSums& sums) {
 
 std::string differenceText(const JournalTotals& totals) {
   if (totals.areEqual()) return {};
-  const double difference = text::amountFrom(totals.DTot) - text::amountFrom(totals.CTot);
+  const double difference = text::sumOf({text::amountFrom(totals.DTot), -text::amountFrom(totals.CTot)});
   return "There is a difference of Rs. " + text::formatNumber(difference, "0.00") + " in totals.";
 }
 

@@ -14,6 +14,7 @@
 #include "forms/table_view.h"
 #include "frame/own_fields.h"
 #include "frame/wait_cursor.h"
+#include "text/decimal_sum.h"
 #include "text/format.h"
 #include "vouchers/pending_items.h"
 
@@ -200,9 +201,9 @@ void PendingScreen::DetailTotals() {
   const store::Recordset& rows = pending_->rows();
   for (std::size_t at = 0; at < amounts.size(); ++at) {
     const int field = rows.fieldIndex(amounts[at].field);
-    double sum = 0;
+    text::DecimalSum sum;
     for (int row = 0; row < pending_->rowCount(); ++row) sum += store::numberOf(rows.valueAt(row, field));
-    totals_[at]->setText(QString::fromStdString(text::formatNumber(sum, "0.00; (0.00)")));
+    totals_[at]->setText(QString::fromStdString(text::formatNumber(sum.value(), "0.00; (0.00)")));
   }
 }
 

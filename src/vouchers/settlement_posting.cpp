@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "store/value.h"
+#include "text/decimal_sum.h"
 #include "text/format.h"
 #include "text/number.h"
 
@@ -123,11 +124,11 @@ SettlementTotals settlementTotals(const SettlementSums& sums, std::string_view a
   totals.AdvTxt = totals.AdvTtl = frame::countedText(std::string(advance));
   const double prepaid = amountFrom(totals.AdvTxt);
   const auto shown = [](double amount) { return text::formatNumber(amount, shownAs); };
-  totals.Amt = shown(prepaid + sums.payment);
+  totals.Amt = shown(text::sumOf({prepaid, sums.payment}));
   totals.WHTax = shown(sums.whTax);
   totals.AdvAdj = shown(sums.advAdj);
   totals.Disc = shown(sums.discount);
-  totals.Amt2Party = shown(prepaid + sums.totPayment);
+  totals.Amt2Party = shown(text::sumOf({prepaid, sums.totPayment}));
   return totals;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/cell_text.h"
+#include "text/decimal_sum.h"
 #include "text/format.h"
 #include "text/number.h"
 #include "vouchers/pending_items.h"
@@ -203,9 +204,9 @@ void SettlementSheet::deriveTax(int row) {
 }
 
 void SettlementSheet::RecalculateSettlementRow(int row) {
-  const double payment =
-      numberAt(row, TotPayment) - numberAt(row, WHTax) - numberAt(row, AdvAdj) - numberAt(row, Discount);
-  write(row, Payment, frame::moneyOf(payment));
+  write(row, Payment,
+        frame::moneyOf(text::sumOf({numberAt(row, TotPayment), -numberAt(row, WHTax), -numberAt(row, AdvAdj),
+                                    -numberAt(row, Discount)})));
 }
 
 // Another program may have written finer amounts into the file.
@@ -232,15 +233,16 @@ void SettlementSheet::removeRow(int row) {
 }
 
 SettlementSums SettlementSheet::sums() const {
-  SettlementSums sums;
-  for (int row = 0; row < rowCount(); ++row) {
-    sums.payment += numberAt(row, Payment);
-    sums.whTax += numberAt(row, WHTax);
-    sums.advAdj += numberAt(row, AdvAdj);
-    sums.discount += numberAt(row, Discount);
-    sums.totPayment += numberAt(row, TotPayment);
-  }
-  return sums;
+  const auto sumOf = [this](Column column) {
+    text::DecimalSum sum;
+    for (int row = 0; row < rowCount(); ++row) sum += numberAt(row, column);
+    return sum.value();
+  };
+  return {.payment = sumOf(Payment),
+          .whTax = sumOf(WHTax),
+          .advAdj = sumOf(AdvAdj),
+          .discount = sumOf(Discount),
+          .totPayment = sumOf(TotPayment)};
 }
 
 std::string SettlementSheet::invoiceList() const {

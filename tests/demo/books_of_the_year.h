@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include "demonstration_folder.h"
+#include "frame/report_rows.h"
 #include "own_books.h"
-#include "reports/balances_rows.h"
 #include "reports/balances_statements.h"
 #include "reports/closing_stock.h"
 #include "reports/ledger_rows.h"
@@ -110,9 +110,7 @@ class BooksOfTheYear : public testing::Test {
     for (const auto accounts = ledgers.rows(); accounts->next();) {
       const std::int64_t account = store::integerOf(accounts->value("AccCode"));
       const auto balance = [&accounts](const char* amount, const char* side) {
-        const double held = store::numberOf(accounts->value(amount));
-        const bool settled = frame::isSettled(held);
-        return sided(settled ? 0 : held, settled ? "Debit" : store::textOf(accounts->value(side)));
+        return sided(store::numberOf(accounts->value(amount)), store::textOf(accounts->value(side)));
       };
       Lines found = {balance("OpBalance", "OpStatus"), balance("ClBalance", "ClStatus")};
       for (const auto lines = accounts->children("ChildCmd"); lines->next();)
@@ -263,13 +261,13 @@ class BooksOfTheYear : public testing::Test {
   }
 
   Lines sixColumns(const BalancePeriod& period, Lines& differences) {
-    UnsettledRows rows = balances(sixColumnBalances(period, AllAccounts()), "CBalance");
+    frame::RecordsetRows rows = balances(sixColumnBalances(period, AllAccounts()));
     const auto value = [&rows](std::int64_t row, const char* name) { return rows.value(row, rows.field(name)); };
     const auto figure = [&value](std::int64_t row, const char* name, const char* side) {
       return sided(store::numberOf(value(row, name)), store::textOf(value(row, side)));
     };
     Lines lines;
-    double sum = 0;
+    text::DecimalSum sum;
     for (std::int64_t row = 0; row < rows.ready(); ++row) {
       sum += store::numberOf(value(row, "CDiff"));
       const double credits = store::numberOf(value(row, "Credits"));
@@ -277,13 +275,13 @@ class BooksOfTheYear : public testing::Test {
                       sided(store::numberOf(value(row, "Debits")), "Debit") + ", " +
                       sided(credits, credits == 0 ? "Debit" : "Credit") + ", " + figure(row, "CBalance", "CStatus"));
     }
-    if (std::abs(sum) > 1e-6) differences.push_back("six columns do not balance: " + std::to_string(sum));
+    if (sum.value() != 0) differences.push_back("six columns do not balance: " + std::to_string(sum.value()));
     return lines;
   }
   Lines twoColumns(const BalancePeriod& period, Lines& differences) {
-    UnsettledRows rows = balances(twoColumnBalances(period, AllAccounts()), "Diff");
+    frame::RecordsetRows rows = balances(twoColumnBalances(period, AllAccounts()));
     Lines lines;
-    double sums[2] = {};
+    text::DecimalSum sums[2];
     for (std::int64_t row = 0; row < rows.ready(); ++row) {
       const store::Value debit = rows.value(row, rows.field("Debits"));
       const store::Value credit = rows.value(row, rows.field("Credits"));
@@ -293,12 +291,12 @@ class BooksOfTheYear : public testing::Test {
           store::textOf(rows.value(row, rows.field("AccCode"))) + " " +
           (store::isNull(credit) ? sided(store::numberOf(debit), "Debit") : sided(store::numberOf(credit), "Credit")));
     }
-    if (std::abs(sums[0] - sums[1]) > 1e-6 || sums[0] <= 0) differences.push_back("two columns do not balance");
+    if (sums[0].value() != sums[1].value() || sums[0].value() <= 0) differences.push_back("two columns do not balance");
     std::ranges::sort(lines);
     return lines;
   }
-  UnsettledRows balances(const std::string& statement, const char* balance) {
-    UnsettledRows rows(store::Recordset(connection, statement, store::LockType::ReadOnly), balance);
+  frame::RecordsetRows balances(const std::string& statement) {
+    frame::RecordsetRows rows(store::Recordset(connection, statement, store::LockType::ReadOnly));
     while (rows.hasMore()) rows.read(500);
     return rows;
   }

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "frame/report_rows.h"
 #include "printing/page_lines.h"
 #include "printing/page_pictures.h"
 #include "printing/recordset_data.h"
@@ -23,18 +24,18 @@ class AccBalPrint : public testing::Test, protected test::BalancesCompany {
     context.CompanyAddress = "12 Dock Road";
     sheet.from = period.from;
     sheet.to = period.to;
-    sheet.opening = 4e-9;
+    sheet.opening = 0;
     sheet.closing = -1012.34;
     sheet.today = day(11, 22);
   }
-  BalancesData hierarchy(const std::string& statement, const char* balance) {
+  BalancesData hierarchy(const std::string& statement) {
     store::Recordset rows;
     rows.openShape(context.KORDconn, statement);
-    return withoutSettled(std::make_shared<printing::RecordsetData>(rows), {"level2", "level3"}, balance);
+    return withoutEmptyLevels(std::make_shared<printing::RecordsetData>(rows), {"level2", "level3"});
   }
-  BalancesData flat(const std::string& statement, const char* balance) {
-    return std::make_shared<frame::ReportRowsData>(std::make_shared<UnsettledRows>(
-        store::Recordset(context.KORDconn, statement, store::LockType::ReadOnly), balance));
+  BalancesData flat(const std::string& statement) {
+    return std::make_shared<frame::ReportRowsData>(std::make_shared<frame::RecordsetRows>(
+        store::Recordset(context.KORDconn, statement, store::LockType::ReadOnly)));
   }
   Lines body(Print print, BalancesData rows, const char* picture) {
     const printing::Report report = print(context, sheet, std::move(rows));
@@ -54,7 +55,7 @@ TEST_F(AccBalPrint, SixColumnsStandUnderTheirTypes) {
   run("update AccLevel3 set AccName='A name that is so long that it takes two lines of the print-out, although there "
       "is "
       "room for more than one hundred characters in a line of it' where AccCode=12002001");
-  EXPECT_EQ(body(accBalRpt, hierarchy(sixColumnHierarchy(period, AccountsOfType{120}), "CDiff"), "AccBalRpt"),
+  EXPECT_EQ(body(accBalRpt, hierarchy(sixColumnHierarchy(period, AccountsOfType{120})), "AccBalRpt"),
             (Lines{"= 120|Customers|2,835.50|Debit", "- 12001|Trade Customers|780.50|Debit",
                    "12001002|O'Brien & Sons|1,080.50|Debit|0.00|300.00|780.50|Debit",
                    "- 12002|Export Customers|2,055.00|Debit",
@@ -68,14 +69,14 @@ TEST_F(AccBalPrint, SixColumnsStandUnderTheirTypes) {
        {"Harbour Timber", "Trial Balance", "From  April 01, 2026  To  June 30, 2026", "Acc Code", "Account Name",
         "Opening Balance", "Debit Rs.", "Credit Rs.", "Closing Balance", "Printed By: Ayesha"})
     EXPECT_THAT(head, testing::HasSubstr(words));
-  const Lines whole = body(accBalRpt, hierarchy(sixColumnHierarchy(period, AllAccounts()), "CDiff"), "AccBalRpt-all");
+  const Lines whole = body(accBalRpt, hierarchy(sixColumnHierarchy(period, AllAccounts())), "AccBalRpt-all");
   EXPECT_THAT(whole, testing::Contains("= 310|Capital|480.75|Credit"));
   EXPECT_THAT(whole, testing::Not(testing::Contains(testing::StartsWith("= 150")))) << "a type without balances";
 }
 
 TEST_F(AccBalPrint, TwoColumnsAddUpWithinTheirTypes) {
   sheet.reportLabel = "Accounts Balances";
-  EXPECT_THAT(body(accBalRpt2, hierarchy(twoColumnHierarchy(period, AllAccounts()), "Diff"), "AccBalRpt2"),
+  EXPECT_THAT(body(accBalRpt2, hierarchy(twoColumnHierarchy(period, AllAccounts())), "AccBalRpt2"),
               testing::ElementsAreArray(Lines{"= 100|Cash|500.25|Debit",
                                               "- 10001|Cash in Hand|500.25|Debit",
                                               "10001001|Cash in Hand|500.25",
@@ -128,16 +129,15 @@ TEST_F(AccBalPrint, RangesAndPartiesHaveNoGroups) {
                            "12002001|Far Trading|0.00|Debit|2,000.00|0.00|2,000.00|Debit",
                            "12002002|Nobody's|0.00|Debit|55.00|0.00|55.00|Debit",
                            "- Totals Rs.|0.00|Debit|2,055.00|300.00|1,012.34|Credit"};
-  EXPECT_EQ(body(accBalRptRange, flat(customerBalances(period, {}), "CDiff"), "AccBalRptCus"), customers);
+  EXPECT_EQ(body(accBalRptRange, flat(customerBalances(period, {})), "AccBalRptCus"), customers);
   EXPECT_THAT(head, testing::HasSubstr("Customer Name"));
   EXPECT_THAT(head, testing::HasSubstr("Customers' Balances"));
   const AccountRange range{12001002, 21001002};
-  EXPECT_EQ(body(accBalRptRange, flat(sixColumnBalances(period, range), "CDiff"), "AccBalRptRange").size(), 5U);
-  EXPECT_EQ(body(accBalRptRange2, flat(twoColumnRangePrint(period, range), "Diff"), "AccBalRptRange2"),
+  EXPECT_EQ(body(accBalRptRange, flat(sixColumnBalances(period, range)), "AccBalRptRange").size(), 5U);
+  EXPECT_EQ(body(accBalRptRange2, flat(twoColumnRangePrint(period, range)), "AccBalRptRange2"),
             (Lines{"12001002|O'Brien & Sons|780.50", "12002001|Far Trading|2,000.00", "12002002|Nobody's|55.00",
                    "21001002|Mills|740.10", "- Totals Rs.|2,835.50|740.10"}));
-  EXPECT_EQ(body(accBalRptRange2, flat(twoColumnRangePrint(period, {1, 2}), "Diff"), "empty"),
-            Lines{"- Totals Rs.|0.00|0.00"});
+  EXPECT_EQ(body(accBalRptRange2, flat(twoColumnRangePrint(period, {1, 2})), "empty"), Lines{"- Totals Rs.|0.00|0.00"});
 }
 
 }  // namespace

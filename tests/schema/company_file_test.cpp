@@ -73,7 +73,7 @@ TEST(CompanyFile, OfTheFirstVersionIsBroughtUpToDate) {
   ASSERT_NE(layoutOf(file), current);
   prepareCompanyFile(connectionStringFor(file), today);
   EXPECT_EQ(layoutOf(file), current);
-  EXPECT_TRUE(fs::exists(file.string() + " before version 3"));
+  EXPECT_TRUE(fs::exists(file.string() + " before version 4"));
   prepareCompanyFile(connectionStringFor(file), today);  // nothing is left to do
   EXPECT_EQ(layoutOf(file), current);
 }

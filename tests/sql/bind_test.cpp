@@ -82,7 +82,7 @@ TEST(Bind, GroupsIgnoreCaseAndTakeExpressions) {
       {"SELECT DISTINCT ItemCode & '' AS Code FROM Sales ORDER BY ItemCode & ''", {"A1", "B2"}},
       // A constant is no column's number.
       {"SELECT SaleNo, Yes AS y FROM Sales WHERE SaleNo<3 ORDER BY y, -Yes, -(-No), Rate DESC", {"2|-1", "1|-1"}},
-      {"SELECT Sum(Party) AS s, No AS n FROM Sales WHERE SaleNo=4 GROUP BY No, -Yes, -(Party>0)", {"21001001|0"}},
+      {"SELECT Sum(Party) AS s, No AS n FROM Sales WHERE SaleNo=4 GROUP BY No, -Yes, -(Party>0)", {"21001001.0|0"}},
       {"SELECT No AS n, Count(*) AS c FROM Sales WHERE SaleNo>9 GROUP BY No", {}},
       {"SELECT q.n FROM (SELECT TOP 1 -Yes AS n FROM Sales ORDER BY -Yes) AS q", {"1", "1", "1", "1"}},
       {"SELECT Sum(Quantity), Avg(Quantity), Min(Rate), Max(ItemCode), Count(Quantity) FROM Sales WHERE SaleNo>9",

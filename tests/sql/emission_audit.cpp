@@ -17,13 +17,19 @@ const std::set<std::string_view> words = {"SELECT", "DISTINCT", "FROM",  "WHERE"
                                           "UNION",  "CROSS",    "ALL",   "OVER",  "UPDATE", "SET", "DELETE",  "INSERT",
                                           "INTO",   "VALUES",   "rowid", "Line",  "value"};
 const std::set<std::string_view> functions = {"abs",
+                                              "round",
                                               "sign",
                                               "length",
                                               "trim",
                                               "ltrim",
                                               "rtrim",
-                                              "sum",
-                                              "avg",
+                                              "velmo_sum",
+                                              "velmo_avg",
+                                              "velmo_add",
+                                              "velmo_subtract",
+                                              "velmo_kept",
+                                              "velmo_sum_kept",
+                                              "velmo_sum_exactly",
                                               "min",
                                               "max",
                                               "count",
@@ -125,7 +131,7 @@ std::string emissionProblem(const store::sql::CompiledStatement& compiled, std::
     } else if (rest.starts_with(store::noDay)) {
       length = std::string_view(store::noDay).size();
     } else if (rest.starts_with("--") || rest.starts_with("/*") ||
-               std::string_view(" (),.+-*=<>|").find(rest[0]) == std::string_view::npos) {
+               std::string_view(" (),.+-*/=<>|").find(rest[0]) == std::string_view::npos) {
       return "the sign " + std::string(rest.substr(0, 2));
     }
     rest.remove_prefix(length);

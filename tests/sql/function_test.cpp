@@ -50,6 +50,27 @@ TEST(Function, CalculatesAsTheDialectDoes) {
   });
 }
 
+// To fifteen digits, and never to less than that by what cancels out.
+TEST(Function, AddsFiguresAsDecimals) {
+  expectValues({
+      {"0.1+0.2-0.3", "0.0"},
+      {"0.1+0.2", "0.3"},
+      {"4009.53-2004.76-2004.77", "0.0"},
+      {"99999999999999+120.37-99999999999999", "120.0"},
+      {"99999999999999-99999999999999+120.37", "120.37"},
+      {"1e300-1e300+0.5", "0.5"},
+      {"IIf(1.1+2.2=3.3,'equal','not')", "equal"},
+      {"1.5+Null", "null"},
+      {"Null-1.5", "null"},
+      {"5-2", "3"},
+      {"9007199254740993-1", "9007199254740992"},
+      {"0.5+No", "0.5"},
+      {"'a' + 'b'", "ab"},
+      {"#03-05-2024#+1.5-#03-05-2024#", "1.5"},
+      {"Round(2.344+2.341,2)-Round(4.685,2)", "0.0"},
+  });
+}
+
 TEST(Function, MakesTexts) {
   expectValues({
       {"'a' & Null & 5", "a5"},

@@ -5,10 +5,6 @@ namespace {
 
 std::string_view symbolOf(Operator operation) {
   switch (operation) {
-    case Operator::Add:
-      return " + ";
-    case Operator::Subtract:
-      return " - ";
     case Operator::Multiply:
       return " * ";
     case Operator::Equal:
@@ -122,8 +118,11 @@ void ExpressionWriter::operation(const Bound& bound) {
       sql_ += ')';
       return;
     case Operator::Add:
+      if (bound.domain == Domain::Real) return decimal(bound, "velmo_add");
       return infix(bound, bound.domain == Domain::Text ? " || " : " + ");
     case Operator::Subtract:
+      if (bound.domain == Domain::Real) return decimal(bound, "velmo_subtract");
+      return infix(bound, " - ");
     case Operator::Multiply:
       return infix(bound, symbolOf(bound.operation));
     case Operator::And:
@@ -148,6 +147,11 @@ void ExpressionWriter::operation(const Bound& bound) {
     default:
       return comparison(bound);
   }
+}
+
+void ExpressionWriter::decimal(const Bound& bound, std::string_view function) {
+  sql_ += function;
+  arguments(bound.operands);
 }
 
 void ExpressionWriter::infix(const Bound& bound, std::string_view symbol) {

@@ -19,15 +19,17 @@ class KeptWriter {
   }
 
   // Whole months up to the one in which the last day lies, and the days of that one; where there is a first day, days
-  // alone; and the lines that are not added yet.
+  // alone; and the lines that are not added yet, or stand apart.
   void write() {
-    sql_ += '(';
-    writeSums("");
+    sql_ += "(SELECT ";
+    writeName(totals_.subject, sql_);
+    writeAmounts("velmo_sum_exactly", "");
     sql_ += " FROM (";
     if (!kept_.from.day) writeMonths();
     if (!kept_.from.day && kept_.to.day) sql_ += unionAll;
     if (kept_.from.day || kept_.to.day) writeDays();
-    if (totals_.adds == KeptTotals::Adds::Later) writeLines();
+    if (totals_.adds == KeptTotals::Adds::Later) writeLines(additionTest(totals_, lines_, Added::NotYet));
+    writeLines(apartLines());
     sql_ += ") GROUP BY ";
     writeName(totals_.subject, sql_);
     sql_ += totals_.subjectType == KeptTotals::Subject::Text ? " COLLATE NOCASE)" : ")";
@@ -36,18 +38,19 @@ class KeptWriter {
  private:
   static constexpr const char* unionAll = " UNION ALL ";
 
-  void writeColumns() {
-    sql_ += "SELECT " + column(lines_, totals_.subject);
-    for (const std::string& amount : totals_.amounts) sql_ += ", " + column(lines_, amount);
+  std::string apartLines() const {
+    const std::string apart = "(" + apartTest(totals_, lines_) + ")";
+    return totals_.adds == KeptTotals::Adds::AtOnce ? apart
+                                                    : apart + " AND " + additionTest(totals_, lines_, Added::Already);
   }
 
-  void writeSums(const std::string& source) {
-    sql_ += "SELECT " + source;
-    writeName(totals_.subject, sql_);
+  void writeAmounts(std::string_view function, const std::string& source) {
     for (const std::string& amount : totals_.amounts) {
       std::string name;
       writeName(amount, name);
-      sql_ += ", sum(" + source + name + ") AS " + name;
+      sql_ += ", ";
+      sql_ += function;
+      sql_ += "(" + source + name + ") AS " + name;
     }
   }
 
@@ -66,14 +69,16 @@ class KeptWriter {
 
   // They stand in the order of subjects, and so are summed up as they are read.
   void writeMonths() {
-    writeSums(lines_ + ".");
+    sql_ += "SELECT " + column(lines_, totals_.subject);
+    writeAmounts("velmo_sum_kept", lines_ + ".");
     writeTotals(monthsTableOf(totals_));
     if (kept_.to.day) sql_ += " AND " + column(lines_, "Month") + " < " + monthOf(textOf(kept_.to.day));
     sql_ += " GROUP BY " + column(lines_, totals_.subject);
   }
 
   void writeDays() {
-    writeColumns();
+    sql_ += "SELECT " + column(lines_, totals_.subject);
+    writeAmounts("velmo_kept", lines_ + ".");
     writeTotals(daysTableOf(totals_));
     const std::string day = column(lines_, totals_.day);
     if (!kept_.from.day) sql_ += " AND " + day + " >= " + monthOf(textOf(kept_.to.day));
@@ -87,17 +92,17 @@ class KeptWriter {
   }
 
   // The few lines are read first and their documents by key.
-  void writeLines() {
+  void writeLines(const std::string& chosen) {
     sql_ += unionAll;
-    writeColumns();
+    sql_ += "SELECT " + column(lines_, totals_.subject);
+    for (const std::string& amount : totals_.amounts) sql_ += ", " + column(lines_, amount);
     sql_ += " FROM ";
     writeName(totals_.lines, sql_);
     sql_ += " AS " + lines_ + " CROSS JOIN ";
     writeName(totals_.documents, sql_);
-    sql_ += std::string(" AS ") + documentsName + " WHERE " + additionTest(totals_, lines_, Added::NotYet) + " AND " +
-            column(documentsName, totals_.key) + " = " + column(lines_, totals_.link) + " AND " +
-            countTest(totals_, documentsName) + " AND " + column(documentsName, totals_.group) + " = " +
-            textOf(kept_.group);
+    sql_ += std::string(" AS ") + documentsName + " WHERE " + chosen + " AND " + column(documentsName, totals_.key) +
+            " = " + column(lines_, totals_.link) + " AND " + countTest(totals_, documentsName) + " AND " +
+            column(documentsName, totals_.group) + " = " + textOf(kept_.group);
     writeTests();
     writeEnds(column(documentsName, totals_.day));
   }

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "store/error.h"
+#include "store/sql/decimal_functions.h"
 #include "store/sql/like.h"
 #include "store/sql/row_choice.h"
 #include "store/sql/spellings.h"
@@ -381,6 +382,7 @@ void registerFunctions(sqlite3* database) {
       throw StoreError(ErrorKind::Failed, std::string("The function ") + scalar.name + " cannot be registered.");
     }
   }
+  registerDecimalFunctions(database);
   registerRowChoice(database);
 }
 

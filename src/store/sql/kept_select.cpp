@@ -203,7 +203,7 @@ class Usage {
     if (bound.meaning == Meaning::Column) return bound.source != source_ || roleOf(bound) == Role::Subject;
     // Any other aggregate would tell how many lines there are.
     if (bound.meaning == Meaning::Aggregate)
-      return bound.function == "sum" && bound.operands.size() == 1 && growsWithAmounts(*bound.operands[0]);
+      return bound.function == "velmo_sum" && bound.operands.size() == 1 && growsWithAmounts(*bound.operands[0]);
     return std::ranges::all_of(bound.operands, [this](const BoundPtr& operand) { return fits(*operand); });
   }
   bool fits(const std::vector<BoundPtr>& expressions) const {
