@@ -56,10 +56,13 @@ class Person {
   // A control of the active window, by its name; throws std::runtime_error when it has none. In the program only.
   template <typename Control = QWidget>
   static Control& control(const char* name) {
-    for (QWidget* window : QApplication::topLevelWidgets())
-      if (window->isVisible())
-        for (Control* found : window->findChildren<Control*>(QLatin1String(name)))
-          if (found->isVisible()) return *found;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (!window->isVisible()) continue;
+      if (auto* itself = qobject_cast<Control*>(window); itself && itself->objectName() == QLatin1String(name))
+        return *itself;
+      for (Control* found : window->findChildren<Control*>(QLatin1String(name)))
+        if (found->isVisible()) return *found;
+    }
     throw std::runtime_error(std::string("no control ") + name);
   }
 };

@@ -57,6 +57,12 @@ Amount::Amount(double value) {
   units_ = digits[0] == '-' ? -mantissa : mantissa;
 }
 
+Amount Amount::ofTenThousandths(std::int64_t parts) {
+  Amount amount;
+  amount.units_ = bounded(Units(parts) * powerOfTen(decimals - 4));
+  return amount;
+}
+
 Amount& Amount::operator+=(const Amount& other) {
   units_ = bounded(units_ + other.units_);
   return *this;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace velmo::attack {
@@ -10,6 +11,7 @@ class Amount {
  public:
   Amount() = default;
   explicit Amount(double value);
+  static Amount ofTenThousandths(std::int64_t parts);
 
   Amount& operator+=(const Amount& other);
   friend Amount operator-(const Amount& one, const Amount& other);

@@ -1,5 +1,6 @@
 #include "attack/kept_check.h"
 
+#include <cmath>
 #include <limits>
 #include <map>
 #include <optional>
@@ -33,7 +34,7 @@ struct Sums {
     in += other.in;
     out += other.out;
   }
-  bool agree(const Sums& other) const { return lines == other.lines && in.isAbout(other.in) && out.isAbout(other.out); }
+  bool operator==(const Sums&) const = default;
 };
 
 using Totals = std::map<Key, Sums>;
@@ -76,6 +77,11 @@ std::optional<std::int64_t> lastAdded(sqlite3* file, const Kind& kind) {
   return rows.integer(0);
 }
 
+// No whole ten-thousandths, or too many of them: such a line stands beside the totals.
+bool isApart(double amount) {
+  return std::fabs(amount) >= 1e11 || amount != std::round(amount * 1e4) / 1e4;
+}
+
 Totals totalsOfLines(sqlite3* file, const Kind& kind) {
   const auto documents = documentsOf(file, kind);
   const auto last = kind.addsLater ? lastAdded(file, kind) : std::numeric_limits<std::int64_t>::max();
@@ -86,15 +92,15 @@ Totals totalsOfLines(sqlite3* file, const Kind& kind) {
   while (rows.next()) {
     const auto document = documents.find(rows.integer(1));
     if (rows.integer(0) > *last || rows.isNull(1) || document == documents.end() || rows.isNull(2)) continue;
+    if (isApart(rows.number(3)) || isApart(rows.number(4))) continue;
     totals[{document->second.year, document->second.day, lowerCase(rows.text(2))}].add(
         {1, Amount(rows.number(3)), Amount(rows.number(4))});
   }
   return totals;
 }
 
-// The one place that knows how a kept amount stands in its column.
 Amount keptAmount(const PlainRows& rows, int column) {
-  return Amount(rows.number(column));
+  return Amount::ofTenThousandths(rows.integer(column));
 }
 
 Totals keptTotals(sqlite3* file, const Kind& kind, const std::string& table, const std::string& time) {
@@ -117,7 +123,7 @@ void compare(const Totals& lines, const Totals& kept, const std::string& table, 
     const auto found = kept.find(key);
     if (found == kept.end())
       flaws.push_back(table + " lacks " + words(key, sums));
-    else if (!sums.agree(found->second))
+    else if (sums != found->second)
       flaws.push_back(table + " has " + words(key, found->second) + " in place of " + words(key, sums));
   }
   for (const auto& [key, sums] : kept)
