@@ -11,9 +11,9 @@
 namespace velmo::frame {
 namespace {
 
-void addTo(QHBoxLayout& row, QWidget& widget, const ReportFigure& figure) {
+void addTo(QHBoxLayout& row, QWidget& widget, bool shown) {
   row.addWidget(&widget);
-  if (!figure.name.empty()) return;
+  if (shown) return;
   QSizePolicy policy = widget.sizePolicy();
   policy.setRetainSizeWhenHidden(true);
   widget.setSizePolicy(policy);
@@ -54,7 +54,8 @@ ReportFoot::ReportFoot(const ReportType& type) : message_(new QLabel) {
   if (!type.grids.empty()) showTotalsOf(type.grids.front().name);
 }
 
-// As wide as the totals above, so that each figure stands under its own.
+// As wide as the totals above, so that each figure stands under its own; the line's caption takes the room of the
+// first.
 void ReportFoot::addFurtherTotals(const ReportFurtherTotals& further, QVBoxLayout& column) {
   auto* frame = new QWidget(this);
   frame->setObjectName(shownText(further.frame));
@@ -62,11 +63,11 @@ void ReportFoot::addFurtherTotals(const ReportFurtherTotals& further, QVBoxLayou
   forms::setGrid(*row, 0);
   row->addStretch(1);
   row->addWidget(new QLabel(shownText(further.caption)));
-  addFigures(further.figures, *row);
+  addFigures(further.figures, *row, Captions::RoomOnly);
   column.addWidget(frame);
 }
 
-void ReportFoot::addFigures(const std::vector<ReportFigure>& figures, QHBoxLayout& row) {
+void ReportFoot::addFigures(const std::vector<ReportFigure>& figures, QHBoxLayout& row, Captions captions) {
   QFont font = forms::figureFont();
   font.setWeight(QFont::DemiBold);
   for (const ReportFigure& figure : figures) {
@@ -78,12 +79,13 @@ void ReportFoot::addFigures(const std::vector<ReportFigure>& figures, QHBoxLayou
     box->setAlignment(Qt::AlignRight);
     box->setFont(font);
     box->setFixedWidth(box->fontMetrics().averageCharWidth() * figure.width);
-    if (!figure.caption.empty()) {
+    const bool isFirst = &figure == &figures.front();
+    if (!figure.caption.empty() && (captions == Captions::Shown || !isFirst)) {
       auto* label = new QLabel(shownText(figure.caption));
       forms::makeCaption(*label);
-      addTo(row, *label, figure);
+      addTo(row, *label, captions == Captions::Shown);
     }
-    addTo(row, *box, figure);
+    addTo(row, *box, !figure.name.empty());
     if (!figure.name.empty()) boxes_[figure.name] = box;
   }
 }

@@ -24,7 +24,8 @@ class ReportFoot : public QWidget {
   const std::map<std::string, QWidget*, std::less<>>& boxes() const { return boxes_; }
 
  private:
-  void addFigures(const std::vector<ReportFigure>& figures, QHBoxLayout& row);
+  enum class Captions { Shown, RoomOnly };
+  void addFigures(const std::vector<ReportFigure>& figures, QHBoxLayout& row, Captions captions = Captions::Shown);
   void addFurtherTotals(const ReportFurtherTotals& further, QVBoxLayout& column);
   void showFrames();
 

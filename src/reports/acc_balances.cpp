@@ -110,11 +110,12 @@ frame::ReportSheet sheetOf(ReportScreen& screen) {
 
 frame::ReportGrid sixColumnsOfAccounts() {
   frame::ReportGrid grid = sixColumns("Account Name", "TrialOpt_0");
-  grid.further = {
-      .frame = "LedgerSettled",
-      .caption = settledCaption,
-      .figures = {
-          {"SettledOpen", "Opening", 20}, {"SettledDr", "Debit"}, {"SettledCr", "Credit"}, {{}, "Closing", 20}}};
+  grid.further = {.frame = "LedgerSettled",
+                  .caption = settledCaption,
+                  .figures = {{"SettledOpen", "Opening", 23},
+                              {"SettledDr", "Debit", 17},
+                              {"SettledCr", "Credit", 17},
+                              {{}, "Closing", 20}}};
   return grid;
 }
 

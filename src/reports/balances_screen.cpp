@@ -40,9 +40,9 @@ frame::ReportGrid sixColumns(const char* nameCaption, const char* shownBy) {
           .sums = {"ODiff", "Debits", "Credits", "CDiff"},
           .shownBy = shownBy,
           .totalsFrame = "LedgerTotals",
-          .totals = {{"OpenBalance", "Opening", 20},
-                     {"TotalDr", "Debit"},
-                     {"TotalCr", "Credit"},
+          .totals = {{"OpenBalance", "Opening", 23},
+                     {"TotalDr", "Debit", 17},
+                     {"TotalCr", "Credit", 17},
                      {"CloseBalance", "Closing", 20}}};
 }
 

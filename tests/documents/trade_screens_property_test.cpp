@@ -28,6 +28,7 @@ struct Kind {
 };
 
 const Kind kinds[] = {{32, documents::makeSaleInvoicesSimple, "StockOut", "AgingDr", "TrAmount"},
+                      {32, documents::makeSaleInvoicesPOS, "StockOut", "AgingDr", "TrAmount"},
                       {35, documents::makeSaleReturns, "StockIn", "AgingDr", "[Return]"},
                       {22, documents::makePurchaseBillsSimple, "StockIn", "AgingCr", "TrAmount"},
                       {25, documents::makePurchaseReturns, "StockOut", "AgingCr", "[Return]"}};
@@ -54,12 +55,12 @@ class Desk {
       case 4:
         return type("Carriage", (pick(2) ? "-" : "") + amount(pick(3) ? 2 : 8));
       case 5:
-        return type("Received", amount(pick(3) ? 3 : 8));
+        return atCounter_ ? void() : type("Received", amount(pick(3) ? 3 : 8));
       case 6:
         return clearCode();
       case 7:
       case 8:
-        return save("PrintBill_1");
+        return save(atCounter_ ? "SaveBttn" : "PrintBill_1");
       case 9:
         return save("SaveBttn");
       default:
@@ -73,6 +74,11 @@ class Desk {
  private:
   int pick(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
   void type(const char* box, const std::string& text) { screen_.type(box, QString::fromStdString(text)); }
+
+  static void typeInto(QLineEdit& box, const std::string& text) {
+    box.selectAll();
+    test::type(box, QString::fromStdString(text));
+  }
 
   // Up to so many digits before the point, and up to three behind it.
   std::string amount(int digits) {
@@ -132,6 +138,10 @@ class Desk {
     shop_.prompts.anything.emplace();
     const std::string net = screen_.text("NetTotal");
     screen_.press(command);
+    if (atCounter_) {
+      typeInto(screen_.box("Received"), amount(8));
+      press(screen_.box("Received"), Qt::Key_Return);
+    }
     QApplication::processEvents();
     const Rows found = plainTexts(
         file_, "select TranNo from Transactions where TranType = " + std::to_string(kind_.tranType) +
@@ -206,8 +216,9 @@ class Desk {
   PlainFile file_{shop_.company.folder() / "Uninstall" / "Uninstall.MDB"};
   std::mt19937 random_;
   InvoiceScreen screen_;
-  std::map<int, Document> documents_;  // by number
-  int shown_ = 0;                      // 0: the next save adds a document
+  std::map<int, Document> documents_;                                    // by number
+  int shown_ = 0;                                                        // 0: the next save adds a document
+  const bool atCounter_ = kind_.make == documents::makeSaleInvoicesPOS;  // the money is taken as it is saved
 };
 
 TEST(TradeScreenProperties, TheTotalIsWhatTheLinesComeToWhateverIsTypedClearedAndPrinted) {
