@@ -56,6 +56,7 @@ TEST_F(OtherReader, SeesWhatAnotherProgramDid) {
     const char* seen;
   };
   const Case cases[] = {
+      {"UPDATE AccountDays SET Credit = Credit + 1 WHERE Credit > 0", "T"},
       {"UPDATE AccountDays SET Credit = Credit + 0.01 WHERE Credit > 0", "T"},
       {"DELETE FROM AccountMonths", "T"},
       {"UPDATE StockAdded SET Line = Line + 1000", "T"},

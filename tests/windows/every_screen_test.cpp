@@ -7,7 +7,7 @@
 #include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
-#include <QStyle>
+#include <QScreen>
 
 #include "shell/screen_catalogue.h"
 #include "windows/person.h"

@@ -99,8 +99,11 @@ Totals totalsOfLines(sqlite3* file, const Kind& kind) {
   return totals;
 }
 
+// A whole number of ten-thousandths; what is none agrees with nothing.
 Amount keptAmount(const PlainRows& rows, int column) {
-  return Amount::ofTenThousandths(rows.integer(column));
+  const std::int64_t parts = rows.integer(column);
+  return static_cast<double>(parts) == rows.number(column) ? Amount::ofTenThousandths(parts)
+                                                           : Amount(std::numeric_limits<double>::infinity());
 }
 
 Totals keptTotals(sqlite3* file, const Kind& kind, const std::string& table, const std::string& time) {

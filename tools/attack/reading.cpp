@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* readFolder = "read";
-constexpr std::int64_t versionWithTotals = 3;
+constexpr std::int64_t versionWithTotals = 4;
 
 void readRows(sqlite3* file, const std::string& table, const std::string& statement, Reading& reading) {
   PlainRows rows(file, statement);
@@ -61,6 +61,8 @@ Reading readCopyOf(const fs::path& file) {
     return reading;
   }
   reading.flaws = flawsOfBooks(opened, reading.version < versionWithTotals ? Totals::Passed : Totals::Looked);
+  if (sqlite3_db_readonly(opened, "main") == 1)
+    reading.flaws.push_back({Flaw::Kind::Structure, "the header makes it a file to read alone"});
   return reading;
 }
 
