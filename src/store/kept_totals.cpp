@@ -53,7 +53,7 @@ std::string inParts(const std::string& amount) {
   return "CAST(round(coalesce(" + amount + ", 0) * " + parts + ") AS INTEGER)";
 }
 
-// The sum of whole numbers. Where it would not be one any more, sum() alone fails.
+// The sum of whole numbers, and a double where it outgrows them: sum() alone would fail then.
 std::string wholeSum(const std::string& number) {
   return "sum(" + number + " / " + parts + ") * " + parts + " + sum(" + number + " % " + parts + ")";
 }

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <span>
 
 #include "text/decimal.h"
 
@@ -36,10 +37,11 @@ std::int64_t settleCarries(Limbs& limbs) {
   return carry;
 }
 
-std::string digitsOf(const Limbs& limbs) {
+// From the highest of them down.
+std::string digitsOf(std::span<const std::int64_t> limbs) {
   std::string digits;
-  for (auto limb = limbs.rbegin(); limb != limbs.rend(); ++limb) {
-    const std::string nine = std::to_string(*limb);
+  for (; !limbs.empty(); limbs = limbs.first(limbs.size() - 1)) {
+    const std::string nine = std::to_string(limbs.back());
     digits.append(limbDigits - nine.size(), '0').append(nine);
   }
   return digits;
@@ -139,10 +141,14 @@ DecimalSum::Size DecimalSum::size() const {
     limbs = all.limbs_;
     settleCarries(limbs);
   }
-  std::string digits = digitsOf(limbs);
+  const auto isFilled = [](std::int64_t limb) { return limb != 0; };
+  const auto lowest = std::ranges::find_if(limbs, isFilled);
+  if (lowest == limbs.end()) return {.digits = "0"};
+  const auto behindHighest = std::find_if(limbs.rbegin(), limbs.rend(), isFilled).base();
+  std::string digits = digitsOf({lowest, behindHighest});
   const std::size_t behind = digits.find_last_not_of('0') + 1;
-  if (behind == 0) return {.digits = "0"};
-  const int last = lowestExponent + static_cast<int>(digits.size() - behind);
+  const int last =
+      lowestExponent + limbDigits * static_cast<int>(lowest - limbs.begin()) + static_cast<int>(digits.size() - behind);
   digits.resize(behind);
   digits.erase(0, digits.find_first_not_of('0'));
   return {.negative = negative, .digits = digits, .exponent = last};

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "schema/new_company.h"
+#include "store/file_identity.h"
 #include "store/sql/compile.h"
 
 namespace velmo::schema {
@@ -420,6 +421,26 @@ TEST_F(KeptTotals, OfAnOlderFileAreRightAgain) {
   company.connection.open(connectionStringFor(company.file));
   EXPECT_TRUE(areRight());
   EXPECT_TRUE(areKept());
+}
+
+// More than whole numbers of SQLite hold is summed up as doubles are, and keeps nobody from the file.
+TEST_F(KeptTotals, SurviveWhatOutgrowsThem) {
+  run("INSERT INTO Transactions (TranNo, TranType, TranDate, FYID, Cancel) VALUES (9000, 32, '2026-11-22', 1, 0); "
+      "INSERT INTO SubTransactions (TranNo, AccCode, Debit) SELECT 9000, 12001101, 99999999999.99 FROM (WITH RECURSIVE "
+      "n(value) AS (SELECT 1 UNION ALL SELECT value + 1 FROM n WHERE value < 10000) SELECT * FROM n)");
+  const std::string balance =
+      "SELECT " + debits + " AS Dr" + joined +
+      "WHERE Transactions.FYID = 1 And Transactions.Cancel = No And SubTransactions.AccCode = 12001101 GROUP BY "
+      "SubTransactions.AccCode";
+  ASSERT_TRUE(readsTotals(balance));
+  EXPECT_NEAR(company.figure(balance), 999999999999900, 100);
+  company.connection.close();
+  prepareCompanyFile(connectionStringFor(company.file), text::DateTime::fromCalendar(2026, 11, 23));
+  company.connection.open(connectionStringFor(company.file));
+  store::mendKeptTotals(company.connection, store::TotalsCheck::All);
+  EXPECT_NEAR(company.figure(balance), 999999999999900, 100);
+  run("DELETE FROM SubTransactions WHERE Serial % 2 = 0; DELETE FROM Transactions WHERE TranNo = 9000");
+  EXPECT_TRUE(areRight());
 }
 
 TEST_F(KeptTotals, TellWhenTheyCannotBeSetRight) {

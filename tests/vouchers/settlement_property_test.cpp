@@ -99,7 +99,7 @@ class SettlementBooks : public TradeBooks {
     const std::string statement = detailed ? pendingListStatement(kind, party, 1) : pendingStatement(kind, party, 1);
     std::vector<std::string> all;
     for (store::Recordset rows(context.KORDconn, statement, store::LockType::ReadOnly); !rows.eof(); rows.moveNext())
-      if (rows.number("BalAmt") > 0.001) all.push_back(shown(rows.text(keyColumn(kind)), rows.number("BalAmt")));
+      all.push_back(shown(rows.text(keyColumn(kind)), rows.number("BalAmt")));
     if (party == vendor) std::ranges::sort(all);
     return all;
   }
