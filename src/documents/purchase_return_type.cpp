@@ -20,9 +20,9 @@ std::vector<frame::DocumentField> fields() {
            .choices = {"Purchase Return (Reduces Inventory)", "Rate Adjustment (No Change in Inventory)"},
            .initial = "0"},
           {.name = "D1", .column = "D1", .label = "Vendor Invoice No."},
-          {.name = "D1Dt", .column = "D1Date", .label = "Dated ", .place = Beside},
+          {.name = "D1Dt", .column = "D1Date", .label = "Dated "},
           {.name = "D2", .column = "D2", .label = "Purchase No."},
-          {.name = "D2Dt", .column = "D2Date", .label = "Dated ", .kind = Day, .place = Beside}};
+          {.name = "D2Dt", .column = "D2Date", .label = "Dated ", .kind = Day}};
 }
 
 frame::AgingRow openItem(const DocumentValues& values) {

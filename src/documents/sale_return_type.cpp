@@ -20,7 +20,7 @@ std::vector<frame::DocumentField> fields() {
            .choices = {"Sale Return (Increases Inventory)", "Rate Adjustment (No Change in Inventory)"},
            .initial = "0"},
           {.name = "D1", .column = "D1", .label = "Sale Invoice No."},
-          {.name = "D1Dt", .column = "D1Date", .label = "Dated ", .kind = Day, .place = Beside}};
+          {.name = "D1Dt", .column = "D1Date", .label = "Dated ", .kind = Day}};
 }
 
 }  // namespace

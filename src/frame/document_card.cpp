@@ -8,6 +8,11 @@
 #include "forms/look.h"
 
 namespace velmo::frame {
+namespace {
+
+constexpr int widestBeside = 200;  // of a field beside its caption
+
+}  // namespace
 
 DocumentCard::DocumentCard(const DocumentType& type, OwnFields& fields, QWidget* parent) : QFrame(parent) {
   forms::makeCard(*this);
@@ -15,9 +20,12 @@ DocumentCard::DocumentCard(const DocumentType& type, OwnFields& fields, QWidget*
   forms::setGrid(*grid, forms::spacing::Normal);
   grid->setVerticalSpacing(forms::spacing::Tight);
   int row = 0;
+  // A field of long choices stands below its caption, lest it make the card too wide for a small screen.
   const auto add = [&](QWidget* field, const QString& caption) {
-    grid->addWidget(captionFor(*field, caption), row, 0);
-    grid->addWidget(field, row++, 1);
+    const bool wide = field->sizeHint().width() > widestBeside;
+    grid->addWidget(captionFor(*field, caption), row, 0, 1, wide ? 2 : 1);
+    if (wide) ++row;
+    grid->addWidget(field, row++, wide ? 0 : 1, 1, wide ? 2 : 1);
   };
   docNo_ = new forms::DigitsBox;
   docNo_->setObjectName("DocNo");

@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QLineEdit>
+#include <vector>
 
 #include "forms/drop_combo.h"
 #include "forms/look.h"
@@ -12,7 +13,8 @@ namespace velmo::frame {
 
 namespace {
 
-constexpr int narrowestBox = 76;  // a date
+constexpr int narrowestBox = 76;
+constexpr int boxPadding = 24;  // of its frame, at both sides together
 
 void showEntry(forms::DropCombo& list, std::int64_t id) {
   list.setBoundValue(id);
@@ -34,15 +36,19 @@ ReferencesCard::ReferencesCard(const DocumentType& type, OwnFields& fields, sess
   auto* grid = new QGridLayout(this);
   forms::setGrid(*grid, forms::spacing::Normal);
   grid->setVerticalSpacing(forms::spacing::Tight);
+  std::vector<const DocumentField*> shown;
+  for (const DocumentField& field : type.fields)
+    if (field.kind != FieldKind::Unseen && field.place != FieldPlace::Head) shown.push_back(&field);
+  const auto isBeside = [&](std::size_t at) { return at < shown.size() && shown[at]->place == FieldPlace::Beside; };
+  const int widthOfDate = fontMetrics().horizontalAdvance(QStringLiteral("00-00-0000"));
   int row = -1;
-  for (const DocumentField& field : type.fields) {
-    if (field.kind == FieldKind::Unseen || field.place == FieldPlace::Head) continue;
-    QWidget* control = fields.makeControl(field);
-    const int column = field.place == FieldPlace::Beside ? 2 : 0;
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    QWidget* control = fields.makeControl(*shown[i]);
+    const int column = isBeside(i) ? 2 : 0;
     if (column == 0) ++row;
-    grid->addWidget(captionFor(*control, shownText(field.label)), row, column);
-    control->setMinimumWidth(narrowestBox);
-    grid->addWidget(control, row, column + 1);
+    grid->addWidget(captionFor(*control, shownText(shown[i]->label)), row, column);
+    control->setMinimumWidth(isBeside(i) ? widthOfDate + boxPadding : narrowestBox);
+    grid->addWidget(control, row, column + 1, 1, isBeside(i) || isBeside(i + 1) ? 1 : 3);
   }
   jobs_ = makeList("JobList");
   employees_ = makeList("EmpList");

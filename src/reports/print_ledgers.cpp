@@ -116,7 +116,14 @@ class PrintLedgersDialog : public frame::ReportDialog {
     wait_->setVisible(waiting);
     screen().filters().setVisible(!waiting);
     screen().findChild<QWidget*>("PrintBttn")->setEnabled(!waiting);
-    adjustSize();
+    // As large as what it shows now, once that has found its place, and over the middle of the program still.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          adjustSize();
+          if (parentWidget()) move(parentWidget()->window()->geometry().center() - rect().center());
+        },
+        Qt::QueuedConnection);
   }
 
   void updateBalances() {

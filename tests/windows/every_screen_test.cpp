@@ -20,8 +20,8 @@ std::string nameOf(const QWidget& widget) {
          widget.property("text").toString().toStdString() + "\"";
 }
 
-bool scrolls(const QWidget& widget) {
-  for (const QWidget* around = widget.parentWidget(); around; around = around->parentWidget())
+bool scrolls(const QWidget& widget, const QWidget& screen) {
+  for (const QWidget* around = widget.parentWidget(); around != &screen; around = around->parentWidget())
     if (qobject_cast<const QAbstractScrollArea*>(around)) return true;
   return false;
 }
@@ -41,13 +41,16 @@ std::vector<std::string> cutIn(const QWidget& screen) {
   std::vector<std::string> cut;
   const QWidget& window = *screen.window();
   for (const auto* widget : screen.findChildren<QWidget*>()) {
-    if (!widget->isVisible() || widget->window() != &window || scrolls(*widget)) continue;
+    if (!widget->isVisible() || widget->window() != &window || scrolls(*widget, screen)) continue;
     const QRect place(widget->mapTo(&window, QPoint(0, 0)), widget->size());
     const bool isControl = qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const QLabel*>(widget) ||
                            qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QComboBox*>(widget);
     if (!isControl || place.isEmpty()) continue;
-    if (!window.rect().contains(place)) cut.push_back(nameOf(*widget) + " lies outside");
-    if (widget->visibleRegion().boundingRect() != widget->rect()) cut.push_back(nameOf(*widget) + " is covered");
+    if (!window.rect().contains(place))
+      cut.push_back(nameOf(*widget) + " ends at " + std::to_string(place.right()) + ", " +
+                    std::to_string(place.bottom()));
+    else if (widget->visibleRegion().boundingRect() != widget->rect())
+      cut.push_back(nameOf(*widget) + " is covered");
     if (const int needed = neededWidth(*widget); needed > widget->width())
       cut.push_back(nameOf(*widget) + " is " + std::to_string(widget->width()) + " wide and needs " +
                     std::to_string(needed));
@@ -67,7 +70,9 @@ TEST(EveryScreen, FitsASmallDisplay) {
         const QWidget& screen = Person::control(name.c_str());
         auto found = cutIn(screen);
         const QRect frame = screen.window()->frameGeometry();
-        if (!screen.screen()->availableGeometry().contains(frame)) found.push_back("the window lies outside");
+        if (!screen.screen()->availableGeometry().contains(frame))
+          found.push_back("the window ends at " + std::to_string(frame.right()) + ", " +
+                          std::to_string(frame.bottom()));
         return found;
       });
       for (const std::string& each : cut) ADD_FAILURE() << each;

@@ -77,7 +77,7 @@ void Person::openScreen(const char* name) {
   look([name] { mainWindow()->workplace().screens.openScreen(name); });
   waitUntil(name, [name] {
     const QWidget* screen = mainWindow()->screens().openWindow(name);
-    return screen && screen->isAncestorOf(QApplication::focusWidget());
+    return screen && screen->isVisible();
   });
 }
 
