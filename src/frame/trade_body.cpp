@@ -84,7 +84,7 @@ DocumentBody::Parts TradeBody::build() {
 void TradeBody::buildPayment() {
   party_->fixCode(place_.type.counter->partyCode, place_.type.counter->termsWithoutParty);
   totals_->setReceivedRule(ReceivedRule::Tendered);
-  BalPic_ = new PaymentPanel(*totals_, &place_.screen);
+  BalPic_ = new PaymentPanel(*totals_, place_.workplace, &place_.screen);
   connect(BalPic_, &PaymentPanel::givenUp, this, &TradeBody::closePayment);
 }
 

@@ -11,7 +11,8 @@ namespace velmo::session {
 namespace settings {
 inline constexpr std::string_view ScannedAgain = "Counter.ScannedAgain";  // "NewLine", otherwise the quantity is raised
 inline constexpr std::string_view SlipPrinter = "Counter.SlipPrinter";    // its name; "" for the preview
-inline constexpr std::string_view LastRound = "Check.LastRound";          // when all checks were through, ISO
+inline constexpr std::string_view AskShortTender = "Counter.AskShortTender";  // "Yes": asks before less than the total
+inline constexpr std::string_view LastRound = "Check.LastRound";              // when all checks were through, ISO
 inline constexpr std::string_view BackUpPlace = "BackUp.Place";  // of the last back-up that was saved: its file
 inline constexpr std::string_view BackUpTime = "BackUp.Time";    // and when, ISO
 }  // namespace settings

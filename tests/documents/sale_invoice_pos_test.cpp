@@ -5,6 +5,7 @@
 
 #include "documents/invoice_company.h"
 #include "documents/trade_screens.h"
+#include "frame/payment_panel.h"
 #include "printing/preview_window.h"
 #include "session/settings.h"
 
@@ -105,6 +106,46 @@ TEST(Counter, ScansPaysAndPostsStraightIntoTheDebitAccount) {
             "1|12001001|32|100.34|120|120");
   EXPECT_EQ(counter.text("DocNo"), "2");
   EXPECT_EQ(counter.text("NetTotal"), "0.00");
+}
+
+TEST(Counter, OffersWhatIsLikelyHandedOver) {
+  using frame::likelyTenders;
+  EXPECT_EQ(likelyTenders(100.34), (std::vector<double>{100.34, 110, 150, 200, 500, 1000}));
+  EXPECT_EQ(likelyTenders(100), (std::vector<double>{100, 110, 150, 200, 500, 1000}));
+  EXPECT_EQ(likelyTenders(999.99), (std::vector<double>{999.99, 1000}));
+  EXPECT_EQ(likelyTenders(0), (std::vector<double>{}));
+  EXPECT_EQ(likelyTenders(-5), (std::vector<double>{}));
+}
+
+TEST(Counter, TellsWhatIsShortAndAsksWhereTheCompanyWantsIt) {
+  CounterCompany shop;
+  Counter counter(shop);
+  counter.find<QTableView>("Grid").setFocus();
+  counter.scan("20000001");
+  counter.scan("N1");
+  counter.save();
+  const std::string total = counter.text("NetTotal");
+  const auto told = [&] { return counter.find<QLabel>("ShortLbl").text().toStdString(); };
+  EXPECT_EQ(told(), "Short by " + total);
+  counter.find<QAbstractButton>("TenderBttn_0").click();
+  EXPECT_EQ(counter.text("Received") + counter.text("Balance") + told(), total + "0.00");
+  EXPECT_TRUE(counter.box("Received").hasFocus()) << "a touch leaves the keyboard where it is";
+
+  counter.find<QAbstractButton>("AskShort").setChecked(true);
+  counter.pay(QString::fromStdString(total));
+  counter.find<QTableView>("Grid").setFocus();
+  counter.scan("20000001");
+  counter.save();
+  const std::string question =
+      "1.00 is missing of the total of " + counter.text("NetTotal") + ". Do you want to save the invoice as paid?";
+  const QString less = QString::number(std::stod(counter.text("NetTotal")) - 1, 'f', 2);
+  shop.prompts.expect("Short Payment", question, session::Answer::No);
+  counter.pay(less);
+  EXPECT_TRUE(counter.isPaying());
+  shop.prompts.expect("Short Payment", question, session::Answer::Yes);
+  counter.pay(less);
+  EXPECT_FALSE(counter.panel().isVisible());
+  EXPECT_EQ(shop.one("select count(*) from transactions where trantype=32"), "2");
 }
 
 TEST(Counter, EscapeLeadsBackToALiveFormAndLessThanTheTotalStillSaves) {
