@@ -2,6 +2,7 @@
 
 #include <QFocusEvent>
 
+#include "forms/figure_fit.h"
 #include "forms/look.h"
 #include "text/format.h"
 #include "text/number.h"
@@ -11,6 +12,7 @@ namespace velmo::forms {
 NumberBox::NumberBox(QWidget* parent, NumberBoxOptions options) : FilteredBox(parent), options_(std::move(options)) {
   setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   setFont(figureFont());
+  keepFigureWhole(*this);
 }
 
 double NumberBox::amount() const {

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "forms/figure_fit.h"
 #include "forms/look.h"
 #include "forms/number_box.h"
 #include "text/format.h"
@@ -28,6 +29,7 @@ QLineEdit* addFigure(QGridLayout& grid, int row, int column, const char* name, c
   figure->setAlignment(Qt::AlignRight);
   figure->setFont(forms::figureFont());
   figure->setFixedWidth(figureWidth);
+  forms::keepFigureWhole(*figure);
   addCaptioned(grid, row, column, *figure, caption);
   return figure;
 }

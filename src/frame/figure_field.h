@@ -13,7 +13,7 @@ class NumberBox;
 
 namespace velmo::frame {
 
-inline constexpr int figureWidth = 96;  // pixels; nine digits, a point and parentheses
+inline constexpr int figureWidth = 100;  // pixels; nine digits, a point and parentheses in the font of figures
 
 // Puts a field of a totals panel into the grid, its caption right-aligned before it, which also names it to a screen
 // reader. A field takes two columns.

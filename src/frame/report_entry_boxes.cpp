@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLineEdit>
 
+#include "forms/figure_fit.h"
 #include "forms/look.h"
 #include "frame/own_fields.h"
 #include "frame/report_model.h"
@@ -23,6 +24,7 @@ ReportEntryGroup::ReportEntryGroup(const ReportEntryBoxes& boxes, QWidget* paren
     if (column.alignment == forms::ColumnAlignment::Right) {
       box->setAlignment(Qt::AlignRight);
       box->setFont(forms::figureFont());
+      forms::keepFigureWhole(*box);
     }
     const int place = i % boxes.columns * 2;
     grid->addWidget(captionFor(*box, shownText(column.caption)), i / boxes.columns, place);

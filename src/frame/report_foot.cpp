@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+#include "forms/figure_fit.h"
 #include "forms/look.h"
 #include "frame/own_fields.h"
 
@@ -79,6 +80,7 @@ void ReportFoot::addFigures(const std::vector<ReportFigure>& figures, QHBoxLayou
     box->setAlignment(Qt::AlignRight);
     box->setFont(font);
     box->setFixedWidth(box->fontMetrics().averageCharWidth() * figure.width);
+    forms::keepFigureWhole(*box);
     const bool isFirst = &figure == &figures.front();
     if (!figure.caption.empty() && (captions == Captions::Shown || !isFirst)) {
       auto* label = new QLabel(shownText(figure.caption));

@@ -15,7 +15,7 @@ namespace velmo::vouchers {
 
 namespace {
 
-constexpr int totalWidth = frame::figureWidth + 80;  // pixels; fourteen characters in the larger figures of a total
+constexpr int totalWidth = 176;  // pixels; fourteen characters in the larger figures of a total
 
 // Room for so many lines is kept, lest the lines above jump while amounts are typed.
 QLabel* addText(QGridLayout& grid, int row, const char* name, const QString& accessibleName, int lines) {

@@ -10,6 +10,7 @@
 #include <array>
 
 #include "export/save_as_spreadsheet.h"
+#include "forms/figure_fit.h"
 #include "forms/look.h"
 #include "forms/table_view.h"
 #include "frame/own_fields.h"
@@ -153,6 +154,7 @@ QWidget* PendingScreen::buildTotals() {
     box->setFocusPolicy(Qt::NoFocus);
     box->setAlignment(Qt::AlignRight);
     box->setFont(forms::figureFont());
+    forms::keepFigureWhole(*box);
     totals_.push_back(box);
   }
   strip_->setFixedHeight(totals_.front()->sizeHint().height());

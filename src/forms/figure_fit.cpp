@@ -1,0 +1,65 @@
+#include "forms/figure_fit.h"
+
+#include <QEvent>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <algorithm>
+#include <cmath>
+
+namespace velmo::forms {
+namespace {
+
+constexpr double smallest = 0.5;  // of the font's own size
+
+class FigureFit : public QObject {
+ public:
+  explicit FigureFit(QLineEdit& box) : QObject(&box), box_(box), own_(box.font()) {
+    box.installEventFilter(this);
+    connect(&box, &QLineEdit::textChanged, this, &FigureFit::fit);
+  }
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::FontChange && !fitting_) own_ = box_.font();
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::Resize || event->type() == QEvent::Polish)
+      fit();
+    return false;
+  }
+
+ private:
+  int room() const {
+    constexpr int besideText = 2;  // that a line edit leaves at each side, and a pixel for its cursor
+    QStyleOptionFrame option;
+    option.initFrom(&box_);
+    option.lineWidth = box_.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &box_);
+    return box_.style()->subElementRect(QStyle::SE_LineEditContents, &option, &box_).width() - 2 * besideText - 1;
+  }
+
+  void fit() {
+    if (fitting_) return;
+    const QScopedValueRollback guard(fitting_, true);
+    const int needed = QFontMetrics(own_).horizontalAdvance(box_.text());
+    const int room = this->room();
+    QFont font = own_;
+    const bool isWide = room > 0 && needed > room;
+    if (isWide) font.setPointSizeF(std::floor(4 * own_.pointSizeF() * std::max(smallest, double(room) / needed)) / 4);
+    if (box_.font().pointSizeF() != font.pointSizeF()) box_.setFont(font);
+    if (isWide || told_) box_.setToolTip(isWide ? box_.text() : QString());
+    told_ = isWide;
+  }
+
+  QLineEdit& box_;
+  QFont own_;  // what figures that fit are written in
+  bool fitting_ = false;
+  bool told_ = false;
+};
+
+}  // namespace
+
+void keepFigureWhole(QLineEdit& box) {
+  new FigureFit(box);
+}
+
+}  // namespace velmo::forms
