@@ -45,7 +45,11 @@ class FigureFit : public QObject {
     QFont font = own_;
     const bool isWide = room > 0 && needed > room;
     if (isWide) font.setPointSizeF(std::floor(4 * own_.pointSizeF() * std::max(smallest, double(room) / needed)) / 4);
-    if (box_.font().pointSizeF() != font.pointSizeF()) box_.setFont(font);
+    if (box_.font().pointSizeF() != font.pointSizeF()) {
+      const int around = box_.sizeHint().height() - box_.fontMetrics().height();
+      box_.setMinimumHeight(QFontMetrics(own_).height() + around);  // boxes beside each other stay as high
+      box_.setFont(font);
+    }
     if (isWide || told_) box_.setToolTip(isWide ? box_.text() : QString());
     told_ = isWide;
   }
