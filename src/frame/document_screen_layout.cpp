@@ -67,8 +67,8 @@ QHBoxLayout* DocumentScreen::buildCards() {
   card_ = new DocumentCard(type_, fields_, nullptr);
   references_ = new ReferencesCard(type_, fields_, workplace_, nullptr);
   row->addWidget(card_, 0);
-  if (parts_.beside) row->addWidget(parts_.beside, 1);
-  row->addWidget(references_, 1);
+  if (parts_.beside) row->addWidget(parts_.beside, 3);  // names and addresses are longer than numbers
+  row->addWidget(references_, 2);
   return row;
 }
 

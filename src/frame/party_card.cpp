@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "forms/look.h"
+#include "forms/name_box.h"
 #include "frame/own_fields.h"
 #include "frame/party_balance.h"
 
@@ -15,11 +16,6 @@ namespace velmo::frame {
 namespace {
 
 constexpr int codeWidth = 92;  // eight digits with room to type a part of a name
-
-void showLine(QLineEdit& line, const std::string& text) {
-  line.setText(QString::fromStdString(text));
-  line.setCursorPosition(0);
-}
 
 }  // namespace
 
@@ -83,6 +79,7 @@ QLineEdit* PartyCard::makeLine(const char* name, const QString& accessibleName) 
   line->setObjectName(name);
   line->setAccessibleName(accessibleName);
   line->setMaxLength(longestText);
+  forms::showFromBeginning(*line);
   return line;
 }
 
@@ -97,10 +94,10 @@ PartyCard::Party PartyCard::party() const {
 
 void PartyCard::show(const Party& party) {
   code_->setText(QString::fromStdString(party.code));
-  showLine(*name_, party.name);
-  showLine(*address_, party.address);
-  showLine(*telephone_, party.telephone);
-  showLine(*terms_, party.terms);
+  name_->setText(QString::fromStdString(party.name));
+  address_->setText(QString::fromStdString(party.address));
+  telephone_->setText(QString::fromStdString(party.telephone));
+  terms_->setText(QString::fromStdString(party.terms));
   Q_EMIT partyChanged();
 }
 
@@ -127,10 +124,10 @@ void PartyCard::focusCode() {
 }
 
 void PartyCard::fill(const Account& account) {
-  showLine(*name_, account.name);
-  showLine(*address_, account.address);
-  showLine(*telephone_, account.phone);
-  showLine(*terms_, account.terms);
+  name_->setText(QString::fromStdString(account.name));
+  address_->setText(QString::fromStdString(account.address));
+  telephone_->setText(QString::fromStdString(account.phone));
+  terms_->setText(QString::fromStdString(account.terms));
   creditLimit_ = account.creditLimit;
   openName();
   Q_EMIT employeeFound(account.empId);

@@ -13,6 +13,7 @@
 #include "forms/digits_box.h"
 #include "forms/drop_combo.h"
 #include "forms/look.h"
+#include "forms/name_box.h"
 #include "frame/account_code_box.h"
 #include "frame/account_drop_list.h"
 #include "frame/input_governor.h"
@@ -213,8 +214,7 @@ void ReportFilters::addAccount(const ReportAccount& account, QHBoxLayout& row) {
   code->setFixedWidth(code->fontMetrics().averageCharWidth() * 16);
   name(*code, account.code, account.caption);
   auto* nameBox = new QLineEdit(this);
-  nameBox->setReadOnly(true);
-  nameBox->setFocusPolicy(Qt::NoFocus);
+  forms::makeNameBox(*nameBox);
   name(*nameBox, account.name, plain(account.caption) + " name");
   connect(code, &AccountCodeBox::accountResolved, nameBox,
           [nameBox](const Account& found) { nameBox->setText(shownText(found.name)); });

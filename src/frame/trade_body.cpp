@@ -10,6 +10,7 @@
 #include "forms/date_picker.h"
 #include "forms/digits_box.h"
 #include "forms/look.h"
+#include "forms/name_box.h"
 #include "forms/number_box.h"
 #include "frame/command_bar.h"
 #include "frame/compose_document.h"
@@ -99,8 +100,7 @@ TradeBody::AccountLine TradeBody::buildAccount(std::string_view caption, Account
   line.code->setFixedWidth(96);
   line.name = new QLineEdit;
   line.name->setObjectName(accountName);
-  line.name->setReadOnly(true);
-  line.name->setFocusPolicy(Qt::NoFocus);
+  forms::makeNameBox(*line.name);
   line.name->setAccessibleName(tr("%1 name").arg(shownText(caption)));
   row->addWidget(captionFor(*line.code, shownText(caption)));
   row->addWidget(line.code);

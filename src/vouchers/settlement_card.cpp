@@ -9,6 +9,7 @@
 #include <QRadioButton>
 
 #include "forms/look.h"
+#include "forms/name_box.h"
 #include "frame/own_fields.h"
 #include "frame/party_balance.h"
 
@@ -75,8 +76,7 @@ SettlementCard::AccountRow SettlementCard::addAccount(QGridLayout& grid, int row
   const QString shown = frame::shownText(caption).trimmed();
   account.name = new QLineEdit;
   account.name->setObjectName(name);
-  account.name->setReadOnly(true);
-  account.name->setFocusPolicy(Qt::NoFocus);
+  forms::makeNameBox(*account.name);
   account.name->setAccessibleName(tr("%1 name").arg(shown));
   account.balance = new QLabel(QStringLiteral("0.00"));
   account.balance->setObjectName(balance);
@@ -92,10 +92,7 @@ SettlementCard::AccountRow SettlementCard::addAccount(QGridLayout& grid, int row
   grid.addWidget(label, row + 1, 0);
   grid.addWidget(account.balance, row + 1, 1, 1, 2);
   connect(account.code, &frame::AccountCodeBox::accountResolved, account.name,
-          [line = account.name](const frame::Account& found) {
-            line->setText(QString::fromStdString(found.name));
-            line->setCursorPosition(0);
-          });
+          [line = account.name](const frame::Account& found) { line->setText(QString::fromStdString(found.name)); });
   connect(account.code, &frame::AccountCodeBox::accountCleared, account.name, &QLineEdit::clear);
   return account;
 }
