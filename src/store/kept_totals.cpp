@@ -296,14 +296,16 @@ class KeptSql {
     return each(amounts_, [](const std::string& amount) { return "one." + amount + " IS NOT other." + amount; });
   }
 
-  // Rows that one side has and the other has not, or with other sums.
-  std::string differences(const std::string& one, const std::string& other, const std::string& time) const {
-    const Names unequal = unequalAmounts();
-    const auto side = [&](const std::string& from, const std::string& to) {
-      return "SELECT 1 FROM " + from + " AS one LEFT JOIN " + to + " AS other USING (" +
-             list({group_, time, subject_}) + ") WHERE other.Lines IS NOT one.Lines OR " + list(unequal, " OR ");
-    };
-    return "SELECT 1 FROM (" + side(one, other) + " UNION ALL " + side(other, one) + ") LIMIT 1";
+  // Rows that one side has and the other has not, or with other sums: by one pass over both. The table comes first,
+  // since its columns say how texts are compared.
+  std::string differences(const std::string& lines, const std::string& table, const std::string& time) const {
+    const Names key = {group_, time, subject_};
+    Names sums = {"Lines"};
+    sums.insert(sums.end(), amounts_.begin(), amounts_.end());
+    const std::string columns = list(key) + ", " + list(sums);
+    const Names unequal = each(sums, [](const std::string& sum) { return "min(" + sum + ") IS NOT max(" + sum + ")"; });
+    return "SELECT 1 FROM (SELECT " + columns + " FROM " + table + " UNION ALL SELECT " + columns + " FROM " + lines +
+           ") GROUP BY " + list(key) + " HAVING count(*) <> 2 OR " + list(unequal, " OR ") + " LIMIT 1";
   }
 
   const KeptTotals& kept_;
