@@ -3,7 +3,7 @@
 build_packages="g++ cmake ninja-build ccache mold pkg-config qt6-base-dev libqt6svg6-dev libgl-dev libsqlite3-dev
  libicu-dev libexpected-dev libzint-dev libxlsxwriter-dev libzip-dev libcsv-dev qt6-qpa-plugins fonts-inter
  fonts-noto-core fonts-dejavu-core"
-test_packages="libgtest-dev libgmock-dev poppler-utils xvfb openbox xdotool"
+test_packages="libgtest-dev libgmock-dev poppler-utils xvfb openbox xdotool qt6-base-private-dev"
 bench_packages="libbenchmark-dev"
 
 # install_missing <packages...>: installs those that are not there; says what to do when it may not.

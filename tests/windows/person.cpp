@@ -1,11 +1,14 @@
 #include "windows/person.h"
 
 #include <gtest/gtest.h>
+#include <qpa/qwindowsysteminterface.h>
 
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QThread>
 #include <QTimer>
+#include <QWindow>
+#include <cctype>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -50,6 +53,18 @@ void Person::type(const std::string& text, int gap) {
     command += " " + (name == names.end() ? std::string(1, character) : std::string(name->second));
   }
   run("xdotool key --delay " + std::to_string(gap) + command);
+}
+
+void Person::scan(const std::string& code, int gap) {
+  scannedAt_ += 10'000;
+  QWindow* window = look([] { return QGuiApplication::focusWindow(); });
+  const auto key = [&](int name, const QString& text) {
+    scannedAt_ += static_cast<unsigned long>(gap);
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+      QWindowSystemInterface::handleKeyEvent(window, scannedAt_, type, name, Qt::NoModifier, text);
+  };
+  for (const char character : code) key(std::toupper(character), QString(QLatin1Char(character)));
+  key(Qt::Key_Return, QStringLiteral("\r"));
 }
 
 void Person::waitUntil(const char* words, const std::function<bool()>& isSo) {
