@@ -238,6 +238,7 @@ class Desk {
       return side * plainSums(file_, "select coalesce(Debit, 0) - coalesce(Credit, 0) from SubTransactions" + of +
                                          " and AccCode = " + account)[0];
     };
+    EXPECT_EQ(one("select DocNo2 from Transactions" + of), std::to_string(number));
     const auto ledger = plainSums(file_, "select Debit, Credit from SubTransactions" + of);
     EXPECT_EQ(ledger[0], ledger[1]);
     EXPECT_EQ(moved(one("select PartyCode from Transactions" + of)), header[1] - header[2]);
