@@ -193,31 +193,6 @@ class BooksOfTheYear : public testing::Test {
     return differences;
   }
 
-  void writeJournals() {
-    store::Connection::Transaction together(connection);
-    store::Recordset headers(connection, "select * from Transactions where TranNo=0");
-    store::Recordset lines(connection, "select * from SubTransactions where TranNo=0");
-    int number = 0;
-    for (const auto& [desc, entry] : test::journals()) {
-      ++number;
-      headers.addNew({{"DocNo", number},
-                      {"TranDate", day(2026, 6 + number, 30)},
-                      {"TranType", 41},
-                      {"Desc", desc},
-                      {"FYID", year}});
-      for (const auto& [account, cents] : entry)
-        lines.addNew({{"TranNo", headers.integer("TranNo")},
-                      {"AccCode", account},
-                      {cents > 0 ? "Debit" : "Credit", static_cast<double>(std::abs(cents)) / 100}});
-    }
-    together.commit();
-  }
-  std::string one(const std::string& sql) {
-    test::PlainRows rows(*plain, sql);
-    if (!rows.next()) throw std::logic_error("nothing found: " + sql);
-    return rows.text(0);
-  }
-
   store::Connection connection{schema::companyCatalog()};
   std::optional<test::PlainFile> plain;
   OwnBooks own;

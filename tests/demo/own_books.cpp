@@ -78,8 +78,6 @@ class Clerk {
       case 38:
       case 39:
         return document_.nature == "Petty Receipt" ? postPetty(-1) : postReceived();
-      case 41:
-        return postJournal();
       case 51:
         return postStock();
       default:
@@ -139,12 +137,6 @@ class Clerk {
     post(account->second, side * document_.amount);
     post(document_.partyCode2, -side * document_.amount);
   }
-  void postJournal() {
-    const auto lines = journals().find(document_.desc);
-    if (lines == journals().end()) return odd("is for \"" + document_.desc + "\"");
-    for (const auto& [account, amount] : lines->second) post(account, amount);
-  }
-
   void postOpening() {
     for (const auto& [account, amount] : openingMoney) post(account, amount);
     postOpenItems("AgingDr", 1);
@@ -256,14 +248,6 @@ std::int64_t OwnBooks::balance(std::int64_t account, std::int64_t beforeDay) con
 
 OwnBooks workOut(PlainFile& company, bool stockCounted) {
   return Clerk(company, stockCounted).books();
-}
-
-const std::map<std::string, JournalLines>& journals() {
-  static const std::map<std::string, JournalLines> all = {
-      {"Depreciation of the van", {{60003001, 412'35}, {15004001, -412'35}}},
-      {"Rent, shared with the workshop", {{60002002, 900'10}, {12001002, 300'05}, {11001001, -1200'15}}},
-      {"Stamps of a customer", {{60002006, 0'10}, {60002006, 0'20}, {12001003, -0'30}}}};
-  return all;
 }
 
 }  // namespace velmo::test

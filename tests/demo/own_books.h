@@ -32,8 +32,4 @@ struct OwnBooks {
 // `stockCounted`: the year's entry of closing stock has been rewritten for the day that it bears.
 OwnBooks workOut(PlainFile& company, bool stockCounted);
 
-// The lines of a journal voucher that the tests write, known by its description: account and cents.
-using JournalLines = std::vector<std::pair<std::int64_t, std::int64_t>>;
-const std::map<std::string, JournalLines>& journals();
-
 }  // namespace velmo::test

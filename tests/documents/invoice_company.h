@@ -1,9 +1,12 @@
 #pragma once
 
 #include <QApplication>
+#include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
+#include <QTimer>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
@@ -186,6 +189,16 @@ class InvoiceScreen {
     line(0, "H1", "2");
     if (!received.isEmpty()) type("Received", received);
     press("SaveBttn");
+  }
+  // Drives the modal Find screen from inside its event loop.
+  void withFind(const char* name, const std::function<void(QDialog&)>& work) {
+    QTimer::singleShot(0, screen_.get(), [&] {
+      auto* find = screen_->findChild<QDialog*>(name);
+      ASSERT_NE(find, nullptr);
+      work(*find);
+      if (find->isVisible()) find->reject();
+    });
+    press("EditBttn");
   }
 
  private:

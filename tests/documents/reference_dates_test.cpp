@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
-#include <QDialog>
-#include <QTimer>
 
 #include "documents/invoice_company.h"
 #include "documents/invoice_print.h"
@@ -81,17 +79,6 @@ TEST(ReferenceDates, AReturnOfAnOlderFileIsSavedAgainWithTheSameOpenItem) {
   }
 }
 
-// Drives the modal Find screen from inside its event loop.
-void withFind(InvoiceScreen& screen, const char* name, const std::function<void(QDialog&)>& work) {
-  QTimer::singleShot(0, &screen.widget(), [&] {
-    auto* find = screen.widget().findChild<QDialog*>(name);
-    ASSERT_TRUE(find);
-    work(*find);
-    find->reject();
-  });
-  screen.press("EditBttn");
-}
-
 TEST(ReferenceDates, AreFoundInBothFormsAndShownInOne) {
   for (const Return& kind : returns) {
     SCOPED_TRACE(kind.screen);
@@ -103,7 +90,7 @@ TEST(ReferenceDates, AreFoundInBothFormsAndShownInOne) {
                      "', TimeAdded = '2026-10-03 "
                      "14:07:09' where TranNo = " +
                      tranNo);
-      withFind(screen, kind.screen, [&](QDialog& find) {
+      screen.withFind(kind.screen, [&](QDialog& find) {
         auto& columns = *find.findChild<QComboBox*>("ColList");
         columns.setCurrentIndex(columns.findText(kind.searched));
         const QTableView& grid = *find.findChild<QTableView*>("TranGrid");

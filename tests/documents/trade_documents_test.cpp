@@ -6,6 +6,7 @@
 #include "documents/invoice_print.h"
 #include "documents/purchase_bill_type.h"
 #include "documents/purchase_return_type.h"
+#include "documents/sale_invoice_type.h"
 #include "documents/sale_return_type.h"
 #include "documents/trade_screens.h"
 #include "forms/date_picker.h"
@@ -68,12 +69,21 @@ std::string posted(const frame::DocumentType& type, const DocumentValues& values
   return all;
 }
 
-TEST(TradePosting, RowsOfReturnsAndBillsStandInTheirOrder) {
+TEST(TradePosting, RowsStandInTheirOrder) {
   const DocumentValues paid = trade("100.00", "0.00", "100.00", "100.00", "0.00");
   const DocumentValues credit = trade("100.00", "10.00", "110.00", "0.00", "110.00");
   const DocumentValues part = trade("100.00", " (5.00)", "95.00", "40.00", "55.00");
   const std::string out = "Carriage & Freight Outwards";
   const std::string in = "Carriage & Freight Inwards";
+  EXPECT_EQ(posted(documents::saleInvoiceType(), paid), "Cash in Hand D100 | Head C100");
+  EXPECT_EQ(posted(documents::saleInvoiceType(), trade("100.00", "12.50", "112.50", "112.50", "0.00")),
+            "Cash in Hand D112.5 | Head C100 | " + out + " C12.5");
+  EXPECT_EQ(posted(documents::saleInvoiceType(), credit), "Mills D110 | Head C100 | " + out + " C10");
+  EXPECT_EQ(posted(documents::saleInvoiceType(), part),
+            "Cash in Hand D40 | Mills D95 | Mills C40 | Head C100 | " + out + " D5");
+  EXPECT_EQ(posted(documents::saleInvoiceType(), trade("0.00", "0.00", "0.00", "0.00", "0.00")), "Head C0");
+  EXPECT_EQ(posted(documents::saleInvoiceType(), trade("10.00", "-10.00", "0.00", "0.00", "0.00")),
+            "Head C10 | " + out + " D10");
   EXPECT_EQ(posted(documents::saleReturnType(), paid), "Head D100 | Cash in Hand C100");
   EXPECT_EQ(posted(documents::saleReturnType(), credit), "Head D100 | " + out + " D10 | Mills C110");
   EXPECT_EQ(posted(documents::saleReturnType(), part),
@@ -96,6 +106,14 @@ TEST(TradePosting, RowsOfReturnsAndBillsStandInTheirOrder) {
   EXPECT_EQ(narration(documents::saleReturnType()), "Mills - Invoice No 7/A'9");
   EXPECT_EQ(narration(documents::purchaseBillType()), "Mills - Invoice No 7/A'9");
   EXPECT_EQ(narration(documents::purchaseReturnType()), "Mills - Invoice No 7/4/A'9");
+}
+
+TEST(TradePosting, RefusesToBeUnbalanced) {
+  for (const DocumentValues& values :
+       {trade(" (5.00)", "0.00", " (5.00)", " (5.00)", "0.00"),  // a negative total has no debit row
+        trade("100.00", "0.00", "90.00", "0.00", "90.00"),       // a total that is not the sum of its parts
+        trade("1e308", "1e308", "1e308", "0.00", "1e308")})
+    EXPECT_NE(posted(documents::saleInvoiceType(), values).find("do not balance"), std::string::npos);
 }
 
 struct Mend {
@@ -145,6 +163,25 @@ TEST(TradeValidation, RefusalsComeInTheirOrder) {
   };
 
   wrong.PartyCodeTxt = "12001001";
+  DocumentValues sale = wrong;
+  sale.fields["InvTypeList"] = "0";
+  sale.CreditLimit = 10;
+  sale.PartyBalance = 500;
+  std::vector<Mend> ofSale = steps(
+      {{"Select a correct income account.", account},
+       {"Select a correct customer. You may select Account Code '12001001' for a Walk-in (Cash) Customer.", party},
+       {"Select a correct customer to give debit for balance amount. Debit cannot be given to a Walk-in (Cash) "
+        "Customer.",
+        known},
+       {"You are saving a Point of Sale Invoice. You must receive full amount of invoice.",
+        [](DocumentValues& v) { v.fields["InvTypeList"] = "1"; }}},
+      {"Amount received cannot be greater then the total receivable.", [](DocumentValues& v) {
+         v.totals.Received = "0.00";
+         v.totals.Balance = "100.00";
+       }});
+  ofSale.push_back({"This will increase the balance of party from assigned credit limit. Do you want to continue?",
+                    [](DocumentValues& v) { v.CreditLimit = 0; }});
+  expectRefusals(documents::saleInvoiceType(), sale, ofSale);
   expectRefusals(
       documents::saleReturnType(), wrong,
       steps(

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QTableView>
 #include <map>
 #include <random>
@@ -11,7 +12,8 @@
 #include "text/number.h"
 
 // Sales, purchases and returns at random, typed with every figure that cells and boxes take, printed in the middle,
-// given other numbers and shown again: the total is what the lines in the file come to, and no other document moves.
+// given other numbers, cancelled and shown again: total, ledger and open item are what the lines in the file come to,
+// and no other document moves.
 namespace {
 
 using namespace velmo;
@@ -22,16 +24,17 @@ using Rows = std::vector<std::string>;
 struct Kind {
   int tranType;
   InvoiceScreen::Make make;
-  const char* quantity;
-  const char* openItem;  // AgingDr or AgingCr, and its amount
+  const char* otherQuantity;  // what its lines leave empty
+  const char* openItem;       // AgingDr or AgingCr, and its amount
   const char* amount;
+  int carriage;  // the account of it
 };
 
-const Kind kinds[] = {{32, documents::makeSaleInvoicesSimple, "StockOut", "AgingDr", "TrAmount"},
-                      {32, documents::makeSaleInvoicesPOS, "StockOut", "AgingDr", "TrAmount"},
-                      {35, documents::makeSaleReturns, "StockIn", "AgingDr", "[Return]"},
-                      {22, documents::makePurchaseBillsSimple, "StockIn", "AgingCr", "TrAmount"},
-                      {25, documents::makePurchaseReturns, "StockOut", "AgingCr", "[Return]"}};
+const Kind kinds[] = {{32, documents::makeSaleInvoicesSimple, "StockIn", "AgingDr", "TrAmount", 60001001},
+                      {32, documents::makeSaleInvoicesPOS, "StockIn", "AgingDr", "TrAmount", 60001001},
+                      {35, documents::makeSaleReturns, "StockOut", "AgingDr", "[Return]", 60001001},
+                      {22, documents::makePurchaseBillsSimple, "StockOut", "AgingCr", "TrAmount", 50001004},
+                      {25, documents::makePurchaseReturns, "StockIn", "AgingCr", "[Return]", 50001004}};
 
 class Desk {
  public:
@@ -43,7 +46,7 @@ class Desk {
   }
 
   void step() {
-    switch (pick(14)) {
+    switch (pick(16)) {
       case 0:
         return type("DocNo", std::to_string(1 + pick(30)));
       case 1:
@@ -63,6 +66,10 @@ class Desk {
         return save(atCounter_ ? "SaveBttn" : "PrintBill_1");
       case 9:
         return save("SaveBttn");
+      case 10:
+        return screen_.find<QCheckBox>("CancelOption").click();
+      case 11:
+        return saveAgain();
       default:
         return typeLine();
     }
@@ -128,6 +135,15 @@ class Desk {
     EXPECT_EQ(std::llround(text::amountFrom(screen_.text("NetTotal")) * 100), document->second.total);
   }
 
+  void saveAgain() {
+    show();
+    if (shown_ == 0 || atCounter_) return;
+    const int number = shown_;
+    const Rows before = documents_[number].rows;
+    save("SaveBttn");
+    EXPECT_EQ(documents_[number].rows, before);
+  }
+
   void save(const char* command) {
     if (screen_.text("PartyNameTxt").empty()) type("PartyCodeTxt", "12001003");
     for (const char* reference : {"D1", "D2"})
@@ -137,6 +153,7 @@ class Desk {
     shop_.clock.time.second += 1;
     shop_.prompts.anything.emplace();
     const std::string net = screen_.text("NetTotal");
+    const bool cancelled = screen_.find<QCheckBox>("CancelOption").isChecked();
     screen_.press(command);
     if (atCounter_) {
       typeInto(screen_.box("Received"), amount(8));
@@ -151,7 +168,7 @@ class Desk {
     EXPECT_EQ(found.front(), before) << "a shown document stays the same";
     if (shown_ != 0) documents_.erase(shown_);
     Document& document = documents_[number];
-    document = {.tranNo = found.front(), .rows = rowsOf(found.front())};
+    document = {.tranNo = found.front(), .rows = rowsOf(found.front()), .cancelled = cancelled};
     expectWhole(document, number);
     EXPECT_EQ(document.total, std::llround(text::amountFrom(net) * 100)) << "as it was shown";
     expectOthersUntouched();
@@ -170,6 +187,7 @@ class Desk {
   struct Document {
     std::string tranNo;
     Rows rows = {};
+    bool cancelled = false;
     std::int64_t total = 0;  // cents
   };
 
@@ -177,7 +195,10 @@ class Desk {
     const std::string of = " where TranNo = " + tranNo;
     Rows all;
     for (const std::string& statement :
-         {"select DocNo, PartyCode, PartyCode2, Discount, Carriage, TrAmount, Received, Balance from Transactions" + of,
+         {"select DocNo, TranDate, Nature, D1, D2, PartyCode, PartyCode2, Text1, Text4, Text7, Text12, Discount, "
+          "Carriage, "
+          "TrAmount, Received, Balance, WordsAmt, Cancel, InvLedger from Transactions" +
+              of,
           "select Serial, ItemCode, StockIn, StockOut, Rate, GrossAmt, DiscRate, DiscAmt, ItemValue from StockFlow" +
               of + " order by FlowID",
           "select AccCode, Debit, Credit from SubTransactions" + of + " order by Serial",
@@ -202,14 +223,36 @@ class Desk {
     document.total = header[2];
     EXPECT_EQ(lines[2] - header[0] + header[1], header[2]);
     EXPECT_EQ(header[2] - header[3], header[4]);
-    const auto ledger = plainSums(file_, "select Debit, Credit from SubTransactions" + of);
-    EXPECT_EQ(ledger[0], ledger[1]);
-    EXPECT_EQ(plainSums(file_, std::string("select ") + kind_.amount + " from " + kind_.openItem + of +
-                                   " and DocNo2 = " + std::to_string(number)),
-              std::vector<std::int64_t>{header[2]});
-    EXPECT_EQ(plainTexts(file_, "select count(*) from StockFlow" + of + " and (ItemCode is null or ItemCode = '')"),
+    EXPECT_EQ(plainTexts(file_, "select Cancel from Transactions" + of), Rows{document.cancelled ? "-1" : "0"});
+    expectPosted(document, number, header);
+    EXPECT_EQ(plainTexts(file_, "select count(*) from StockFlow" + of + " and (ItemCode is null or ItemCode = '' or " +
+                                    kind_.otherQuantity + " is not null)"),
               Rows{"0"});
   }
+
+  // Head, carriage, money and party each have their part of the total, and what is open of it is what the party owes.
+  void expectPosted(const Document& document, int number, const std::vector<std::int64_t>& header) {
+    const std::string of = " where TranNo = " + document.tranNo;
+    const int side = kind_.tranType == 32 || kind_.tranType == 25 ? 1 : -1;
+    const auto moved = [&](const std::string& account) {
+      return side * plainSums(file_, "select coalesce(Debit, 0) - coalesce(Credit, 0) from SubTransactions" + of +
+                                         " and AccCode = " + account)[0];
+    };
+    EXPECT_EQ(one("select DocNo2 from Transactions" + of), std::to_string(number));
+    const auto ledger = plainSums(file_, "select Debit, Credit from SubTransactions" + of);
+    EXPECT_EQ(ledger[0], ledger[1]);
+    EXPECT_EQ(moved(one("select PartyCode from Transactions" + of)), header[1] - header[2]);
+    EXPECT_EQ(moved(std::to_string(kind_.carriage)), -header[1]);
+    EXPECT_EQ(moved("10001001"), header[3]);
+    const std::int64_t owed = moved(one("select PartyCode2 from Transactions" + of));
+    EXPECT_EQ(owed, header[4]);
+    const auto open = plainSums(file_, std::string("select ") + kind_.amount + ", TrAmount - TotPayment from " +
+                                           kind_.openItem + of + " and DocNo2 = " + std::to_string(number));
+    EXPECT_EQ(open[0], document.cancelled ? 0 : header[2]);
+    if (atCounter_) return;  // paid is what was handed over
+    EXPECT_EQ(open[1], document.cancelled ? 0 : owed * (kind_.tranType % 10 == 5 ? -1 : 1));
+  }
+  std::string one(const std::string& sql) { return plainTexts(file_, sql).front(); }
 
   const Kind& kind_;
   InvoiceCompany shop_;

@@ -13,59 +13,30 @@
 
 #include "export/sheet_reader.h"
 #include "import_sheets.h"
-#include "support/new_company.h"
-#include "support/queued_prompts.h"
-#include "support/typing.h"
+#include "support/company_session.h"
 
 namespace velmo::masters {
 namespace {
 
-class ImportScreens : public testing::Test {
+class ImportScreens : public test::CompanySession {
  protected:
-  class Now : public session::Clock {
-   public:
-    text::DateTime now() const override { return text::DateTime::fromCalendar(2026, 11, 22); }
-  };
-  class Chooser : public session::FileChooser {
-   public:
-    std::string openFile(const std::string&, const std::string&, const std::string&) override {
-      std::filesystem::current_path("/");  // as some desktops' dialogs do
-      return answer;
-    }
-    std::string saveFile(const std::string&, const std::string&, const std::string& proposed) override {
-      proposedName = proposed;
-      return answer;
-    }
-    std::string answer;
-    std::string proposedName;
-  };
-  class NoScreens : public session::ScreenOpener {
-   public:
-    bool openScreen(std::string_view) override { return false; }
-    bool openDialog(std::string_view) override { return false; }
-    bool hasScreen(std::string_view) const override { return false; }
-  };
-
   ImportScreens() {
-    context.KORDconn.open(schema::plainConnectionString);
-    test::NewCompany::run(context.KORDconn,
+    logIn();
+    files.meanwhile = [] { std::filesystem::current_path("/"); };  // as some desktops' dialogs do
+    test::NewCompany::run(context->KORDconn,
                           {"INSERT INTO StockLevel1 (CatID, CatName) VALUES ('HND', 'Hand Tools')",
                            "INSERT INTO StockLevel2 (SubCatID, SubCatName, CatID) VALUES ('HND01', 'Hammers', 'HND')"});
   }
 
   void open(ImportKind kind) {
-    dialog.reset(makeImport(kind, workplace, nullptr));
+    auto* made = makeImport(kind, *workplace, nullptr);
+    dialog.reset(made);
+    import = made;
     dialog->show();
   }
-  template <typename Control>
-  Control& control(const char* name) {
-    auto* found = dialog->findChild<Control*>(QLatin1String(name));
-    if (!found) throw std::logic_error(std::string("no control ") + name);
-    return *found;
-  }
   void choose(const std::string& name, const std::string& bytes) {
-    files.answer = (company.folder() / name).string();
-    std::ofstream(files.answer, std::ios::binary) << bytes;
+    files.name = (company.folder() / name).string();
+    std::ofstream(files.name, std::ios::binary) << bytes;
     control<QPushButton>("BrowseBttn").click();
   }
   void next() { control<QPushButton>("NextBttn").click(); }
@@ -84,25 +55,18 @@ class ImportScreens : public testing::Test {
     return rows;
   }
   std::int64_t count(const std::string& statement) {
-    return store::Recordset(context.KORDconn, statement, store::LockType::ReadOnly).recordCount();
+    return store::Recordset(context->KORDconn, statement, store::LockType::ReadOnly).recordCount();
   }
 
-  test::NewCompany company;
-  test::QueuedPrompts prompts;
-  Now clock;
-  Chooser files;
-  NoScreens screens;
-  session::LoginContext context{schema::companyCatalog()};
-  session::Workplace workplace{context, clock, prompts, files, screens};
-  std::unique_ptr<QDialog> dialog;
+  QDialog* import = nullptr;
 };
 
 TEST_F(ImportScreens, LeadFromTheFileToTheBooksByKeyboard) {
   open(ImportKind::Items);
   EXPECT_EQ(dialog->objectName(), "ImportItems");
   test::focus(*dialog);
-  files.answer = (company.folder() / "items.csv").string();
-  std::ofstream(files.answer)
+  files.name = (company.folder() / "items.csv").string();
+  std::ofstream(files.name)
       << "Price list\n\nCode;Product;Price;Group\n007;Claw;1.234,50;Hammers\n008;Nail;0,75;Nails\n";
   test::press(*dialog, Qt::Key_Return);  // without a file, going on is choosing one
   EXPECT_EQ(std::filesystem::current_path(), company.folder());
@@ -127,7 +91,7 @@ TEST_F(ImportScreens, LeadFromTheFileToTheBooksByKeyboard) {
   prompts.expect("Import Items", "2 items were brought in.");
   control<QPushButton>("NextBttn").setFocus();
   test::press(control<QPushButton>("NextBttn"), Qt::Key_Return);
-  EXPECT_EQ(dialog->result(), QDialog::Accepted);
+  EXPECT_EQ(import->result(), QDialog::Accepted);
   EXPECT_FALSE(dialog->isVisible());
   EXPECT_EQ(count("select itemcode from stocklevel3 where sellingprice = 1234.5 and subcatid like 'HND01'"), 1);
 }
@@ -147,10 +111,10 @@ TEST_F(ImportScreens, LeaveOutRowsWithProblemsOnlyWhenTold) {
   control<QCheckBox>("OnlyProblems").setChecked(false);
   EXPECT_EQ(grid("CheckGrid").size(), 4U);
   EXPECT_FALSE(control<QPushButton>("NextBttn").isEnabled());
-  files.answer = (company.folder() / "problems.xlsx").string();
-  prompts.expect("Spreadsheet Saved", "4 rows were saved in \"" + files.answer + "\".");
+  files.name = (company.folder() / "problems.xlsx").string();
+  prompts.expect("Spreadsheet Saved", "4 rows were saved in \"" + files.name + "\".");
   control<QTableView>("CheckGrid").actions().front()->trigger();
-  EXPECT_EQ(spreadsheet::readSheet(files.answer)->at(1, 1), spreadsheet::Cell("12001002"));
+  EXPECT_EQ(spreadsheet::readSheet(files.name)->at(1, 1), spreadsheet::Cell("12001002"));
 
   // Back, another choice, and forth again: the plan is made anew.
   control<QPushButton>("BackBttn").click();
@@ -168,7 +132,7 @@ TEST_F(ImportScreens, TellWhatIsWrongWithAFileAndGoOnWithAnother) {
   open(ImportKind::Accounts);
   prompts.expect("Cannot Read File", "The file is empty.");
   choose("empty.csv", "");
-  files.answer.clear();
+  files.name.clear();
   next();  // asks for a file again; none is chosen
   EXPECT_EQ(step(), "Step 1 of 3");
   prompts.expect("Cannot Read File", "The sheet holds no rows.");
@@ -193,7 +157,7 @@ TEST_F(ImportScreens, TellWhatIsWrongWithAFileAndGoOnWithAnother) {
   control<QComboBox>("Otherwise_SubType").setCurrentText("60002");
   next();
   EXPECT_EQ(summary(), "1 new account can be made.");
-  dialog->reject();
+  import->reject();
   EXPECT_EQ(count("select acccode from acclevel3 where accname like 'caf%'"), 0);
 }
 
@@ -207,9 +171,9 @@ TEST_F(ImportScreens, ShowTheSheetsOfAWorkbookAndWhatItsCellsLack) {
                               row((text + "Vendor" + end + text + "Credit limit" + end).c_str()) +
                               row((text + "Zed" + end + formula).c_str()) +
                               "</d:table></d:spreadsheet></d:body></d:document-content>";
-  files.answer = (company.folder() / "book.ods").string();
+  files.name = (company.folder() / "book.ods").string();
   const std::string type = "application/vnd.oasis.opendocument.spreadsheet";
-  zip_t* archive = zip_open(files.answer.c_str(), ZIP_CREATE, nullptr);
+  zip_t* archive = zip_open(files.name.c_str(), ZIP_CREATE, nullptr);
   zip_file_add(archive, "mimetype", zip_source_buffer(archive, type.data(), type.size(), 0), 0);
   zip_file_add(archive, "content.xml", zip_source_buffer(archive, content.data(), content.size(), 0), 0);
   ASSERT_EQ(zip_close(archive), 0);
@@ -249,12 +213,12 @@ TEST_F(ImportScreens, WriteNothingWhenTheBooksRefuse) {
     std::string title;
   };
   Refusal refusal;
-  session::Workplace other{context, clock, refusal, files, screens};
+  session::Workplace other{*context, clock, refusal, files, screens};
   dialog.reset(makeImport(ImportKind::Items, other, nullptr));
   choose("items.csv", "Code,Name,Sub category\n1,One,Hammers\n2,Two,Hammers\n");
   next();
   next();
-  context.KORDconn.execute(
+  context->KORDconn.execute(
       "INSERT INTO StockLevel3 (ItemCode, ItemName, CatID, SubCatID) VALUES ('2', 'T', 'HND', 'HND01')");
   next();
   EXPECT_EQ(refusal.title, "Cannot Import");
@@ -266,8 +230,8 @@ TEST_F(ImportScreens, SaveAnEmptyListThatTheyTakeBack) {
   for (const ImportKind kind : {ImportKind::Accounts, ImportKind::Customers, ImportKind::Vendors, ImportKind::Items}) {
     open(kind);
     const ImportDescriptor& descriptor = importDescriptor(kind);
-    files.answer = (company.folder() / "empty.xlsx").string();
-    prompts.expect("Spreadsheet Saved", "0 rows were saved in \"" + files.answer + "\".");
+    files.name = (company.folder() / "empty.xlsx").string();
+    prompts.expect("Spreadsheet Saved", "0 rows were saved in \"" + files.name + "\".");
     control<QPushButton>("EmptyListBttn").click();
     EXPECT_EQ(files.proposedName, descriptor.title + ".xlsx");
     control<QPushButton>("BrowseBttn").click();
@@ -276,7 +240,7 @@ TEST_F(ImportScreens, SaveAnEmptyListThatTheyTakeBack) {
       EXPECT_EQ(control<QComboBox>(("Column_" + descriptor.fields[i].name).c_str()).currentIndex(),
                 static_cast<int>(i + 1))
           << descriptor.fields[i].name;
-    std::filesystem::remove(files.answer);
+    std::filesystem::remove(files.name);
   }
 }
 

@@ -104,23 +104,6 @@ TEST_F(BalancesStatements, GiveWhatTheLinesAddUpTo) {
     }
 }
 
-// The two fixed sums that every trial balance is looked at for.
-TEST_F(BalancesStatements, BalanceBetweenTheirColumns) {
-  for (const BalancePeriod& period : periods) {
-    double opening = 0, debits = 0, credits = 0, closing = 0;
-    for (store::Recordset rows(context.KORDconn, sixColumnBalances(period, AllAccounts())); !rows.eof();
-         rows.moveNext()) {
-      EXPECT_NEAR(rows.number("ODiff") + rows.number("Debits") - rows.number("Credits"), rows.number("CDiff"), 1e-6);
-      opening += rows.number("ODiff");
-      debits += rows.number("Debits");
-      credits += rows.number("Credits");
-      closing += rows.number("CDiff");
-    }
-    EXPECT_NEAR(closing, 0, 1e-6);
-    EXPECT_NEAR(opening + debits - credits, closing, 1e-6);
-  }
-}
-
 TEST_F(BalancesStatements, NarrowCustomersByAllFiltersAtOnce) {
   struct Case {
     CustomerFilters filters;

@@ -11,6 +11,7 @@
 #include "reports/balances_company.h"
 #include "reports/balances_statements.h"
 #include "reports/ledger_rows.h"
+#include "reports/ledgers_data.h"
 #include "reports/running_balances.h"
 #include "store/kept_totals.h"
 #include "support/exact_decimal.h"
@@ -268,6 +269,19 @@ class ExactBooks : public testing::Test, protected test::BalancesCompany {
       EXPECT_EQ(frame::partyBalance(context.KORDconn, accCode, 1).amount, whole) << accCode;
     }
     EXPECT_EQ(shown, wanted);
+    std::map<std::int64_t, double> closing, closed;
+    for (store::Recordset rows(context.KORDconn, twoColumnBalances({1, from, to}, AllAccounts())); !rows.eof();
+         rows.moveNext())
+      closing[rows.integer("AccCode")] = rows.number("Debits") - rows.number("Credits");
+    for (const auto& [accCode, texts] : wanted) closed[accCode] = moved(accCode, to.addDays(1)).balance();
+    EXPECT_EQ(closing, closed);
+    const LedgersData printed(context.KORDconn, {.fyid = 1, .openingBefore = from, .period = {{from, to}}});
+    for (const auto rows = printed.rows(); rows->next();) {
+      const std::int64_t accCode = store::integerOf(rows->value("AccCode"));
+      EXPECT_EQ(store::textOf(rows->value("OpBalance")) + " " + store::textOf(rows->value("OpStatus")),
+                withSide(moved(accCode, from).balance()))
+          << accCode;
+    }
   }
 
   void expectStock() {

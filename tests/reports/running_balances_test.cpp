@@ -1,8 +1,5 @@
 #include "reports/running_balances.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <array>
 #include <cmath>
 #include <map>
@@ -106,15 +103,6 @@ TEST_F(RunningBalances, StandBehindEveryLineOfTheYear) {
   EXPECT_EQ(stored(), moved);
 }
 
-TEST_F(RunningBalances, ABalanceOfNothingIsADebit) {
-  // Added up in this order the last is 5.6e-17 below zero.
-  post({.day = "05-01-2026", .lines = {{accounts[0], 0, 0.1}, {accounts[0], 0, 0.2}, {accounts[0], 0.3, 0}}});
-  EXPECT_TRUE(writeRunningBalances(context->KORDconn, context->FYID));
-  const ByLine all = stored();
-  EXPECT_EQ(all.rbegin()->second, (Stored{0, "Debit"}));
-  EXPECT_EQ(std::next(all.rbegin())->second, (Stored{0.3, "Credit"}));
-}
-
 TEST_F(RunningBalances, WorkThatIsStoppedOrFailsChangesNothing) {
   trade(3000);
   const ByLine before = stored();
@@ -141,32 +129,6 @@ TEST_F(RunningBalances, WorkThatIsStoppedOrFailsChangesNothing) {
   }
   EXPECT_FALSE(books.inTransaction());
   EXPECT_EQ(stored(), before) << "the disk was full";
-}
-
-// The process dies among the writes.
-TEST_F(RunningBalances, ACrashLeavesTheOldOnes) {
-  trade(3000);
-  const ByLine before = stored();
-  context->KORDconn.close();
-  const pid_t child = fork();
-  if (child == 0) {
-    store::Connection books(schema::companyCatalog());
-    books.open(schema::plainConnectionString);
-    int reports = 0;
-    writeRunningBalances(books, context->FYID, [&](std::int64_t) {
-      if (++reports == 3) _exit(9);
-      return true;
-    });
-    _exit(0);
-  }
-  int ended = 0;
-  waitpid(child, &ended, 0);
-  ASSERT_EQ(WEXITSTATUS(ended), 9) << "the work came to its end";
-  context->KORDconn.open(schema::plainConnectionString);
-  EXPECT_EQ(stored(), before);
-  const ByLine wanted = expected();
-  EXPECT_TRUE(writeRunningBalances(context->KORDconn, context->FYID));
-  EXPECT_EQ(stored(), wanted);
 }
 
 }  // namespace

@@ -6,13 +6,12 @@
 
 #include "forms/date_picker.h"
 #include "forms/drop_combo.h"
-#include "frame/document_screen.h"
 #include "frame/find_screen.h"
 #include "frame/find_statement.h"
+#include "vouchers/clerk.h"
 #include "vouchers/find_journals.h"
 #include "vouchers/general_journal_type.h"
 #include "vouchers/journal_totals_panel.h"
-#include "vouchers/settlement_company.h"
 
 // Journal vouchers as the bookkeeper types them, and what then stands in the books.
 namespace {
@@ -24,38 +23,20 @@ using Rows = std::vector<std::string>;
 
 enum Column { Code, Name, Text, Debit, Credit };
 
-class Bookkeeper : public InvoiceScreen {
+class Bookkeeper : public Clerk {
  public:
   explicit Bookkeeper(SettlementCompany& company, frame::PrintOuts printOuts = {})
-      : InvoiceScreen(company, std::move(printOuts), makeGeneralJournal), company_(company) {}
+      : Clerk(company, makeGeneralJournal, std::move(printOuts)), company_(company) {}
 
-  void cell(int row, Column column, const QString& text) {
-    auto& table = find<QTableView>("Grid");
-    table.setFocus(Qt::TabFocusReason);
-    table.setCurrentIndex(table.model()->index(row, column));
-    if (text.isEmpty()) return test::press(table, Qt::Key_Delete);
-    test::type(*QApplication::focusWidget(), text.left(1));
-    test::type(*QApplication::focusWidget(), text.mid(1));
-    test::press(*QApplication::focusWidget(), Qt::Key_Return);
-    if (auto* stillOpen = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
-      test::press(*stillOpen, Qt::Key_Escape);  // the cell refused the text
-  }
-  std::string shown(int row, Column column) {
-    return find<QTableView>("Grid").model()->index(row, column).data().toString().toStdString();
-  }
+  void cell(int row, Column column, const QString& text) { Clerk::cell("Grid", row, column, text); }
+  std::string shown(int row, Column column) { return Clerk::shown("Grid", row, column); }
   void line(int row, const QString& account, Column side, const QString& amount) {
     cell(row, Code, account);
     cell(row, side, amount);
   }
   std::string label(const char* name) { return find<QLabel>(name).text().toStdString(); }
   void remarks(const char* text) { find<QPlainTextEdit>("Desc").setPlainText(text); }
-  void show(const std::string& tranNo) {
-    company_.context.OpenTranNo = std::stoll(tranNo);
-    static_cast<frame::DocumentScreen&>(widget()).ShowRecord();
-  }
-  std::string tranNo(int docNo = 1) {
-    return company_.one("select tranno from transactions where trantype=41 and docno=" + std::to_string(docNo));
-  }
+  std::string tranNo(int docNo = 1) { return tranNoOf(company_, 41, docNo); }
   Rows ledger(int docNo = 1) {
     return company_.rows("select acccode, accname, [desc], debit, credit from subtransactions where tranno=" +
                          tranNo(docNo) + " order by serial");

@@ -78,8 +78,6 @@ class Desk {
 
   void cell(int row, Column column, const std::string& text) {
     clerk_.cell("Grid", row, column, QString::fromStdString(text));
-    auto* open = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-    if (open && open->isVisible()) press(*open, Qt::Key_Escape);
   }
 
   void clearLines() {

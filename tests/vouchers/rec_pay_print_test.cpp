@@ -6,9 +6,8 @@
 #include <map>
 #include <set>
 
-#include "printing/paginator.h"
-#include "printing/painter.h"
 #include "printing/preview_window.h"
+#include "printing/sample_report.h"
 #include "vouchers/rec_pay_statements.h"
 #include "vouchers/settlement_company.h"
 #include "vouchers/settlement_types.h"
@@ -17,22 +16,16 @@ namespace velmo::vouchers {
 namespace {
 
 using namespace printing;
-using test::SettlementCompany;
+using velmo::test::SettlementCompany;
 
 // The lines of a page from the top, what stands beside each other parted by "|".
 std::vector<std::string> linesOf(const Report& report) {
   std::vector<std::string> lines;
-  Paginator paginator(report);
-  while (const auto page = paginator.next()) {
+  for (const Page& page : printing::test::pagesOf(report)) {
     std::map<Twips, std::map<Twips, std::string>> rows;
-    for (const TextRun& one : page->drawing.texts)
-      for (const TextRun& other : page->drawing.texts)
-        EXPECT_TRUE(&one == &other || one.at.right() <= other.at.left || other.at.right() <= one.at.left ||
-                    one.at.bottom() <= other.at.top || other.at.bottom() <= one.at.top)
-            << page->drawing.textOf(one).toStdString() << " over " << page->drawing.textOf(other).toStdString();
-    for (const TextRun& run : page->drawing.texts) {
-      EXPECT_LE(run.at.right(), page->width - Margins{}.right);
-      const std::string words = drawnText(page->drawing, run, 1).toStdString();
+    printing::test::expectNothingOverlaps(page, report.design);
+    for (const TextRun& run : page.drawing.texts) {
+      const std::string words = drawnText(page.drawing, run, 1).toStdString();
       if (!words.empty()) rows[run.at.top][run.at.left] = words;
     }
     for (const auto& [top, row] : rows) {
@@ -226,7 +219,7 @@ TEST_F(RecPay, PettyLinesStandUnderEachOtherWithTheirSum) {
 }
 
 TEST_F(RecPay, TheScreenShowsItsNoteAndLetsGoOfItsRows) {
-  test::InvoiceScreen screen(company_, {}, makeCashReceipts);
+  velmo::test::InvoiceScreen screen(company_, {}, makeCashReceipts);
   screen.find<QRadioButton>("RecOpt_0").click();
   screen.type("BankCode", "10001001");
   screen.type("PartyCode", "12001002");

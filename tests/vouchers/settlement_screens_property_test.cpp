@@ -1,15 +1,18 @@
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <map>
 #include <random>
 
+#include "support/exact_decimal.h"
 #include "text/format.h"
 #include "text/number.h"
 #include "vouchers/clerk.h"
 
 // Receipts and payments at random, under a clerk's hands: typed with every amount that the boxes take, printed in the
-// middle, given other numbers, turned from one mode into the other and shown again. After each save the document is
-// whole and every other one is as it was, in the rows that SQLite finds in the file.
+// middle, given other numbers, turned from one mode into the other, cancelled and shown again. After each save the
+// document is whole, every other one is as it was and the open items are what all of them leave, in the rows that
+// SQLite finds in the file.
 namespace {
 
 using namespace velmo;
@@ -20,15 +23,16 @@ using Rows = std::vector<std::string>;
 struct Kind {
   int tranType;
   InvoiceScreen::Make make;
+  const SettlementKind& settlement;
   bool receipt;
   const char* money;
   const char* party;
 };
 
-const Kind kinds[] = {{38, makeBankReceipts, true, "11001009", "12001002"},
-                      {39, makeCashReceipts, true, "10001001", "12001002"},
-                      {28, makeBankPayments, false, "11001009", "21001002"},
-                      {29, makeCashPayments, false, "10001001", "21001002"}};
+const Kind kinds[] = {{38, makeBankReceipts, bankReceipts(), true, "11001009", "12001002"},
+                      {39, makeCashReceipts, cashReceipts(), true, "10001001", "12001002"},
+                      {28, makeBankPayments, bankPayments(), false, "11001009", "21001002"},
+                      {29, makeCashPayments, cashPayments(), false, "10001001", "21001002"}};
 
 class Desk {
  public:
@@ -38,7 +42,7 @@ class Desk {
         clerk_(openItems(), kind.make, {.voucher = [](session::Workplace&, std::int64_t, QWidget*) {}}) {}
 
   void step() {
-    switch (pick(12)) {
+    switch (pick(13)) {
       case 0:
         return type("DocNo", std::to_string(1 + pick(40)));
       case 1:
@@ -55,6 +59,8 @@ class Desk {
         return save(true);
       case 7:
         return save(false);
+      case 8:
+        return clerk_.find<QCheckBox>("CancelOption").click();
       default:
         return isPetty() ? typePettyLine() : typeInvoice();
     }
@@ -98,8 +104,6 @@ class Desk {
 
   void cell(const char* grid, int row, int column, const std::string& text) {
     clerk_.cell(grid, row, column, QString::fromStdString(text));
-    auto* open = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-    if (open && open->isVisible()) press(*open, Qt::Key_Escape);  // the cell refused the text
   }
   int filledRows(const char* grid) {
     int row = 0;
@@ -162,6 +166,8 @@ class Desk {
     const bool petty = isPetty();
     const int lines = filledRows(petty ? "Grid" : "AgingGrid");
     const std::string total = clerk_.text(petty ? "TAmt" : "Amt2Party");
+    const bool cancelled = clerk_.find<QCheckBox>("CancelOption").isChecked();
+    const Rows cells = shownCells(petty);
     clerk_.press(print ? "PrintBill_1" : "SaveBttn");
     QApplication::processEvents();
     if (taken || nothing) {
@@ -179,10 +185,14 @@ class Desk {
     EXPECT_EQ(document.tranNo, before.empty() ? document.tranNo : before) << "a shown document stays the same";
     document.rows = rowsOf(document.tranNo);
     expectWhole(document, number, petty, lines, total);
+    EXPECT_EQ(cells, storedCells(document.tranNo, petty)) << "an amount holds what its cell shows";
+    EXPECT_EQ(plainTexts(file_, "select Cancel from Transactions where TranNo = " + document.tranNo),
+              Rows{cancelled ? "-1" : "0"});
     if (print) {
       EXPECT_EQ(filledRows(petty ? "Grid" : "AgingGrid"), lines) << "what was saved stands there";
     }
     expectOthersUntouched(number);
+    expectPending();
     natures.insert(document.rows.front().substr(0, document.rows.front().find('|')));
     if (!print)
       shown_ = 0;
@@ -190,12 +200,71 @@ class Desk {
       shown_ = number;
   }
 
+  // Invoices and their amounts, or petty accounts and theirs.
+  Rows shownCells(bool petty) {
+    const std::vector<int> amounts = petty
+                                         ? std::vector<int>{3}
+                                         : std::vector<int>{settlement::Payment, settlement::WHTax, settlement::AdvAdj,
+                                                            settlement::Discount, settlement::TotPayment};
+    Rows all;
+    const char* const grid = petty ? "Grid" : "AgingGrid";
+    for (int row = 0; row < filledRows(grid); ++row) {
+      std::string line = clerk_.shown(grid, row, 0);
+      for (const int column : amounts)
+        line += "|" + text::numberText(text::amountFrom(clerk_.shown(grid, row, column)));
+      all.push_back(line);
+    }
+    return all;
+  }
+  Rows storedCells(const std::string& tranNo, bool petty) {
+    const std::string side = kind_.receipt ? "Credit" : "Debit";
+    const std::string other = kind_.receipt ? "Debit" : "Credit";
+    PlainRows rows(file_, petty ? "select AccCode, coalesce(" + side + ", -" + other + ") from SubTransactions where " +
+                                      "TranNo = " + tranNo + " and AccCode <> " + kind_.money + " order by Serial"
+                                : "select " + std::string(vouchers::keyColumn(kind_.settlement)) +
+                                      ", Payment, WHTax, AdvAdj, Discount, TotPayment from " + aging() +
+                                      " where TranNo = " + tranNo + " order by Serial");
+    Rows all;
+    while (rows.next()) {
+      std::string line = rows.text(0);
+      for (int column = 1; column < rows.columns(); ++column) line += "|" + text::numberText(rows.number(column));
+      all.push_back(line);
+    }
+    return all;
+  }
+
+  // Both lists against what is left of each invoice when the rows of all documents are taken off it on paper.
+  void expectPending() {
+    const std::string key(vouchers::keyColumn(kind_.settlement));
+    std::multiset<std::string> wanted, listed;
+    PlainRows items(file_, "select TranNo, " + key + ", TranDate, TrAmount from " + aging() +
+                               " where TrAmount > 0 and PartyCode = " + kind_.party);
+    while (items.next()) {
+      ExactDecimal open;
+      open += items.number(3);
+      PlainRows paid(file_, "select TotPayment from " + std::string(aging()) +
+                                " a join Transactions t using (TranNo) " + "where Cancel = 0 and a." + key + " = '" +
+                                items.text(1) + "' and a.PartyCode = " + kind_.party + " and a.TranDate = '" +
+                                items.text(2) + "'");
+      while (paid.next()) open -= paid.number(0);
+      if (open.value() > 0) wanted.insert(items.text(1) + " " + text::numberText(open.value()));
+    }
+    for (const std::string& item : pendingOf(company_, kind_.settlement, std::stoll(kind_.party))) listed.insert(item);
+    EXPECT_EQ(listed, wanted);
+    listed.clear();
+    for (store::Recordset rows(company_.context.KORDconn,
+                               pendingListStatement(kind_.settlement, std::stoll(kind_.party), 1));
+         !rows.eof(); rows.moveNext())
+      listed.insert(rows.text(key) + " " + rows.text("BalAmt"));
+    EXPECT_EQ(listed, wanted);
+  }
+
   const char* aging() const { return kind_.receipt ? "AgingDr" : "AgingCr"; }
 
   Rows rowsOf(const std::string& tranNo) {
     const std::string of = " where TranNo = " + tranNo;
     Rows all = bareRows(company_,
-                        "select Nature, DocNo, PartyCode, PartyCode2, TrAmount, Received, Balance from "
+                        "select Nature, DocNo, Cancel, PartyCode, PartyCode2, TrAmount, Received, Balance from "
                         "Transactions" +
                             of);
     for (const std::string& statement :
@@ -238,6 +307,15 @@ class Desk {
     EXPECT_EQ(settled, (std::vector<std::int64_t>{header[0] - header[2], header[1] - header[2], header[3], header[4],
                                                   header[5]}));
     EXPECT_EQ(settled[0], settled[1] + settled[2] + settled[3] + settled[4]);
+    const auto moved = [&](const char* account) {
+      return (kind_.receipt ? 1 : -1) *
+             plainSums(file_, "select coalesce(Debit, 0) - coalesce(Credit, 0) from SubTransactions" + of +
+                                  " and AccCode = " + account)[0];
+    };
+    EXPECT_EQ(moved(kind_.money), header[1]);
+    EXPECT_EQ(moved(kind_.party), header[4] - header[0]);
+    EXPECT_EQ(moved(kind_.receipt ? "14001001" : "22001001"), header[3]);
+    EXPECT_EQ(moved(kind_.receipt ? "60001002" : "40001003"), header[5]);
   }
 
   const Kind& kind_;

@@ -6,8 +6,7 @@
 #include <set>
 
 #include "../support/new_company.h"
-#include "printing/paginator.h"
-#include "printing/painter.h"
+#include "printing/sample_report.h"
 #include "schema/company_schema.h"
 #include "vouchers/voucher_sheet.h"
 
@@ -15,6 +14,7 @@ namespace velmo::vouchers {
 namespace {
 
 using namespace printing;
+using printing::test::pagesOf;
 
 // A company with vouchers, read as the screens read them.
 class Voucher2 : public testing::Test {
@@ -71,13 +71,6 @@ class Voucher2 : public testing::Test {
 
   Report report() { return voucher2Print(context_, vouchers(), 32, text::DateTime::fromCalendar(2026, 11, 22)); }
 
-  static std::vector<Page> pagesOf(const Report& report) {
-    std::vector<Page> pages;
-    Paginator paginator(report);
-    while (auto page = paginator.next()) pages.push_back(std::move(*page));
-    return pages;
-  }
-
   static std::vector<std::string> textsOf(const Page& page, int total) {
     std::vector<std::string> texts;
     for (const TextRun& run : page.drawing.texts) texts.push_back(drawnText(page.drawing, run, total).toStdString());
@@ -89,25 +82,9 @@ class Voucher2 : public testing::Test {
     return std::find(texts.begin(), texts.end(), words) != texts.end();
   }
 
-  // No two lines of text overlap, none leaves the paper within its margins, and a rule of the table is below its line.
-  static void expectClean(const Page& page) {
-    const auto& runs = page.drawing.texts;
-    const Margins margins;
-    for (std::size_t one = 0; one < runs.size(); ++one) {
-      const Frame& at = runs[one].at;
-      const std::string words = page.drawing.textOf(runs[one]).toStdString();
-      EXPECT_TRUE(at.left >= margins.left && at.right() <= page.width - margins.right) << words;
-      EXPECT_LE(at.bottom(), page.height - margins.bottom) << words;
-      for (std::size_t other = one + 1; other < runs.size(); ++other) {
-        const Frame& beside = runs[other].at;
-        EXPECT_TRUE(at.right() <= beside.left || beside.right() <= at.left || at.bottom() <= beside.top ||
-                    beside.bottom() <= at.top)
-            << words << " over " << page.drawing.textOf(runs[other]).toStdString();
-      }
-    }
-  }
+  static void expectClean(const Page& page) { printing::test::expectNothingOverlaps(page, {}); }
 
-  test::NewCompany company_;
+  velmo::test::NewCompany company_;
   session::LoginContext context_;
   int posted_ = 0;
 };
