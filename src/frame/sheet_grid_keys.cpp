@@ -183,8 +183,12 @@ void SheetGrid::editorLeft() {
       Qt::QueuedConnection);
 }
 
+// A list that closed over a refused text opens again.
 void SheetGrid::narrowSoon() {
-  if (openList()) narrowTimer_.start();
+  CellList* list = listOf(current().column());
+  if (!list) return;
+  if (!list->isOpen()) list->open(*table_->viewport(), table_->visualRect(current()), openedText_);
+  narrowTimer_.start();
 }
 
 void SheetGrid::narrowList() {

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
 #include <QTableView>
 
+#include "frame/account_code_box.h"
 #include "support/typing.h"
 #include "windows/person.h"
 
@@ -28,6 +30,51 @@ TEST(ACellInEdit, LetsKeysEndWhileItHasNotTheKeyboard) {
       const auto& grid = Person::control<QTableView>("Grid");
       return grid.model()->index(0, 3).data().toString() == QStringLiteral("99999998.00");
     });
+  });
+}
+
+// The list of accounts that lies over a screen; empty when none does.
+std::string openList(Person& person, const char* screen) {
+  return person.look([screen] {
+    for (const auto* list : Person::control(screen).findChildren<frame::AccountDropList*>())
+      if (list->isVisible()) return list->objectName().toStdString();
+    return std::string();
+  });
+}
+
+TEST(AnUnknownCode, LeavesNoListOpen) {
+  withTheProgram([](Person& person) {
+    const struct {
+      const char* screen;
+      const char* box;
+      const char* leaving;  // a key, or a scan
+    } cases[] = {{"SaleInvoicesPOS", "ACodeTxt", "scan"},
+                 {"SaleInvoicesPOS", "ACodeTxt", "Return"},
+                 {"SaleInvoicesPOS", "ACodeTxt", "ctrl+n"},
+                 {"SaleInvoicesSimple", "PartyCodeTxt", "ctrl+s"},
+                 {"SaleInvoicesSimple", "IncomeCode", "Tab"},
+                 {"BankReceipts", "BankCode", "ctrl+s"},
+                 {"AccLedgers", "ACodeTxt", "F5"},
+                 {"GeneralJournal", "Grid", "Return"},
+                 {"GeneralJournal", "Grid", "ctrl+s"}};
+    for (const auto& c : cases) {
+      SCOPED_TRACE(std::string(c.screen) + " " + c.box + " " + c.leaving);
+      person.openScreen(c.screen);
+      person.look([&c] {
+        QWidget& box = *Person::control(c.screen).findChild<QWidget*>(c.box);
+        box.setFocus(Qt::TabFocusReason);
+        if (auto* line = qobject_cast<QLineEdit*>(&box)) line->clear();
+      });
+      person.type("99999999");
+      person.settle(100);
+      EXPECT_NE(openList(person, c.screen), "");
+      std::string(c.leaving) == "scan" ? person.scan("88888888") : person.press(c.leaving);
+      person.settle();
+      if (!person.messageText().empty()) person.press("Return");
+      person.settle();
+      EXPECT_EQ(openList(person, c.screen), "");
+      EXPECT_EQ(person.messageText(), "");
+    }
   });
 }
 
