@@ -21,6 +21,7 @@ PickListSource accountSource(const std::string& condition) {
           .order = "acccode",
           .displayColumn = "Account",
           .keyColumn = "acccode",
+          .beforeName = "  ",
           .tables = {"AccLevel3"}};
 }
 
