@@ -36,7 +36,7 @@ QPushButton:disabled { color: @disabledText; }
 QPushButton[look="primary"] { background: @accent; color: @onAccent; border-color: @accent; font-weight: 600; }
 QPushButton[look="primary"]:hover { background: @accentHover; }
 QPushButton[look="primary"]:focus { border: 2px solid @text; }
-QPushButton[look="primary"]:disabled { background: @border; border-color: @border; color: @window; }
+QPushButton[look="primary"]:disabled { background: @idleGround; border-color: @border; color: @quietText; }
 QPushButton[look="quiet"] { background: transparent; border-color: transparent; color: @accent; }
 QPushButton[look="quiet"]:hover { background: @pressed; }
 QPushButton[look="quiet"]:focus { border-color: @accent; }
@@ -49,6 +49,7 @@ QTableView::item:focus { border: 2px solid @accent; padding: 0 1px; }
 QHeaderView { background: @window; }
 QHeaderView::section { background: @window; color: @quietText; border: none; border-right: 1px solid @gridline;
   border-bottom: 1px solid @border; padding: 5px 6px; font-weight: 600; }
+QListView { border: 1px solid @border; background: @base; outline: 0; }
 QListWidget { border: 1px solid @border; border-radius: 5px; background: @base; padding: 3px; outline: 0; }
 QListWidget:focus { border: 2px solid @accent; padding: 2px; }
 QListWidget::item { border: 1px solid transparent; border-radius: 4px; padding: 3px 6px; }
@@ -140,6 +141,7 @@ QString styleSheet(const QPalette& palette, const Colours& look, Brightness brig
       {QStringLiteral("button"), palette.color(QPalette::Button).name()},
       {QStringLiteral("text"), text.name()},
       {QStringLiteral("readOnlyText"), mixed(text, base, 0.15).name()},
+      {QStringLiteral("idleGround"), mixed(palette.color(QPalette::Window), look.border, 0.35).name()},
       {QStringLiteral("disabledText"), palette.color(QPalette::Disabled, QPalette::Text).name()},
       {QStringLiteral("scrollHandle"), mixed(look.border, look.quietText, 0.25).name()},
       {QStringLiteral("pressed"), mixed(palette.color(QPalette::Button), look.accent, 0.15).name()},

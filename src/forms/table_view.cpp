@@ -15,9 +15,13 @@ void dressTable(QTableView& table) {
   table.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   table.verticalHeader()->hide();
   table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 11);
+  table.verticalHeader()->setDefaultSectionSize(rowHeight(table));
   table.horizontalHeader()->setHighlightSections(false);
   table.horizontalHeader()->setMinimumSectionSize(table.fontMetrics().averageCharWidth() * 4);
+}
+
+int rowHeight(const QWidget& table) {
+  return table.fontMetrics().height() + 11;
 }
 
 TableView::TableView(QWidget* parent) : QTableView(parent) {

@@ -30,5 +30,7 @@ class TableView : public QTableView {
 
 // Row height, header, quiet stripes and grid of every table of the program.
 void dressTable(QTableView& table);
+// How high a row is in the font of this table or list, in device-independent pixels.
+int rowHeight(const QWidget& table);
 
 }  // namespace velmo::forms

@@ -5,12 +5,23 @@
 #include "frame/drop_place.h"
 
 namespace velmo::frame {
+namespace {
+
+bool isCommand(const QKeyEvent& key) {
+  const bool isCharacter = key.key() < Qt::Key_Escape;
+  const bool isFunction = key.key() >= Qt::Key_F1 && key.key() <= Qt::Key_F35;
+  return isFunction || (isCharacter && (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)));
+}
+
+}  // namespace
+
 PickListSource accountSource(const std::string& condition) {
   return {.select = "SELECT acccode, accname, (AccCode & '  ' & AccName) as Account from acclevel3",
           .condition = condition,
           .order = "acccode",
           .displayColumn = "Account",
           .keyColumn = "acccode",
+          .beforeName = "  ",
           .tables = {"AccLevel3"}};
 }
 
@@ -62,11 +73,15 @@ void AccountCodeBox::focusOutEvent(QFocusEvent* event) {
   list_.ownerLeft();
 }
 
+// A command, whatever it says of the code, leaves the box as it is, and the list would lie over what comes of it.
 bool AccountCodeBox::event(QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+  if (event->type() != QEvent::ShortcutOverride) return QLineEdit::event(event);
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  if (key.key() == Qt::Key_Escape) {
     event->accept();
     return true;
   }
+  if (isCommand(key) && list_.ListOwner() == this) list_.hide();
   return QLineEdit::event(event);
 }
 

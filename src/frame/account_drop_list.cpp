@@ -4,7 +4,9 @@
 #include <QPainter>
 
 #include "forms/look.h"
+#include "forms/table_view.h"
 #include "frame/drop_place.h"
+#include "frame/pick_list_delegate.h"
 
 namespace velmo::frame {
 
@@ -15,7 +17,7 @@ AccountDropList::AccountDropList(QWidget* screen) : QListView(screen) {
   setEditTriggers(NoEditTriggers);
   setFocusPolicy(Qt::ClickFocus);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setTextElideMode(Qt::ElideRight);
+  setItemDelegate(new PickListDelegate(this));
   setModel(&entries_);
   hide();
   PListTimer_.setObjectName("PListTimer");
@@ -36,11 +38,11 @@ void AccountDropList::takeOver(AccountListOwner& owner) {
 }
 
 void AccountDropList::place() {
-  const int rows = 10;
+  constexpr int rows = 10;
+  const int row = forms::rowHeight(*this);
   const QRect area = owner_->listArea();
-  const QSize wanted(std::max(area.width(), fontMetrics().averageCharWidth() * 48),
-                     rows * (fontMetrics().height() + 6) + 2 * frameWidth());
-  setGeometry(placeBelow(owner_->listAnchor(), area, *parentWidget(), wanted));
+  const QSize wanted(std::max(area.width(), fontMetrics().averageCharWidth() * 48), rows * row + 2 * frameWidth());
+  setGeometry(placeBelow(owner_->listAnchor(), area, *parentWidget(), wanted, row));
 }
 
 void AccountDropList::showMatching(const QString& typed) {

@@ -9,8 +9,9 @@ namespace velmo::frame {
 inline constexpr int dropListDelay = 80;
 
 // Where a floating child of `screen` stands that belongs to a rectangle of `anchor`: below it, or above it when there
-// is more room; never beyond the edges of the screen. In the screen's coordinates.
-QRect placeBelow(const QWidget& anchor, const QRect& rectangle, const QWidget& screen, QSize wanted);
+// is more room; never beyond the edges of the screen. In the screen's coordinates. Where there is too little room, its
+// height gives way by steps of so many pixels.
+QRect placeBelow(const QWidget& anchor, const QRect& rectangle, const QWidget& screen, QSize wanted, int step = 1);
 
 // The focus comes back by itself: a menu opened, or another window came to the front.
 bool isPassingFocusLoss(const QFocusEvent& event);

@@ -19,6 +19,8 @@ PickListSource itemSource() {
       .order = "StockLevel3.ItemCode",
       .displayColumn = "InvItem",
       .keyColumn = "ItemCode",
+      .beforeName = "  (",
+      .behindName = ")",
       .tables = {"StockLevel1", "StockLevel2", "StockLevel3"}};
 }
 

@@ -94,12 +94,14 @@ void PickList::read() {
   displays_.clear();
   keys_.clear();
   folded_.clear();
+  longestKey_ = 0;
   const std::string fields[] = {source_.displayColumn, source_.keyColumn};
   store::readTexts(connection_, source_.statement(), fields, [this](std::span<const std::string_view> texts) {
     displays_.append(texts[0]);
     store::sql::appendFolded(folded_.buffer, texts[0]);
     folded_.ends.push_back(static_cast<std::uint32_t>(folded_.buffer.size()));
     keys_.append(texts[1]);
+    longestKey_ = std::max(longestKey_, static_cast<int>(texts[1].size()));
   });
   foldedBytes_.fill(0);
   for (const char c : folded_.buffer) ++foldedBytes_[static_cast<unsigned char>(c)];
@@ -179,6 +181,17 @@ std::string_view PickList::display(int entry) const {
 
 std::string_view PickList::key(int entry) const {
   return keys_.at(place(entry));
+}
+
+std::string_view PickList::name(int entry) const {
+  std::string_view rest = display(entry);
+  for (const std::string_view each : {key(entry), std::string_view(source_.beforeName)}) {
+    if (!rest.starts_with(each)) return display(entry);
+    rest.remove_prefix(each.size());
+  }
+  if (!rest.ends_with(source_.behindName)) return display(entry);
+  rest.remove_suffix(source_.behindName.size());
+  return rest;
 }
 
 int PickList::indexOf(std::string_view key) const {

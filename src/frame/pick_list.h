@@ -15,11 +15,13 @@ namespace velmo::frame {
 // The statement behind a drop list, in the pieces of which its two forms are made: all entries, and the entries whose
 // display text is like '%typed%'.
 struct PickListSource {
-  std::string select;         // "SELECT acccode, accname, (...) as Account from acclevel3"
-  std::string condition;      // what every entry fulfils
-  std::string order;          // "acccode"
-  std::string displayColumn;  // of the select: what is shown and matched
-  std::string keyColumn;      // of the select: what a choice hands on
+  std::string select;           // "SELECT acccode, accname, (...) as Account from acclevel3"
+  std::string condition;        // what every entry fulfils
+  std::string order;            // "acccode"
+  std::string displayColumn;    // of the select: what is shown and matched
+  std::string keyColumn;        // of the select: what a choice hands on
+  std::string beforeName = {};  // the display is the key, this, the name of the entry, and
+  std::string behindName = {};  // this
   std::vector<std::string> tables;
 
   std::string statement() const;
@@ -50,6 +52,8 @@ class PickList {
   // An entry below what size() or sizeUpTo() gave.
   std::string_view display(int entry) const;
   std::string_view key(int entry) const;
+  std::string_view name(int entry) const;         // the whole display where it is not made as the source says
+  int longestKey() const { return longestKey_; }  // of all entries, in bytes; as they were read last
   int indexOf(std::string_view key) const;  // -1 when it is not among the present entries; letters' case is ignored
   const PickListSource& source() const { return source_; }
 
@@ -83,6 +87,7 @@ class PickList {
 
   store::Connection& connection_;
   PickListSource source_;
+  int longestKey_ = 0;
   std::optional<std::int64_t> readAt_;  // the state of the file that the entries were read in
   Texts displays_;
   Texts keys_;

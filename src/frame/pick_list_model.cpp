@@ -64,7 +64,9 @@ void PickListModel::fetchMore(const QModelIndex&) {
 QVariant PickListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || !list_ || index.row() >= list_->sizeUpTo(index.row() + 1)) return {};
   if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return forms::shownPart(list_->display(index.row()));
-  if (role == Qt::UserRole) return key(index);
+  if (role == Code) return key(index);
+  if (role == Name) return forms::shownPart(list_->name(index.row()));
+  if (role == LongestCode) return list_->longestKey();
   return {};
 }
 

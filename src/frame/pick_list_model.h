@@ -12,6 +12,8 @@ class PickListModel : public QAbstractListModel {
   Q_OBJECT
 
  public:
+  enum Role { Code = Qt::UserRole, Name, LongestCode };  // the last in letters, of all entries
+
   explicit PickListModel(QObject* parent = nullptr);
 
   void setList(PickList* list);  // outlives the model or its next setList()

@@ -205,6 +205,8 @@ bool SheetGrid::commitEdit() {
     refused.setColor(QPalette::Text, forms::colours().warning);
     editor_->setPalette(refused);
     editor_->selectAll();
+    narrowTimer_.stop();
+    if (CellList* list = openList()) list->close();
     return false;
   }
   closeEditor();

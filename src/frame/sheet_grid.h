@@ -122,6 +122,7 @@ class SheetGrid : public QWidget {
   QString openedText_;         // of the cell in edit
   bool inListOrGrid_ = false;  // where the keyboard is
   bool ending_ = false;        // a cell's end is under way: its messages must not end it again
+  bool handingOn_ = false;     // the cell is given a key that reached the table
 };
 
 }  // namespace velmo::frame

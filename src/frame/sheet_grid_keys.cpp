@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QTableView>
 
 #include "frame/cell_list.h"
@@ -81,8 +82,9 @@ bool SheetGrid::watchEditor(QEvent& event) {
 }
 
 bool SheetGrid::tableKey(QKeyEvent& event) {
-  if (isEditing()) {                       // typed ahead, before the focus reached the cell
-    if (editor_->hasFocus()) return true;  // the cell had no use for the key: it must not go round again
+  if (isEditing()) {                                     // typed ahead, before the focus reached the cell
+    if (editor_->hasFocus() || handingOn_) return true;  // the cell had no use for the key: it must not go round again
+    const QScopedValueRollback handingOn(handingOn_, true);
     QCoreApplication::sendEvent(editor_, &event);
     return true;
   }
@@ -181,8 +183,12 @@ void SheetGrid::editorLeft() {
       Qt::QueuedConnection);
 }
 
+// A list that closed over a refused text opens again.
 void SheetGrid::narrowSoon() {
-  if (openList()) narrowTimer_.start();
+  CellList* list = listOf(current().column());
+  if (!list) return;
+  if (!list->isOpen()) list->open(*table_->viewport(), table_->visualRect(current()), openedText_);
+  narrowTimer_.start();
 }
 
 void SheetGrid::narrowList() {

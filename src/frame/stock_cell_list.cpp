@@ -13,7 +13,7 @@ StockCellList::StockCellList(StockPanel& panel, QObject* parent) : CellList(pare
 
 void StockCellList::open(const QWidget& sheet, const QRect& cell, const QString&) {
   panel_.narrow({});
-  panel_.setGeometry(placeBelow(sheet, cell, *panel_.parentWidget(), panel_.wantedSize()));
+  panel_.setGeometry(placeBelow(sheet, cell, *panel_.parentWidget(), panel_.wantedSize(), panel_.rowHeight()));
   panel_.show();
   panel_.raise();
 }

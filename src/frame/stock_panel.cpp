@@ -13,6 +13,7 @@
 #include "forms/stop_listening.h"
 #include "forms/table_view.h"
 #include "frame/drop_place.h"
+#include "frame/pick_list_delegate.h"
 #include "text/format.h"
 #include "text/number.h"
 
@@ -85,6 +86,7 @@ QWidget* StockPanel::buildList() {
   ItemCodeList_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   ItemCodeList_->setFocusPolicy(Qt::ClickFocus);
   ItemCodeList_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  ItemCodeList_->setItemDelegate(new PickListDelegate(ItemCodeList_));
   ItemCodeList_->setModel(&entries_);
   ItemCodeList_->installEventFilter(this);
   connect(ItemCodeList_->selectionModel(), &QItemSelectionModel::currentChanged, this, &StockPanel::highlightChanged);
@@ -148,8 +150,13 @@ QWidget* StockPanel::buildDetails() {
 }
 
 QSize StockPanel::wantedSize() const {
-  const int character = fontMetrics().averageCharWidth();
-  return {character * 112, fontMetrics().height() * 13};
+  constexpr int rows = 9;  // the last lines of the item beside them are four, below their captions
+  const int around = 2 * (forms::spacing::Normal + ItemCodeList_->frameWidth());
+  return {fontMetrics().averageCharWidth() * 112, rows * rowHeight() + around};
+}
+
+int StockPanel::rowHeight() const {
+  return forms::rowHeight(*ItemCodeList_);
 }
 
 void StockPanel::narrow(const QString& typed) {

@@ -43,6 +43,7 @@ class StockPanel : public QFrame {
   // The party whose lines the history shows; nothing for all parties.
   void setParty(std::optional<std::int64_t> code, std::string_view name);
   QSize wantedSize() const;
+  int rowHeight() const;  // of the list; it shows whole rows where the panel is a number of them lower than wanted
 
  Q_SIGNALS:
   void chosen(const QString& itemCode);

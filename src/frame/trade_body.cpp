@@ -145,6 +145,7 @@ void TradeBody::listenToScanner() {
     return counter ? !lines_->isSerialBox(focus) : isSpoiltByScans(focus);
   });
   connect(scanner, &ScanListener::scanned, this, [this, counter](const QString& code) {
+    for (AccountDropList* list : place_.screen.findChildren<AccountDropList*>()) list->hide();
     if (counter && !BalPic_->isVisible()) return lines_->scan(code);
     QApplication::beep();
     if (counter) BalPic_->tellScan(code);

@@ -89,8 +89,10 @@ void ImportCheckPage::showProblem() {
   problem_->setText(row.siblingAtColumn(model_->columnCount() - 1).data().toString());
 }
 
-bool ImportCheckPage::mayWrite() const {
-  return plan_.good() > 0 && (plan_.problems == 0 || leaveOut_->isChecked());
+QString ImportCheckPage::hindrance() const {
+  if (plan_.good() == 0) return QStringLiteral("No row of the file can be brought in.");
+  if (plan_.problems == 0 || leaveOut_->isChecked()) return {};
+  return QStringLiteral("Leave out the rows with problems, or mend them in the file.");
 }
 
 QString ImportCheckPage::summary() const {

@@ -50,8 +50,9 @@ class ImportCheckPage : public QWidget {
 
   void show(ImportPlan plan);
   const ImportPlan& plan() const { return plan_; }
-  // There are rows to write, and those with problems are none or left out by the user's choice.
-  bool mayWrite() const;
+  // Why the rows cannot be written as things stand, in a sentence. "" when there are rows to write, and those with
+  // problems are none or left out by the user's choice.
+  QString hindrance() const;
   void focusRows();
 
  Q_SIGNALS:

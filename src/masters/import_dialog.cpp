@@ -24,6 +24,7 @@ class ImportDialog : public QDialog {
         kind_(kind),
         workplace_(workplace),
         steps_(new QLabel),
+        reason_(new QLabel),
         pages_(new QStackedWidget),
         file_(new ImportFilePage(kind, workplace, nullptr)),
         columns_(new ImportMappingPage(kind, nullptr)),
@@ -62,7 +63,9 @@ class ImportDialog : public QDialog {
     forms::makePrimary(*next_);
     auto* row = new QHBoxLayout;
     forms::setGrid(*row, 0);
-    row->addStretch(1);
+    forms::makeCaption(*reason_);
+    reason_->setObjectName(QStringLiteral("ReasonLbl"));
+    row->addWidget(reason_, 1, Qt::AlignRight | Qt::AlignVCenter);
     for (QPushButton* button : {back_, next_, close}) row->addWidget(button);
     column.addLayout(row);
     connect(back_, &QPushButton::clicked, this, [this] { showStep(static_cast<Step>(pages_->currentIndex() - 1)); });
@@ -86,7 +89,8 @@ class ImportDialog : public QDialog {
     pages_->setCurrentIndex(step);
     back_->setEnabled(step != File);
     next_->setText(step == Check ? importCaption() : QStringLiteral("&Next"));
-    next_->setEnabled(step != Check || check_->mayWrite());
+    reason_->setText(step == Check ? check_->hindrance() : QString());
+    next_->setEnabled(reason_->text().isEmpty());
   }
 
   QString importCaption() const {
@@ -163,6 +167,7 @@ class ImportDialog : public QDialog {
   const ImportDescriptor& kind_;
   session::Workplace& workplace_;
   QLabel* steps_;
+  QLabel* reason_;  // why the next step cannot be taken
   QStackedWidget* pages_;
   ImportFilePage* file_;
   ImportMappingPage* columns_;

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QHeaderView>
+#include <QTableView>
 #include <QThread>
 #include <QVBoxLayout>
 
+#include "forms/table_view.h"
 #include "shop_fixture.h"
 #include "support/typing.h"
 
@@ -100,6 +103,24 @@ TEST_F(AccountCodeBoxes, EscapeClearsAndTheListFollowsItsOwner) {
   press(list, Qt::Key_Escape);
   EXPECT_TRUE(income.hasFocus());
   EXPECT_EQ(income.text(), "");
+}
+
+TEST_F(AccountCodeBoxes, TheListShowsWholeRowsAsHighAsAGrids) {
+  QTableView grid;
+  forms::dressTable(grid);
+  for (const int height : {600, 420, 411, 397}) {
+    screen.resize(800, height);
+    focus(party);
+    party.clear();
+    type(party, "12001");
+    const int row = list.visualRect(list.model()->index(0, 0)).height();
+    EXPECT_EQ(row, grid.verticalHeader()->defaultSectionSize());
+    EXPECT_GT(list.viewport()->height(), 2 * row) << height;
+    EXPECT_EQ(list.viewport()->height() % row, 0) << height;
+  }
+  type(party, "900");
+  EXPECT_EQ(list.model()->index(0, 0).data(PickListModel::Code).toString(), "12001900");
+  EXPECT_EQ(list.model()->index(0, 0).data(PickListModel::Name).toString(), "Zed & O'Brien");
 }
 
 TEST_F(AccountCodeBoxes, TheListClosesShortlyAfterTheBoxWasLeft) {

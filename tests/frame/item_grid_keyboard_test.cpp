@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -9,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "frame/item_grid.h"
+#include "frame/pick_list_model.h"
 #include "shop_fixture.h"
 #include "support/typing.h"
 
@@ -113,6 +115,22 @@ TEST_F(ItemGridKeyboard, TheDropListNarrowsAndFills) {
   EXPECT_EQ(cell(0, GridColumn::ItemCode), "101");
   EXPECT_EQ(cell(0, GridColumn::Rate), "900.00");
   EXPECT_TRUE(table->hasFocus());
+}
+
+TEST_F(ItemGridKeyboard, TheDropListShowsWholeRowsOfCodesAndNames) {
+  for (const int height : {640, 411, 397}) {
+    screen.resize(1000, height);
+    rest(20);
+    keys("o'n");
+    rest(20);
+    const int row = list->visualRect(list->model()->index(0, 0)).height();
+    EXPECT_EQ(row, table->verticalHeader()->defaultSectionSize());
+    EXPECT_GT(list->viewport()->height(), 2 * row) << height;
+    EXPECT_EQ(list->viewport()->height() % row, 0) << height;
+    EXPECT_EQ(list->model()->index(0, 0).data(PickListModel::Code).toString(), "O'N-1");
+    EXPECT_EQ(list->model()->index(0, 0).data(PickListModel::Name).toString(), "O'Neil [steel] 100%_x");
+    key(Qt::Key_Escape);
+  }
 }
 
 TEST_F(ItemGridKeyboard, TheStockPanelShowsTheHighlightedItem) {

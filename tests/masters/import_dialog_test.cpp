@@ -111,6 +111,7 @@ TEST_F(ImportScreens, LeaveOutRowsWithProblemsOnlyWhenTold) {
   control<QCheckBox>("OnlyProblems").setChecked(false);
   EXPECT_EQ(grid("CheckGrid").size(), 4U);
   EXPECT_FALSE(control<QPushButton>("NextBttn").isEnabled());
+  EXPECT_EQ(control<QLabel>("ReasonLbl").text(), "Leave out the rows with problems, or mend them in the file.");
   files.name = (company.folder() / "problems.xlsx").string();
   prompts.expect("Spreadsheet Saved", "4 rows were saved in \"" + files.name + "\".");
   control<QTableView>("CheckGrid").actions().front()->trigger();
@@ -123,6 +124,7 @@ TEST_F(ImportScreens, LeaveOutRowsWithProblemsOnlyWhenTold) {
   EXPECT_EQ(summary(), "2 new customers can be made. 2 rows have problems.");
   control<QCheckBox>("LeaveOut").setChecked(true);
   EXPECT_TRUE(control<QPushButton>("NextBttn").isEnabled());
+  EXPECT_EQ(control<QLabel>("ReasonLbl").text(), "");
   prompts.expect("Import Customers", "2 customers were brought in.");
   next();
   EXPECT_EQ(count("select acccode from acclevel3 where level2id = 12001"), 3);

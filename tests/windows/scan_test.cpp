@@ -137,6 +137,29 @@ TEST(ScansAtTheCounter, AreNotWhatAPersonTypes) {
   });
 }
 
+// As a scan: one piece, and on to the next line, from where Up and Enter lead to the quantity.
+TEST(ACodeTypedAtTheCounter, IsOnePieceAndLeadsToTheNextLine) {
+  withTheProgram([](Person& person) {
+    person.openScreen("SaleInvoicesPOS");
+    const std::string code = itemCode(person);
+    const auto isInFreeLine = [] {
+      const QModelIndex cell = Person::control<QTableView>("Grid").currentIndex();
+      return cell.row() == 1 && cell.column() == static_cast<int>(frame::GridColumn::ItemCode);
+    };
+    person.type(code + "\n");
+    person.waitUntil("one piece", [&] { return isInFreeLine(); });
+    EXPECT_EQ(linesOf(person), code + "*1.00");
+    person.type("nosuch\n");
+    person.settle();
+    EXPECT_EQ(linesOf(person), code + "*1.00");
+    EXPECT_TRUE(person.look(isInFreeLine));
+    person.press({"Up", "Return", "Return"});
+    person.type("3\n");
+    person.settle();
+    EXPECT_EQ(linesOf(person), code + "*3.00");
+  });
+}
+
 TEST(ScansInOtherDocuments, LeaveDaysChoicesAndFiguresAsTheyWere) {
   withTheProgram([](Person& person) {
     for (const char* screen : {"SaleInvoicesSimple", "PurchaseBillsSimple", "SaleReturns"}) {
