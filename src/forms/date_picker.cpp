@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QStyle>
 #include <QStyleOptionComboBox>
@@ -12,6 +13,23 @@
 #include "forms/look.h"
 
 namespace velmo::forms {
+
+namespace {
+
+bool isDigit(const QKeyEvent& key) {
+  return key.text().size() == 1 && key.text().at(0).isDigit();
+}
+
+bool isSeparator(const QKeyEvent& key) {
+  return key.text().size() == 1 && QStringLiteral("-/. ").contains(key.text());
+}
+
+// All of it, or the place before it: what is typed there is a new date.
+bool isMarkedWhole(const QLineEdit& box) {
+  return box.hasSelectedText() ? box.selectedText() == box.text() : box.cursorPosition() == 0;
+}
+
+}  // namespace
 
 QDate toQDate(const text::DateTime& day) {
   const text::DateTime::Calendar parts = day.calendar();
@@ -49,7 +67,12 @@ void DatePicker::keyPressEvent(QKeyEvent* event) {
   const bool opensCalendar = (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier)) ||
                              (event->key() == Qt::Key_F4 && event->modifiers() == Qt::NoModifier);
   if (!opensCalendar) {
-    QDateEdit::keyPressEvent(event);
+    // Two digits went on to the next part by themselves: the separator behind them has nothing left to do.
+    const bool atNextPart = currentSectionIndex() > 0 && lineEdit()->selectedText() == sectionText(currentSection());
+    if (isSeparator(*event) && atNextPart) return;
+    if (isDigit(*event) && isMarkedWhole(*lineEdit())) setSelectedSection(DaySection);
+    QKeyEvent separator(QEvent::KeyPress, Qt::Key_Minus, Qt::NoModifier, QStringLiteral("-"));
+    QDateEdit::keyPressEvent(isSeparator(*event) ? &separator : event);
     return;
   }
   QStyleOptionComboBox option;

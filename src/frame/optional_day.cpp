@@ -32,6 +32,11 @@ void OptionalDay::keyPressEvent(QKeyEvent* event) {
   DatePicker::keyPressEvent(event);
 }
 
+// A blank has no parts to go through.
+bool OptionalDay::focusNextPrevChild(bool next) {
+  return isEmpty() ? QWidget::focusNextPrevChild(next) : DatePicker::focusNextPrevChild(next);
+}
+
 // The calendar opens on the month of the day that is shown.
 void OptionalDay::mousePressEvent(QMouseEvent* event) {
   QStyleOptionComboBox option;

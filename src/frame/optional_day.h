@@ -21,6 +21,7 @@ class OptionalDay : public forms::DatePicker {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void begin();

@@ -136,7 +136,7 @@ QLayout* PaymentPanel::buildCommands() {
 }
 
 QWidget* PaymentPanel::buildAskOption() {
-  auto* ask = new QCheckBox(tr("&Ask before less than the total is saved as paid"));
+  auto* ask = new QCheckBox(tr("As&k before less than the total is saved as paid"));
   ask->setObjectName("AskShort");
   ask->setFocusPolicy(Qt::NoFocus);
   store::Connection& company = workplace_.context.KORDconn;
@@ -156,6 +156,7 @@ void PaymentPanel::open() {
   keys_->setText(tr("Enter saves the invoice, Esc goes back to it."));
   offerTenders();
   showWhatIsShort();
+  layout()->activate();  // the buttons that are offered changed while it was hidden
   adjustSize();
   const QWidget& screen = *parentWidget();
   move((screen.width() - width()) / 2, (screen.height() - height()) / 3);

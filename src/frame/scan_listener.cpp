@@ -45,7 +45,7 @@ ScanListener::~ScanListener() {
 
 bool ScanListener::eventFilter(QObject* watched, QEvent* event) {
   const bool press = event->type() == QEvent::KeyPress;
-  if (lettingGo_ || (!press && event->type() != QEvent::KeyRelease)) return false;
+  if (event == passing_ || (!press && event->type() != QEvent::KeyRelease)) return false;
   const QWidget* focus = receiver();
   if (!focus || watched != focus) return false;
   const auto& key = *static_cast<QKeyEvent*>(event);
@@ -110,14 +110,18 @@ void ScanListener::pause() {
   letGo();
 }
 
+// A message box may come of a key, and scans reach that one as well.
 void ScanListener::letGo() {
   pause_.stop();
   code_.clear();
   const auto keys = std::exchange(held_, {});
-  lettingGo_ = true;
-  for (const auto& key : keys)
-    if (QWidget* to = receiver()) QApplication::sendEvent(to, key.get());
-  lettingGo_ = false;
+  for (const auto& key : keys) {
+    QWidget* to = receiver();
+    if (!to) continue;
+    const QEvent* before = std::exchange(passing_, key.get());
+    QApplication::sendEvent(to, key.get());
+    passing_ = before;
+  }
 }
 
 // One at a time: a message box may come of it.

@@ -45,8 +45,8 @@ class ScanListener : public QObject {
   QString code_;                                  // the characters of the held presses
   quint64 lastAt_ = 0;                            // when the last key was pressed, in milliseconds
   QTimer pause_;
-  bool readOnce_ = false;  // the pause is over, and what waited to be read was read
-  bool lettingGo_ = false;
+  bool readOnce_ = false;            // the pause is over, and what waited to be read was read
+  const QEvent* passing_ = nullptr;  // the key that is on its way to whom it was typed to
   QStringList waiting_;
   QTimer service_;
   bool serving_ = false;

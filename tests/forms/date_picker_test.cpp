@@ -27,6 +27,21 @@ TEST(DatePicker, IsTypedAndSteppedByKeyboard) {
   EXPECT_EQ(picker.day(), day(2028, 3, 5));
 }
 
+TEST(DatePicker, TakesADateThatIsTypedAsItIsWritten) {
+  DatePicker picker;
+  test::focus(picker);
+  for (const char* typed : {"03-02-2025", "3-2-2025", "03/02/2025", "3.2.2025", "03022025"}) {
+    for (const int begin : {Qt::Key_Home, Qt::Key_A, Qt::Key_Tab}) {
+      SCOPED_TRACE(std::string(typed) + " behind " + std::to_string(begin));
+      picker.setDay(day(2026, 11, 24));
+      picker.setSelectedSection(begin == Qt::Key_Tab ? QDateEdit::DaySection : QDateEdit::YearSection);
+      if (begin != Qt::Key_Tab) test::press(picker, begin, begin == Qt::Key_A ? Qt::ControlModifier : Qt::NoModifier);
+      test::type(picker, QString::fromLatin1(typed));
+      EXPECT_EQ(picker.day().iso(), day(2025, 2, 3).iso());
+    }
+  }
+}
+
 TEST(DatePicker, DropsTheTimeOfDayAndKeepsEveryDay) {
   DatePicker picker;
   for (const text::DateTime& moment : {day(1899, 12, 30), day(2024, 2, 29), day(9999, 12, 31)}) {

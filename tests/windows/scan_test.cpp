@@ -124,6 +124,48 @@ TEST(ScansAtTheCounter, WaitForMessagesAndNeverAnswerThem) {
   });
 }
 
+TEST(ScansAtTheCounter, WaitForAMessageThatATypedKeyBrings) {
+  withTheProgram([](Person& person) {
+    person.openScreen("SaleInvoicesPOS");
+    const std::string code = itemCode(person);
+    person.press({"Tab", "8"});
+    person.waitForMessage();
+    person.scan(code);
+    person.settle();
+    EXPECT_EQ(person.messageText().substr(0, 21), "Select inventory item");
+    EXPECT_EQ(linesOf(person), "");
+    person.press("Return");
+    person.settle();
+    EXPECT_EQ(linesOf(person), code + "*1.00");
+  });
+}
+
+TEST(PaymentsAtTheCounter, AreReadableAndTakenByKeys) {
+  withTheProgram([](Person& person) {
+    const auto pay = [&] {
+      person.press("ctrl+s");
+      person.waitUntil("the payment", [] { return Person::control("Received").hasFocus(); });
+    };
+    person.openScreen("SaleInvoicesPOS");
+    pay();
+    person.press("Escape");
+    person.scan(itemCode(person));
+    person.settle();
+    pay();
+    person.look([] {
+      for (const char* box : {"Received", "Balance"})
+        EXPECT_GE(Person::control(box).height(), Person::control(box).sizeHint().height()) << box;
+    });
+    person.press("alt+k");
+    person.type("1\n");
+    person.waitForMessage();
+    EXPECT_NE(person.messageText().find("is missing of the total"), std::string::npos);
+    person.press("Escape");
+    person.settle();
+    EXPECT_EQ(person.focus(), "Received");
+  });
+}
+
 // What is typed goes where it was typed, whatever listens on its way.
 TEST(ScansAtTheCounter, AreNotWhatAPersonTypes) {
   withTheProgram([](Person& person) {
