@@ -8,6 +8,7 @@
 
 #include "schema/company_schema.h"
 #include "schema/first_rows.h"
+#include "schema/login_rows.h"
 #include "schema/upgrades.h"
 #include "store/connection_string.h"
 #include "store/error.h"
@@ -92,11 +93,12 @@ FileState prepareCompanyFile(const std::string& connectionString, const text::Da
       store::createDatabaseFile(target.dataSource, companyCatalog(), target.password, schemaVersion,
                                 [&now](store::Connection& connection) { writeFirstRows(connection, now); }))
     return {};
-  store::upgradeDatabaseFile(target.dataSource, companyCatalog(), target.password, upgrades());
+  store::upgradeDatabaseFile(target.dataSource, companyCatalog(), target.password, upgrades(), requireLoginRows);
   store::Connection connection(companyCatalog(), schemaVersion);
   connection.open(connectionString);
   try {
     store::requireTables(connection);
+    requireLoginRows(connection);
   } catch (const store::StoreError&) {
     connection.refuseWriting();  // a log that a crash has left stays beside the file
     throw;

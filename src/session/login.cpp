@@ -16,21 +16,6 @@ void LoginRecords::close() {
   users.close();
 }
 
-void requireLogin(const LoginRecords& records) {
-  struct Need {
-    const store::Recordset& rows;
-    const char* what;
-  };
-  for (const Need& need :
-       {Need{records.businessInfo, "the details of the company (the table \"BusinessInfo\" is empty)"},
-        Need{records.financialYears, "a financial year (the table \"FinancialYear\" is empty)"},
-        Need{records.users, "a user who could log in (the table \"Users\" is empty)"}})
-    if (need.rows.isEmpty())
-      throw store::StoreError(store::ErrorKind::Damaged, std::string("The company's file is damaged: it lacks ") +
-                                                             need.what +
-                                                             ". It was not changed. Restore it from a back-up copy.");
-}
-
 void cleanUpMasters(store::Connection& connection) {
   for (const char* statement : {"Delete * from acclevel3 where level2id is null or level1id is null",
                                 "Delete * from acclevel2 where typeid is null",

@@ -17,9 +17,6 @@ struct LoginRecords {
   void close();
 };
 
-// Throws store::StoreError (Damaged) with a sentence when the file has no user, no financial year or no company.
-void requireLogin(const LoginRecords& records);
-
 // Removes the rows that were left half-written when the entry of a new account or item was abandoned.
 void cleanUpMasters(store::Connection& connection);
 

@@ -47,7 +47,6 @@ LoginForm::LoginForm(const store::Catalog& catalog, const std::string& connectio
   connection_.open(connectionString);
   if (!file.damage.empty()) connection_.refuseWriting();
   records_ = std::make_unique<session::LoginRecords>(connection_);
-  session::requireLogin(*records_);
   build();
   userCombo_->setSource(records_->users, "username", "userid");
   yearCombo_->setSource(records_->financialYears, "Abbreviation", "FYID");

@@ -72,7 +72,9 @@ bool isAsCopied(Connection::Impl& impl, const std::string& dataVersion) {
          answerOf(impl.database, "PRAGMA journal_mode", impl.fileName) == "delete";
 }
 
-void takeSteps(Connection& connection, const std::vector<UpgradeStep>& steps) {
+using Require = std::function<void(Connection&)>;
+
+void takeSteps(Connection& connection, const std::vector<UpgradeStep>& steps, const Require& require) {
   Connection::Impl& impl = *connection.impl();
   const int before = impl.schemaVersion;
   try {
@@ -85,10 +87,12 @@ void takeSteps(Connection& connection, const std::vector<UpgradeStep>& steps) {
   impl.stamp(steps.back().version);
   requireSound(impl.database, impl.fileName);
   requireTables(connection);  // a file that is refused in the end stays what it was
+  require(connection);
 }
 
 // False when somebody else has the file open. The connection is at work without a log.
-bool upgradeAlone(Connection& connection, const fs::path& file, const std::vector<UpgradeStep>& steps) {
+bool upgradeAlone(Connection& connection, const fs::path& file, const std::vector<UpgradeStep>& steps,
+                  const Require& require) {
   Connection::Impl& impl = *connection.impl();
   const WorkFile copy(file, "copy");
   const std::string dataVersion = answerOf(impl.database, "PRAGMA data_version", file);
@@ -98,7 +102,7 @@ bool upgradeAlone(Connection& connection, const fs::path& file, const std::vecto
   try {
     const bool alone = isAsCopied(impl, dataVersion);
     if (alone) {
-      takeSteps(connection, steps);
+      takeSteps(connection, steps, require);
       keepCopy(copy.path, file.string() + " before version " + std::to_string(steps.back().version));
       impl.commit();
     } else {
@@ -113,13 +117,13 @@ bool upgradeAlone(Connection& connection, const fs::path& file, const std::vecto
 
 // False when somebody else has the file open, or brought it up to date at the same moment.
 bool upgradeOnce(const fs::path& file, const Catalog& catalog, std::string_view password,
-                 const std::vector<UpgradeStep>& steps) {
+                 const std::vector<UpgradeStep>& steps, const Require& require) {
   Connection connection(catalog);
   try {
     connection.impl()->open(file, password);
     if (connection.impl()->schemaVersion >= steps.back().version) return true;
     if (!connection.impl()->leaveLog()) return false;
-    const bool done = upgradeAlone(connection, file, steps);
+    const bool done = upgradeAlone(connection, file, steps, require);
     connection.impl()->run("PRAGMA journal_mode = WAL");
     return done;
   } catch (const StoreError& failure) {
@@ -131,12 +135,12 @@ bool upgradeOnce(const fs::path& file, const Catalog& catalog, std::string_view 
 }  // namespace
 
 void upgradeDatabaseFile(const fs::path& file, const Catalog& catalog, std::string_view password,
-                         const std::vector<UpgradeStep>& steps) {
+                         const std::vector<UpgradeStep>& steps, const Require& require) {
   if (steps.empty()) return;
   // Two that wait for each other in step would never find the file free.
   std::minstd_rand random(static_cast<unsigned>(::getpid()));
   const auto end = std::chrono::steady_clock::now() + patience;
-  while (!upgradeOnce(file, catalog, password, steps)) {
+  while (!upgradeOnce(file, catalog, password, steps, require)) {
     if (std::chrono::steady_clock::now() > end) throw inUse(file);
     sqlite3_sleep(std::uniform_int_distribution(20, 200)(random));
   }

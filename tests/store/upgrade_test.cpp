@@ -34,8 +34,9 @@ class Upgrade : public testing::Test {
     shop.connection.close();
   }
 
-  std::optional<ErrorKind> upgrade(const std::vector<UpgradeStep>& steps) {
-    return failureOf([&] { upgradeDatabaseFile(shop.file(), shopCatalog(), shopPassword, steps); });
+  std::optional<ErrorKind> upgrade(
+      const std::vector<UpgradeStep>& steps, const std::function<void(Connection&)>& require = [](Connection&) {}) {
+    return failureOf([&] { upgradeDatabaseFile(shop.file(), shopCatalog(), shopPassword, steps, require); });
   }
   // As any SQLite reads it: version, rows, whether the file and its copy are sound.
   static std::string look(const fs::path& file) {
@@ -57,6 +58,8 @@ TEST_F(Upgrade, HappensInTheFileItselfAndKeepsACopyOfWhatItWas) {
   const auto before = fileIdOf(shop.file());
   EXPECT_EQ(upgrade({addShelf, failing}), ErrorKind::Constraint);
   EXPECT_EQ(upgrade({addShelf, orphaning}), ErrorKind::Damaged);
+  EXPECT_EQ(upgrade({addShelf}, [](Connection&) { throw StoreError(ErrorKind::Missing, "no use"); }),
+            ErrorKind::Missing);
   EXPECT_EQ(look(shop.file()), "1 P2 ok");
   EXPECT_EQ(names(), std::vector<std::string>{"Shop.MDB"});
 

@@ -13,7 +13,6 @@
 #include "schema/company_checks.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "session/login.h"
 #include "store/check_round.h"
 #include "store/copy_pages.h"
 #include "store/file_identity.h"
@@ -114,7 +113,6 @@ void start(Teller& tell) {
     store::setAside(books, now);
     tryToSave(books, tell);
   }
-  session::requireLogin(session::LoginRecords(books));
   if (state.damage.empty()) lookThrough(books, tell);
   readAndBackUp(books, tell);
 }
