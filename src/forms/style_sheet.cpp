@@ -92,11 +92,12 @@ QMenu::item:disabled { color: @disabledText; background: transparent; }
 QMenu::separator { height: 1px; background: @gridline; margin: 4px 8px; }
 QStatusBar { background: @card; border-top: 1px solid @border; }
 QStatusBar::item { border: none; }
-QTabBar::tab { background: @window; color: @quietText; border: none; border-bottom: 2px solid transparent; padding: 7px 14px; }
+QTabBar::tab { background: @window; color: @quietText; border: none; border-bottom: 2px solid transparent; padding: 7px 10px; }
 QTabBar::tab:selected { background: @base; color: @text; border-bottom: 2px solid @accent; }
 QTabBar::tab:hover { color: @text; }
 QTabBar::close-button { image: url(@cross); }
 QTabBar::close-button:hover { background: @pressed; border-radius: 3px; }
+QToolButton#AllScreensBttn::menu-indicator { image: none; }
 QDialogButtonBox, QMessageBox { dialogbuttonbox-buttons-have-icons: 0; }
 QProgressBar { border: 1px solid @border; border-radius: 5px; background: @base; color: @text; text-align: center;
   min-height: 14px; }

@@ -52,16 +52,17 @@ void DocumentScreen::addCommand() {
                             "You have already been adding a new record. To clear the changes, click on CANCEL button.");
     return;
   }
-  attempt("Cannot Add", [this] { ClearForNewRecord(); });
+  if (MayLeave()) attempt("Cannot Add", [this] { ClearForNewRecord(); });
 }
 
 void DocumentScreen::cancelCommand() {
+  if (!MayLeave()) return;
   if (AddMode_) {
     attempt("Cannot Cancel", [this] { ClearForNewRecord(); });
     return;
   }
   workplace_.context.OpenTranNo = TranNo_->text().toLongLong();
-  ShowRecord();
+  showTran();
 }
 
 void DocumentScreen::deleteCommand() {
@@ -89,29 +90,30 @@ void DocumentScreen::findCommand() {
 }
 
 void DocumentScreen::retrieveCommand() {
-  if (Tran_.isEmpty()) return;
+  if (Tran_.isEmpty() || !MayLeave()) return;
   workplace_.context.OpenTranNo = LastSavedTranNo_;
-  ShowRecord();
+  showTran();
 }
 
 void DocumentScreen::previousCommand() {
-  if (Tran_.isEmpty() || !workplace_.rights().demand(type_.viewRight)) return;
+  if (Tran_.isEmpty() || !workplace_.rights().demand(type_.viewRight) || !MayLeave()) return;
   attempt("Cannot Show", [this] {
     if (!AddMode_) Tran_.movePrevious();
     if (Tran_.bof()) Tran_.moveFirst();
     workplace_.context.OpenTranNo = Tran_.integer("tranno");
-    ShowRecord();
+    showTran();
   });
 }
 
 void DocumentScreen::nextCommand() {
   if (Tran_.isEmpty() || !workplace_.rights().demand(type_.viewRight)) return;
   if (AddMode_) return workplace_.prompts.tell("Last Record", "You have aleady been on the last record.");
+  if (!MayLeave()) return;
   attempt("Cannot Show", [this] {
     Tran_.moveNext();
     if (Tran_.eof()) Tran_.moveLast();
     workplace_.context.OpenTranNo = Tran_.integer("tranno");
-    ShowRecord();
+    showTran();
   });
 }
 

@@ -1,5 +1,6 @@
 #include "frame/document_screen.h"
 
+#include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -12,6 +13,7 @@
 #include "frame/document_number.h"
 #include "frame/posted_accounts.h"
 #include "frame/references_card.h"
+#include "frame/sheet_grid.h"
 #include "text/number.h"
 
 namespace velmo::frame {
@@ -34,7 +36,7 @@ DocumentScreen::DocumentScreen(DocumentType type, session::Workplace& workplace,
                  " and fyid = " + std::to_string(workplace_.context.FYID) + " order by docno",
              store::LockType::Optimistic, store::Fetch::AsNeeded);
   ClearForNewRecord();
-  if (std::exchange(workplace_.context.OpenTranFlag, false)) ShowRecord();
+  if (std::exchange(workplace_.context.OpenTranFlag, false)) showTran();
 }
 
 DocumentScreen::~DocumentScreen() {
@@ -66,6 +68,7 @@ void DocumentScreen::ClearForNewRecord() {
   Desc_->clear();
   showConversion({});
   bindAgain();
+  GiveUp();
   body_->focusFirst();
 }
 
@@ -87,8 +90,12 @@ bool DocumentScreen::moveToTran(std::int64_t tranNo) {
 }
 
 void DocumentScreen::ShowRecord() {
+  workplace_.context.OpenTranFlag = false;
+  if (MayLeave()) showTran();
+}
+
+void DocumentScreen::showTran() {
   attempt("Cannot Show", [this] {
-    workplace_.context.OpenTranFlag = false;
     const bool stood = !Tran_.bof() && !Tran_.eof();
     const std::int64_t shownTranNo = stood ? Tran_.integer("tranno") : 0;
     Tran_.requery();
@@ -103,6 +110,7 @@ void DocumentScreen::ShowRecord() {
     body_->open(Tran_.integer("tranno"));
     fillFromTran();
     bindAgain();
+    GiveUp();
   });
 }
 
@@ -143,6 +151,26 @@ DocumentValues DocumentScreen::values() const {
   return values;
 }
 
+// Leaving
+
+DocumentScreen::Written DocumentScreen::written() const {
+  Written now{.values = values(), .sheets = {}};
+  for (const SheetGrid* sheet : findChildren<SheetGrid*>()) now.sheets.push_back(sheet->written());
+  return now;
+}
+
+bool DocumentScreen::MayLeave() {
+  if (!workplace_.context.AskBeforeDropping || written() == kept_) return true;
+  return workplace_.prompts.ask(
+             {.title = "Not Saved",
+              .text = "What you have typed in " + std::string(type_.title) + " is not saved. Do you want to drop it?",
+              .buttons = session::Buttons::YesNo}) == session::Answer::Yes;
+}
+
+void DocumentScreen::closeEvent(QCloseEvent* event) {
+  event->setAccepted(MayLeave());
+}
+
 // Saving
 
 void DocumentScreen::ValidateAndSave(PrintMode mode) {
@@ -150,7 +178,9 @@ void DocumentScreen::ValidateAndSave(PrintMode mode) {
   body_->beforeSave([this, mode] {
     attempt("Cannot Save", [&] {
       const DocumentValues values = this->values();
-      if (passes(values) && PostDocument(values)) afterSave(mode, values);
+      if (!passes(values) || !PostDocument(values)) return;
+      GiveUp();  // it is in the books
+      afterSave(mode, values);
     });
   });
 }
@@ -236,6 +266,7 @@ void DocumentScreen::afterSave(PrintMode mode, const DocumentValues& values) {
     attempt("Cannot Show", [this] {
       body_->reopen(LastSavedTranNo_, AddMode_ ? HeaderWrite::Add : HeaderWrite::Update);
       bindAgain();
+      GiveUp();
     });
   if (mode == PrintMode::Voucher) {
     PrintTimer_.start();

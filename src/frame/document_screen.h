@@ -5,9 +5,11 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "frame/document_body.h"
 #include "frame/document_type.h"
+#include "frame/document_values.h"
 #include "frame/own_fields.h"
 #include "frame/print_outs.h"
 #include "session/workplace.h"
@@ -28,7 +30,7 @@ class ReferencesCard;
 // document has of its own stands in its DocumentType, what a shape of document has in its DocumentBody.
 //
 // Life: ClearForNewRecord -> (ShowRecord) -> ValidateAndSave -> PostDocument -> print-out -> ClearForNewRecord.
-// Leaving a document drops what was not saved.
+// Leaving a document drops what was not saved, without a word unless the user wants to be asked.
 class DocumentScreen : public QWidget {
   Q_OBJECT
 
@@ -42,11 +44,27 @@ class DocumentScreen : public QWidget {
   DocumentValues values() const;
 
  public Q_SLOTS:
-  // Shows the document LoginContext::OpenTranNo. When there is none, tells so and leaves the screen as it is.
+  // Shows the document LoginContext::OpenTranNo. When there is none, tells so and leaves the screen as it is, as it
+  // does when the user does not want to drop what is typed.
   void ShowRecord();
+  // False when something typed would be dropped and the user, who wants to be asked, says no.
+  bool MayLeave();
+  // What is typed may go: MayLeave() asks again only when more is typed.
+  void GiveUp() { kept_ = written(); }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   enum class PrintMode { Nothing = 0, Document = 1, Voucher = 2 };
+
+  // All that a person could have typed.
+  struct Written {
+    DocumentValues values;
+    std::vector<std::string> sheets;
+    bool operator==(const Written&) const = default;
+  };
+  Written written() const;
 
   // The widgets (document_screen_layout.cpp)
   void buildLayout();
@@ -80,6 +98,7 @@ class DocumentScreen : public QWidget {
   void nextCommand();
 
   // Showing
+  void showTran();
   bool moveToTran(std::int64_t tranNo);
   void fillFromTran();
   void showTranNo();
@@ -97,6 +116,7 @@ class DocumentScreen : public QWidget {
   DocumentBody::Parts parts_;
 
   store::Recordset Tran_;
+  Written kept_;  // as it was begun, shown or saved
   bool AddMode_ = true;
   std::int64_t LastSavedTranNo_ = 0;
   QTimer PrintTimer_;

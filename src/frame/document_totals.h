@@ -43,6 +43,8 @@ struct DocumentTotals {
   std::string Received;
   std::string Balance;
   std::string AmtWords;
+
+  bool operator==(const DocumentTotals&) const = default;
 };
 
 // A typed amount as it is counted: to two decimals, as its box shows it once it is left. What has no more of them stays

@@ -15,6 +15,8 @@ struct ListChoice {
   std::string text;
   std::int64_t id = 0;   // of the entry; 0 when the text is blank or no entry
   bool matches = false;  // the text is an entry
+
+  bool operator==(const ListChoice&) const = default;
 };
 
 // What a document screen holds, as texts, which are its working values: the input of validation and posting.
@@ -44,6 +46,8 @@ struct DocumentValues {
 
   std::map<std::string, std::string, std::less<>> fields;  // the document's own, by control name
   DocumentTotals totals;
+
+  bool operator==(const DocumentValues&) const = default;
 
   // The text of an own field; "" when it was not filled.
   const std::string& field(std::string_view name) const {

@@ -130,6 +130,19 @@ void SheetGrid::showRows() {
   placeOverCells();
 }
 
+std::string SheetGrid::written() const {
+  std::string all;
+  const int columns = static_cast<int>(rows_->columns().size());
+  for (int row = 0; row < rows_->rowCount(); ++row)
+    for (int index = 0; index < columns; ++index) {
+      const bool typed =
+          isEditing() && current().row() == row && current().column() == index && typedText() != openedText_;
+      const std::string text = typed ? typedText().toStdString() : rows_->plainText(row, index);
+      if (!text.empty()) all += std::to_string(row) + ':' + std::to_string(index) + '=' + text + '\n';
+    }
+  return all;
+}
+
 void SheetGrid::focusFirstCell() {
   if (setCurrentCell(0, 0)) table_->setFocus(Qt::OtherFocusReason);
 }

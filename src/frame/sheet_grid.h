@@ -45,6 +45,8 @@ class SheetGrid : public QWidget {
   void focusFirstCell();
   void focusCurrentCell();
   int currentRow() const;  // -1 without lines
+  // What stands in the lines, the cell in edit as it is typed: equal texts for equal lines, "" for blank ones.
+  std::string written() const;
   // False when the cell in edit was refused.
   bool setCurrentCell(int row, int column);
   void removeCurrentRow();

@@ -58,6 +58,8 @@ Tab picks, Esc clears</td></tr>
 <tr><td><b>F6</b></td><td>on a document: from the heading to the lines, to the amounts, and round again</td></tr>
 <tr><td><b>Ctrl+F</b></td><td>finds a document or record; <b>Ctrl+Page Up</b> and <b>Ctrl+Page Down</b> show the
 documents before and behind</td></tr>
+<tr><td><b>Ctrl+Tab</b>, <b>Ctrl+Shift+Tab</b></td><td>next and previous open screen</td></tr>
+<tr><td><b>F1</b></td><td>opens the help that fits the screen, or the message on show</td></tr>
 <tr><td><b>Ctrl+P</b></td><td>saves the document and prints it</td></tr>
 <tr><td><b>Ctrl+N</b></td><td>new record on the forms of the menu Maintain</td></tr>
 <tr><td><b>Ctrl+S</b></td><td>saves the document or record on show</td></tr>

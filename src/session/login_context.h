@@ -39,6 +39,7 @@ struct LoginContext {
   int stocklocationid = 0;
   std::string UserName;
   int UserID = 0;
+  bool AskBeforeDropping = false;  // setting of the user, see userSetting()
   bool IGPInvLedger = false;
   bool BillInvLedger = false;
   bool OGPInvLedger = false;

@@ -24,4 +24,8 @@ void saveSetting(store::Connection& connection, std::string_view name, const std
     row.update({{"SettingValue", value}});
 }
 
+std::string userSetting(std::string_view name, int userId) {
+  return "User." + std::to_string(userId) + "." + std::string(name);
+}
+
 }  // namespace velmo::session

@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QProcess>
 #include <QStatusBar>
@@ -10,7 +12,9 @@
 
 #include "forms/look.h"
 #include "session/login.h"
+#include "session/settings.h"
 #include "shell/brand_panel.h"
+#include "shell/help_topics.h"
 #include "shell/idle_work.h"
 #include "shell/menu_actions.h"
 #include "shell/navigation.h"
@@ -23,6 +27,8 @@ namespace {
 constexpr int administrator = 1;
 constexpr int welcomeRight = 2;
 constexpr int journalRight = 180;
+constexpr const char* helpScreen = "HelpForm";
+constexpr const char* askAction = "General_75";
 constexpr const char* unbalancedScreen = "UnbalancedDocuments";
 constexpr int smallestScreenWidth = 1000;  // the sentence asks for 1024; a little less passes
 constexpr int reloadDelay = 1000;          // milliseconds
@@ -49,6 +55,14 @@ QTimer* oneShot(QObject* owner, const char* name, int delay) {
   return timer;
 }
 
+std::string askSetting(const session::LoginContext& context) {
+  return session::userSetting(session::settings::AskBeforeDropping, context.UserID);
+}
+
+bool isHelpKey(const QKeyEvent& key) {
+  return key.key() == Qt::Key_F1 && key.modifiers() == Qt::NoModifier && !key.isAutoRepeat();
+}
+
 void readAfresh(store::Recordset& list, store::Connection& connection, const char* statement) {
   if (list.isOpen()) list.close();
   list.open(connection, statement, store::LockType::ReadOnly, store::Fetch::AsNeeded);
@@ -68,6 +82,7 @@ Parent::Parent(std::unique_ptr<session::LoginContext> context, const Surrounding
   context_->KORDconn.open(surroundings_.connectionString);
   if (!surroundings_.file.damage.empty()) context_->KORDconn.refuseWriting();
   context_->ShapeConnection = surroundings_.shapeString;
+  context_->AskBeforeDropping = session::setting(context_->KORDconn, askSetting(*context_)) == "Yes";
   screens_->setWorkplace(workplace_);
   buildWindow();
   WelcomeAllowed = workplace_.rights().allows(welcomeRight);
@@ -91,6 +106,7 @@ void Parent::buildWindow() {
   fillMenuBar(
       *menuBar(), [this](std::string_view screen) { return screens_->hasScreen(screen); },
       [this](const MenuEntry& entry) { choose(entry); });
+  menuBar()->findChild<QAction*>(QLatin1String(askAction))->setChecked(context_->AskBeforeDropping);
 
   auto* bar = new QStatusBar(this);
   bar->setObjectName(QStringLiteral("KORDStatusBar"));
@@ -153,10 +169,25 @@ void Parent::computeCosts() {
   }
 }
 
-// Keys and clicks put off the work that waits for an idle moment.
+// Keys and clicks put off the work that waits for an idle moment. F1 is heard in every window.
 bool Parent::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) idleTimer_->start();
+  if (event->type() == QEvent::KeyPress && watched->isWidgetType() && isHelpKey(*static_cast<QKeyEvent*>(event))) {
+    showHelp(static_cast<QWidget&>(*watched));
+    return true;
+  }
   return QMainWindow::eventFilter(watched, event);
+}
+
+void Parent::showHelp(const QWidget& focus) {
+  if (!context_->KORDconn.isOpen() || !screens_->hasScreen(helpScreen)) return;
+  if (focus.window()->objectName() == QLatin1String(helpScreen)) return;
+  const QWidget* place = &focus;
+  if (place->window() == this)  // menu and status bar have no help of their own
+    if (const QMdiSubWindow* front = screens_->activeSubWindow(); front && !front->isAncestorOf(place))
+      place = front->widget();
+  context_->HelpTopicID = helpTopicFor(*place, context_->KORDconn, surroundings_.catalogue);
+  screens_->openDialog(helpScreen);
 }
 
 void Parent::showUnbalancedDocuments() {
@@ -196,9 +227,14 @@ void Parent::choose(const MenuEntry& entry) {
     case MenuCommand::ShowWelcome:
       showWelcome();
       break;
+    case MenuCommand::AskBeforeDropping:
+      chooseAsking();
+      break;
     case MenuCommand::StartBackUp:
+      if (!screens_->mayClose()) break;
       SkipBackUpPrompt = true;
       startBackUpUtility();
+      screens_->giveUpAll();
       close();
       break;
     case MenuCommand::Exit:
@@ -207,6 +243,18 @@ void Parent::choose(const MenuEntry& entry) {
     case MenuCommand::OpenSubmenu:
     case MenuCommand::Separator:
       break;
+  }
+}
+
+// The user's own, so that the next one at this computer is not asked.
+void Parent::chooseAsking() {
+  auto* ask = menuBar()->findChild<QAction*>(QLatin1String(askAction));
+  try {
+    session::saveSetting(context_->KORDconn, askSetting(*context_), ask->isChecked() ? "Yes" : "No");
+    context_->AskBeforeDropping = ask->isChecked();
+  } catch (const store::StoreError& failure) {
+    ask->setChecked(context_->AskBeforeDropping);
+    surroundings_.prompts.tell("Cannot Save", failure.what());
   }
 }
 
@@ -243,7 +291,9 @@ bool Parent::event(QEvent* event) {
 
 void Parent::closeEvent(QCloseEvent* event) {
   if (!context_->KORDconn.isOpen()) return;
-  if (!confirmClosing() || !screens_->closeAll()) {
+  const bool closes = screens_->mayClose() && confirmClosing();
+  if (closes) screens_->giveUpAll();  // they were asked
+  if (!closes || !screens_->closeAll()) {
     SkipBackUpPrompt = false;
     event->ignore();
     return;

@@ -62,6 +62,8 @@ class Parent : public QMainWindow {
   void screenClosed(const QString& name);
   void choose(const MenuEntry& entry);
   bool passes(const MenuGuard& guard);
+  void showHelp(const QWidget& focus);
+  void chooseAsking();
   void showWelcome();
   void startBackUpUtility();
   bool confirmClosing();

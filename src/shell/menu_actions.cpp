@@ -27,6 +27,7 @@ void fillMenu(QMenu& menu, const MenuBranch& branch, const HasScreen& hasScreen,
     }
     QAction* action = menu.addAction(qt(entry.caption));
     action->setObjectName(qt(branch.name) + QLatin1Char('_') + QString::number(entry.index));
+    action->setCheckable(entry.command == MenuCommand::AskBeforeDropping);
     const bool opensScreen = entry.command == MenuCommand::OpenScreen || entry.command == MenuCommand::OpenDialog;
     action->setEnabled(!opensScreen || hasScreen(entry.target));
     QObject::connect(action, &QAction::triggered, &menu, [&entry, chosen] { chosen(entry); });

@@ -22,6 +22,7 @@ constexpr MenuEntry general[] = {
     {50, "&User Logins", MenuCommand::OpenDialog, "UserLogins", administrator("You do not have access to edit user logins.")},
     {60, "User Ri&ghts", MenuCommand::OpenDialog, "UserRights", administrator("You do not have access to edit user rights.")},
     {70, "&Passwords", MenuCommand::OpenDialog, "Password"},
+    {75, "&Ask before dropping what is not saved", MenuCommand::AskBeforeDropping},
     {80},
     {90, "&Financial Years", MenuCommand::OpenDialog, "FinancialYears", administrator("You do not have access to edit financial years.")},
     {95, "Clear &Transactions", MenuCommand::OpenDialog, "ClearTransactions", administrator("You do not have access to clear transactions.")},

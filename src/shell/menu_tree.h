@@ -5,7 +5,16 @@
 
 namespace velmo::shell {
 
-enum class MenuCommand { OpenScreen, OpenDialog, OpenSubmenu, Separator, ShowWelcome, StartBackUp, Exit };
+enum class MenuCommand {
+  OpenScreen,
+  OpenDialog,
+  OpenSubmenu,
+  Separator,
+  ShowWelcome,
+  AskBeforeDropping,
+  StartBackUp,
+  Exit
+};
 
 // Who may use an entry: everyone, the administrator (others are told the sentence), or users with a right.
 struct MenuGuard {

@@ -12,7 +12,10 @@ class QMdiSubWindow;
 
 namespace velmo::shell {
 
-// The child windows and dialogs of the shell, by name: one tab for each open child window.
+class ScreenTabs;
+
+// The child windows and dialogs of the shell, by name: one tab for each open child window. The area's own tab bar,
+// which would shrink the title in front as well, makes the room and stays hidden below ScreenTabs.
 class ScreenWindows : public QMdiArea, public session::ScreenOpener {
   Q_OBJECT
 
@@ -28,6 +31,10 @@ class ScreenWindows : public QMdiArea, public session::ScreenOpener {
 
   // The child window with this name; null when it is not open.
   QWidget* openWindow(std::string_view name) const;
+  // Asks the screens in turn, each in front, whether what is typed in them may be dropped; false when one may not.
+  bool mayClose();
+  // Nobody asks any more about what is typed now.
+  void giveUpAll();
   // Closes all child windows, as their own close buttons do; false when one of them refused.
   bool closeAll();
 
@@ -39,15 +46,22 @@ class ScreenWindows : public QMdiArea, public session::ScreenOpener {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void placeTabs();
+  void rememberFocus();
+  void bringForward(QMdiSubWindow* window);
+  void broughtForward(QMdiSubWindow* window);
   const ScreenEntry* entryOf(std::string_view name) const;
   bool isScreen(const QObject* object) const;
   QMdiSubWindow* makeWindow(const ScreenEntry& entry);
 
   std::span<const ScreenEntry> catalogue_;
   session::Workplace* workplace_ = nullptr;
+  ScreenTabs* tabs_;
   std::map<std::string, QPointer<QMdiSubWindow>, std::less<>> windows_;
+  std::map<const QMdiSubWindow*, QPointer<QWidget>> worked_;  // where the keyboard was in screens left behind
 };
 
 }  // namespace velmo::shell

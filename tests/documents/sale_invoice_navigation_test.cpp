@@ -86,6 +86,48 @@ TEST(SaleInvoiceNavigation, DeletesTheDocumentWithAllItsRows) {
   EXPECT_EQ(screen.text("DocNo"), "2") << "a deleted last number is used again";
 }
 
+TEST(SaleInvoiceNavigation, AsksBeforeTypedThingsAreDroppedWhenThatIsWanted) {
+  InvoiceCompany shop;
+  post(shop, {"One", "Two", "Three"});
+  InvoiceScreen screen(shop);
+  shop.context.AskBeforeDropping = true;
+  const auto expectQuestion = [&shop](session::Answer answer) {
+    shop.prompts.expect("Not Saved", "What you have typed in SALE INVOICES is not saved. Do you want to drop it?",
+                        answer);
+  };
+  screen.press("PrevBttn");
+  screen.press("PrevBttn");
+  for (const char* button : {"NextBttn", "PrevBttn", "CancelBttn"}) screen.press(button);  // nothing typed: no question
+  ASSERT_EQ(screen.text("PartyNameTxt"), "Two");
+
+  screen.type("D1", "typed");
+  for (const char* button : {"PrevBttn", "NextBttn", "CancelBttn", "AddBttn", "RetBttn"}) {
+    expectQuestion(session::Answer::No);
+    screen.press(button);
+    EXPECT_EQ(screen.text("D1"), "typed") << button;
+  }
+  shop.context.OpenTranNo = 99999;
+  expectQuestion(session::Answer::No);
+  QMetaObject::invokeMethod(&screen.widget(), "ShowRecord");  // from the Find screen or a ledger
+  expectQuestion(session::Answer::No);
+  EXPECT_FALSE(screen.widget().close());
+
+  expectQuestion(session::Answer::Yes);
+  screen.press("PrevBttn");
+  EXPECT_EQ(screen.text("PartyNameTxt"), "One") << "the refused ways have not moved";
+
+  screen.type("D1", "kept");
+  screen.press("SaveBttn");
+  screen.press("PrevBttn");
+  EXPECT_EQ(screen.text("PartyNameTxt"), "Three");
+
+  // A line alone, and one whose cell is in edit.
+  screen.press("AddBttn");
+  test::type(*screen.widget().findChild<QTableView*>("Grid"), "H");
+  expectQuestion(session::Answer::Yes);
+  EXPECT_TRUE(screen.widget().close());
+}
+
 TEST(SaleInvoiceNavigation, LookingAtOldDocumentsTakesARight) {
   InvoiceCompany shop;
   post(shop, {"One"});

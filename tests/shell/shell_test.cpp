@@ -2,10 +2,12 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTabBar>
@@ -87,7 +89,7 @@ class Shell : public testing::Test {
                            "update businessinfo set [Name]='Hardware & Sons'"});
   }
 
-  void open(int userId = 1, int screenWidth = 1920) {
+  void open(int userId = 1, int screenWidth = 1920, std::span<const ScreenEntry> catalogue = testScreens) {
     auto context = std::make_unique<session::LoginContext>(schema::companyCatalog());
     {
       store::Connection connection(schema::companyCatalog());
@@ -101,8 +103,31 @@ class Shell : public testing::Test {
                                                                        .files = files_,
                                                                        .programFolder = company_.folder(),
                                                                        .screenWidth = screenWidth,
-                                                                       .catalogue = testScreens});
+                                                                       .catalogue = catalogue});
     shell_->show();
+  }
+
+  void openWithAllScreens(int userId = 1) { open(userId, 1920, screenCatalogue()); }
+  QWidget& screen(const char* name) {
+    shell_->screens().openScreen(name);
+    return *shell_->screens().openWindow(name);
+  }
+  // The heading of the help that F1 opens there.
+  std::string helpOn(QWidget& focus) {
+    std::string heading = "no help";
+    QTimer::singleShot(0, shell_.get(), [&heading] {
+      QWidget* help = QApplication::activeModalWidget();
+      if (!help || help->objectName() != QStringLiteral("HelpForm")) return;
+      test::press(*help, Qt::Key_F1);  // no help on help
+      heading = help->findChild<QLabel*>(QStringLiteral("Heading"))->text().toStdString();
+      help->close();
+    });
+    test::press(focus, Qt::Key_F1);
+    QApplication::processEvents();
+    return heading;
+  }
+  void expectDropQuestion(const std::string& title, Answer answer) {
+    prompts_.expect("Not Saved", "What you have typed in " + title + " is not saved. Do you want to drop it?", answer);
   }
 
   QAction& action(const char* name) { return *shell_->findChild<QAction*>(QLatin1String(name)); }
@@ -339,6 +364,64 @@ TEST_F(Shell, StaysWhenAScreenRefusesToClose) {
   CountingScreen::refusesToClose = false;
   expectBackUpQuestion(Answer::No);
   EXPECT_TRUE(shell_->close());
+}
+
+TEST_F(Shell, OpensTheHelpThatFitsByF1) {
+  openWithAllScreens();
+  const std::string steps = "What are the steps to be followed to start working in this software?";
+  const std::string keys = "How to move focus within controls of a form?";
+  EXPECT_EQ(helpOn(screen("Navigation")), steps);
+  EXPECT_EQ(helpOn(*screen("SaleInvoicesPOS").findChild<QWidget*>("Grid")), keys);
+  EXPECT_EQ(helpOn(*shell_->menuBar()), keys) << "of the screen in front";
+  EXPECT_TRUE(QString::fromStdString(helpOn(screen("AccBalances"))).contains("Report width is larger"));
+
+  std::string onDialog, onMessage;
+  QTimer::singleShot(0, shell_.get(), [&] {
+    QWidget* dialog = QApplication::activeModalWidget();
+    onDialog = helpOn(*dialog->findChild<QLineEdit*>());
+    QTimer::singleShot(0, shell_.get(), [&] {
+      QWidget* message = QApplication::activeModalWidget();
+      onMessage = helpOn(*message);
+      message->close();
+    });
+    forms::MessagePrompts().tell("Cannot Save", "Transaction date cannot be after ending date of financial year.");
+    dialog->close();
+  });
+  shell_->screens().openDialog("CompanyInfo");
+  EXPECT_EQ(onDialog, steps);
+  EXPECT_TRUE(QString::fromStdString(onMessage).startsWith("When I try to save a transaction")) << onMessage;
+}
+
+TEST_F(Shell, AsksBeforeDroppingWhatIsTypedForThoseWhoWantIt) {
+  openWithAllScreens();
+  QAction& ask = action("General_75");
+  EXPECT_FALSE(ask.isChecked());
+  screen("GeneralJournal").findChild<QPlainTextEdit*>("Desc")->setPlainText("typed");
+  shell_->screens().activeSubWindow()->close();
+  EXPECT_FALSE(isOpen("GeneralJournal")) << "nobody asked for questions";
+
+  ask.trigger();
+  screen("CashPayments");
+  screen("GeneralJournal").findChild<QPlainTextEdit*>("Desc")->setPlainText("typed");
+  expectDropQuestion("GENERAL JOURNAL", Answer::No);
+  shell_->screens().activeSubWindow()->close();
+  screen("CashPayments").findChild<QPlainTextEdit*>("Desc")->setPlainText("typed, too");
+  expectDropQuestion("CASH PAYMENTS", Answer::Yes);
+  expectDropQuestion("GENERAL JOURNAL", Answer::No);
+  EXPECT_FALSE(shell_->close());
+  EXPECT_TRUE(isOpen("Navigation") && isOpen("CashPayments")) << "all of it stays";
+  EXPECT_EQ(shell_->screens().activeSubWindow()->widget(), shell_->screens().openWindow("GeneralJournal"));
+  for (const Answer backUp : {Answer::Cancel, Answer::No}) {
+    expectDropQuestion("CASH PAYMENTS", Answer::Yes);
+    expectDropQuestion("GENERAL JOURNAL", Answer::Yes);
+    expectBackUpQuestion(backUp);
+    EXPECT_EQ(shell_->close(), backUp == Answer::No);
+  }
+
+  openWithAllScreens(2);
+  EXPECT_FALSE(action("General_75").isChecked()) << "another user";
+  openWithAllScreens();
+  EXPECT_TRUE(action("General_75").isChecked());
 }
 
 TEST_F(Shell, WarnsOfANarrowScreenAndGoesOn) {
