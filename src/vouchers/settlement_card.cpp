@@ -85,12 +85,14 @@ SettlementCard::AccountRow SettlementCard::addAccount(QGridLayout& grid, int row
   account.balance->setAccessibleName(tr("%1 balance").arg(shown));
   grid.addWidget(frame::captionFor(*account.code, shown), row, 0);
   grid.addWidget(account.code, row, 1);
-  grid.addWidget(account.name, row, 2);
   auto* label = new QLabel(tr("Balance "));
   label->setObjectName(balanceLabel);
   forms::makeCaption(*label);
-  grid.addWidget(label, row + 1, 0);
-  grid.addWidget(account.balance, row + 1, 1, 1, 2);
+  auto* balanceRow = new QHBoxLayout;
+  balanceRow->addWidget(label);
+  balanceRow->addWidget(account.balance, 1);
+  grid.addLayout(balanceRow, row, 2);
+  grid.addWidget(account.name, row + 1, 1, 1, 2);  // the name of a bank holds its account number
   connect(account.code, &frame::AccountCodeBox::accountResolved, account.name,
           [line = account.name](const frame::Account& found) { line->setText(QString::fromStdString(found.name)); });
   connect(account.code, &frame::AccountCodeBox::accountCleared, account.name, &QLineEdit::clear);
