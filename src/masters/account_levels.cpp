@@ -150,4 +150,15 @@ frame::MasterField accountBox(const std::string& column, const std::string& capt
           .span = span};
 }
 
+std::vector<frame::MasterField> aroundContact(std::vector<frame::MasterField> before,
+                                              const std::vector<frame::MasterField>& behind) {
+  for (const auto& [column, caption] :
+       {std::pair("Contact", "Contact"), std::pair("Phone", "Phone"), std::pair("Address", "Address"),
+        std::pair("Mobile", "Mobile"), std::pair("EMail", "E-mail"), std::pair("Fax", "Fax"),
+        std::pair("Website", "Website"), std::pair("SalesTaxRegnNo", "Sales tax no.")})
+    before.push_back(accountBox(column, caption));
+  before.insert(before.end(), behind.begin(), behind.end());
+  return before;
+}
+
 }  // namespace velmo::masters

@@ -30,4 +30,8 @@ frame::MasterField accountBox(const std::string& column, const std::string& capt
                               frame::BoxKind kind = frame::BoxKind::Text, const std::string& initial = {},
                               int span = 1);
 
+// Those boxes with the eight by which an account's holder is reached between them.
+std::vector<frame::MasterField> aroundContact(std::vector<frame::MasterField> before,
+                                              const std::vector<frame::MasterField>& behind);
+
 }  // namespace velmo::masters

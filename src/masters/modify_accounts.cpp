@@ -148,25 +148,16 @@ QWidget* detailLine(frame::MasterDialog& dialog) {
 }
 
 std::vector<frame::MasterField> accountDetails() {
-  return {accountBox("Contact", "Contact"),
-          accountBox("Phone", "Phone"),
-          accountBox("Address", "Address"),
-          accountBox("Mobile", "Mobile"),
-          accountBox("EMail", "E-mail"),
-          accountBox("Fax", "Fax"),
-          accountBox("Website", "Website"),
-          accountBox("SalesTaxRegnNo", "Sales tax no."),
-          accountBox("AccountTitle", "Account title"),
-          accountBox("NTN", "National tax no."),
-          accountBox("AccountNo", "Account no."),
-          accountBox("CreditLimit", "Credit limit", frame::BoxKind::Amount, "0"),
-          accountBox("Branch", "Branch"),
-          accountBox("CreditTerms", "Credit terms", frame::BoxKind::Text, "0"),
-          accountBox("Remarks", "Remarks", frame::BoxKind::Text, {}, 2),
-          accountBox("EmpID", "Account manager no.", frame::BoxKind::Digits, "0"),
-          accountBox("SectorID", "Sector no.", frame::BoxKind::Digits, "1"),
-          accountBox("Region1ID", "Region no.", frame::BoxKind::Digits, "1"),
-          accountBox("Region2ID", "Sub region no.", frame::BoxKind::Digits, "1")};
+  return aroundContact(
+      {},
+      {accountBox("AccountTitle", "Account title"), accountBox("NTN", "National tax no."),
+       accountBox("AccountNo", "Account no."), accountBox("CreditLimit", "Credit limit", frame::BoxKind::Amount, "0"),
+       accountBox("Branch", "Branch"), accountBox("CreditTerms", "Credit terms", frame::BoxKind::Text, "0"),
+       accountBox("Remarks", "Remarks", frame::BoxKind::Text, {}, 2),
+       accountBox("EmpID", "Account manager no.", frame::BoxKind::Digits, "0"),
+       accountBox("SectorID", "Sector no.", frame::BoxKind::Digits, "1"),
+       accountBox("Region1ID", "Region no.", frame::BoxKind::Digits, "1"),
+       accountBox("Region2ID", "Sub region no.", frame::BoxKind::Digits, "1")});
 }
 
 }  // namespace

@@ -65,21 +65,11 @@ std::vector<frame::MasterField> classification() {
 }
 
 std::vector<frame::MasterField> partyDetails() {
-  return {accountBox("Contact", "Contact"),
-          accountBox("Phone", "Phone"),
-          accountBox("Address", "Address"),
-          accountBox("Mobile", "Mobile"),
-          accountBox("EMail", "E-mail"),
-          accountBox("Fax", "Fax"),
-          accountBox("Website", "Website"),
-          accountBox("SalesTaxRegnNo", "Sales tax no."),
-          accountBox("CreditTerms", "Credit terms", BoxKind::Text, "0"),
-          accountBox("NTN", "National tax no."),
-          accountBox("CreditLimit", "Credit limit", BoxKind::Amount, "0"),
-          accountBox("AccountTitle", "Account title"),
-          accountBox("AccountNo", "Account no."),
-          accountBox("Branch", "Branch"),
-          accountBox("Remarks", "Remarks", BoxKind::Text, {}, 2)};
+  return aroundContact(
+      {}, {accountBox("CreditTerms", "Credit terms", BoxKind::Text, "0"), accountBox("NTN", "National tax no."),
+           accountBox("CreditLimit", "Credit limit", BoxKind::Amount, "0"), accountBox("AccountTitle", "Account title"),
+           accountBox("AccountNo", "Account no."), accountBox("Branch", "Branch"),
+           accountBox("Remarks", "Remarks", BoxKind::Text, {}, 2)});
 }
 
 // The numbers behind the classification, which a dialog of parties shows by names or not at all.
@@ -107,21 +97,11 @@ std::vector<frame::MasterField> customerDetails() {
 
 // The credit terms of a bank account hold the bank's name.
 std::vector<frame::MasterField> bankDetails() {
-  std::vector<frame::MasterField> fields = {accountBox("CreditTerms", "Bank"),
-                                            accountBox("AccountNo", "Account no."),
-                                            accountBox("Branch", "Branch"),
-                                            accountBox("AccountTitle", "Account title"),
-                                            accountBox("Contact", "Contact"),
-                                            accountBox("Phone", "Phone"),
-                                            accountBox("Address", "Address"),
-                                            accountBox("Mobile", "Mobile"),
-                                            accountBox("EMail", "E-mail"),
-                                            accountBox("Fax", "Fax"),
-                                            accountBox("Website", "Website"),
-                                            accountBox("SalesTaxRegnNo", "Sales tax no."),
-                                            accountBox("CreditLimit", "Credit limit", BoxKind::Amount, "0"),
-                                            accountBox("NTN", "National tax no."),
-                                            accountBox("Remarks", "Remarks")};
+  std::vector<frame::MasterField> fields =
+      aroundContact({accountBox("CreditTerms", "Bank"), accountBox("AccountNo", "Account no."),
+                     accountBox("Branch", "Branch"), accountBox("AccountTitle", "Account title")},
+                    {accountBox("CreditLimit", "Credit limit", BoxKind::Amount, "0"),
+                     accountBox("NTN", "National tax no."), accountBox("Remarks", "Remarks")});
   addNumbers(fields, "0");
   return fields;
 }

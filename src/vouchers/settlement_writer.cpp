@@ -36,16 +36,23 @@ void copyRows(const store::Recordset& written, store::Recordset& sheet) {
   }
 }
 
+// What `open` finds of the document, as rows of a new one.
+void openAsNew(store::Recordset& sheet, std::int64_t tranNo,
+               const std::function<void(store::Recordset&, std::int64_t)>& open) {
+  store::Recordset written;
+  open(written, tranNo);
+  open(sheet, 0);
+  copyRows(written, sheet);
+}
+
 }  // namespace
 
 void openSettlement(const SettlementKind& kind, store::Connection& connection, store::Recordset& invoices,
                     std::int64_t tranNo, RowsAs rowsAs) {
-  if (rowsAs == RowsAs::New) {
-    store::Recordset written;
-    openSettlement(kind, connection, written, tranNo);
-    openSettlement(kind, connection, invoices, 0);
-    return copyRows(written, invoices);
-  }
+  if (rowsAs == RowsAs::New)
+    return openAsNew(invoices, tranNo, [&](store::Recordset& rows, std::int64_t document) {
+      openSettlement(kind, connection, rows, document);
+    });
   if (invoices.isOpen()) invoices.close();
   const std::string rows =
       "Select * from " + std::string(agingTable(kind)) + " where tranno = " + std::to_string(tranNo);
@@ -55,12 +62,10 @@ void openSettlement(const SettlementKind& kind, store::Connection& connection, s
 
 void openPettyLines(const SettlementKind& kind, store::Connection& connection, store::Recordset& lines,
                     std::int64_t tranNo, RowsAs rowsAs) {
-  if (rowsAs == RowsAs::New) {
-    store::Recordset written;
-    openPettyLines(kind, connection, written, tranNo);
-    openPettyLines(kind, connection, lines, 0);
-    return copyRows(written, lines);
-  }
+  if (rowsAs == RowsAs::New)
+    return openAsNew(lines, tranNo, [&](store::Recordset& rows, std::int64_t document) {
+      openPettyLines(kind, connection, rows, document);
+    });
   frame::openLedgerSheet(connection, lines, tranNo, moneySide(kind) + " is null");
 }
 
