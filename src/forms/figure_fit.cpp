@@ -43,11 +43,12 @@ class FigureFit : public QObject {
     const int needed = QFontMetrics(own_).horizontalAdvance(box_.text());
     const int room = this->room();
     QFont font = own_;
-    const bool isWide = room > 0 && needed > room;
+    const bool isWide = (box_.alignment() & Qt::AlignRight) && room > 0 && needed > room;
     if (isWide) font.setPointSizeF(std::floor(4 * own_.pointSizeF() * std::max(smallest, double(room) / needed)) / 4);
     if (box_.font().pointSizeF() != font.pointSizeF()) {
       const int around = box_.sizeHint().height() - box_.fontMetrics().height();
-      box_.setMinimumHeight(QFontMetrics(own_).height() + around);  // boxes beside each other stay as high
+      // Boxes beside each other stay as high; a cell in edit is as high as its row.
+      if (box_.hasFrame()) box_.setMinimumHeight(QFontMetrics(own_).height() + around);
       box_.setFont(font);
     }
     if (isWide || told_) box_.setToolTip(isWide ? box_.text() : QString());

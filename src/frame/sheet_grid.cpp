@@ -7,6 +7,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "forms/figure_fit.h"
 #include "forms/look.h"
 #include "forms/stop_listening.h"
 #include "forms/table_view.h"
@@ -82,6 +83,7 @@ void SheetGrid::buildEditor() {
   editor_->setObjectName("GridCell");
   editor_->setFrame(false);
   editor_->setAutoFillBackground(true);
+  forms::keepFigureWhole(*editor_);
   editor_->installEventFilter(this);
   editor_->hide();
   narrowTimer_.setSingleShot(true);
