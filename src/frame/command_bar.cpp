@@ -4,8 +4,8 @@
 #include <QPushButton>
 #include <QShortcut>
 
+#include "forms/caption.h"
 #include "forms/look.h"
-#include "frame/own_fields.h"
 
 namespace velmo::frame {
 
@@ -45,7 +45,7 @@ CommandBar::CommandBar(const DocumentType& type, QWidget* screen)
     if (button) below->addWidget(button);
   below->addStretch(1);
   for (const ConversionCommand& conversion : type.conversions) {
-    QPushButton* convert = make(std::string(conversion.name).c_str(), shownText(conversion.caption),
+    QPushButton* convert = make(std::string(conversion.name).c_str(), forms::shownText(conversion.caption),
                                 tr("Makes the next document of the chain from this one"));
     forms::makeQuiet(*convert);
     below->addWidget(convert);

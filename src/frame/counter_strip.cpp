@@ -5,8 +5,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+#include "forms/caption.h"
 #include "forms/look.h"
-#include "frame/own_fields.h"
 #include "printing/print_at_once.h"
 #include "session/settings.h"
 
@@ -52,11 +52,11 @@ void CounterStrip::addSlipChoice(QWidget& place) {
   printers->setToolTip(tr("Where a slip goes when the invoice is printed"));
   printers->addItem(tr("Preview"), QString());
   for (const std::string& name : printing::printerNames())
-    printers->addItem(shownText(name), QString::fromStdString(name));
-  const QString chosen = shownText(session::setting(workplace_.context.KORDconn, session::settings::SlipPrinter));
+    printers->addItem(forms::shownText(name), QString::fromStdString(name));
+  const QString chosen = forms::shownText(session::setting(workplace_.context.KORDconn, session::settings::SlipPrinter));
   if (printers->findData(chosen) < 0) printers->addItem(chosen, chosen);
   printers->setCurrentIndex(printers->findData(chosen));
-  place.layout()->addWidget(captionFor(*printers, tr("Slips")));
+  place.layout()->addWidget(forms::captionFor(*printers, tr("Slips")));
   place.layout()->addWidget(printers);
   connect(printers, &QComboBox::activated, this,
           [this, printers] { keep(session::settings::SlipPrinter, printers->currentData().toString().toStdString()); });

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QGridLayout>
 
+#include "forms/caption.h"
 #include "forms/date_picker.h"
 #include "forms/digits_box.h"
 #include "forms/look.h"
@@ -23,7 +24,7 @@ DocumentCard::DocumentCard(const DocumentType& type, OwnFields& fields, QWidget*
   // A field of long choices stands below its caption, lest it make the card too wide for a small screen.
   const auto add = [&](QWidget* field, const QString& caption) {
     const bool wide = field->sizeHint().width() > widestBeside;
-    grid->addWidget(captionFor(*field, caption), row, 0, 1, wide ? 2 : 1);
+    grid->addWidget(forms::captionFor(*field, caption), row, 0, 1, wide ? 2 : 1);
     if (wide) ++row;
     grid->addWidget(field, row++, wide ? 0 : 1, 1, wide ? 2 : 1);
   };
@@ -37,7 +38,7 @@ DocumentCard::DocumentCard(const DocumentType& type, OwnFields& fields, QWidget*
   add(day_, tr("Date"));
   for (const DocumentField& field : type.fields)
     if (field.kind != FieldKind::Unseen && field.place == FieldPlace::Head)
-      add(fields.makeControl(field), shownText(field.label));
+      add(fields.makeControl(field), forms::shownText(field.label));
   cancel_ = new QCheckBox(tr("Cancel "));
   cancel_->setObjectName("CancelOption");
   cancel_->setAccessibleName(tr("Cancelled document"));

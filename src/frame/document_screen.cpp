@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "forms/caption.h"
 #include "forms/stop_listening.h"
 #include "frame/command_bar.h"
 #include "frame/compose_document.h"
@@ -227,7 +228,7 @@ bool DocumentScreen::passes(const DocumentValues& values) {
 }
 
 void DocumentScreen::focusControl(std::string_view name) {
-  if (auto* widget = findChild<QWidget*>(shownText(name))) widget->setFocus(Qt::OtherFocusReason);
+  if (auto* widget = findChild<QWidget*>(forms::shownText(name))) widget->setFocus(Qt::OtherFocusReason);
 }
 
 bool DocumentScreen::PostDocument(const DocumentValues& values) {

@@ -4,6 +4,7 @@
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "frame/command_bar.h"
 #include "frame/document_card.h"
@@ -15,9 +16,9 @@
 namespace velmo::frame {
 
 void DocumentScreen::buildLayout() {
-  setObjectName(shownText(type_.screen));
-  setWindowTitle(shownText(type_.title));
-  setAccessibleName(shownText(type_.title));
+  setObjectName(forms::shownText(type_.screen));
+  setWindowTitle(forms::shownText(type_.title));
+  setAccessibleName(forms::shownText(type_.title));
   commands_ = new CommandBar(type_, this);
   TranNo_ = new QLineEdit(this);
   TranNo_->setObjectName("TranNo");
@@ -44,7 +45,7 @@ void DocumentScreen::buildLayout() {
 QHBoxLayout* DocumentScreen::buildTitleRow() {
   auto* row = new QHBoxLayout;
   forms::setGrid(*row, 0);
-  auto* heading = new QLabel(shownText(type_.title));
+  auto* heading = new QLabel(forms::shownText(type_.title));
   forms::makeHeading(*heading);
   ConvLbl_ = new QLabel(tr("Converted To:"));
   ConvLbl_->setObjectName("ConvLbl");

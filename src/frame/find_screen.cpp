@@ -32,12 +32,12 @@ class FoundDocuments : public forms::RecordsetModel {
       : RecordsetModel(type.result, parent), pickedDays_(type.pickedDays) {}
 
   QVariant data(const QModelIndex& index, int role) const override {
-    QVariant shownText = RecordsetModel::data(index, role);
-    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return shownText;
+    QVariant shown = RecordsetModel::data(index, role);
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return shown;
     const std::string& field = columns()[static_cast<std::size_t>(index.column())].field;
-    if (std::ranges::find(pickedDays_, field) == pickedDays_.end()) return shownText;
-    const auto day = dayFrom(shownText.toString().toStdString());
-    return day ? QString::fromStdString(dayText(*day)) : shownText;
+    if (std::ranges::find(pickedDays_, field) == pickedDays_.end()) return shown;
+    const auto day = dayFrom(shown.toString().toStdString());
+    return day ? QString::fromStdString(dayText(*day)) : shown;
   }
 
  private:

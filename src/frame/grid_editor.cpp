@@ -8,11 +8,11 @@
 #include <algorithm>
 
 #include "export/save_as_spreadsheet.h"
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/stop_listening.h"
 #include "forms/table_view.h"
 #include "frame/grid_table.h"
-#include "frame/own_fields.h"
 #include "frame/wait_cursor.h"
 #include "text/number.h"
 
@@ -59,15 +59,15 @@ void spreadWidths(QTableView& grid, const std::vector<forms::TableColumn>& colum
 
 GridEditor::GridEditor(GridEditorType type, session::Workplace& workplace, QWidget* parent)
     : QWidget(parent), type_(std::move(type)), workplace_(workplace), model_(new FiguresModel(type_.columns, this)) {
-  setObjectName(shownText(type_.screen));
-  setWindowTitle(shownText(type_.title));
+  setObjectName(forms::shownText(type_.screen));
+  setWindowTitle(forms::shownText(type_.title));
   auto* column = new QVBoxLayout(this);
   forms::setGrid(*column, forms::spacing::Section);
   auto* filters = new QHBoxLayout;
   forms::setGrid(*filters, 0);
   column->addLayout(filters);
   if (!type_.hint.empty()) {
-    auto* hint = new QLabel(shownText(type_.hint));
+    auto* hint = new QLabel(forms::shownText(type_.hint));
     forms::makeCaption(*hint);
     column->addWidget(hint);
   }
@@ -88,8 +88,8 @@ GridEditor::~GridEditor() {
 
 void GridEditor::buildGrid() {
   grid_ = new GridTable;
-  grid_->setObjectName(shownText(type_.grid));
-  grid_->setAccessibleName(shownText(type_.title));
+  grid_->setObjectName(forms::shownText(type_.grid));
+  grid_->setAccessibleName(forms::shownText(type_.title));
   grid_->setModel(model_);
   spreadWidths(*grid_, type_.columns);
   addAction(spreadsheet::addSaveAsSpreadsheet(*grid_, type_.title, workplace_.files, workplace_.prompts));
@@ -108,7 +108,7 @@ void GridEditor::buildFoot(QHBoxLayout& foot) {
   count_ = new QLabel;
   forms::makeCaption(*count_);
   for (const GridCommand& command : type_.commands) {
-    auto* button = makeButton(shownText(command.name), shownText(command.caption), shownText(command.hint));
+    auto* button = makeButton(forms::shownText(command.name), forms::shownText(command.caption), forms::shownText(command.hint));
     connect(button, &QPushButton::clicked, this,
             [this, &command] { attempt(command.failure, [&] { command.run(*this); }); });
     foot.addWidget(button);
@@ -206,7 +206,7 @@ bool GridEditor::mayDrop() {
 }
 
 GridDialog::GridDialog(GridEditorType type, session::Workplace& workplace, QWidget* parent) : QDialog(parent) {
-  setWindowTitle(shownText(type.title));
+  setWindowTitle(forms::shownText(type.title));
   editor_ = new GridEditor(std::move(type), workplace, this);
   auto* column = new QVBoxLayout(this);
   forms::setGrid(*column, 0);

@@ -8,12 +8,12 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "forms/caption.h"
 #include "forms/digits_box.h"
 #include "forms/drop_combo.h"
 #include "forms/look.h"
 #include "forms/number_box.h"
 #include "frame/optional_day.h"
-#include "frame/own_fields.h"
 #include "text/blanks.h"
 #include "text/format.h"
 #include "text/number.h"
@@ -28,7 +28,7 @@ constexpr double largestAmount = 999999999999;
 constexpr const char* amountFormat = "0.00##########";
 
 QString optionName(const MasterField& field, int option) {
-  return shownText(field.name) + QLatin1Char('_') + QString::number(option);
+  return forms::shownText(field.name) + QLatin1Char('_') + QString::number(option);
 }
 
 // The list is read when it is about to be seen.
@@ -51,8 +51,8 @@ MasterBox::MasterBox(const MasterField& field, session::Workplace& workplace, QW
     : field_(field), workplace_(workplace), screen_(screen) {
   choices_ = field_.choices.statement;
   control_ = makeControl();
-  if (field_.kind != BoxKind::OneOfTwo) control_->setObjectName(shownText(field_.name));
-  if (control_->accessibleName().isEmpty()) control_->setAccessibleName(shownText(field_.caption).remove('&'));
+  if (field_.kind != BoxKind::OneOfTwo) control_->setObjectName(forms::shownText(field_.name));
+  if (control_->accessibleName().isEmpty()) control_->setAccessibleName(forms::shownText(field_.caption).remove('&'));
   place_ = field_.keeper.button.empty() ? control_ : withKeeper();
 }
 
@@ -69,7 +69,7 @@ QWidget* MasterBox::makeControl() {
     case BoxKind::Suggestion:
       return makeCombo();
     case BoxKind::Check:
-      check_ = new QCheckBox(shownText(field_.caption));
+      check_ = new QCheckBox(forms::shownText(field_.caption));
       connect(check_, &QCheckBox::toggled, this, &MasterBox::tell);
       return check_;
     case BoxKind::OneOfTwo:
@@ -122,7 +122,7 @@ QWidget* MasterBox::makeOptions() {
   forms::setGrid(*layout, 0);
   options_ = new QButtonGroup(row);
   for (int i = 0; i < static_cast<int>(field_.options.size()); ++i) {
-    auto* option = new QRadioButton(shownText(field_.options[static_cast<std::size_t>(i)]).trimmed());
+    auto* option = new QRadioButton(forms::shownText(field_.options[static_cast<std::size_t>(i)]).trimmed());
     option->setObjectName(optionName(field_, i));
     options_->addButton(option, i);
     layout->addWidget(option);
@@ -141,9 +141,9 @@ QWidget* MasterBox::withKeeper() {
   forms::setGrid(*layout, 0, forms::spacing::Tight);
   layout->addWidget(control_, 1);
   keeper_ = new QPushButton(QStringLiteral("…"));
-  keeper_->setObjectName(shownText(field_.keeper.button));
-  keeper_->setAccessibleName(shownText(field_.keeper.hint));
-  keeper_->setToolTip(shownText(field_.keeper.hint));
+  keeper_->setObjectName(forms::shownText(field_.keeper.button));
+  keeper_->setAccessibleName(forms::shownText(field_.keeper.hint));
+  keeper_->setToolTip(forms::shownText(field_.keeper.hint));
   keeper_->setAutoDefault(false);
   keeper_->setFixedWidth(46);
   keeper_->setEnabled(workplace_.screens.hasScreen(field_.keeper.dialog));

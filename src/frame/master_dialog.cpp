@@ -9,9 +9,9 @@
 #include <QShortcut>
 #include <QTimer>
 
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/stop_listening.h"
-#include "frame/own_fields.h"
 #include "printing/preview_window.h"
 
 namespace velmo::frame {
@@ -28,8 +28,8 @@ QSize roomyWithin(const QWidget* parent) {
 
 MasterDialog::MasterDialog(MasterType type, session::Workplace& workplace, QWidget* parent)
     : QDialog(parent), type_(std::move(type)), workplace_(workplace) {
-  setObjectName(shownText(type_.screen));
-  setWindowTitle(shownText(type_.title));
+  setObjectName(forms::shownText(type_.screen));
+  setWindowTitle(forms::shownText(type_.title));
   for (const MasterLevel& level : type_.levels) panels_.push_back(new MasterPanel(level, workplace_, this));
   connectPanels();
   buildLayout();
@@ -68,7 +68,7 @@ void MasterDialog::buildLayout() {
 QHBoxLayout* MasterDialog::buildHead() {
   auto* head = new QHBoxLayout;
   forms::setGrid(*head, 0);
-  auto* heading = new QLabel(shownText(type_.title));
+  auto* heading = new QLabel(forms::shownText(type_.title));
   forms::makeHeading(*heading);
   head->addWidget(heading);
   head->addStretch(1);
@@ -96,7 +96,7 @@ void MasterDialog::buildFoot(QHBoxLayout& foot) {
     auto* print = make("PrintBttn", tr("&Print"), tr("Shows a list as it will be printed"));
     auto* menu = new QMenu(print);
     for (const MasterPrint& choice : type_.prints)
-      connect(menu->addAction(shownText(choice.caption)), &QAction::triggered, this,
+      connect(menu->addAction(forms::shownText(choice.caption)), &QAction::triggered, this,
               [this, &choice] { printChoice(choice); });
     print->setMenu(menu);
   }

@@ -6,11 +6,11 @@
 #include <stdexcept>
 
 #include "export/save_as_spreadsheet.h"
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/recordset_model.h"
 #include "forms/stop_listening.h"
 #include "forms/table_view.h"
-#include "frame/own_fields.h"
 #include "store/connection.h"
 
 // What a level of a master dialog does; how it is laid out stands in master_panel_layout.cpp.
@@ -18,8 +18,8 @@ namespace velmo::frame {
 
 MasterPanel::MasterPanel(const MasterLevel& level, session::Workplace& workplace, QWidget* parent)
     : QFrame(parent), level_(level), workplace_(workplace), parentKeys_(1) {
-  setObjectName(shownText(level_.frame));
-  setAccessibleName(shownText(level_.heading));
+  setObjectName(forms::shownText(level_.frame));
+  setAccessibleName(forms::shownText(level_.heading));
   forms::makeCard(*this);
   auto* column = new QVBoxLayout(this);
   forms::setGrid(*column, forms::spacing::Normal + forms::spacing::Tight);

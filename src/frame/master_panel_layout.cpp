@@ -4,18 +4,18 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/recordset_model.h"
 #include "forms/table_view.h"
 #include "frame/master_panel.h"
-#include "frame/own_fields.h"
 
 // How a level of a master dialog is laid out, from the top: heading, list, boxes, commands.
 namespace velmo::frame {
 namespace {
 
 QString commandName(const char* name, const MasterLevel& level) {
-  return QLatin1String(name) + shownText(level.suffix);
+  return QLatin1String(name) + forms::shownText(level.suffix);
 }
 
 }  // namespace
@@ -23,7 +23,7 @@ QString commandName(const char* name, const MasterLevel& level) {
 void MasterPanel::buildHeading() {
   heading_ = new QHBoxLayout;
   forms::setGrid(*heading_, 0);
-  auto* heading = new QLabel(shownText(level_.heading));
+  auto* heading = new QLabel(forms::shownText(level_.heading));
   QFont font = heading->font();
   font.setWeight(QFont::DemiBold);
   heading->setFont(font);
@@ -38,8 +38,8 @@ void MasterPanel::buildHeading() {
 void MasterPanel::buildList() {
   model_ = new forms::RecordsetModel(level_.columns, this);
   list_ = new forms::TableView;
-  list_->setObjectName(shownText(level_.list));
-  list_->setAccessibleName(shownText(level_.heading));
+  list_->setObjectName(forms::shownText(level_.list));
+  list_->setAccessibleName(forms::shownText(level_.heading));
   list_->showModel(*model_);
   list_->setMinimumHeight(90);
   static_cast<QVBoxLayout*>(layout())->addWidget(list_, 1);
@@ -83,7 +83,7 @@ void MasterPanel::buildForm() {
       ++row;
     }
     if (!box->saysItsCaption()) {
-      QWidget* caption = captionFor(*box->control(), shownText(field.caption));
+      QWidget* caption = forms::captionFor(*box->control(), forms::shownText(field.caption));
       grid->addWidget(caption, row, 2 * column);
     }
     if (field.width > 0) box->place()->setFixedWidth(field.width * fontMetrics().averageCharWidth() + 20);
@@ -106,7 +106,7 @@ void MasterPanel::addHidden(std::unique_ptr<MasterBox> box) {
 QPushButton* MasterPanel::makeCommand(const char* name, const QString& caption, const QString& hint) {
   auto* button = new QPushButton(caption);
   button->setObjectName(commandName(name, level_));
-  button->setAccessibleName(tr("%1, %2").arg(caption, shownText(level_.heading)));
+  button->setAccessibleName(tr("%1, %2").arg(caption, forms::shownText(level_.heading)));
   button->setToolTip(hint);
   button->setAutoDefault(false);
   button->setMinimumWidth(64);

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "forms/caption.h"
 #include "forms/date_picker.h"
 #include "forms/look.h"
 #include "frame/day_text.h"
@@ -29,7 +30,7 @@ QWidget* OwnFields::makeControl(const DocumentField& field) {
   QWidget* control = nullptr;
   if (field.kind == FieldKind::Choice) {
     auto* list = new QComboBox;
-    for (const std::string_view choice : field.choices) list->addItem(shownText(choice));
+    for (const std::string_view choice : field.choices) list->addItem(forms::shownText(choice));
     control = list;
   } else if (field.kind == FieldKind::Day) {
     control = new forms::DatePicker;
@@ -38,8 +39,8 @@ QWidget* OwnFields::makeControl(const DocumentField& field) {
     line->setMaxLength(longestText);
     control = line;
   }
-  control->setObjectName(shownText(field.name));
-  control->setAccessibleName(shownText(field.label).trimmed());
+  control->setObjectName(forms::shownText(field.name));
+  control->setAccessibleName(forms::shownText(field.label).trimmed());
   controls_[field.name] = control;
   return control;
 }
@@ -86,18 +87,6 @@ void OwnFields::setText(std::string_view name, const std::string& text) {
     line->setText(QString::fromStdString(text));
     line->setCursorPosition(0);
   }
-}
-
-QWidget* captionFor(QWidget& field, const QString& text) {
-  auto* caption = new QLabel(text.trimmed());
-  caption->setBuddy(&field);
-  forms::makeCaption(*caption);
-  if (field.accessibleName().isEmpty()) field.setAccessibleName(text.trimmed().remove('&'));
-  return caption;
-}
-
-QString shownText(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 }  // namespace velmo::frame

@@ -31,9 +31,4 @@ class OwnFields {
   std::map<std::string_view, std::string> unseen_;
 };
 
-// A caption that stands before a field and names it to a screen reader.
-QWidget* captionFor(QWidget& field, const QString& text);
-
-QString shownText(std::string_view text);
-
 }  // namespace velmo::frame

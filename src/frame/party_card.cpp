@@ -6,9 +6,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/name_box.h"
-#include "frame/own_fields.h"
 #include "frame/party_balance.h"
 
 namespace velmo::frame {
@@ -22,21 +22,21 @@ constexpr int codeWidth = 92;  // eight digits with room to type a part of a nam
 PartyCard::PartyCard(const PartyRules& rules, AccountDropList& list, session::Workplace& workplace, QWidget* parent)
     : QFrame(parent), rules_(rules), workplace_(workplace) {
   forms::makeCard(*this);
-  setAccessibleName(shownText(rules_.caption));
+  setAccessibleName(forms::shownText(rules_.caption));
   code_ = new AccountCodeBox(workplace.context, list, {.listCondition = std::string(rules_.listCondition)});
   code_->setObjectName("PartyCodeTxt");
-  code_->setAccessibleName(tr("%1 code").arg(shownText(rules_.caption)));
+  code_->setAccessibleName(tr("%1 code").arg(forms::shownText(rules_.caption)));
   code_->setFixedWidth(codeWidth);
-  name_ = makeLine("PartyNameTxt", tr("%1 name").arg(shownText(rules_.caption)));
+  name_ = makeLine("PartyNameTxt", tr("%1 name").arg(forms::shownText(rules_.caption)));
   address_ = makeLine("PartyAddress", tr("Address"));
   telephone_ = makeLine("PartyTel", tr("Telephone"));
   terms_ = makeLine("Terms", tr("Terms of Payment"));
   shownBalance_ = new QLabel;
   shownBalance_->setObjectName("PartyBal");
-  shownBalance_->setAccessibleName(tr("%1 balance").arg(shownText(rules_.caption)));
+  shownBalance_->setAccessibleName(tr("%1 balance").arg(forms::shownText(rules_.caption)));
   shownBalance_->setFont(forms::figureFont());
   shownBalance_->setTextFormat(Qt::PlainText);
-  CA_ = new QPushButton(shownText(rules_.newParty.caption));
+  CA_ = new QPushButton(forms::shownText(rules_.newParty.caption));
   CA_->setObjectName("CA");
   CA_->setAccessibleName(CA_->text());
   CA_->setToolTip(tr("Opens the list of accounts to add one"));
@@ -46,16 +46,16 @@ PartyCard::PartyCard(const PartyRules& rules, AccountDropList& list, session::Wo
   auto* grid = new QGridLayout(this);
   forms::setGrid(*grid, forms::spacing::Normal);
   grid->setVerticalSpacing(forms::spacing::Tight);
-  grid->addWidget(captionFor(*code_, shownText(rules_.caption)), 0, 0);
+  grid->addWidget(forms::captionFor(*code_, forms::shownText(rules_.caption)), 0, 0);
   grid->addWidget(code_, 0, 1);
   grid->addWidget(name_, 0, 2);
-  grid->addWidget(captionFor(*address_, tr("Address")), 1, 0);
+  grid->addWidget(forms::captionFor(*address_, tr("Address")), 1, 0);
   grid->addWidget(address_, 1, 1, 1, 2);
-  grid->addWidget(captionFor(*telephone_, tr("Telephone")), 2, 0);
+  grid->addWidget(forms::captionFor(*telephone_, tr("Telephone")), 2, 0);
   grid->addWidget(telephone_, 2, 1, 1, 2);
-  grid->addWidget(captionFor(*terms_, tr("Terms of Payment")), 3, 0);
+  grid->addWidget(forms::captionFor(*terms_, tr("Terms of Payment")), 3, 0);
   grid->addWidget(terms_, 3, 1, 1, 2);
-  grid->addWidget(captionFor(*shownBalance_, tr("Balance")), 4, 0);
+  grid->addWidget(forms::captionFor(*shownBalance_, tr("Balance")), 4, 0);
   grid->addWidget(shownBalance_, 4, 1);
   grid->addWidget(CA_, 4, 2, Qt::AlignRight);
   grid->setColumnStretch(2, 1);

@@ -9,9 +9,9 @@
 #include <QPushButton>
 #include <cmath>
 
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/number_box.h"
-#include "frame/own_fields.h"
 #include "session/settings.h"
 #include "text/decimal_sum.h"
 #include "text/format.h"
@@ -96,7 +96,7 @@ QLayout* PaymentPanel::buildAmounts() {
   int row = 0;
   const auto add = [&](const QString& caption, QWidget* field) {
     field->setFixedWidth(boxWidth);
-    grid->addWidget(captionFor(*field, caption), row, 0);
+    grid->addWidget(forms::captionFor(*field, caption), row, 0);
     grid->addWidget(field, row++, 1);
   };
   add(tr("Net Total"), toPay_);

@@ -1,8 +1,8 @@
 #include <QDeadlineTimer>
 
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/shown_part.h"
-#include "frame/own_fields.h"
 #include "frame/picker_screen.h"
 #include "store/sql/like.h"
 
@@ -136,7 +136,7 @@ QVariant PickerModel::headerData(int section, Qt::Orientation orientation, int r
   if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
     return QAbstractTableModel::headerData(section, orientation, role);
   const forms::TableColumn& column = type_.columns[static_cast<std::size_t>(section)];
-  if (role == Qt::DisplayRole) return shownText(column.caption);
+  if (role == Qt::DisplayRole) return forms::shownText(column.caption);
   if (role == Qt::TextAlignmentRole)
     return QVariant(Qt::AlignVCenter |
                     (column.alignment == forms::ColumnAlignment::Right ? Qt::AlignRight : Qt::AlignLeft));

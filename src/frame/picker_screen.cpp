@@ -8,9 +8,9 @@
 #include <QPushButton>
 #include <QShortcut>
 
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/table_view.h"
-#include "frame/own_fields.h"
 #include "frame/wait_cursor.h"
 
 namespace velmo::frame {
@@ -19,8 +19,8 @@ PickerScreen::PickerScreen(PickerType type, session::Workplace& workplace,
                            std::function<void(const std::string&)> picked, QWidget* parent)
     : QDialog(parent), type_(std::move(type)), workplace_(workplace), picked_(std::move(picked)) {
   const WaitCursor wait;
-  setObjectName(shownText(type_.screen));
-  setWindowTitle(shownText(type_.title));
+  setObjectName(forms::shownText(type_.screen));
+  setWindowTitle(forms::shownText(type_.title));
   model_ = new PickerModel(type_, workplace_.context.KORDconn, this);
   buildLayout();
   resize(940, 560);
@@ -52,7 +52,7 @@ void PickerScreen::buildLayout() {
 
   grid_ = new forms::TableView;
   grid_->setObjectName("InvGrid");
-  grid_->setAccessibleName(shownText(type_.title));
+  grid_->setAccessibleName(forms::shownText(type_.title));
   grid_->setModel(model_);
   grid_->setColumnWidths(type_.columns);
   grid_->horizontalHeader()->setSectionsClickable(!type_.headerOrders.empty());

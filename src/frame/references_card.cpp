@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <vector>
 
+#include "forms/caption.h"
 #include "forms/drop_combo.h"
 #include "forms/look.h"
 #include "forms/stop_listening.h"
@@ -46,22 +47,22 @@ ReferencesCard::ReferencesCard(const DocumentType& type, OwnFields& fields, sess
     QWidget* control = fields.makeControl(*shown[i]);
     const int column = isBeside(i) ? 2 : 0;
     if (column == 0) ++row;
-    grid->addWidget(captionFor(*control, shownText(shown[i]->label)), row, column);
+    grid->addWidget(forms::captionFor(*control, forms::shownText(shown[i]->label)), row, column);
     control->setMinimumWidth(isBeside(i) ? widthOfDate + boxPadding : narrowestBox);
     grid->addWidget(control, row, column + 1, 1, isBeside(i) || isBeside(i + 1) ? 1 : 3);
   }
   jobs_ = makeList("JobList");
   employees_ = makeList("EmpList");
   ++row;
-  grid->addWidget(captionFor(*jobs_, tr("Job No && Description")), row, 0);
+  grid->addWidget(forms::captionFor(*jobs_, tr("Job No && Description")), row, 0);
   grid->addWidget(jobs_, row, 1, 1, 3);
   ++row;
-  grid->addWidget(captionFor(*employees_, tr("Employee Reference")), row, 0);
+  grid->addWidget(forms::captionFor(*employees_, tr("Employee Reference")), row, 0);
   grid->addWidget(employees_, row, 1, 1, 3);
   if (type.locationChoice == LocationChoice::Shown) {
     locations_ = makeList("LocationList");
     ++row;
-    grid->addWidget(captionFor(*locations_, tr("Inventory Location")), row, 0);
+    grid->addWidget(forms::captionFor(*locations_, tr("Inventory Location")), row, 0);
     grid->addWidget(locations_, row, 1, 1, 3);
   }
   grid->setColumnStretch(1, 1);
@@ -69,7 +70,7 @@ ReferencesCard::ReferencesCard(const DocumentType& type, OwnFields& fields, sess
   grid->setRowStretch(row + 1, 1);
 
   for (const DateLookup& lookup : type.dateLookups)
-    if (auto* from = findChild<QLineEdit*>(shownText(lookup.from)))
+    if (auto* from = findChild<QLineEdit*>(forms::shownText(lookup.from)))
       connect(from, &QLineEdit::editingFinished, this, [this, &lookup] { lookUpDate(lookup); });
 }
 

@@ -3,9 +3,9 @@
 #include <QGridLayout>
 #include <QLineEdit>
 
+#include "forms/caption.h"
 #include "forms/figure_fit.h"
 #include "forms/look.h"
-#include "frame/own_fields.h"
 #include "frame/report_model.h"
 
 namespace velmo::frame {
@@ -17,7 +17,7 @@ ReportEntryGroup::ReportEntryGroup(const ReportEntryBoxes& boxes, QWidget* paren
   for (int i = 0; i < static_cast<int>(columns_.size()); ++i) {
     const forms::TableColumn& column = columns_[static_cast<std::size_t>(i)];
     auto* box = new QLineEdit(this);
-    box->setObjectName(shownText(boxes.name + "_" + std::to_string(i)));
+    box->setObjectName(forms::shownText(boxes.name + "_" + std::to_string(i)));
     box->setReadOnly(true);
     box->setFocusPolicy(Qt::NoFocus);
     box->setFixedWidth(box->fontMetrics().averageCharWidth() * (column.width + 3));
@@ -27,7 +27,7 @@ ReportEntryGroup::ReportEntryGroup(const ReportEntryBoxes& boxes, QWidget* paren
       forms::keepFigureWhole(*box);
     }
     const int place = i % boxes.columns * 2;
-    grid->addWidget(captionFor(*box, shownText(column.caption)), i / boxes.columns, place);
+    grid->addWidget(forms::captionFor(*box, forms::shownText(column.caption)), i / boxes.columns, place);
     grid->addWidget(box, i / boxes.columns, place + 1);
     boxes_.push_back(box);
   }

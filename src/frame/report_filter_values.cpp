@@ -2,10 +2,10 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
+#include "forms/caption.h"
 #include "forms/date_picker.h"
 #include "forms/drop_combo.h"
 #include "frame/account_code_box.h"
-#include "frame/own_fields.h"
 #include "frame/report_filters.h"
 
 namespace velmo::frame {
@@ -48,7 +48,7 @@ void ReportFilters::choose(std::string_view name, bool chosen) {
 }
 
 void ReportFilters::setText(std::string_view name, const std::string& text) {
-  control<QLineEdit>(name).setText(shownText(text));
+  control<QLineEdit>(name).setText(forms::shownText(text));
 }
 
 void ReportFilters::focus(std::string_view name) {

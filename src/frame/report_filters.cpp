@@ -9,6 +9,7 @@
 #include <QRadioButton>
 #include <ranges>
 
+#include "forms/caption.h"
 #include "forms/date_picker.h"
 #include "forms/digits_box.h"
 #include "forms/drop_combo.h"
@@ -17,7 +18,6 @@
 #include "frame/account_code_box.h"
 #include "frame/account_drop_list.h"
 #include "frame/input_governor.h"
-#include "frame/own_fields.h"
 #include "frame/report_entry_boxes.h"
 
 namespace velmo::frame {
@@ -39,7 +39,7 @@ std::string plain(const std::string& caption) {
 
 QLabel* caption(const std::string& text) {
   if (text.empty()) return nullptr;
-  auto* label = new QLabel(shownText(text));
+  auto* label = new QLabel(forms::shownText(text));
   forms::makeCaption(*label);
   return label;
 }
@@ -122,8 +122,8 @@ void ReportFilters::makeGovernor() {
 }
 
 void ReportFilters::name(QWidget& control, const std::string& objectName, const std::string& accessibleName) {
-  control.setObjectName(shownText(objectName));
-  control.setAccessibleName(shownText(accessibleName.empty() ? objectName : plain(accessibleName)));
+  control.setObjectName(forms::shownText(objectName));
+  control.setAccessibleName(forms::shownText(accessibleName.empty() ? objectName : plain(accessibleName)));
   controls_[objectName] = &control;
 }
 
@@ -131,9 +131,9 @@ QAbstractButton* ReportFilters::makeButton(const std::string& name, const std::s
                                            const std::string& group, std::vector<std::string> inputs) {
   QAbstractButton* button = nullptr;
   if (group.empty()) {
-    button = new QCheckBox(shownText(caption));
+    button = new QCheckBox(forms::shownText(caption));
   } else {
-    button = new QRadioButton(shownText(caption));
+    button = new QRadioButton(forms::shownText(caption));
     QButtonGroup*& members = groups_[group];
     if (!members) members = new QButtonGroup(this);
     members->addButton(button);
@@ -147,7 +147,7 @@ QAbstractButton* ReportFilters::makeButton(const std::string& name, const std::s
 }
 
 QWidget* ReportFilters::makeOptions(const ReportOptions& options) {
-  auto* frame = new QGroupBox(shownText(options.caption));
+  auto* frame = new QGroupBox(forms::shownText(options.caption));
   auto* grid = new QGridLayout(frame);
   grid->setVerticalSpacing(forms::spacing::Tight);
   grid->setHorizontalSpacing(forms::spacing::Section);
@@ -217,7 +217,7 @@ void ReportFilters::addAccount(const ReportAccount& account, QHBoxLayout& row) {
   forms::makeNameBox(*nameBox);
   name(*nameBox, account.name, plain(account.caption) + " name");
   connect(code, &AccountCodeBox::accountResolved, nameBox,
-          [nameBox](const Account& found) { nameBox->setText(shownText(found.name)); });
+          [nameBox](const Account& found) { nameBox->setText(forms::shownText(found.name)); });
   connect(code, &AccountCodeBox::accountCleared, nameBox, &QLineEdit::clear);
   connect(code, &AccountCodeBox::moveOn, code, [this] { focusNextChild(); });
   row.addWidget(code);

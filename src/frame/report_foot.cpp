@@ -5,9 +5,9 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+#include "forms/caption.h"
 #include "forms/figure_fit.h"
 #include "forms/look.h"
-#include "frame/own_fields.h"
 
 namespace velmo::frame {
 namespace {
@@ -24,7 +24,7 @@ void addTo(QHBoxLayout& row, QWidget& widget, bool shown) {
 }  // namespace
 
 ReportFoot::ReportFoot(const ReportType& type) : message_(new QLabel) {
-  if (!type.totalsFrame.empty()) setObjectName(shownText(type.totalsFrame));
+  if (!type.totalsFrame.empty()) setObjectName(forms::shownText(type.totalsFrame));
   message_->setObjectName("MessageLbl");
   forms::makeCaption(*message_);
   auto* column = new QVBoxLayout(this);
@@ -34,7 +34,7 @@ ReportFoot::ReportFoot(const ReportType& type) : message_(new QLabel) {
   column->addLayout(row);
   row->addWidget(message_, 1);
   if (!type.totalsLabel.empty()) {
-    auto* label = new QLabel(shownText(type.totalsLabel));
+    auto* label = new QLabel(forms::shownText(type.totalsLabel));
     label->setObjectName("TtlLbl");
     row->addWidget(label);
   }
@@ -42,7 +42,7 @@ ReportFoot::ReportFoot(const ReportType& type) : message_(new QLabel) {
   for (const ReportGrid& grid : type.grids) {
     if (grid.totals.empty()) continue;
     auto* frame = new QWidget(this);
-    frame->setObjectName(shownText(grid.totalsFrame));
+    frame->setObjectName(forms::shownText(grid.totalsFrame));
     auto* figures = new QHBoxLayout(frame);
     forms::setGrid(*figures, 0);
     addFigures(grid.totals, *figures);
@@ -50,7 +50,7 @@ ReportFoot::ReportFoot(const ReportType& type) : message_(new QLabel) {
     frames_[grid.name] = frame;
     if (grid.further.frame.empty()) continue;
     addFurtherTotals(grid.further, *column);
-    further_[grid.name] = findChild<QWidget*>(shownText(grid.further.frame));
+    further_[grid.name] = findChild<QWidget*>(forms::shownText(grid.further.frame));
   }
   if (!type.grids.empty()) showTotalsOf(type.grids.front().name);
 }
@@ -59,11 +59,11 @@ ReportFoot::ReportFoot(const ReportType& type) : message_(new QLabel) {
 // first.
 void ReportFoot::addFurtherTotals(const ReportFurtherTotals& further, QVBoxLayout& column) {
   auto* frame = new QWidget(this);
-  frame->setObjectName(shownText(further.frame));
+  frame->setObjectName(forms::shownText(further.frame));
   auto* row = new QHBoxLayout(frame);
   forms::setGrid(*row, 0);
   row->addStretch(1);
-  row->addWidget(new QLabel(shownText(further.caption)));
+  row->addWidget(new QLabel(forms::shownText(further.caption)));
   addFigures(further.figures, *row, Captions::RoomOnly);
   column.addWidget(frame);
 }
@@ -73,8 +73,8 @@ void ReportFoot::addFigures(const std::vector<ReportFigure>& figures, QHBoxLayou
   font.setWeight(QFont::DemiBold);
   for (const ReportFigure& figure : figures) {
     auto* box = new QLineEdit;
-    box->setObjectName(shownText(figure.name));
-    box->setAccessibleName(shownText(figure.caption.empty() ? figure.name : figure.caption));
+    box->setObjectName(forms::shownText(figure.name));
+    box->setAccessibleName(forms::shownText(figure.caption.empty() ? figure.name : figure.caption));
     box->setReadOnly(true);
     box->setFocusPolicy(Qt::NoFocus);
     box->setAlignment(Qt::AlignRight);
@@ -83,7 +83,7 @@ void ReportFoot::addFigures(const std::vector<ReportFigure>& figures, QHBoxLayou
     forms::keepFigureWhole(*box);
     const bool isFirst = &figure == &figures.front();
     if (!figure.caption.empty() && (captions == Captions::Shown || !isFirst)) {
-      auto* label = new QLabel(shownText(figure.caption));
+      auto* label = new QLabel(forms::shownText(figure.caption));
       forms::makeCaption(*label);
       addTo(row, *label, captions == Captions::Shown);
     }

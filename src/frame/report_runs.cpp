@@ -4,7 +4,6 @@
 
 #include "forms/table_view.h"
 #include "forms/work_progress.h"
-#include "frame/own_fields.h"
 #include "frame/report_drill_down.h"
 #include "frame/report_foot.h"
 #include "frame/report_model.h"

@@ -6,10 +6,10 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/stop_listening.h"
 #include "forms/table_view.h"
-#include "frame/own_fields.h"
 #include "frame/report_foot.h"
 #include "frame/report_model.h"
 
@@ -17,8 +17,8 @@ namespace velmo::frame {
 
 ReportScreen::ReportScreen(ReportType type, session::Workplace& workplace, QWidget* parent)
     : QWidget(parent), type_(std::move(type)), workplace_(workplace) {
-  setObjectName(shownText(type_.screen));
-  setWindowTitle(shownText(type_.caption));
+  setObjectName(forms::shownText(type_.screen));
+  setWindowTitle(forms::shownText(type_.caption));
   column_ = new QVBoxLayout(this);
   forms::setGrid(*column_, forms::spacing::Section);
   column_->addWidget(makeHead());
@@ -54,11 +54,11 @@ QWidget* ReportScreen::makeHead() {
   auto* head = new QWidget(this);
   auto* column = new QVBoxLayout(head);
   forms::setGrid(*column, 0);
-  auto* heading = new QLabel(shownText(type_.heading.empty() ? type_.caption : type_.heading));
+  auto* heading = new QLabel(forms::shownText(type_.heading.empty() ? type_.caption : type_.heading));
   forms::makeHeading(*heading);
   column->addWidget(heading);
   filters_ = new ReportFilters(type_.filters, workplace_, this);
-  if (!type_.filtersFrame.empty()) filters_->setObjectName(shownText(type_.filtersFrame));
+  if (!type_.filtersFrame.empty()) filters_->setObjectName(forms::shownText(type_.filtersFrame));
   column->addWidget(filters_);
   auto* row = new QHBoxLayout;
   forms::setGrid(*row, 0);
@@ -71,11 +71,11 @@ QWidget* ReportScreen::makeHead() {
 
 QAbstractButton* ReportScreen::makeCommand(const ReportCommand& command, const QKeySequence& keys,
                                            std::function<void()> run) {
-  auto* button = new QPushButton(shownText(command.caption));
-  button->setObjectName(shownText(command.name));
+  auto* button = new QPushButton(forms::shownText(command.caption));
+  button->setObjectName(forms::shownText(command.name));
   button->setAutoDefault(false);
   const QString shownKeys = keys.toString(QKeySequence::NativeText);
-  const QString hint = shownText(command.hint);
+  const QString hint = forms::shownText(command.hint);
   button->setToolTip(shownKeys.isEmpty() ? hint : tr("%1 (%2)").arg(hint, shownKeys));
   button->setAccessibleDescription(hint);
   connect(button, &QPushButton::clicked, this, std::move(run));
@@ -107,7 +107,7 @@ void ReportScreen::addCommands(QHBoxLayout& row) {
 void ReportScreen::addLabels(QHBoxLayout& row) {
   for (const std::string& name : type_.labels) {
     auto* label = new QLabel;
-    label->setObjectName(shownText(name));
+    label->setObjectName(forms::shownText(name));
     label->setFont(forms::figureFont());
     row.addWidget(label);
     figures_[name] = label;
@@ -117,7 +117,7 @@ void ReportScreen::addLabels(QHBoxLayout& row) {
 ReportScreen::Table ReportScreen::makeTable(const ReportGrid& grid) {
   auto* model = new ReportModel(grid.columns, grid.sums, this);
   auto* view = new forms::TableView;
-  view->setObjectName(shownText(grid.name));
+  view->setObjectName(forms::shownText(grid.name));
   view->setAccessibleName(windowTitle());
   view->setModel(model);
   view->setColumnWidths(grid.columns);
@@ -162,7 +162,7 @@ void ReportScreen::showGrid(const std::string& grid) {
 }
 
 void ReportScreen::setFigure(const std::string& name, const std::string& text) {
-  figures_.at(name)->setProperty("text", shownText(text));
+  figures_.at(name)->setProperty("text", forms::shownText(text));
 }
 
 std::string ReportScreen::figure(const std::string& name) const {
@@ -188,7 +188,7 @@ void ReportScreen::showMessage(const QString& text) {
 }
 
 ReportDialog::ReportDialog(ReportType type, session::Workplace& workplace, QWidget* parent) : QDialog(parent) {
-  setWindowTitle(shownText(type.caption));
+  setWindowTitle(forms::shownText(type.caption));
   screen_ = new ReportScreen(std::move(type), workplace, this);
   auto* column = new QVBoxLayout(this);
   forms::setGrid(*column, 0);

@@ -5,10 +5,10 @@
 #include <QLineEdit>
 #include <QScopedValueRollback>
 
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/number_box.h"
 #include "frame/figure_field.h"
-#include "frame/own_fields.h"
 #include "session/prompts.h"
 #include "text/format.h"
 #include "text/number.h"
@@ -38,7 +38,7 @@ TotalsPanel::TotalsPanel(std::string_view receivedCaption, session::Prompts& pro
   gTotal_ = addFigure(*grid, 1, 2, "GTotal", tr("Gross Total "));
   carriage_ = addAmount(*grid, 2, 2, "Carriage", tr("Carriage and Freight "), true);
   netTotal_ = addFigure(*grid, 0, 4, "NetTotal", tr("Net Total "));
-  received_ = addAmount(*grid, 1, 4, "Received", shownText(receivedCaption), false);
+  received_ = addAmount(*grid, 1, 4, "Received", forms::shownText(receivedCaption), false);
   balance_ = addFigure(*grid, 2, 4, "Balance", tr("Balance "));
   forms::makeTotal(*netTotal_);
   forms::makeTotal(*balance_);

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "forms/caption.h"
 #include "forms/date_picker.h"
 #include "forms/digits_box.h"
 #include "forms/look.h"
@@ -17,7 +18,6 @@
 #include "frame/counter_strip.h"
 #include "frame/item_grid.h"
 #include "frame/open_master.h"
-#include "frame/own_fields.h"
 #include "frame/party_card.h"
 #include "frame/payment_panel.h"
 #include "frame/scan_listener.h"
@@ -101,8 +101,8 @@ TradeBody::AccountLine TradeBody::buildAccount(std::string_view caption, Account
   line.name = new QLineEdit;
   line.name->setObjectName(accountName);
   forms::makeNameBox(*line.name);
-  line.name->setAccessibleName(tr("%1 name").arg(shownText(caption)));
-  row->addWidget(captionFor(*line.code, shownText(caption)));
+  line.name->setAccessibleName(tr("%1 name").arg(forms::shownText(caption)));
+  row->addWidget(forms::captionFor(*line.code, forms::shownText(caption)));
   row->addWidget(line.code);
   row->addWidget(line.name, 1);
   connect(line.code, &AccountCodeBox::accountResolved, line.name,

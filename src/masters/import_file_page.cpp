@@ -11,10 +11,10 @@
 
 #include "export/save_as_spreadsheet.h"
 #include "export/table_rows.h"
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/table_view.h"
 #include "forms/work_progress.h"
-#include "frame/own_fields.h"
 #include "masters/sheet_preview.h"
 
 namespace velmo::masters {
@@ -109,7 +109,7 @@ QWidget* ImportFilePage::makeChoices() {
   const std::pair<QComboBox*, const char*> lists[] = {
       {sheets_, "&Sheet"}, {encodings_, "C&haracters"}, {separators_, "Se&parator"}};
   for (const auto& [list, caption] : lists) {
-    row->addWidget(frame::captionFor(*list, QLatin1String(caption)));
+    row->addWidget(forms::captionFor(*list, QLatin1String(caption)));
     row->addWidget(list);
     connect(list, &QComboBox::activated, this, &ImportFilePage::read);
   }

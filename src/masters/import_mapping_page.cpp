@@ -9,8 +9,8 @@
 #include <QScrollArea>
 #include <QSpinBox>
 
+#include "forms/caption.h"
 #include "forms/look.h"
-#include "frame/own_fields.h"
 #include "masters/import_values.h"
 
 namespace velmo::masters {
@@ -101,10 +101,10 @@ QWidget* ImportMappingPage::makeHead() {
   decimalSign_->setObjectName(QStringLiteral("DecimalList"));
   decimalSign_->addItem(QStringLiteral("Point: 1,234.50"), static_cast<int>(DecimalSign::Point));
   decimalSign_->addItem(QStringLiteral("Comma: 1.234,50"), static_cast<int>(DecimalSign::Comma));
-  row->addWidget(frame::captionFor(*headingRow_, QStringLiteral("&Row with the headings")));
+  row->addWidget(forms::captionFor(*headingRow_, QStringLiteral("&Row with the headings")));
   row->addWidget(headingRow_);
   row->addSpacing(forms::spacing::Section);
-  row->addWidget(frame::captionFor(*decimalSign_, QStringLiteral("&Decimal sign")));
+  row->addWidget(forms::captionFor(*decimalSign_, QStringLiteral("&Decimal sign")));
   row->addWidget(decimalSign_);
   row->addStretch(1);
   return head;

@@ -2,8 +2,8 @@
 
 #include <QLineEdit>
 
+#include "forms/caption.h"
 #include "frame/grid_editor.h"
-#include "frame/own_fields.h"
 #include "frame/wait_cursor.h"
 #include "masters/item_filter.h"
 #include "text/number.h"
@@ -85,7 +85,7 @@ QWidget* makeInvPrices(session::Workplace& workplace, QWidget* parent) {
              margin->setObjectName("ProfitTxt");
              margin->setAlignment(Qt::AlignRight);
              margin->setFixedWidth(72);
-             row.addWidget(frame::captionFor(*margin, "Profit margin %"));
+             row.addWidget(forms::captionFor(*margin, "Profit margin %"));
              row.addWidget(margin);
            },
        .commands = {{"UpdateBttn", "Update Selling Prices",

@@ -2,9 +2,9 @@
 
 #include <QPushButton>
 
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "frame/master_dialog.h"
-#include "frame/own_fields.h"
 #include "masters/account_levels.h"
 #include "masters/bring_in.h"
 #include "masters/chart_of_accounts.h"
@@ -139,7 +139,7 @@ QWidget* detailLine(frame::MasterDialog& dialog) {
   QObject::connect(&types, &MasterPanel::currentChanged, line, [line, detail] {
     const DetailDialog* found = detail();
     line->setVisible(found != nullptr);
-    if (found) line->setText(frame::shownText(found->caption));
+    if (found) line->setText(forms::shownText(found->caption));
   });
   QObject::connect(line, &QPushButton::clicked, &dialog, [&dialog, detail] {
     if (const DetailDialog* found = detail()) dialog.giveWayTo(found->dialog);

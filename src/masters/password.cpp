@@ -4,9 +4,9 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "forms/caption.h"
 #include "forms/drop_combo.h"
 #include "forms/look.h"
-#include "frame/own_fields.h"
 #include "frame/settings_dialog.h"
 #include "session/login.h"
 
@@ -49,7 +49,7 @@ class Password : public frame::SettingsDialog {
   void addField(const char* name, const QString& caption, QWidget& field) {
     field.setObjectName(QLatin1String(name));
     field.setMinimumHeight(32);
-    fields_->addRow(frame::captionFor(field, caption), &field);
+    fields_->addRow(forms::captionFor(field, caption), &field);
   }
 
   QLineEdit* addSecret(const char* name, const QString& caption) {

@@ -5,8 +5,8 @@
 #include <QPushButton>
 #include <QTableView>
 
+#include "forms/caption.h"
 #include "frame/grid_editor.h"
-#include "frame/own_fields.h"
 #include "store/connection.h"
 
 namespace velmo::masters {
@@ -32,7 +32,7 @@ void addSearch(GridEditor& editor, QHBoxLayout& row) {
   find->setObjectName("FindBttn");
   find->setToolTip(GridEditor::tr("Shows the items whose code holds the text (Enter)"));
   find->setDefault(true);
-  row.addWidget(frame::captionFor(*box, "Item &code"));
+  row.addWidget(forms::captionFor(*box, "Item &code"));
   row.addWidget(box, 1);
   row.addWidget(find);
   session::LoginContext& context = editor.workplace().context;

@@ -4,9 +4,9 @@
 #include <QLineEdit>
 #include <QTableView>
 
+#include "forms/caption.h"
 #include "forms/drop_combo.h"
 #include "frame/grid_editor.h"
-#include "frame/own_fields.h"
 
 namespace velmo::masters {
 namespace {
@@ -59,7 +59,7 @@ void addLogins(GridEditor& editor, QHBoxLayout& row) {
   id->setFocusPolicy(Qt::NoFocus);
   id->setFixedWidth(56);
   id->setAccessibleName("User number");
-  row.addWidget(frame::captionFor(*logins, "&Login"));
+  row.addWidget(forms::captionFor(*logins, "&Login"));
   row.addWidget(logins);
   row.addWidget(id);
   row.addStretch(1);

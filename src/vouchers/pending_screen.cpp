@@ -10,10 +10,10 @@
 #include <array>
 
 #include "export/save_as_spreadsheet.h"
+#include "forms/caption.h"
 #include "forms/figure_fit.h"
 #include "forms/look.h"
 #include "forms/table_view.h"
-#include "frame/own_fields.h"
 #include "frame/wait_cursor.h"
 #include "text/decimal_sum.h"
 #include "text/format.h"
@@ -85,7 +85,7 @@ PendingScreen::PendingScreen(const SettlementKind& kind, std::int64_t partyCode,
                              session::Workplace& workplace, QWidget* parent)
     : QDialog(parent), kind_(kind) {
   setObjectName(isReceipt(kind) ? "PendingInvoices" : "PendingBills");
-  setWindowTitle(frame::shownText(titleOf(kind)));
+  setWindowTitle(forms::shownText(titleOf(kind)));
   pending_ = new forms::RecordsetModel(columnsOf(kind), this);
   pending_->setRecordset(store::Recordset(workplace.context.KORDconn,
                                           pendingListStatement(kind, partyCode, workplace.context.FYID),
@@ -122,7 +122,7 @@ QWidget* PendingScreen::buildHead(std::int64_t partyCode, const std::string& par
   auto* code = new QLabel(QString::number(partyCode));
   code->setObjectName("PartyCodeLbl");
   code->setFont(forms::figureFont());
-  auto* name = new QLabel(frame::shownText(partyName));
+  auto* name = new QLabel(forms::shownText(partyName));
   name->setObjectName("PartyNameLbl");
   name->setTextFormat(Qt::PlainText);
   name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

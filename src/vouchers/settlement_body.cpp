@@ -5,11 +5,11 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "frame/command_bar.h"
 #include "frame/ledger_grid.h"
 #include "frame/open_master.h"
-#include "frame/own_fields.h"
 #include "text/format.h"
 #include "vouchers/pending_items.h"
 #include "vouchers/pending_screen.h"
@@ -59,7 +59,7 @@ QWidget* SettlementBody::buildSettled() {
   auto* page = new QWidget;
   auto* column = new QVBoxLayout(page);
   forms::setGrid(*column, 0, forms::spacing::Tight);
-  auto* heading = new QLabel(frame::shownText(kind_.gridCaption));
+  auto* heading = new QLabel(forms::shownText(kind_.gridCaption));
   forms::makeCaption(*heading);
   AgingGrid_ = new SettlementGrid(kind_, place_.workplace, heading->text());
   auto* hint = new QLabel(tr("Press F4 to view pending invoices."));

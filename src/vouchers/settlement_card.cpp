@@ -8,9 +8,9 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/name_box.h"
-#include "frame/own_fields.h"
 #include "frame/party_balance.h"
 
 namespace velmo::vouchers {
@@ -48,7 +48,7 @@ void SettlementCard::buildOptions(QGridLayout& grid) {
   forms::setGrid(*row, 0, forms::spacing::Section);
   const std::string_view captions[] = {kind_.partyOption, kind_.pettyOption};
   for (int i = 0; i < 2; ++i) {
-    auto* option = new QRadioButton(frame::shownText(captions[i]));
+    auto* option = new QRadioButton(forms::shownText(captions[i]));
     option->setObjectName(QStringLiteral("RecOpt_%1").arg(i));
     option->setAccessibleName(option->text());
     RecOpt_->addButton(option, i);
@@ -73,7 +73,7 @@ SettlementCard::AccountRow SettlementCard::addAccount(QGridLayout& grid, int row
   account.code = new frame::AccountCodeBox(workplace_.context, list, {.listCondition = std::move(condition)});
   account.code->setObjectName(code);
   account.code->setFixedWidth(codeWidth);
-  const QString shown = frame::shownText(caption).trimmed();
+  const QString shown = forms::shownText(caption).trimmed();
   account.name = new QLineEdit;
   account.name->setObjectName(name);
   forms::makeNameBox(*account.name);
@@ -83,7 +83,7 @@ SettlementCard::AccountRow SettlementCard::addAccount(QGridLayout& grid, int row
   account.balance->setFont(forms::figureFont());
   account.balance->setTextFormat(Qt::PlainText);
   account.balance->setAccessibleName(tr("%1 balance").arg(shown));
-  grid.addWidget(frame::captionFor(*account.code, shown), row, 0);
+  grid.addWidget(forms::captionFor(*account.code, shown), row, 0);
   grid.addWidget(account.code, row, 1);
   auto* label = new QLabel(tr("Balance "));
   label->setObjectName(balanceLabel);
