@@ -5,7 +5,7 @@
 #include <tl/expected.hpp>
 #include <vector>
 
-#include "store/sql/compile.h"
+#include "store/sql/statement.h"
 #include "store/value.h"
 
 // The small language of searches and filters over rows that are already read: "column op literal", joined by AND and

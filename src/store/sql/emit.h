@@ -1,7 +1,7 @@
 #pragma once
 
 #include "store/sql/bound.h"
-#include "store/sql/compile.h"
+#include "store/sql/statement.h"
 #include "store/sql/tokens.h"
 
 // Last stage: the bound tree to SQLite's SQL. All that is particular to SQLite's language stands behind this function;

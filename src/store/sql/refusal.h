@@ -3,7 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "store/sql/compile.h"
+#include "store/sql/statement.h"
+
 
 namespace velmo::store::sql {
 

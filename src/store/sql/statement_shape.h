@@ -5,7 +5,8 @@
 #include <tl/expected.hpp>
 #include <vector>
 
-#include "store/sql/compile.h"
+#include "store/sql/statement.h"
+
 
 namespace velmo::store::sql {
 

@@ -7,8 +7,8 @@
 #include <variant>
 #include <vector>
 
-#include "store/sql/compile.h"
 #include "store/sql/refusal.h"
+#include "store/sql/statement.h"
 #include "store/sql/tokens.h"
 
 // The tree of a statement as it is written, before names and types are known. Texts are views of the statement.

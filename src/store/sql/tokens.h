@@ -4,8 +4,8 @@
 #include <tl/expected.hpp>
 #include <vector>
 
-#include "store/sql/compile.h"
 #include "store/sql/refusal.h"
+#include "store/sql/statement.h"
 #include "store/value.h"
 
 // First stage: a statement's text to tokens. The values of literals are kept apart from the tokens, so that two
