@@ -2,7 +2,7 @@
 
 #include "store/connection_impl.h"
 #include "store/file_check.h"
-#include "store/file_identity.h"
+#include "store/file_mark.h"
 #include "store/rewrite_rows.h"
 #include "store/sql/functions.h"
 #include "store/sqlite_error.h"

@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-#include "store/file_identity.h"
+#include "store/file_mark.h"
 #include "store/open_database.h"
 #include "store/sqlite_error.h"
 

@@ -8,14 +8,9 @@
 
 #include "store/catalog.h"
 
-struct sqlite3;
-
 namespace velmo::store {
 
 class Connection;
-
-// Stands in the header of every file of this program.
-inline constexpr int applicationId = 0x56454c4d;
 
 // Makes a database file with the catalogue's tables and indexes, the password and the version; `fill` writes the first
 // rows and may use transactions. The file is made under a name of its own in the same folder (made when missing, for
@@ -30,9 +25,5 @@ enum class TotalsCheck { Latest, All };
 // Makes the kept totals of the catalogue again where they are found off, each kind in one transaction. Whether any
 // were. Throws StoreError, of kind Damaged where the structure of the file is not sound: nothing is written then.
 bool mendKeptTotals(Connection& connection, TotalsCheck check = TotalsCheck::Latest);
-
-// Keeps a salted derivation of the password in the file, in place of any earlier one.
-void writePassword(sqlite3* database, std::string_view password);
-bool passwordFits(sqlite3* database, std::string_view password);
 
 }  // namespace velmo::store
