@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "store/catalog.h"
-#include "store/file_check.h"
+#include "store/schema_version.h"
 
 namespace velmo::store {
 

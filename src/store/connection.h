@@ -9,7 +9,7 @@
 
 #include "store/catalog.h"
 #include "store/error.h"
-#include "store/file_check.h"
+#include "store/schema_version.h"
 #include "store/value.h"
 
 struct sqlite3;

@@ -1,16 +1,14 @@
 #pragma once
 
 #include <filesystem>
-#include <limits>
 #include <string_view>
 
 #include "store/error.h"
+#include "store/schema_version.h"
 
 struct sqlite3;
 
 namespace velmo::store {
-
-inline constexpr int anySchemaVersion = std::numeric_limits<int>::max();
 
 // What can be told of a database file without opening it. Throws StoreError, each kind with its own sentence, when it
 // is missing, no file, empty, or marked or kept from reading and writing.

@@ -11,11 +11,10 @@
 
 #include "store/catalog.h"
 #include "store/connection.h"
+#include "store/fields.h"
 #include "store/value.h"
 
 namespace velmo::store {
-
-enum class LockType { ReadOnly, Optimistic, BatchOptimistic };
 
 // AsNeeded keeps no copy of a large single-table list: the cursor walks it by index and reads rows when they are looked
 // at, so that it sees what others write when it moves and takes new rows into their place of the order. A statement
@@ -24,16 +23,6 @@ enum class LockType { ReadOnly, Optimistic, BatchOptimistic };
 enum class Fetch { All, AsNeeded };
 
 enum class SearchFrom { CurrentRow, NextRow };
-
-// Stable for the life of a row, shared by all clones; survives sorting and filtering.
-using Bookmark = std::int64_t;
-
-struct FieldInfo {
-  std::string name;
-  ColumnType type = ColumnType::Text;
-  bool readOnly = false;
-  bool chapter = false;
-};
 
 struct FieldValue {
   std::string_view name;

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "store/connection_impl.h"
-#include "store/recordset.h"
+#include "store/fields.h"
 
 namespace velmo::store {
 
