@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QShortcut>
 
+#include "forms/caption.h"
 #include "forms/date_picker.h"
 #include "forms/look.h"
 #include "forms/recordset_model.h"
@@ -20,10 +21,6 @@
 namespace velmo::frame {
 
 namespace {
-
-QString shown(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 // The documents found; a date that was picked reads the same whichever form its document has it in.
 class FoundDocuments : public forms::RecordsetModel {
@@ -49,8 +46,8 @@ class FoundDocuments : public forms::RecordsetModel {
 FindScreen::FindScreen(const FindType& type, int tranType, session::Workplace& workplace,
                        std::function<void()> showRecord, QWidget* parent)
     : QDialog(parent), type_(type), tranType_(tranType), workplace_(workplace), showRecord_(std::move(showRecord)) {
-  setObjectName(shown(type.screen));
-  setWindowTitle(shown(type.title));
+  setObjectName(forms::shownText(type.screen));
+  setWindowTitle(forms::shownText(type.title));
   auto* layout = new QVBoxLayout(this);
   forms::setGrid(*layout, forms::spacing::Section);
   layout->addWidget(makeSearchRow());
@@ -93,7 +90,7 @@ QWidget* FindScreen::makeSearchRow() {
   columns_ = new QComboBox;
   columns_->setObjectName("ColList");
   columns_->setAccessibleName(tr("Column to search"));
-  for (const FindColumn& column : type_.columns) columns_->addItem(shown(column.caption));
+  for (const FindColumn& column : type_.columns) columns_->addItem(forms::shownText(column.caption));
   value_ = new QLineEdit;
   value_->setObjectName("ValueBox");
   value_->setAccessibleName(tr("Value to find"));

@@ -1,15 +1,12 @@
 #include "frame/pick_list_model.h"
 
+#include "forms/caption.h"
 #include "forms/shown_part.h"
 
 namespace velmo::frame {
 namespace {
 
 constexpr int portion = 256;
-
-QString shown(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 }  // namespace
 
@@ -38,7 +35,7 @@ QModelIndex PickListModel::indexOfKey(std::string_view key) {
 }
 
 QString PickListModel::key(const QModelIndex& index) const {
-  return index.isValid() && list_ ? shown(list_->key(index.row())) : QString();
+  return index.isValid() && list_ ? forms::shownText(list_->key(index.row())) : QString();
 }
 
 void PickListModel::handOut(int rows) {

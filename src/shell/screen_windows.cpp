@@ -9,6 +9,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "forms/caption.h"
 #include "shell/screen_tabs.h"
 
 namespace velmo::shell {
@@ -104,7 +105,7 @@ QMdiSubWindow* ScreenWindows::makeWindow(const ScreenEntry& entry) {
   if (!workplace_) throw std::logic_error("a screen was opened before there was a workplace");
   Q_EMIT screenOpening();
   QWidget* screen = entry.make(*workplace_, nullptr);
-  screen->setObjectName(QString::fromUtf8(entry.name.data(), static_cast<qsizetype>(entry.name.size())));
+  screen->setObjectName(forms::shownText(entry.name));
   screen->setAttribute(Qt::WA_DeleteOnClose);
   QMdiSubWindow* window = addSubWindow(screen);
   window->setAttribute(Qt::WA_DeleteOnClose);
@@ -127,7 +128,7 @@ bool ScreenWindows::openDialog(std::string_view name) {
   if (!front || front->windowType() == Qt::Popup) front = window();
   const std::unique_ptr<QWidget> widget(entry->make(*workplace_, front));
   auto& dialog = dynamic_cast<QDialog&>(*widget);
-  dialog.setObjectName(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+  dialog.setObjectName(forms::shownText(name));
   dialog.exec();
   Q_EMIT screenClosed(dialog.objectName());
   return true;
