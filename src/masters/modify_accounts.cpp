@@ -6,9 +6,9 @@
 #include "forms/look.h"
 #include "frame/master_dialog.h"
 #include "masters/account_levels.h"
+#include "masters/account_prints.h"
 #include "masters/bring_in.h"
 #include "masters/chart_of_accounts.h"
-#include "masters/master_prints.h"
 #include "text/number.h"
 
 namespace velmo::masters {

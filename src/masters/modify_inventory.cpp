@@ -3,9 +3,9 @@
 #include "frame/master_dialog.h"
 #include "masters/bring_in.h"
 #include "masters/catalogue_levels.h"
+#include "masters/catalogue_prints.h"
 #include "masters/chart_of_inventory.h"
 #include "masters/code_series.h"
-#include "masters/master_prints.h"
 
 namespace velmo::masters {
 namespace {

@@ -2,9 +2,9 @@
 
 #include "frame/master_dialog.h"
 #include "masters/account_levels.h"
+#include "masters/account_prints.h"
 #include "masters/bring_in.h"
 #include "masters/chart_of_accounts.h"
-#include "masters/master_prints.h"
 #include "text/blanks.h"
 
 namespace velmo::masters {

@@ -2,7 +2,7 @@
 
 #include "frame/master_dialog.h"
 #include "masters/catalogue_levels.h"
-#include "masters/master_prints.h"
+#include "masters/catalogue_prints.h"
 
 namespace velmo::masters {
 namespace {

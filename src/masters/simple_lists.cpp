@@ -1,7 +1,7 @@
 #include "masters/simple_lists.h"
 
 #include "frame/master_dialog.h"
-#include "masters/master_prints.h"
+#include "masters/catalogue_prints.h"
 #include "text/number.h"
 
 namespace velmo::masters {

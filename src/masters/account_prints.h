@@ -5,14 +5,11 @@
 
 #include "frame/master_type.h"
 
-// The choices of `PrintBttn` on the dialogs of accounts and of the catalogue.
+// The choices of `PrintBttn` on the dialogs of accounts.
 namespace velmo::masters {
 
 std::vector<frame::MasterPrint> chartOfAccountsPrints();
 // The accounts of one type, under a caption.
 std::vector<frame::MasterPrint> accountsOfTypePrints(int type, const std::string& caption);
-std::vector<frame::MasterPrint> inventoryPrints();
-std::vector<frame::MasterPrint> servicePrints();
-std::vector<frame::MasterPrint> brandPrints();
 
 }  // namespace velmo::masters

@@ -1,9 +1,8 @@
-#include "masters/master_prints.h"
+#include "masters/catalogue_prints.h"
 
 #include "frame/bar_code_labels.h"
 #include "frame/label_copies.h"
 #include "frame/master_dialog.h"
-#include "masters/acc_list_print.h"
 #include "masters/stock_hierarchies.h"
 #include "masters/stock_list1_print.h"
 #include "masters/stock_list2_print.h"
@@ -30,31 +29,8 @@ MasterPrint print(const std::string& caption, Layout layout, Hierarchy hierarchy
           }};
 }
 
-MasterPrint printAccounts(const std::string& caption, Hierarchy hierarchy) {
-  return {caption,
-          [=](MasterDialog& dialog) -> std::optional<printing::Report> {
-            const std::string statement = hierarchy(dialog);
-            if (statement.empty()) return std::nullopt;
-            session::LoginContext& context = dialog.workplace().context;
-            context.AccListRS = store::Recordset();
-            context.AccListRS.openShape(context.KORDconn, statement);
-            return accListPrint(context, context.AccListRS, dialog.workplace().clock.today());
-          },
-          [](session::LoginContext& context) { context.AccListRS = {}; }};
-}
-
 std::string key(MasterDialog& dialog, int level) {
   return dialog.panel(level).key();
-}
-
-std::string chosenType(MasterDialog& dialog) {
-  const std::string type = key(dialog, 0);
-  return type.empty() ? std::string() : accountsOfType(std::stoll(type));
-}
-
-std::string chosenSubType(MasterDialog& dialog) {
-  const std::string subType = key(dialog, 1);
-  return subType.empty() ? std::string() : accountsOfSubType(std::stoll(key(dialog, 0)), std::stoll(subType));
 }
 
 std::string chosenCategory(MasterDialog& dialog) {
@@ -86,15 +62,6 @@ MasterPrint barCodes(const std::string& caption, frame::LabelSheet sheet) {
 }
 
 }  // namespace
-
-std::vector<MasterPrint> chartOfAccountsPrints() {
-  return {printAccounts("Whole chart", [](MasterDialog&) { return wholeChartOfAccounts(); }),
-          printAccounts("Selected type", chosenType), printAccounts("Selected sub type", chosenSubType)};
-}
-
-std::vector<MasterPrint> accountsOfTypePrints(int type, const std::string& caption) {
-  return {printAccounts(caption, [type](MasterDialog&) { return accountsOfType(type); })};
-}
 
 std::vector<MasterPrint> inventoryPrints() {
   const Hierarchy whole = [](MasterDialog&) { return wholeInventory(); };
