@@ -7,11 +7,11 @@
 #include "frame/party_balance.h"
 #include "large_company_folder.h"
 #include "reports/balances_statements.h"
-#include "reports/closing_stock.h"
 #include "reports/ledger_statements.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
 #include "store/recordset.h"
+#include "valuation/closing_stock.h"
 
 namespace velmo::bench {
 namespace {
@@ -73,8 +73,8 @@ void TrialBalance(benchmark::State& state) {
     twoPlain.measure([&] { theirs = plain.read(two, "Debits"); });
     requireSame(ours, theirs);
     customers.measure([&] { benchmark::DoNotOptimize(books.read(type, "CBalance")); });
-    stock.measure([&] { ours = reports::closingStockValue(books.connection, 1, to); });
-    stockPlain.measure([&] { theirs = reports::closingStockValue(plain.connection, 1, to); });
+    stock.measure([&] { ours = valuation::closingStockValue(books.connection, 1, to); });
+    stockPlain.measure([&] { theirs = valuation::closingStockValue(plain.connection, 1, to); });
     requireSame(ours, theirs);
   }
   const auto counter = [&](const char* name, double value) { state.counters[name] = value; };

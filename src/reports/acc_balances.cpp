@@ -6,7 +6,7 @@
 #include "reports/account_filters.h"
 #include "reports/balances_rows.h"
 #include "reports/balances_screen.h"
-#include "reports/closing_stock.h"
+#include "valuation/closing_stock.h"
 
 namespace velmo::reports {
 namespace {
@@ -47,8 +47,8 @@ using Settled = std::shared_ptr<std::optional<SettledAccounts>>;
 void loadBalances(ReportScreen& screen, const Settled& settled) {
   session::LoginContext& context = screen.workplace().context;
   const BalancePeriod period = balancePeriod(screen);
-  context.Costs.settle(context);
-  postClosingStock(context.KORDconn, context.FYID, period.to);
+  context.Costs.settle(context.KORDconn, context.FYID, context.FinancialYearEnd);
+  valuation::postClosingStock(context.KORDconn, context.FYID, period.to);
   const AccountChoice choice = choiceOf(screen.filters());
   settled->reset();
   if (std::holds_alternative<AllAccounts>(choice)) *settled = settledAccounts(context.KORDconn, period);

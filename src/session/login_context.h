@@ -4,10 +4,10 @@
 #include <string>
 
 #include "schema/company_schema.h"
-#include "session/weighted_cost.h"
 #include "store/connection.h"
 #include "store/recordset.h"
 #include "text/date_time.h"
+#include "valuation/weighted_cost.h"
 
 namespace velmo::session {
 
@@ -60,7 +60,7 @@ struct LoginContext {
   int PrintKind = 0;
   int ReportKind = 0;
   store::Recordset ReportRS;
-  YearEndCosts Costs;  // armed by the screens that value stock when they open
+  valuation::YearEndCosts Costs;  // armed by the screens that value stock when they open
 };
 
 }  // namespace velmo::session

@@ -163,7 +163,7 @@ void Parent::computeCosts() {
   if (!context_->KORDconn.isOpen() || context_->KORDconn.refusesWriting()) return;
   if (context_->KORDconn.inTransaction()) return costTimer_->start();
   try {
-    context_->Costs.settle(*context_);
+    context_->Costs.settle(context_->KORDconn, context_->FYID, context_->FinancialYearEnd);
   } catch (const store::StoreError& failure) {
     surroundings_.prompts.tell("Cannot Compute Costs", failure.what());
   }

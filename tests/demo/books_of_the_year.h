@@ -8,7 +8,6 @@
 #include "frame/report_rows.h"
 #include "own_books.h"
 #include "reports/balances_statements.h"
-#include "reports/closing_stock.h"
 #include "reports/ledger_rows.h"
 #include "reports/ledger_statements.h"
 #include "reports/ledgers_data.h"
@@ -16,6 +15,7 @@
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
 #include "store/recordset.h"
+#include "valuation/closing_stock.h"
 
 namespace velmo::reports {
 
@@ -148,7 +148,7 @@ class BooksOfTheYear : public testing::Test {
 
   // Both forms of the trial balance, after the closing stock has been counted as their screen does.
   Lines inTrialBalance(const BalancePeriod& period) {
-    postClosingStock(connection, year, period.to);
+    valuation::postClosingStock(connection, year, period.to);
     own = test::workOut(*plain, true);
     Lines wantedSix, wantedTwo, differences;
     for (const auto& [account, postings] : own.ledgers) {

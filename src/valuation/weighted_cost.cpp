@@ -1,15 +1,14 @@
-#include "session/weighted_cost.h"
+#include "valuation/weighted_cost.h"
 
 #include <algorithm>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
-#include "session/login_context.h"
 #include "store/recordset.h"
 #include "text/number.h"
 
-namespace velmo::session {
+namespace velmo::valuation {
 namespace {
 
 // The four kinds of receipts beside the opening stock: two of purchases, production, adjustments in.
@@ -86,10 +85,10 @@ void YearEndCosts::arm() {
   if (onArmed) onArmed();
 }
 
-void YearEndCosts::settle(LoginContext& context) {
+void YearEndCosts::settle(store::Connection& connection, int fyid, const text::DateTime& yearEnd) {
   if (!armed_) return;
   armed_ = false;
-  computeWeightedCosts(context.KORDconn, context.FYID, {.day = context.FinancialYearEnd}, ItemCost::AtClosing);
+  computeWeightedCosts(connection, fyid, {.day = yearEnd}, ItemCost::AtClosing);
 }
 
-}  // namespace velmo::session
+}  // namespace velmo::valuation

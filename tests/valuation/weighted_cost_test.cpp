@@ -1,11 +1,11 @@
-#include "session/weighted_cost.h"
 
 #include <map>
 
 #include "session/login_context.h"
 #include "support/new_company.h"
+#include "valuation/weighted_cost.h"
 
-namespace velmo::session {
+namespace velmo::valuation {
 namespace {
 
 using text::DateTime;
@@ -62,7 +62,7 @@ class WeightedCost : public testing::Test {
 
   int last = 5000;
   test::NewCompany company;
-  LoginContext context{schema::companyCatalog()};
+  session::LoginContext context{schema::companyCatalog()};
 };
 
 TEST_F(WeightedCost, AveragesTheReceiptsOfTheYear) {
@@ -135,10 +135,10 @@ TEST_F(WeightedCost, IsThatOfTheDayUntilTheYearEndIsComputedAgain) {
   EXPECT_EQ(costUpTo({DateTime::fromCalendar(2026, 2, 1), Before}, ItemCost::AtOpening), 100)
       << "before the first receipt the old cost stays";
   EXPECT_EQ(cost("A"), 100);
-  context.Costs.settle(context);
+  context.Costs.settle(context.KORDconn, context.FYID, context.FinancialYearEnd);
   EXPECT_EQ(cost("A"), 100) << "nobody asked for it";
   context.Costs.arm();
-  context.Costs.settle(context);
+  context.Costs.settle(context.KORDconn, context.FYID, context.FinancialYearEnd);
   EXPECT_EQ(cost("A"), 175);
   EXPECT_FALSE(context.Costs.areArmed());
 }
@@ -169,9 +169,9 @@ TEST_F(WeightedCost, WritesOnlyWhatDiffersAndAllOrNothing) {
   store::Connection::Transaction another(context.KORDconn);
   EXPECT_THROW(compute(), store::StoreError);
   context.Costs.arm();
-  EXPECT_THROW(context.Costs.settle(context), store::StoreError);
+  EXPECT_THROW(context.Costs.settle(context.KORDconn, context.FYID, context.FinancialYearEnd), store::StoreError);
   EXPECT_FALSE(context.Costs.areArmed()) << "a failed run does not come back with every screen";
 }
 
 }  // namespace
-}  // namespace velmo::session
+}  // namespace velmo::valuation

@@ -1,10 +1,10 @@
-#include "reports/closing_stock.h"
 
 #include <gtest/gtest.h>
 
 #include "reports/balances_company.h"
+#include "valuation/closing_stock.h"
 
-namespace velmo::reports {
+namespace velmo::valuation {
 namespace {
 
 class ClosingStock : public testing::Test, protected test::BalancesCompany {
@@ -72,4 +72,4 @@ TEST_F(ClosingStock, LeavesEverythingElseAsItIs) {
 }
 
 }  // namespace
-}  // namespace velmo::reports
+}  // namespace velmo::valuation

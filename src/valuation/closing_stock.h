@@ -3,7 +3,7 @@
 #include "store/connection.h"
 #include "text/date_time.h"
 
-namespace velmo::reports {
+namespace velmo::valuation {
 
 // What the goods that were there at the end of a day of the year are worth, at the items' closing cost. Services are no
 // goods. Throws StoreError.
@@ -14,4 +14,4 @@ double closingStockValue(store::Connection& connection, int fyid, const text::Da
 // StoreError, of kind Misuse within a transaction.
 void postClosingStock(store::Connection& connection, int fyid, const text::DateTime& day);
 
-}  // namespace velmo::reports
+}  // namespace velmo::valuation

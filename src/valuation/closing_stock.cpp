@@ -1,4 +1,4 @@
-#include "reports/closing_stock.h"
+#include "valuation/closing_stock.h"
 
 #include <string>
 
@@ -7,7 +7,7 @@
 #include "text/decimal_sum.h"
 #include "text/number.h"
 
-namespace velmo::reports {
+namespace velmo::valuation {
 namespace {
 
 constexpr std::int64_t inventory = 13001001;
@@ -57,4 +57,4 @@ void postClosingStock(store::Connection& connection, int fyid, const text::DateT
   transaction.commit();
 }
 
-}  // namespace velmo::reports
+}  // namespace velmo::valuation

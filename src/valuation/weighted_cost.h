@@ -5,9 +5,7 @@
 #include "store/connection.h"
 #include "text/date_time.h"
 
-namespace velmo::session {
-
-struct LoginContext;
+namespace velmo::valuation {
 
 // Which of the two costs of an item: that at the closing day, which every report and proposed rate reads, or that at
 // the opening of a reporting period.
@@ -32,9 +30,8 @@ class YearEndCosts {
  public:
   void arm();
   bool areArmed() const { return armed_; }
-  void disarm() { armed_ = false; }
-  // Computes the costs when they are armed, and disarms. Throws StoreError, and is disarmed then too.
-  void settle(LoginContext& context);
+  // Computes the costs up to the end of the year when they are armed, and disarms. Throws StoreError, and is disarmed then too.
+  void settle(store::Connection& connection, int fyid, const text::DateTime& yearEnd);
 
   std::function<void()> onArmed = {};  // the shell starts its timer
 
@@ -42,4 +39,4 @@ class YearEndCosts {
   bool armed_ = false;
 };
 
-}  // namespace velmo::session
+}  // namespace velmo::valuation
