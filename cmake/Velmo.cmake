@@ -49,14 +49,10 @@ if(VELMO_TESTS)
 endif()
 
 # velmo_library(<folder> [WIDGETS] DEPENDS <targets...>): the static library velmo_<folder> from every .cpp of the
-# current folder and those below it that have no CMakeLists.txt of their own.
+# current folder and of the rooms below it.
 function(velmo_library name)
-  cmake_parse_arguments(LIB "WIDGETS" "" "DEPENDS;SUBFOLDERS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h *.qrc)
-  foreach(folder ${LIB_SUBFOLDERS})
-    file(GLOB more CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
-    list(APPEND sources ${more})
-  endforeach()
+  cmake_parse_arguments(LIB "WIDGETS" "" "DEPENDS" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h *.qrc)
   if(NOT sources)
     add_library(velmo_${name} INTERFACE)
     target_link_libraries(velmo_${name} INTERFACE ${LIB_DEPENDS})
@@ -81,18 +77,17 @@ function(velmo_library name)
 endfunction()
 
 # velmo_tests(<folder> [WIDGETS | DISPLAY] DEPENDS <targets...>): the executable <folder>_tests from
-# tests/<folder>/*.cpp, offscreen when it shows widgets. With DISPLAY it has a main function, which finds the tests a
+# tests/<folder>/ and the rooms below it, offscreen when it shows widgets. With DISPLAY it has a main function, which finds the tests a
 # display, and each of them runs alone.
 function(velmo_tests name)
   cmake_parse_arguments(TST "WIDGETS;DISPLAY" "" "DEPENDS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${name}/*.cpp ${name}/*.h)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${name}/*.cpp ${name}/*.h)
   if(NOT sources)
     return()
   endif()
   add_executable(${name}_tests ${sources})
   target_link_libraries(${name}_tests PRIVATE ${TST_DEPENDS} velmo_options GTest::gmock)
   target_include_directories(${name}_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
-  target_compile_definitions(${name}_tests PRIVATE VELMO_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/${name}")
   set(alone FALSE)
   if(TST_WIDGETS OR TST_DISPLAY)
     if(TST_DISPLAY)
