@@ -7,13 +7,13 @@
 #include <QShortcut>
 #include <algorithm>
 
-#include "export/save_as_spreadsheet.h"
 #include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/stop_listening.h"
 #include "forms/table_view.h"
 #include "frame/grid_table.h"
 #include "frame/wait_cursor.h"
+#include "spreadsheet/save_as_spreadsheet.h"
 #include "text/number.h"
 
 namespace velmo::frame {

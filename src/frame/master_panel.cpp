@@ -5,12 +5,12 @@
 #include <QTableView>
 #include <stdexcept>
 
-#include "export/save_as_spreadsheet.h"
 #include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/recordset_model.h"
 #include "forms/stop_listening.h"
 #include "forms/table_view.h"
+#include "spreadsheet/save_as_spreadsheet.h"
 #include "store/connection.h"
 
 // What a level of a master dialog does; how it is laid out stands in master_panel_layout.cpp.

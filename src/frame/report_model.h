@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "export/table_rows.h"
 #include "forms/recordset_model.h"
 #include "frame/report_rows.h"
+#include "spreadsheet/table_rows.h"
 #include "text/decimal_sum.h"
 
 namespace velmo::frame {

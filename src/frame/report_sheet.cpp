@@ -1,9 +1,9 @@
 #include "frame/report_sheet.h"
 
-#include "export/save_as_spreadsheet.h"
 #include "forms/table_view.h"
 #include "frame/report_model.h"
 #include "frame/report_screen.h"
+#include "spreadsheet/save_as_spreadsheet.h"
 
 namespace velmo::frame {
 namespace {

@@ -5,10 +5,10 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "export/save_as_spreadsheet.h"
 #include "forms/look.h"
 #include "forms/stop_listening.h"
 #include "forms/table_view.h"
+#include "spreadsheet/save_as_spreadsheet.h"
 
 namespace velmo::masters {
 namespace {

@@ -9,13 +9,13 @@
 #include <QStandardPaths>
 #include <QTableView>
 
-#include "export/save_as_spreadsheet.h"
-#include "export/table_rows.h"
 #include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/table_view.h"
 #include "forms/work_progress.h"
 #include "masters/sheet_preview.h"
+#include "spreadsheet/save_as_spreadsheet.h"
+#include "spreadsheet/table_rows.h"
 
 namespace velmo::masters {
 namespace {

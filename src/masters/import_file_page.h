@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <memory>
 
-#include "export/sheet_reader.h"
 #include "masters/import_kind.h"
 #include "session/workplace.h"
+#include "spreadsheet/sheet_reader.h"
 
 class QComboBox;
 class QGridLayout;

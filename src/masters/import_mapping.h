@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "export/sheet.h"
 #include "masters/import_kind.h"
+#include "spreadsheet/sheet.h"
 
 namespace velmo::masters {
 

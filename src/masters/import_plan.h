@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "export/sheet.h"
 #include "masters/import_books.h"
 #include "masters/import_mapping.h"
+#include "spreadsheet/sheet.h"
 #include "store/value.h"
 
 namespace velmo::masters {

@@ -3,8 +3,8 @@
 #include <optional>
 #include <string>
 
-#include "export/sheet.h"
 #include "masters/import_mapping.h"
+#include "spreadsheet/sheet.h"
 
 // What the cells of a file mean to the books.
 namespace velmo::masters {

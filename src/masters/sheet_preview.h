@@ -3,7 +3,7 @@
 #include <QAbstractTableModel>
 #include <memory>
 
-#include "export/sheet.h"
+#include "spreadsheet/sheet.h"
 
 namespace velmo::masters {
 

@@ -9,12 +9,12 @@
 #include <QScrollBar>
 #include <array>
 
-#include "export/save_as_spreadsheet.h"
 #include "forms/caption.h"
 #include "forms/figure_fit.h"
 #include "forms/look.h"
 #include "forms/table_view.h"
 #include "frame/wait_cursor.h"
+#include "spreadsheet/save_as_spreadsheet.h"
 #include "text/decimal_sum.h"
 #include "text/format.h"
 #include "vouchers/pending_items.h"

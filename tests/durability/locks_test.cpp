@@ -12,13 +12,13 @@
 #include <span>
 #include <sstream>
 
-#include "export/sheet_reader.h"
-#include "export/sheet_writer.h"
 #include "forms/file_dialogs.h"
 #include "forms/whole_file.h"
 #include "printing/pieces.h"
 #include "schema/company_file.h"
 #include "shell/logo_file.h"
+#include "spreadsheet/sheet_reader.h"
+#include "spreadsheet/sheet_writer.h"
 #include "store/back_up.h"
 #include "store/recordset.h"
 #include "support/another_program.h"

@@ -11,8 +11,8 @@
 #include <QTableView>
 #include <fstream>
 
-#include "export/sheet_reader.h"
 #include "import_sheets.h"
+#include "spreadsheet/sheet_reader.h"
 #include "support/company_session.h"
 
 namespace velmo::masters {

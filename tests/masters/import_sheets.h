@@ -2,9 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include "export/sheet.h"
 #include "masters/import_mapping.h"
 #include "masters/import_plan.h"
+#include "spreadsheet/sheet.h"
 
 namespace velmo::test {
 

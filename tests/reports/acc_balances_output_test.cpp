@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
 #include "balances_desk.h"
-#include "export/sheet_reader.h"
 #include "reports/acc_balances.h"
+#include "spreadsheet/sheet_reader.h"
 
 namespace velmo::reports {
 namespace {

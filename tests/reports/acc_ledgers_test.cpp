@@ -6,10 +6,10 @@
 #include <QLabel>
 #include <fstream>
 
-#include "export/sheet_reader.h"
 #include "forms/date_picker.h"
 #include "frame/report_screen.h"
 #include "ledger_company.h"
+#include "spreadsheet/sheet_reader.h"
 #include "support/small_disk.h"
 
 namespace velmo::reports {

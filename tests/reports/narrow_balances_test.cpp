@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "balances_desk.h"
-#include "export/sheet_reader.h"
+#include "spreadsheet/sheet_reader.h"
 
 namespace velmo::reports {
 namespace {
