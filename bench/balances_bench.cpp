@@ -10,7 +10,7 @@
 #include "reports/ledger_statements.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "valuation/closing_stock.h"
 
 namespace velmo::bench {

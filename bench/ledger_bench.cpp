@@ -19,7 +19,7 @@
 #include "reports/ledger_statements.h"
 #include "reports/ledgers_print.h"
 #include "reports/running_balances.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::bench {
 namespace {

@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "desk.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "vouchers/pending_items.h"
 
 namespace velmo::bench {

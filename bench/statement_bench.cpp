@@ -6,7 +6,7 @@
 #include "large_company_folder.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "store/sql/compile.h"
 
 namespace velmo::bench {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "session/login_context.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 #include "text/date_time.h"
 
 namespace velmo::documents {

@@ -2,8 +2,8 @@
 
 #include "documents/find_screens.h"
 #include "documents/trade_rules.h"
-#include "store/connection.h"
-#include "store/value.h"
+#include "store/connection/connection.h"
+#include "store/values/value.h"
 
 namespace velmo::documents {
 

@@ -1,7 +1,7 @@
 #include "documents/trade_rules.h"
 
 #include "frame/day_text.h"
-#include "store/value.h"
+#include "store/values/value.h"
 #include "text/blanks.h"
 #include "text/number.h"
 

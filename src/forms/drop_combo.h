@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::forms {
 

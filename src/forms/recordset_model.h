@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "forms/table_column.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::forms {
 

@@ -4,7 +4,7 @@
 #include <QVariant>
 #include <string>
 
-#include "store/value.h"
+#include "store/values/value.h"
 
 namespace velmo::forms {
 

@@ -1,6 +1,6 @@
 #include "forms/whole_file.h"
 
-#include "store/file_check.h"
+#include "store/file/file_check.h"
 
 namespace velmo::forms {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "store/value.h"
+#include "store/values/value.h"
 
 // Between the cells of a sheet and the values behind them.
 namespace velmo::frame {

@@ -1,7 +1,7 @@
 #include "frame/day_text.h"
 
-#include "store/sql/literals.h"
-#include "store/value.h"
+#include "store/sql/parse/literals.h"
+#include "store/values/value.h"
 #include "text/format.h"
 
 namespace velmo::frame {

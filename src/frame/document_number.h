@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "store/connection.h"
-#include "store/recordset.h"
+#include "store/connection/connection.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::frame {
 

@@ -13,7 +13,7 @@
 #include "frame/own_fields.h"
 #include "frame/print_outs.h"
 #include "session/workplace.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 class QHBoxLayout;
 class QLabel;

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::frame {
 

@@ -1,7 +1,7 @@
 #include "frame/document_writer.h"
 
 #include "frame/document_number.h"
-#include "store/add_row.h"
+#include "store/recordset/add_row.h"
 
 namespace velmo::frame {
 

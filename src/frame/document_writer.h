@@ -11,8 +11,8 @@
 #include "frame/header_row.h"
 #include "frame/item_lines.h"
 #include "frame/posting_table.h"
-#include "store/connection.h"
-#include "store/recordset.h"
+#include "store/connection/connection.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::frame {
 

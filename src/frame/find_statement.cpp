@@ -3,7 +3,7 @@
 #include <set>
 
 #include "frame/day_text.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 #include "text/blanks.h"
 #include "text/number.h"
 

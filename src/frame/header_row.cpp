@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "store/names.h"
+#include "store/values/names.h"
 
 namespace velmo::frame {
 

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "store/recordset.h"
-#include "store/value.h"
+#include "store/recordset/recordset.h"
+#include "store/values/value.h"
 #include "text/date_time.h"
 
 namespace velmo::frame {

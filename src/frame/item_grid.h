@@ -8,7 +8,7 @@
 #include "frame/item_sheet.h"
 #include "frame/sheet_grid.h"
 #include "session/workplace.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 class QToolButton;
 

@@ -1,6 +1,6 @@
 #include "frame/item_history.h"
 
-#include "store/value.h"
+#include "store/values/value.h"
 #include "text/decimal_sum.h"
 
 namespace velmo::frame {

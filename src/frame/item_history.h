@@ -7,8 +7,8 @@
 
 #include "frame/item_grid_kind.h"
 #include "frame/pick_list.h"
-#include "store/connection.h"
-#include "store/recordset.h"
+#include "store/connection/connection.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::frame {
 

@@ -1,6 +1,6 @@
 #include "frame/item_lines.h"
 
-#include "store/value.h"
+#include "store/values/value.h"
 
 namespace velmo::frame {
 

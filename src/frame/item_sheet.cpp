@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "frame/cell_text.h"
-#include "store/value.h"
+#include "store/values/value.h"
 #include "text/blanks.h"
 #include "text/decimal_sum.h"
 #include "text/number.h"

@@ -11,7 +11,7 @@
 #include "frame/item_rules.h"
 #include "frame/line_arithmetic.h"
 #include "session/workplace.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::frame {
 

@@ -5,7 +5,7 @@
 
 #include "frame/sheet_rows.h"
 #include "session/workplace.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::frame {
 

@@ -6,7 +6,7 @@
 
 #include "frame/account_code_box.h"
 #include "frame/master_type.h"
-#include "store/value.h"
+#include "store/values/value.h"
 
 class QCheckBox;
 class QLineEdit;

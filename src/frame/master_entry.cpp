@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "store/connection.h"
+#include "store/connection/connection.h"
 #include "text/blanks.h"
 #include "text/number.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "session/workplace.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::frame {
 

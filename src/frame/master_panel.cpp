@@ -11,7 +11,7 @@
 #include "forms/stop_listening.h"
 #include "forms/table_view.h"
 #include "spreadsheet/save_as_spreadsheet.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 // What a level of a master dialog does; how it is laid out stands in master_panel_layout.cpp.
 namespace velmo::frame {

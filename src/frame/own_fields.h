@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "frame/document_type.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "text/date_time.h"
 
 namespace velmo::frame {

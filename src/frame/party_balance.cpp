@@ -1,6 +1,6 @@
 #include "frame/party_balance.h"
 
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::frame {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::frame {
 

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <limits>
 
-#include "store/text_rows.h"
+#include "store/recordset/text_rows.h"
 
 namespace velmo::frame {
 namespace {
@@ -66,7 +66,7 @@ void PickList::narrow(std::string_view typed) {
     return;
   }
   if (isPlain(typed)) {
-    search.literal = store::sql::foldedText(typed);
+    search.literal = text::foldedText(typed);
     search.among = foundWithin(search.literal);
   } else {
     search.literal = rarestLiteral(typed);
@@ -98,7 +98,7 @@ void PickList::read() {
   const std::string fields[] = {source_.displayColumn, source_.keyColumn};
   store::readTexts(connection_, source_.statement(), fields, [this](std::span<const std::string_view> texts) {
     displays_.append(texts[0]);
-    store::sql::appendFolded(folded_.buffer, texts[0]);
+    text::appendFolded(folded_.buffer, texts[0]);
     folded_.ends.push_back(static_cast<std::uint32_t>(folded_.buffer.size()));
     keys_.append(texts[1]);
     longestKey_ = std::max(longestKey_, static_cast<int>(texts[1].size()));
@@ -117,7 +117,7 @@ std::string PickList::rarestLiteral(std::string_view typed) const {
   };
   std::string rarest;
   for (const std::string_view literal : literalsOf(typed)) {
-    std::string folded = store::sql::foldedText(literal);
+    std::string folded = text::foldedText(literal);
     if (rarest.empty() || order(folded) < order(rarest)) rarest = std::move(folded);
   }
   return rarest;

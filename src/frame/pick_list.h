@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "store/connection.h"
-#include "store/sql/like.h"
+#include "store/connection/connection.h"
+#include "text/like.h"
 
 namespace velmo::frame {
 
@@ -71,7 +71,7 @@ class PickList {
   // A search under way.
   struct Search {
     std::string literal;                              // folded; what an entry must hold, "" for nothing
-    std::optional<store::sql::LikePattern> rest;      // what it must match besides
+    std::optional<text::LikePattern> rest;      // what it must match besides
     std::optional<std::vector<std::uint32_t>> among;  // the only entries to look at; nothing: all
     std::size_t next = 0;                             // the first of them that was not looked at
     std::vector<std::uint32_t> found;

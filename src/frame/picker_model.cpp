@@ -4,7 +4,7 @@
 #include "forms/look.h"
 #include "forms/shown_part.h"
 #include "frame/picker_screen.h"
-#include "store/sql/like.h"
+#include "text/like.h"
 
 namespace velmo::frame {
 namespace {
@@ -44,7 +44,7 @@ void PickerModel::narrow(const std::string& typed) {
   // A typed wildcard must not reach from one column into the next.
   const bool isPlain = typed.find_first_of("%_[\t") == std::string::npos;
   const bool fitsAll = typed.find_first_not_of('%') == std::string::npos;
-  if (!isPlain && !fitsAll) within_.emplace(store::sql::LikePattern("%" + typed + "%"));
+  if (!isPlain && !fitsAll) within_.emplace(text::LikePattern("%" + typed + "%"));
   found_ = handedOut_ = foundUpTo(portion);
   endResetModel();
 }

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "frame/posting_table.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::frame {
 

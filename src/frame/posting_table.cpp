@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "store/value.h"
+#include "store/values/value.h"
 #include "text/decimal_sum.h"
 #include "text/format.h"
 #include "text/number.h"

@@ -3,7 +3,7 @@
 #include <map>
 #include <string>
 
-#include "store/error.h"
+#include "store/values/error.h"
 
 namespace velmo::frame {
 namespace {

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "printing/report_data.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::frame {
 

@@ -2,7 +2,7 @@
 
 #include "frame/account_code_box.h"
 #include "frame/document_body.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 class QLineEdit;
 class QPushButton;

@@ -1,7 +1,7 @@
 #include "masters/catalogue_levels.h"
 
 #include "frame/master_dialog.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 #include "text/number.h"
 
 namespace velmo::masters {

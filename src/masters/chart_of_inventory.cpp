@@ -2,7 +2,7 @@
 
 #include "frame/master_dialog.h"
 #include "frame/picker_screen.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::masters {
 namespace {

@@ -1,6 +1,6 @@
 #include "masters/code_series.h"
 
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::masters {
 namespace {

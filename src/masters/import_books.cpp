@@ -1,7 +1,7 @@
 #include "masters/import_books.h"
 
 #include "masters/import_values.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::masters {
 namespace {
@@ -46,12 +46,12 @@ void readCatalogue(store::Connection& connection, ImportBooks& books) {
 }  // namespace
 
 std::string foldedName(const std::string& text) {
-  return store::sql::foldedText(cleanText(text));
+  return text::foldedText(cleanText(text));
 }
 
-std::optional<store::sql::LikePattern> wildcardsOf(const std::string& code) {
-  if (store::sql::escapedPattern(code) == code) return std::nullopt;
-  return store::sql::LikePattern(code);
+std::optional<text::LikePattern> wildcardsOf(const std::string& code) {
+  if (text::escapedPattern(code) == code) return std::nullopt;
+  return text::LikePattern(code);
 }
 
 NameLookup::NameLookup(std::vector<NamedRow> rows) {

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "masters/import_kind.h"
-#include "store/connection.h"
-#include "store/sql/like.h"
+#include "store/connection/connection.h"
+#include "text/like.h"
 
 namespace velmo::masters {
 
@@ -24,7 +24,7 @@ struct NamedRow {
 std::string foldedName(const std::string& text);
 
 // Of a code with wildcards, which counts as taken when a code is like it; nothing of other codes.
-std::optional<store::sql::LikePattern> wildcardsOf(const std::string& code);
+std::optional<text::LikePattern> wildcardsOf(const std::string& code);
 
 // Rows found by what a person writes: the code, the name, or both as the lists show them ("12001  Trade Customers").
 class NameLookup {

@@ -1,7 +1,7 @@
 #include "masters/import_codes.h"
 
 #include "masters/code_series.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::masters {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "masters/import_plan.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::masters {
 

@@ -8,7 +8,7 @@
 #include "masters/import_books.h"
 #include "masters/import_mapping.h"
 #include "spreadsheet/sheet.h"
-#include "store/value.h"
+#include "store/values/value.h"
 
 namespace velmo::masters {
 

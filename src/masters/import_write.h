@@ -1,7 +1,7 @@
 #pragma once
 
 #include "masters/import_plan.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::masters {
 

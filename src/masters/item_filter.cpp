@@ -6,7 +6,7 @@
 
 #include "forms/drop_combo.h"
 #include "frame/grid_editor.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::masters {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "forms/caption.h"
 #include "frame/grid_editor.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::masters {
 namespace {

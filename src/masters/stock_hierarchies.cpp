@@ -1,6 +1,6 @@
 #include "masters/stock_hierarchies.h"
 
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::masters {
 

@@ -2,7 +2,7 @@
 
 #include "printing/report.h"
 #include "session/login_context.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::masters {
 

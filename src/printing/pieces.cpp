@@ -4,7 +4,7 @@
 #include <numeric>
 #include <stdexcept>
 
-#include "store/open_database.h"
+#include "store/file/open_database.h"
 
 namespace velmo::printing {
 

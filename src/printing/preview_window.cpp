@@ -16,7 +16,7 @@
 #include "forms/stop_listening.h"
 #include "printing/pdf_writer.h"
 #include "printing/printer.h"
-#include "store/error.h"
+#include "store/values/error.h"
 
 namespace velmo::printing {
 

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "store/error.h"
+#include "store/values/error.h"
 
 namespace velmo::printing {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "printing/report_data.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::printing {
 

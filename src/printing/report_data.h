@@ -3,7 +3,7 @@
 #include <memory>
 #include <string_view>
 
-#include "store/value.h"
+#include "store/values/value.h"
 
 namespace velmo::printing {
 

@@ -1,6 +1,6 @@
 #include "printing/vector_data.h"
 
-#include "store/error.h"
+#include "store/values/error.h"
 
 namespace velmo::printing {
 

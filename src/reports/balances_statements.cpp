@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::reports {
 namespace {

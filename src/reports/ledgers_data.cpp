@@ -1,7 +1,7 @@
 #include "reports/ledgers_data.h"
 
-#include "store/error.h"
-#include "store/names.h"
+#include "store/values/error.h"
+#include "store/values/names.h"
 
 namespace velmo::reports {
 namespace {

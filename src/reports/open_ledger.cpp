@@ -1,6 +1,6 @@
 #include "reports/ledger_rows.h"
 #include "reports/ledger_statements.h"
-#include "store/forward_reader.h"
+#include "store/recordset/forward_reader.h"
 
 namespace velmo::reports {
 namespace {

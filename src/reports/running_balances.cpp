@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "frame/report_period.h"
-#include "store/forward_reader.h"
-#include "store/recordset.h"
-#include "store/rewrite_rows.h"
+#include "store/connection/rewrite_rows.h"
+#include "store/recordset/forward_reader.h"
+#include "store/recordset/recordset.h"
 #include "text/decimal_sum.h"
 
 namespace velmo::reports {

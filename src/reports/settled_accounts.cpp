@@ -1,6 +1,6 @@
 #include "reports/settled_accounts.h"
 
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "text/decimal_sum.h"
 
 namespace velmo::reports {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "reports/balances_statements.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::reports {
 

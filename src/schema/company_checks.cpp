@@ -1,7 +1,7 @@
 #include "schema/company_checks.h"
 
-#include "store/forward_reader.h"
-#include "store/soundness.h"
+#include "store/checks/soundness.h"
+#include "store/recordset/forward_reader.h"
 
 namespace velmo::schema {
 namespace {

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "store/connection.h"
-#include "store/finding.h"
+#include "store/checks/finding.h"
+#include "store/connection/connection.h"
 
 // What is looked at in a company's file beside the work. A further check is one more entry in companyChecks().
 namespace velmo::schema {

@@ -10,12 +10,12 @@
 #include "schema/first_rows.h"
 #include "schema/login_rows.h"
 #include "schema/upgrades.h"
-#include "store/connection_string.h"
-#include "store/error.h"
-#include "store/file_identity.h"
-#include "store/soundness.h"
-#include "store/upgrade.h"
-#include "store/work_file.h"
+#include "store/checks/soundness.h"
+#include "store/connection/connection_string.h"
+#include "store/file/work_file.h"
+#include "store/upkeep/database_file.h"
+#include "store/upkeep/upgrade.h"
+#include "store/values/error.h"
 
 namespace velmo::schema {
 namespace {

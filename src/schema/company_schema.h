@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/catalog.h"
+#include "store/values/catalog.h"
 
 namespace velmo::schema {
 

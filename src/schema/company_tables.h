@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "store/catalog.h"
+#include "store/values/catalog.h"
 
 // The company's tables by subject. A relation stands only where no screen ever writes a key without a parent: documents
 // keep 0 or null where they name no employee, job or location, so those columns are not related.

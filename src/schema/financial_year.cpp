@@ -1,6 +1,6 @@
 #include "schema/financial_year.h"
 
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "text/format.h"
 
 namespace velmo::schema {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/connection.h"
+#include "store/connection/connection.h"
 #include "text/date_time.h"
 
 namespace velmo::schema {

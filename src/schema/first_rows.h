@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/connection.h"
+#include "store/connection/connection.h"
 #include "text/date_time.h"
 
 // What an empty company starts with. Each function writes the rows of one subject and expects its tables empty.

@@ -1,5 +1,5 @@
 #include "schema/first_rows.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::schema {
 namespace {

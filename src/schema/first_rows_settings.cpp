@@ -1,6 +1,6 @@
 #include "schema/currencies_of_the_world.h"
 #include "schema/first_rows.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::schema {
 namespace {

@@ -1,7 +1,7 @@
 #include "schema/login_rows.h"
 
-#include "store/error.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
+#include "store/values/error.h"
 
 namespace velmo::schema {
 

@@ -3,10 +3,10 @@
 #include <sqlite3.h>
 
 #include "schema/company_schema.h"
-#include "store/connection.h"
-#include "store/kept_totals.h"
-#include "store/sqlite_error.h"
-#include "store/table_sql.h"
+#include "store/connection/connection.h"
+#include "store/sqlite/kept_totals.h"
+#include "store/sqlite/sqlite_error.h"
+#include "store/sqlite/table_sql.h"
 
 namespace velmo::schema {
 namespace {

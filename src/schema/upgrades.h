@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "store/upgrade.h"
+#include "store/upkeep/upgrade.h"
 
 namespace velmo::schema {
 

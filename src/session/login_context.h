@@ -4,8 +4,8 @@
 #include <string>
 
 #include "schema/company_schema.h"
-#include "store/connection.h"
-#include "store/recordset.h"
+#include "store/connection/connection.h"
+#include "store/recordset/recordset.h"
 #include "text/date_time.h"
 #include "valuation/weighted_cost.h"
 

@@ -1,6 +1,6 @@
 #include "session/settings.h"
 
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::session {
 namespace {

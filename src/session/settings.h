@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 // How the company and its users work at their screens, kept in its file. The names are the program's own.
 namespace velmo::session {

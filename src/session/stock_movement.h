@@ -1,7 +1,7 @@
 #pragma once
 
 #include "session/login_context.h"
-#include "store/value.h"
+#include "store/values/value.h"
 
 namespace velmo::session {
 

@@ -2,7 +2,7 @@
 
 #include "schema/company_schema.h"
 #include "session/settings.h"
-#include "store/copy_pages.h"
+#include "store/upkeep/copy_pages.h"
 #include "text/format.h"
 
 namespace velmo::shell {

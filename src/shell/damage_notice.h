@@ -7,8 +7,8 @@
 #include "schema/company_file.h"
 #include "session/clock.h"
 #include "session/prompts.h"
-#include "store/connection.h"
-#include "store/finding.h"
+#include "store/checks/finding.h"
+#include "store/connection/connection.h"
 
 namespace velmo::shell {
 

@@ -5,7 +5,7 @@
 
 #include "schema/company_file.h"
 #include "session/settings.h"
-#include "store/connection_string.h"
+#include "store/connection/connection_string.h"
 #include "text/format.h"
 
 namespace velmo::shell {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "session/workplace.h"
-#include "store/back_up.h"
+#include "store/upkeep/back_up.h"
 
 namespace velmo::shell {
 

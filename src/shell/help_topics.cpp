@@ -3,7 +3,7 @@
 #include <QMessageBox>
 #include <optional>
 
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::shell {
 namespace {

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "schema/company_schema.h"
-#include "store/check_round.h"
-#include "store/file_identity.h"
+#include "store/checks/check_round.h"
+#include "store/upkeep/database_file.h"
 
 namespace velmo::shell {
 namespace {

@@ -4,7 +4,7 @@
 #include <QImageReader>
 
 #include "forms/whole_file.h"
-#include "store/open_database.h"
+#include "store/file/open_database.h"
 
 namespace velmo::shell {
 namespace {

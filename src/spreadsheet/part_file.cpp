@@ -7,8 +7,8 @@
 #include <cstring>
 #include <utility>
 
-#include "store/file_check.h"
-#include "store/work_file.h"
+#include "store/file/file_check.h"
+#include "store/file/work_file.h"
 
 namespace velmo::spreadsheet {
 namespace {

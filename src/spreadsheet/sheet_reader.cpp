@@ -4,7 +4,7 @@
 
 #include "spreadsheet/ods_reader.h"
 #include "spreadsheet/xlsx_reader.h"
-#include "store/open_database.h"
+#include "store/file/open_database.h"
 
 namespace velmo::spreadsheet {
 namespace {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "forms/recordset_model.h"
-#include "store/value.h"
+#include "store/values/value.h"
 
 namespace velmo::spreadsheet {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "store/forward_reader.h"
-#include "store/recordset.h"
+#include "store/recordset/forward_reader.h"
+#include "store/recordset/recordset.h"
 #include "text/decimal_sum.h"
 #include "text/number.h"
 

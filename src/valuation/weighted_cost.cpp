@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "text/number.h"
 
 namespace velmo::valuation {

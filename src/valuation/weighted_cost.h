@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "store/connection.h"
+#include "store/connection/connection.h"
 #include "text/date_time.h"
 
 namespace velmo::valuation {

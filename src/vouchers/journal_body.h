@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/document_body.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 class QPushButton;
 

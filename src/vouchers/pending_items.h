@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "vouchers/settlement_kind.h"
 
 // The open invoices of a customer, or bills of a vendor: what was invoiced in a year less all that was settled, of

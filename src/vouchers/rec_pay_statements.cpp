@@ -1,6 +1,6 @@
 #include "vouchers/rec_pay_statements.h"
 
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::vouchers {
 

@@ -2,7 +2,7 @@
 
 #include "frame/account_drop_list.h"
 #include "frame/document_body.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "vouchers/settlement_sheet.h"
 #include "vouchers/settlement_writer.h"
 

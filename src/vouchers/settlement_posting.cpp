@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "store/value.h"
+#include "store/values/value.h"
 #include "text/decimal_sum.h"
 #include "text/format.h"
 #include "text/number.h"

@@ -7,7 +7,7 @@
 
 #include "frame/sheet_rows.h"
 #include "session/workplace.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "vouchers/settlement_kind.h"
 
 namespace velmo::vouchers {

@@ -14,7 +14,7 @@
 #include "reports/running_balances.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "valuation/closing_stock.h"
 
 namespace velmo::reports {

@@ -7,8 +7,8 @@
 #include "demonstration_folder.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "store/error.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
+#include "store/values/error.h"
 
 namespace velmo::demo {
 namespace {

@@ -19,8 +19,8 @@
 #include "shell/logo_file.h"
 #include "spreadsheet/sheet_reader.h"
 #include "spreadsheet/sheet_writer.h"
-#include "store/back_up.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
+#include "store/upkeep/back_up.h"
 #include "support/another_program.h"
 #include "support/new_company.h"
 

@@ -1,7 +1,7 @@
 #include "masters/import_write.h"
 
 #include "import_sheets.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "support/new_company.h"
 
 namespace velmo::masters {

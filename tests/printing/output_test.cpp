@@ -12,7 +12,7 @@
 #include "printing/printer.h"
 #include "printing/typesetter.h"
 #include "sample_report.h"
-#include "store/error.h"
+#include "store/values/error.h"
 #include "support/small_disk.h"
 
 namespace velmo::printing::test {

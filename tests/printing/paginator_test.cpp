@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "sample_report.h"
-#include "store/error.h"
+#include "store/values/error.h"
 
 namespace velmo::printing::test {
 namespace {

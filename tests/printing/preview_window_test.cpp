@@ -20,7 +20,7 @@
 #include <QWindow>
 
 #include "sample_report.h"
-#include "store/error.h"
+#include "store/values/error.h"
 #include "support/small_disk.h"
 
 namespace velmo::printing::test {

@@ -13,7 +13,7 @@
 #include "reports/ledger_rows.h"
 #include "reports/ledgers_data.h"
 #include "reports/running_balances.h"
-#include "store/kept_totals.h"
+#include "store/sqlite/kept_totals.h"
 #include "support/exact_decimal.h"
 #include "vouchers/pending_items.h"
 

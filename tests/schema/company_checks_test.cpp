@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "schema/new_company.h"
-#include "store/check_round.h"
-#include "store/file_identity.h"
+#include "store/checks/check_round.h"
+#include "store/upkeep/database_file.h"
 #include "support/damage.h"
 
 namespace velmo::schema {

@@ -9,8 +9,8 @@
 #include <iterator>
 
 #include "new_company.h"
-#include "store/connection_string.h"
-#include "store/error.h"
+#include "store/connection/connection_string.h"
+#include "store/values/error.h"
 #include "support/damage.h"
 
 namespace velmo::schema {

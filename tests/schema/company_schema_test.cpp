@@ -4,8 +4,8 @@
 #include <sqlite3.h>
 
 #include "new_company.h"
-#include "store/error.h"
 #include "store/sql/compile.h"
+#include "store/values/error.h"
 
 namespace velmo::schema {
 namespace {

@@ -1,4 +1,4 @@
-#include "store/kept_totals.h"
+#include "store/sqlite/kept_totals.h"
 
 #include <gmock/gmock.h>
 #include <sqlite3.h>
@@ -6,8 +6,8 @@
 #include <random>
 
 #include "schema/new_company.h"
-#include "store/file_identity.h"
 #include "store/sql/compile.h"
+#include "store/upkeep/database_file.h"
 
 namespace velmo::schema {
 namespace {

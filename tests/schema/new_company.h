@@ -6,8 +6,8 @@
 
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "store/connection.h"
-#include "store/recordset.h"
+#include "store/connection/connection.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::test {
 

@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
-#include "store/sql/functions.h"
-#include "store/table_sql.h"
+#include "store/sql/functions/functions.h"
+#include "store/sqlite/table_sql.h"
 
 namespace velmo::test {
 namespace {

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "store/catalog.h"
 #include "store/sql/compile.h"
+#include "store/values/catalog.h"
 
 namespace velmo::test {
 

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "schema/company_schema.h"
-#include "store/kept_totals.h"
+#include "store/sqlite/kept_totals.h"
 
 namespace velmo::test {
 

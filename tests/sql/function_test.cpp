@@ -2,8 +2,8 @@
 
 #include "sql/dialect_store.h"
 #include "sql/dice.h"
-#include "store/connection.h"
-#include "store/sql/like.h"
+#include "store/connection/connection.h"
+#include "text/like.h"
 
 namespace velmo::test {
 namespace {
@@ -164,7 +164,7 @@ TEST(Function, MatchesPatterns) {
       {"ÀÉ", "%àé%", true},   {"\xff\xfe", "%", true}, {"\xff", "_", true},   {"abab", "%ab", true},
   };
   for (const LikeCase& sample : cases) {
-    EXPECT_EQ(store::sql::likeMatches(sample.text, sample.pattern), sample.matches)
+    EXPECT_EQ(text::likeMatches(sample.text, sample.pattern), sample.matches)
         << sample.text << " like " << sample.pattern;
   }
 }
@@ -193,7 +193,7 @@ TEST(Function, FindsAWholeCodeByItsIndexWhateverSignsItHas) {
     std::vector<std::string> found;
     std::vector<std::string> others;
     for (std::size_t i = 0; i < codes.size(); ++i) {
-      const bool same = store::sql::foldedText(codes[i]) == store::sql::foldedText(wanted);
+      const bool same = text::foldedText(codes[i]) == text::foldedText(wanted);
       (same ? found : others).push_back(std::to_string(i + 5));
     }
     const std::string all = "SELECT SaleNo FROM Sales WHERE SaleNo > 4 and ";
@@ -209,9 +209,9 @@ TEST(Function, FindsAWholeCodeByItsIndexWhateverSignsItHas) {
 TEST(Function, ReadsAPatternAsATextOnlyWhereItIsOne) {
   const std::pair<const char*, const char*> plain[] = {
       {"a[[]1]", "a[1]"}, {"[%][_]", "%_"}, {"", ""}, {"É-1", "É-1"}, {"a]", "a]"}};
-  for (const auto& [pattern, text] : plain) EXPECT_EQ(store::sql::plainText(pattern), text) << pattern;
+  for (const auto& [pattern, text] : plain) EXPECT_EQ(text::plainText(pattern), text) << pattern;
   for (const char* pattern : {"a%", "_", "[ab]", "a[", "[]", "[!]", "[%", "[%-]", "[[]a[b]"})
-    EXPECT_EQ(store::sql::plainText(pattern), std::nullopt) << pattern;
+    EXPECT_EQ(text::plainText(pattern), std::nullopt) << pattern;
 
   // More ways to write it than are worth trying: the same rows without the index.
   DialectStore store;

@@ -5,9 +5,9 @@
 #include <stdexcept>
 
 #include "schema/company_schema.h"
-#include "store/kept_totals.h"
-#include "store/sql/functions.h"
-#include "store/table_sql.h"
+#include "store/sql/functions/functions.h"
+#include "store/sqlite/kept_totals.h"
+#include "store/sqlite/table_sql.h"
 #include "text/number.h"
 
 namespace velmo::test {

@@ -1,10 +1,10 @@
-#include "store/sql/tokens.h"
+#include "store/sql/parse/tokens.h"
 
 #include <gtest/gtest.h>
 
 #include "sql/dialect_store.h"
-#include "store/sql/criterion.h"
-#include "store/sql/statement_shape.h"
+#include "store/sql/parse/criterion.h"
+#include "store/sql/parse/statement_shape.h"
 
 namespace velmo::test {
 namespace {

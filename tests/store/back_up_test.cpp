@@ -1,4 +1,4 @@
-#include "store/back_up.h"
+#include "store/upkeep/back_up.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -14,7 +14,7 @@
 #include <thread>
 
 #include "small_shop.h"
-#include "store/work_file.h"
+#include "store/file/work_file.h"
 
 namespace {
 

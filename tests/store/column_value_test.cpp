@@ -1,4 +1,4 @@
-#include "store/column_value.h"
+#include "store/values/column_value.h"
 
 #include <gtest/gtest.h>
 

@@ -4,10 +4,10 @@
 #include <future>
 
 #include "small_shop.h"
-#include "store/back_up.h"
-#include "store/check_round.h"
-#include "store/copy_pages.h"
-#include "store/soundness.h"
+#include "store/checks/check_round.h"
+#include "store/checks/soundness.h"
+#include "store/upkeep/back_up.h"
+#include "store/upkeep/copy_pages.h"
 #include "support/damage.h"
 
 namespace {

@@ -9,7 +9,7 @@
 #include <map>
 
 #include "small_shop.h"
-#include "store/connection_string.h"
+#include "store/connection/connection_string.h"
 
 namespace {
 

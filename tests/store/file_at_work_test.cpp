@@ -5,8 +5,8 @@
 #include <fstream>
 
 #include "small_shop.h"
-#include "store/open_database.h"
-#include "store/work_file.h"
+#include "store/file/open_database.h"
+#include "store/file/work_file.h"
 #include "support/another_program.h"
 
 namespace {

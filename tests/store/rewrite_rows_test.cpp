@@ -1,4 +1,4 @@
-#include "store/rewrite_rows.h"
+#include "store/connection/rewrite_rows.h"
 
 #include <gtest/gtest.h>
 

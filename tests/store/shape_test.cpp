@@ -4,7 +4,7 @@
 #include <random>
 
 #include "small_shop.h"
-#include "store/shape/parse_shape.h"
+#include "store/hierarchy/parse_shape.h"
 
 namespace {
 

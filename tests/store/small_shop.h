@@ -6,9 +6,9 @@
 #include <optional>
 #include <string>
 
-#include "store/connection.h"
-#include "store/file_identity.h"
-#include "store/recordset.h"
+#include "store/connection/connection.h"
+#include "store/recordset/recordset.h"
+#include "store/upkeep/database_file.h"
 
 namespace velmo::test {
 

@@ -1,10 +1,10 @@
-#include "store/upgrade.h"
+#include "store/upkeep/upgrade.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
 #include "small_shop.h"
-#include "store/open_database.h"
+#include "store/file/open_database.h"
 #include "support/another_program.h"
 
 namespace {

@@ -8,7 +8,7 @@
 
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::test {
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "store/value.h"
+#include "store/values/value.h"
 #include "text/number.h"
 
 namespace {

@@ -21,7 +21,7 @@
 #include "shell/application.h"
 #include "shell/main_shell.h"
 #include "shell/screen_windows.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::test {
 namespace {

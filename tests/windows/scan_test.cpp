@@ -14,7 +14,7 @@
 #include "frame/item_sheet.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 #include "windows/person.h"
 
 namespace velmo::test {

@@ -6,8 +6,8 @@
 #include "attack/amount.h"
 #include "attack/risk_places.h"
 #include "frame/document_number.h"
-#include "store/forward_reader.h"
-#include "store/recordset.h"
+#include "store/recordset/forward_reader.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::attack {
 namespace {

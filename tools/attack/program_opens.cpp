@@ -13,9 +13,9 @@
 #include "schema/company_checks.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "store/check_round.h"
-#include "store/copy_pages.h"
-#include "store/file_identity.h"
+#include "store/checks/check_round.h"
+#include "store/upkeep/copy_pages.h"
+#include "store/upkeep/database_file.h"
 
 namespace velmo::attack {
 namespace {

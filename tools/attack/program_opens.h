@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "store/finding.h"
+#include "store/checks/finding.h"
 
 namespace velmo::attack {
 

@@ -6,7 +6,7 @@
 #include "attack/risk_places.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::attack {
 namespace {

@@ -13,7 +13,7 @@
 #include "reports/running_balances.h"
 #include "schema/company_file.h"
 #include "session/login.h"
-#include "store/back_up.h"
+#include "store/upkeep/back_up.h"
 
 namespace velmo::attack {
 namespace {

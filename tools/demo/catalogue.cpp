@@ -5,7 +5,7 @@
 #include "demo_company/bar_code.h"
 #include "demo_company/people.h"
 #include "demo_company/product_families.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::demo {
 namespace {

@@ -1,7 +1,7 @@
 #include "demo_company/company_folder.h"
 
 #include "schema/company_file.h"
-#include "store/error.h"
+#include "store/values/error.h"
 
 namespace velmo::demo {
 

@@ -7,7 +7,7 @@
 #include "demo_company/dice.h"
 #include "demo_company/prepared_insert.h"
 #include "schema/company_schema.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 #include "text/amount_in_words.h"
 
 namespace velmo::demo {

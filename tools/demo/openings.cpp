@@ -2,7 +2,7 @@
 
 #include "demo_company/parties.h"
 #include "demo_company/people.h"
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 #include "text/number.h"
 
 namespace velmo::demo {

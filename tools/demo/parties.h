@@ -1,7 +1,7 @@
 #pragma once
 
 #include "demo_company/dice.h"
-#include "store/connection.h"
+#include "store/connection/connection.h"
 
 namespace velmo::demo {
 

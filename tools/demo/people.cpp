@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "store/recordset.h"
+#include "store/recordset/recordset.h"
 
 namespace velmo::demo {
 namespace {

@@ -1,11 +1,11 @@
 #include "store/sql/compile.h"
 
-#include "store/sql/bind.h"
-#include "store/sql/emit.h"
-#include "store/sql/kept_select.h"
-#include "store/sql/parse.h"
-#include "store/sql/parser_depth.h"
-#include "store/sql/tokens.h"
+#include "store/sql/bind/bind.h"
+#include "store/sql/bind/kept_select.h"
+#include "store/sql/emit/emit.h"
+#include "store/sql/parse/parse.h"
+#include "store/sql/parse/parser_depth.h"
+#include "store/sql/parse/tokens.h"
 
 namespace velmo::store::sql {
 namespace {

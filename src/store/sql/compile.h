@@ -3,7 +3,7 @@
 #include <string_view>
 #include <tl/expected.hpp>
 
-#include "store/sql/statement.h"
+#include "store/sql/parse/statement.h"
 
 // From a statement of the program's dialect to the store's SQL:
 //   tokens (tokens.h) -> tree (syntax.h, parse.h) -> bound tree (bind.h) -> SQL and parameters (emit.h)
