@@ -5,7 +5,7 @@
 #include <QTableView>
 
 #include "desk.h"
-#include "documents/trade_screens.h"
+#include "documents/invoices/trade_screens.h"
 
 namespace velmo::bench {
 namespace {

@@ -5,7 +5,7 @@
 #include <QTableView>
 
 #include "desk.h"
-#include "documents/sale_invoice_type.h"
+#include "documents/invoices/sale_invoice_type.h"
 #include "frame/find_screen.h"
 
 namespace velmo::bench {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <stdexcept>
 
-#include "documents/sale_invoice_type.h"
+#include "documents/invoices/sale_invoice_type.h"
 #include "frame/compose_document.h"
 #include "frame/document_number.h"
 #include "large_company_folder.h"

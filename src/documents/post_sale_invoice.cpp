@@ -1,6 +1,6 @@
 #include "documents/post_sale_invoice.h"
 
-#include "documents/sale_invoice_type.h"
+#include "documents/invoices/sale_invoice_type.h"
 #include "frame/compose_document.h"
 #include "frame/line_arithmetic.h"
 #include "text/format.h"

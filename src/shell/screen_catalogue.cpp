@@ -1,7 +1,7 @@
 #include "shell/screen_catalogue.h"
 
-#include "documents/sale_invoice.h"
-#include "documents/trade_screens.h"
+#include "documents/invoices/sale_invoice.h"
+#include "documents/invoices/trade_screens.h"
 #include "masters/employees.h"
 #include "masters/inv_below_reorder.h"
 #include "masters/inventory_settings.h"

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "documents/sale_invoice.h"
+#include "documents/invoices/sale_invoice.h"
 #include "frame/item_grid.h"
 #include "session/login.h"
 #include "session/workplace.h"

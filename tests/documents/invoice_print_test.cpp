@@ -1,10 +1,10 @@
-#include "documents/invoice_print.h"
+#include "documents/print/invoice_print.h"
 
 #include <QTemporaryDir>
 #include <cmath>
 
 #include "documents/invoice_company.h"
-#include "documents/invoice_design.h"
+#include "documents/print/invoice_design.h"
 #include "printing/page_pictures.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <QComboBox>
 
 #include "documents/invoice_company.h"
-#include "documents/invoice_print.h"
-#include "documents/trade_screens.h"
+#include "documents/invoices/trade_screens.h"
+#include "documents/print/invoice_print.h"
 #include "forms/date_picker.h"
 #include "frame/document_screen.h"
 #include "printing/page_pictures.h"

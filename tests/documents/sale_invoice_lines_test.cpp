@@ -3,8 +3,8 @@
 #include <QTableView>
 
 #include "documents/invoice_company.h"
-#include "documents/purchase_bill_type.h"
-#include "documents/trade_screens.h"
+#include "documents/invoices/purchase_bill_type.h"
+#include "documents/invoices/trade_screens.h"
 #include "support/plain_rows.h"
 
 // Lines without an item, and amounts with more decimals than money has: the total is what the goods on it come to.

@@ -4,7 +4,7 @@
 #include <QTableView>
 
 #include "documents/invoice_company.h"
-#include "documents/trade_screens.h"
+#include "documents/invoices/trade_screens.h"
 #include "frame/payment_panel.h"
 #include "printing/preview_window.h"
 #include "session/settings.h"

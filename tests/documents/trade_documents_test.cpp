@@ -1,14 +1,14 @@
 #include <QComboBox>
 #include <QLabel>
 
-#include "documents/find_screens.h"
 #include "documents/invoice_company.h"
-#include "documents/invoice_print.h"
-#include "documents/purchase_bill_type.h"
-#include "documents/purchase_return_type.h"
-#include "documents/sale_invoice_type.h"
-#include "documents/sale_return_type.h"
-#include "documents/trade_screens.h"
+#include "documents/invoices/purchase_bill_type.h"
+#include "documents/invoices/purchase_return_type.h"
+#include "documents/invoices/sale_invoice_type.h"
+#include "documents/invoices/sale_return_type.h"
+#include "documents/invoices/trade_screens.h"
+#include "documents/print/invoice_print.h"
+#include "documents/trade/find_screens.h"
 #include "forms/date_picker.h"
 #include "frame/find_statement.h"
 #include "printing/page_pictures.h"

@@ -6,7 +6,7 @@
 #include <random>
 
 #include "documents/invoice_company.h"
-#include "documents/trade_screens.h"
+#include "documents/invoices/trade_screens.h"
 #include "frame/document_screen.h"
 #include "support/plain_rows.h"
 #include "text/number.h"

@@ -4,7 +4,7 @@
 
 #include <cstdlib>
 
-#include "documents/sale_invoice_type.h"
+#include "documents/invoices/sale_invoice_type.h"
 #include "frame/compose_document.h"
 #include "frame/document_number.h"
 #include "schema/company_file.h"

@@ -1,11 +1,11 @@
-#include "documents/trade_screens.h"
+#include "documents/invoices/trade_screens.h"
 
-#include "documents/invoice_print.h"
-#include "documents/purchase_bill_type.h"
-#include "documents/purchase_return_type.h"
-#include "documents/sale_invoice_pos_type.h"
-#include "documents/sale_return_type.h"
-#include "documents/show_print.h"
+#include "documents/invoices/purchase_bill_type.h"
+#include "documents/invoices/purchase_return_type.h"
+#include "documents/invoices/sale_invoice_pos_type.h"
+#include "documents/invoices/sale_return_type.h"
+#include "documents/print/invoice_print.h"
+#include "documents/print/show_print.h"
 #include "frame/document_screen.h"
 
 namespace velmo::documents {

@@ -1,7 +1,7 @@
-#include "documents/purchase_bill_type.h"
+#include "documents/invoices/purchase_bill_type.h"
 
-#include "documents/find_screens.h"
-#include "documents/trade_rules.h"
+#include "documents/trade/find_screens.h"
+#include "documents/trade/trade_rules.h"
 #include "text/number.h"
 
 namespace velmo::documents {

@@ -1,4 +1,4 @@
-#include "documents/trade_rules.h"
+#include "documents/trade/trade_rules.h"
 
 #include "frame/day_text.h"
 #include "store/values/value.h"

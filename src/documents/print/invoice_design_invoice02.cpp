@@ -1,6 +1,6 @@
-#include "documents/invoice_columns.h"
-#include "documents/invoice_design.h"
-#include "documents/invoice_page.h"
+#include "documents/print/invoice_columns.h"
+#include "documents/print/invoice_design.h"
+#include "documents/print/invoice_page.h"
 
 namespace velmo::documents {
 

@@ -1,7 +1,7 @@
-#include "documents/sale_invoice_type.h"
+#include "documents/invoices/sale_invoice_type.h"
 
-#include "documents/find_screens.h"
-#include "documents/trade_rules.h"
+#include "documents/trade/find_screens.h"
+#include "documents/trade/trade_rules.h"
 #include "store/connection/connection.h"
 #include "store/values/value.h"
 

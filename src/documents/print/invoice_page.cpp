@@ -1,6 +1,6 @@
-#include "documents/invoice_page.h"
+#include "documents/print/invoice_page.h"
 
-#include "documents/document_print_data.h"
+#include "documents/print/document_print_data.h"
 
 namespace velmo::documents {
 

@@ -1,8 +1,8 @@
-#include "documents/invoice_print.h"
+#include "documents/print/invoice_print.h"
 
 #include <array>
 
-#include "documents/invoice_design.h"
+#include "documents/print/invoice_design.h"
 #include "frame/day_text.h"
 #include "printing/recordset_data.h"
 #include "text/decimal_sum.h"

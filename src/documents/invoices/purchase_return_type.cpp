@@ -1,7 +1,7 @@
-#include "documents/purchase_return_type.h"
+#include "documents/invoices/purchase_return_type.h"
 
-#include "documents/find_screens.h"
-#include "documents/trade_rules.h"
+#include "documents/trade/find_screens.h"
+#include "documents/trade/trade_rules.h"
 
 namespace velmo::documents {
 

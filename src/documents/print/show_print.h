@@ -3,7 +3,7 @@
 #include <functional>
 #include <optional>
 
-#include "documents/invoice_print.h"
+#include "documents/print/invoice_print.h"
 #include "frame/document_values.h"
 #include "session/workplace.h"
 

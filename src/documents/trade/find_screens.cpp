@@ -1,4 +1,4 @@
-#include "documents/find_screens.h"
+#include "documents/trade/find_screens.h"
 
 namespace velmo::documents {
 

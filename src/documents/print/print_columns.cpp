@@ -1,4 +1,4 @@
-#include "documents/print_columns.h"
+#include "documents/print/print_columns.h"
 
 #include <cmath>
 #include <iterator>

@@ -1,4 +1,4 @@
-#include "documents/document_print_data.h"
+#include "documents/print/document_print_data.h"
 
 #include <stdexcept>
 #include <utility>

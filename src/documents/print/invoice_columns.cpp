@@ -1,4 +1,4 @@
-#include "documents/invoice_columns.h"
+#include "documents/print/invoice_columns.h"
 
 namespace velmo::documents {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/invoice_sheet.h"
+#include "documents/print/invoice_sheet.h"
 
 // The layouts of a sale invoice, one file each. `lines` have the fields serial, itemcode, itemname, stockout, unit,
 // rate, grossamt, discamt and itemvalue.

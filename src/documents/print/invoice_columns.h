@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "documents/invoice_sheet.h"
+#include "documents/print/invoice_sheet.h"
 
 // The columns from which the layouts of an invoice choose, each at the width that the layout gives it.
 namespace velmo::documents {

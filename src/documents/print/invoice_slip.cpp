@@ -1,7 +1,7 @@
-#include "documents/invoice_slip.h"
+#include "documents/print/invoice_slip.h"
 
-#include "documents/document_print_data.h"
-#include "documents/print_columns.h"
+#include "documents/print/document_print_data.h"
+#include "documents/print/print_columns.h"
 
 namespace velmo::documents {
 

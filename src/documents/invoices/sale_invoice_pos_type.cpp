@@ -1,8 +1,8 @@
-#include "documents/sale_invoice_pos_type.h"
+#include "documents/invoices/sale_invoice_pos_type.h"
 
-#include "documents/find_screens.h"
-#include "documents/sale_invoice_type.h"
-#include "documents/trade_rules.h"
+#include "documents/invoices/sale_invoice_type.h"
+#include "documents/trade/find_screens.h"
+#include "documents/trade/trade_rules.h"
 
 namespace velmo::documents {
 

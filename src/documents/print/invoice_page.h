@@ -1,7 +1,7 @@
 #pragma once
 
-#include "documents/invoice_sheet.h"
-#include "documents/print_columns.h"
+#include "documents/print/invoice_sheet.h"
+#include "documents/print/print_columns.h"
 
 namespace velmo::documents {
 

@@ -1,4 +1,4 @@
-#include "documents/show_print.h"
+#include "documents/print/show_print.h"
 
 #include "frame/status_line.h"
 #include "printing/preview_window.h"

@@ -1,6 +1,6 @@
-#include "documents/invoice_sheet.h"
+#include "documents/print/invoice_sheet.h"
 
-#include "documents/document_print_data.h"
+#include "documents/print/document_print_data.h"
 #include "text/decimal_sum.h"
 #include "text/format.h"
 

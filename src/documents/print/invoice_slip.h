@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/invoice_sheet.h"
+#include "documents/print/invoice_sheet.h"
 
 namespace velmo::documents {
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "documents/invoice_print.h"
+#include "documents/print/invoice_print.h"
 #include "printing/pieces.h"
 
 namespace velmo::documents {

@@ -1,8 +1,8 @@
-#include "documents/sale_invoice.h"
+#include "documents/invoices/sale_invoice.h"
 
-#include "documents/invoice_print.h"
-#include "documents/sale_invoice_type.h"
-#include "documents/show_print.h"
+#include "documents/invoices/sale_invoice_type.h"
+#include "documents/print/invoice_print.h"
+#include "documents/print/show_print.h"
 #include "frame/document_screen.h"
 
 namespace velmo::documents {
