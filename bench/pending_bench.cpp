@@ -6,7 +6,7 @@
 
 #include "desk.h"
 #include "store/recordset/recordset.h"
-#include "vouchers/pending_items.h"
+#include "vouchers/settlement/pending_items.h"
 
 namespace velmo::bench {
 namespace {

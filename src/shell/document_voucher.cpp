@@ -1,7 +1,7 @@
 #include "shell/document_voucher.h"
 
 #include "printing/preview_window.h"
-#include "vouchers/voucher_print.h"
+#include "vouchers/print/voucher_print.h"
 
 namespace velmo::shell {
 namespace {

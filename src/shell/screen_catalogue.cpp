@@ -32,9 +32,9 @@
 #include "shell/logo_setting.h"
 #include "shell/navigation.h"
 #include "shell/print_settings.h"
-#include "vouchers/general_journal_type.h"
-#include "vouchers/settlement_types.h"
-#include "vouchers/voucher_print.h"
+#include "vouchers/journal/general_journal_type.h"
+#include "vouchers/print/voucher_print.h"
+#include "vouchers/settlement/settlement_types.h"
 
 namespace velmo::shell {
 namespace {

@@ -15,7 +15,7 @@
 #include "reports/running_balances.h"
 #include "store/sqlite/kept_totals.h"
 #include "support/exact_decimal.h"
-#include "vouchers/pending_items.h"
+#include "vouchers/settlement/pending_items.h"
 
 namespace velmo::reports {
 namespace {

@@ -4,9 +4,9 @@
 
 #include "frame/document_screen.h"
 #include "support/plain_rows.h"
-#include "vouchers/pending_items.h"
+#include "vouchers/settlement/pending_items.h"
+#include "vouchers/settlement/settlement_types.h"
 #include "vouchers/settlement_company.h"
-#include "vouchers/settlement_types.h"
 
 namespace velmo::test {
 

@@ -1,4 +1,4 @@
-#include "vouchers/find_settlements.h"
+#include "vouchers/settlement/find_settlements.h"
 
 #include <QComboBox>
 #include <QDialog>

@@ -9,9 +9,9 @@
 #include "frame/find_screen.h"
 #include "frame/find_statement.h"
 #include "vouchers/clerk.h"
-#include "vouchers/find_journals.h"
-#include "vouchers/general_journal_type.h"
-#include "vouchers/journal_totals_panel.h"
+#include "vouchers/journal/find_journals.h"
+#include "vouchers/journal/general_journal_type.h"
+#include "vouchers/journal/journal_totals_panel.h"
 
 // Journal vouchers as the bookkeeper types them, and what then stands in the books.
 namespace {

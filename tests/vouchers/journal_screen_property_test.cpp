@@ -6,7 +6,7 @@
 #include "text/format.h"
 #include "text/number.h"
 #include "vouchers/clerk.h"
-#include "vouchers/general_journal_type.h"
+#include "vouchers/journal/general_journal_type.h"
 
 // Journal vouchers at random, as they are typed: whatever agrees to the cent is saved with every digit, printed in the
 // middle and given other numbers, and no other voucher moves.

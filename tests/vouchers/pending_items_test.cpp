@@ -1,4 +1,4 @@
-#include "vouchers/pending_items.h"
+#include "vouchers/settlement/pending_items.h"
 
 #include <gtest/gtest.h>
 

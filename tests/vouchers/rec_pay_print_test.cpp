@@ -1,4 +1,4 @@
-#include "vouchers/rec_pay_print.h"
+#include "vouchers/settlement/rec_pay_print.h"
 
 #include <gtest/gtest.h>
 
@@ -8,9 +8,9 @@
 
 #include "printing/preview_window.h"
 #include "printing/sample_report.h"
-#include "vouchers/rec_pay_statements.h"
+#include "vouchers/settlement/rec_pay_statements.h"
+#include "vouchers/settlement/settlement_types.h"
 #include "vouchers/settlement_company.h"
-#include "vouchers/settlement_types.h"
 
 namespace velmo::vouchers {
 namespace {

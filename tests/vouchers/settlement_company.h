@@ -3,8 +3,8 @@
 #include <string>
 
 #include "documents/invoice_company.h"
-#include "vouchers/settlement_kind.h"
-#include "vouchers/settlement_sheet.h"
+#include "vouchers/settlement/settlement_kind.h"
+#include "vouchers/settlement/settlement_sheet.h"
 
 namespace velmo::test {
 

@@ -1,4 +1,4 @@
-#include "vouchers/settlement_posting.h"
+#include "vouchers/settlement/settlement_posting.h"
 
 #include <gtest/gtest.h>
 

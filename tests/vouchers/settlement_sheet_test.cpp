@@ -1,10 +1,10 @@
-#include "vouchers/settlement_sheet.h"
+#include "vouchers/settlement/settlement_sheet.h"
 
 #include <gtest/gtest.h>
 
-#include "vouchers/pending_items.h"
+#include "vouchers/settlement/pending_items.h"
+#include "vouchers/settlement/settlement_writer.h"
 #include "vouchers/settlement_company.h"
-#include "vouchers/settlement_writer.h"
 
 namespace {
 

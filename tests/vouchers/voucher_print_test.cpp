@@ -1,4 +1,4 @@
-#include "vouchers/voucher_print.h"
+#include "vouchers/print/voucher_print.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include "../support/new_company.h"
 #include "printing/sample_report.h"
 #include "schema/company_schema.h"
-#include "vouchers/voucher_sheet.h"
+#include "vouchers/print/voucher_sheet.h"
 
 namespace velmo::vouchers {
 namespace {

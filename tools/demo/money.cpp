@@ -7,9 +7,9 @@
 #include "demo_company/parties.h"
 #include "text/format.h"
 #include "text/number.h"
-#include "vouchers/pending_items.h"
-#include "vouchers/settlement_types.h"
-#include "vouchers/settlement_writer.h"
+#include "vouchers/settlement/pending_items.h"
+#include "vouchers/settlement/settlement_types.h"
+#include "vouchers/settlement/settlement_writer.h"
 
 namespace velmo::demo {
 namespace {

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "frame/find_type.h"
+#include "vouchers/settlement/settlement_kind.h"
+
+namespace velmo::vouchers {
+
+// Looks for receipts or payments of the year: `FindCashReceipts` and its three siblings.
+frame::FindType findSettlements(const SettlementKind& kind);
+
+}  // namespace velmo::vouchers
