@@ -6,8 +6,8 @@
 
 #include "frame/party_balance.h"
 #include "large_company_folder.h"
-#include "reports/balances_statements.h"
-#include "reports/ledger_statements.h"
+#include "reports/balances/balances_statements.h"
+#include "reports/ledgers/ledger_statements.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
 #include "store/recordset/recordset.h"

@@ -14,11 +14,11 @@
 #include "frame/report_model.h"
 #include "frame/report_screen.h"
 #include "printing/paginator.h"
-#include "reports/acc_ledgers.h"
-#include "reports/ledger_rows.h"
-#include "reports/ledger_statements.h"
-#include "reports/ledgers_print.h"
-#include "reports/running_balances.h"
+#include "reports/ledgers/acc_ledgers.h"
+#include "reports/ledgers/ledger_rows.h"
+#include "reports/ledgers/ledger_statements.h"
+#include "reports/ledgers/ledgers_print.h"
+#include "reports/ledgers/running_balances.h"
 #include "store/recordset/recordset.h"
 
 namespace velmo::bench {

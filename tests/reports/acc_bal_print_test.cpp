@@ -1,4 +1,4 @@
-#include "reports/acc_bal_print.h"
+#include "reports/balances/acc_bal_print.h"
 
 #include <gmock/gmock.h>
 
@@ -6,9 +6,9 @@
 #include "printing/page_lines.h"
 #include "printing/page_pictures.h"
 #include "printing/recordset_data.h"
+#include "reports/balances/balances_rows.h"
+#include "reports/balances/balances_statements.h"
 #include "reports/balances_company.h"
-#include "reports/balances_rows.h"
-#include "reports/balances_statements.h"
 
 namespace velmo::reports {
 namespace {

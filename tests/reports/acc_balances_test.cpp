@@ -1,9 +1,9 @@
-#include "reports/acc_balances.h"
+#include "reports/balances/acc_balances.h"
 
 #include <gmock/gmock.h>
 
 #include "balances_desk.h"
-#include "reports/acc_ledgers.h"
+#include "reports/ledgers/acc_ledgers.h"
 #include "support/plain_rows.h"
 #include "support/small_disk.h"
 #include "text/number.h"

@@ -1,4 +1,4 @@
-#include "reports/acc_ledgers.h"
+#include "reports/ledgers/acc_ledgers.h"
 
 #include <gmock/gmock.h>
 

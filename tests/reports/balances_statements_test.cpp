@@ -1,4 +1,4 @@
-#include "reports/balances_statements.h"
+#include "reports/balances/balances_statements.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "reports/daily_journal.h"
+#include "reports/ledgers/daily_journal.h"
 
 #include <gmock/gmock.h>
 

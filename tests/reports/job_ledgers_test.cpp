@@ -1,4 +1,4 @@
-#include "reports/job_ledgers.h"
+#include "reports/ledgers/job_ledgers.h"
 
 #include <gmock/gmock.h>
 

@@ -1,9 +1,9 @@
-#include "reports/ledgers_data.h"
+#include "reports/ledgers/ledgers_data.h"
 
 #include <random>
 
 #include "ledger_company.h"
-#include "reports/ledger_statements.h"
+#include "reports/ledgers/ledger_statements.h"
 
 namespace velmo::reports {
 namespace {

@@ -1,4 +1,4 @@
-#include "reports/narrow_balances.h"
+#include "reports/balances/narrow_balances.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "reports/print_ledgers.h"
+#include "reports/ledgers/print_ledgers.h"
 
 #include <gmock/gmock.h>
 

@@ -10,7 +10,7 @@
 #include "attack/risk_places.h"
 #include "masters/import_plan.h"
 #include "masters/import_write.h"
-#include "reports/running_balances.h"
+#include "reports/ledgers/running_balances.h"
 #include "schema/company_file.h"
 #include "session/login.h"
 #include "store/upkeep/back_up.h"

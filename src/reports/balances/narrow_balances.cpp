@@ -1,8 +1,8 @@
-#include "reports/narrow_balances.h"
+#include "reports/balances/narrow_balances.h"
 
 #include "frame/report_model.h"
-#include "reports/account_filters.h"
-#include "reports/balances_screen.h"
+#include "reports/balances/balances_screen.h"
+#include "reports/parts/account_filters.h"
 
 namespace velmo::reports {
 namespace {

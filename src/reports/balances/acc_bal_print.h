@@ -4,7 +4,7 @@
 #include <string>
 
 #include "printing/report.h"
-#include "reports/settled_accounts.h"
+#include "reports/balances/settled_accounts.h"
 #include "session/login_context.h"
 
 // The print-outs of balances. `today` is the day of the print-out.

@@ -1,11 +1,11 @@
-#include "reports/acc_balances.h"
+#include "reports/balances/acc_balances.h"
 
 #include "frame/report_model.h"
 #include "frame/wait_cursor.h"
 #include "printing/recordset_data.h"
-#include "reports/account_filters.h"
-#include "reports/balances_rows.h"
-#include "reports/balances_screen.h"
+#include "reports/balances/balances_rows.h"
+#include "reports/balances/balances_screen.h"
+#include "reports/parts/account_filters.h"
 #include "valuation/closing_stock.h"
 
 namespace velmo::reports {

@@ -1,4 +1,4 @@
-#include "reports/ledger_statements.h"
+#include "reports/ledgers/ledger_statements.h"
 
 namespace velmo::reports {
 namespace {

@@ -1,8 +1,8 @@
-#include "reports/job_ledgers.h"
+#include "reports/ledgers/job_ledgers.h"
 
 #include "frame/report_model.h"
-#include "reports/ledger_statements.h"
-#include "reports/posted_lines.h"
+#include "reports/ledgers/ledger_statements.h"
+#include "reports/ledgers/posted_lines.h"
 #include "text/decimal_sum.h"
 #include "text/format.h"
 

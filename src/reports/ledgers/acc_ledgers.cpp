@@ -1,12 +1,12 @@
-#include "reports/acc_ledgers.h"
+#include "reports/ledgers/acc_ledgers.h"
 
 #include <cmath>
 
 #include "frame/report_model.h"
 #include "frame/report_screen.h"
-#include "reports/ledger_print.h"
-#include "reports/ledger_rows.h"
-#include "reports/ledger_statements.h"
+#include "reports/ledgers/ledger_print.h"
+#include "reports/ledgers/ledger_rows.h"
+#include "reports/ledgers/ledger_statements.h"
 #include "text/format.h"
 #include "text/number.h"
 

@@ -1,4 +1,4 @@
-#include "reports/print_vouchers.h"
+#include "reports/ledgers/print_vouchers.h"
 
 #include <array>
 

@@ -1,5 +1,5 @@
-#include "reports/ledger_rows.h"
-#include "reports/ledger_statements.h"
+#include "reports/ledgers/ledger_rows.h"
+#include "reports/ledgers/ledger_statements.h"
 #include "store/recordset/forward_reader.h"
 
 namespace velmo::reports {

@@ -1,9 +1,9 @@
-#include "reports/acc_bal_print.h"
+#include "reports/balances/acc_bal_print.h"
 
 #include <cmath>
 
 #include "printing/level_heading.h"
-#include "reports/report_pieces.h"
+#include "reports/parts/report_pieces.h"
 #include "text/format.h"
 
 namespace velmo::reports {

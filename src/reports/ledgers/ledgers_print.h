@@ -2,7 +2,7 @@
 
 #include "frame/report_period.h"
 #include "printing/report.h"
-#include "reports/ledgers_data.h"
+#include "reports/ledgers/ledgers_data.h"
 
 namespace velmo::reports {
 

@@ -1,8 +1,8 @@
-#include "reports/ledgers_print.h"
+#include "reports/ledgers/ledgers_print.h"
 
 #include "printing/report_walk.h"
-#include "reports/ledger_print.h"
-#include "reports/report_pieces.h"
+#include "reports/ledgers/ledger_print.h"
+#include "reports/parts/report_pieces.h"
 
 namespace velmo::reports {
 

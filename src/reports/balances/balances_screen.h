@@ -1,8 +1,8 @@
 #pragma once
 
 #include "frame/report_screen.h"
-#include "reports/acc_bal_print.h"
-#include "reports/balances_statements.h"
+#include "reports/balances/acc_bal_print.h"
+#include "reports/balances/balances_statements.h"
 
 // What the screens of balances have in common: six columns with their sums, two days, the way to the ledger.
 namespace velmo::reports {

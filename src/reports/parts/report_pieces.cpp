@@ -1,4 +1,4 @@
-#include "reports/report_pieces.h"
+#include "reports/parts/report_pieces.h"
 
 namespace velmo::reports {
 

@@ -1,4 +1,4 @@
-#include "reports/running_balances.h"
+#include "reports/ledgers/running_balances.h"
 
 #include <algorithm>
 #include <array>

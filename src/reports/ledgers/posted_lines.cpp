@@ -1,4 +1,4 @@
-#include "reports/posted_lines.h"
+#include "reports/ledgers/posted_lines.h"
 
 #include "frame/report_model.h"
 #include "text/format.h"

@@ -6,7 +6,7 @@
 
 #include "frame/report_period.h"
 #include "frame/report_rows.h"
-#include "reports/ledger_statements.h"
+#include "reports/ledgers/ledger_statements.h"
 #include "text/decimal_sum.h"
 
 namespace velmo::reports {

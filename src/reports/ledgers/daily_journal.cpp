@@ -1,9 +1,9 @@
-#include "reports/daily_journal.h"
+#include "reports/ledgers/daily_journal.h"
 
 #include "frame/report_model.h"
-#include "reports/journal_print.h"
-#include "reports/ledger_statements.h"
-#include "reports/posted_lines.h"
+#include "reports/ledgers/journal_print.h"
+#include "reports/ledgers/ledger_statements.h"
+#include "reports/ledgers/posted_lines.h"
 
 namespace velmo::reports {
 namespace {

@@ -1,4 +1,4 @@
-#include "reports/balances_screen.h"
+#include "reports/balances/balances_screen.h"
 
 #include <cmath>
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "printing/report_data.h"
-#include "reports/ledger_rows.h"
+#include "reports/ledgers/ledger_rows.h"
 
 namespace velmo::reports {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/balances_statements.h"
+#include "reports/balances/balances_statements.h"
 #include "store/connection/connection.h"
 
 namespace velmo::reports {

@@ -1,4 +1,4 @@
-#include "reports/balances_rows.h"
+#include "reports/balances/balances_rows.h"
 
 namespace velmo::reports {
 namespace {

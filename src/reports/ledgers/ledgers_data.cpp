@@ -1,4 +1,4 @@
-#include "reports/ledgers_data.h"
+#include "reports/ledgers/ledgers_data.h"
 
 #include "store/values/error.h"
 #include "store/values/names.h"

@@ -1,4 +1,4 @@
-#include "reports/print_ledgers.h"
+#include "reports/ledgers/print_ledgers.h"
 
 #include <QLabel>
 #include <QTimer>
@@ -8,11 +8,11 @@
 #include "forms/work_progress.h"
 #include "frame/report_screen.h"
 #include "frame/wait_cursor.h"
-#include "reports/account_filters.h"
-#include "reports/ledger_print.h"
-#include "reports/ledger_statements.h"
-#include "reports/ledgers_print.h"
-#include "reports/running_balances.h"
+#include "reports/ledgers/ledger_print.h"
+#include "reports/ledgers/ledger_statements.h"
+#include "reports/ledgers/ledgers_print.h"
+#include "reports/ledgers/running_balances.h"
+#include "reports/parts/account_filters.h"
 
 namespace velmo::reports {
 namespace {

@@ -1,4 +1,4 @@
-#include "reports/settled_accounts.h"
+#include "reports/balances/settled_accounts.h"
 
 #include "store/recordset/recordset.h"
 #include "text/decimal_sum.h"

@@ -1,4 +1,4 @@
-#include "reports/unbalanced_documents.h"
+#include "reports/ledgers/unbalanced_documents.h"
 
 #include "frame/report_model.h"
 #include "frame/report_screen.h"

@@ -1,4 +1,4 @@
-#include "reports/account_filters.h"
+#include "reports/parts/account_filters.h"
 
 #include "frame/report_screen.h"
 

@@ -1,4 +1,4 @@
-#include "reports/ledger_rows.h"
+#include "reports/ledgers/ledger_rows.h"
 
 #include <cmath>
 

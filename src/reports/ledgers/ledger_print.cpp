@@ -1,6 +1,6 @@
-#include "reports/ledger_print.h"
+#include "reports/ledgers/ledger_print.h"
 
-#include "reports/report_pieces.h"
+#include "reports/parts/report_pieces.h"
 
 namespace velmo::reports {
 
