@@ -9,9 +9,9 @@
 #include "forms/file_dialogs.h"
 #include "large_company_folder.h"
 #include "session/login.h"
-#include "shell/login_form.h"
-#include "shell/main_shell.h"
-#include "shell/screen_windows.h"
+#include "shell/login/login_form.h"
+#include "shell/window/main_shell.h"
+#include "shell/window/screen_windows.h"
 
 namespace velmo::bench {
 namespace {

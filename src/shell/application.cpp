@@ -6,10 +6,10 @@
 #include "forms/look.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "shell/brand_panel.h"
-#include "shell/damage_notice.h"
-#include "shell/login_form.h"
-#include "shell/main_shell.h"
+#include "shell/idle/damage_notice.h"
+#include "shell/login/brand_panel.h"
+#include "shell/login/login_form.h"
+#include "shell/window/main_shell.h"
 
 namespace velmo::shell {
 namespace {

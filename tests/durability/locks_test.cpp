@@ -16,7 +16,7 @@
 #include "forms/whole_file.h"
 #include "printing/pieces.h"
 #include "schema/company_file.h"
-#include "shell/logo_file.h"
+#include "shell/settings/logo_file.h"
 #include "spreadsheet/sheet_reader.h"
 #include "spreadsheet/sheet_writer.h"
 #include "store/recordset/recordset.h"

@@ -1,4 +1,4 @@
-#include "shell/idle_work.h"
+#include "shell/idle/idle_work.h"
 
 #include <gmock/gmock.h>
 
@@ -10,10 +10,10 @@
 
 #include "session/login.h"
 #include "session/settings.h"
-#include "shell/login_form.h"
-#include "shell/main_shell.h"
-#include "shell/screen_windows.h"
-#include "shell/status_note.h"
+#include "shell/idle/status_note.h"
+#include "shell/login/login_form.h"
+#include "shell/window/main_shell.h"
+#include "shell/window/screen_windows.h"
 #include "support/damage.h"
 #include "support/new_company.h"
 #include "support/queued_prompts.h"

@@ -4,8 +4,8 @@
 
 #include "documents/invoice_company.h"
 #include "printing/preview_window.h"
-#include "shell/main_shell.h"
-#include "shell/screen_windows.h"
+#include "shell/window/main_shell.h"
+#include "shell/window/screen_windows.h"
 
 namespace velmo::shell {
 namespace {

@@ -1,4 +1,4 @@
-#include "shell/login_form.h"
+#include "shell/login/login_form.h"
 
 #include <QComboBox>
 #include <QLineEdit>

@@ -5,9 +5,9 @@
 
 #include "session/settings.h"
 #include "settings_company.h"
-#include "shell/direct_back_up.h"
-#include "shell/logo_file.h"
-#include "shell/navigation.h"
+#include "shell/catalogue/direct_back_up.h"
+#include "shell/settings/logo_file.h"
+#include "shell/welcome/navigation.h"
 #include "support/small_disk.h"
 
 namespace velmo::shell {

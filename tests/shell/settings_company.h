@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/screen_catalogue.h"
+#include "shell/catalogue/screen_catalogue.h"
 #include "support/company_session.h"
 
 namespace velmo::test {

@@ -2,7 +2,7 @@
 #include <QListWidget>
 
 #include "settings_company.h"
-#include "shell/print_format.h"
+#include "shell/settings/print_format.h"
 
 namespace velmo::shell {
 namespace {

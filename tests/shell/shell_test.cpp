@@ -15,9 +15,9 @@
 
 #include "forms/message_prompts.h"
 #include "session/login.h"
-#include "shell/main_shell.h"
-#include "shell/navigation.h"
-#include "shell/screen_windows.h"
+#include "shell/welcome/navigation.h"
+#include "shell/window/main_shell.h"
+#include "shell/window/screen_windows.h"
 #include "support/new_company.h"
 #include "support/queued_prompts.h"
 #include "support/typing.h"

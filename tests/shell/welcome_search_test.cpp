@@ -1,6 +1,6 @@
 #include <QLineEdit>
 
-#include "shell/navigation.h"
+#include "shell/welcome/navigation.h"
 #include "support/company_session.h"
 
 namespace velmo::shell {

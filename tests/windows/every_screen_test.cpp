@@ -9,7 +9,7 @@
 #include <QLineEdit>
 #include <QScreen>
 
-#include "shell/screen_catalogue.h"
+#include "shell/catalogue/screen_catalogue.h"
 #include "windows/person.h"
 
 namespace velmo::test {

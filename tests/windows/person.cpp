@@ -19,8 +19,8 @@
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
 #include "shell/application.h"
-#include "shell/main_shell.h"
-#include "shell/screen_windows.h"
+#include "shell/window/main_shell.h"
+#include "shell/window/screen_windows.h"
 #include "store/recordset/recordset.h"
 
 namespace velmo::test {

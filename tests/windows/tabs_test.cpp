@@ -6,7 +6,7 @@
 #include <QToolButton>
 #include <cstdlib>
 
-#include "shell/screen_windows.h"
+#include "shell/window/screen_windows.h"
 #include "windows/person.h"
 
 namespace velmo::test {

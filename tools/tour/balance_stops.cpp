@@ -8,7 +8,7 @@
 #include "forms/drop_combo.h"
 #include "guide.h"
 #include "printing/preview_window.h"
-#include "shell/screen_windows.h"
+#include "shell/window/screen_windows.h"
 
 namespace velmo::tour {
 

@@ -8,7 +8,7 @@
 #include "forms/look.h"
 #include "guide.h"
 #include "shell/application.h"
-#include "shell/login_form.h"
+#include "shell/login/login_form.h"
 #include "stops.h"
 
 namespace velmo::tour {

@@ -6,7 +6,7 @@
 #include "frame/bar_code_labels.h"
 #include "guide.h"
 #include "printing/preview_window.h"
-#include "shell/screen_windows.h"
+#include "shell/window/screen_windows.h"
 #include "travel_logo.h"
 
 namespace velmo::tour {

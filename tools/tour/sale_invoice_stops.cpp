@@ -4,7 +4,7 @@
 
 #include "guide.h"
 #include "printing/preview_window.h"
-#include "shell/screen_windows.h"
+#include "shell/window/screen_windows.h"
 
 namespace velmo::tour {
 

@@ -4,7 +4,7 @@
 #include <QTableView>
 
 #include "guide.h"
-#include "shell/screen_windows.h"
+#include "shell/window/screen_windows.h"
 
 namespace velmo::tour {
 

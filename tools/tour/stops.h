@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/main_shell.h"
+#include "shell/window/main_shell.h"
 
 namespace velmo::tour {
 

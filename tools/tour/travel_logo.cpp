@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <stdexcept>
 
-#include "shell/brand_panel.h"
+#include "shell/login/brand_panel.h"
 
 namespace velmo::tour {
 
