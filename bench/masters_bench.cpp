@@ -5,12 +5,12 @@
 #include <QTimer>
 
 #include "desk.h"
-#include "masters/inv_below_reorder.h"
-#include "masters/item_settings.h"
-#include "masters/modify_accounts.h"
-#include "masters/modify_inventory.h"
-#include "masters/modify_parties.h"
-#include "masters/search_item.h"
+#include "masters/accounts/modify_accounts.h"
+#include "masters/accounts/modify_parties.h"
+#include "masters/catalogue/inv_below_reorder.h"
+#include "masters/catalogue/item_settings.h"
+#include "masters/catalogue/modify_inventory.h"
+#include "masters/catalogue/search_item.h"
 
 namespace velmo::bench {
 namespace {

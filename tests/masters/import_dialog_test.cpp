@@ -1,4 +1,4 @@
-#include "masters/import_dialog.h"
+#include "masters/import/import_dialog.h"
 
 #include <zip.h>
 

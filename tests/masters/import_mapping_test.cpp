@@ -1,4 +1,4 @@
-#include "masters/import_mapping.h"
+#include "masters/import/import_mapping.h"
 
 #include "import_sheets.h"
 

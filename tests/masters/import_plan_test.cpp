@@ -1,7 +1,7 @@
-#include "masters/import_plan.h"
+#include "masters/import/import_plan.h"
 
 #include "import_sheets.h"
-#include "masters/import_values.h"
+#include "masters/import/import_values.h"
 
 namespace velmo::masters {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "masters/import_mapping.h"
-#include "masters/import_plan.h"
+#include "masters/import/import_mapping.h"
+#include "masters/import/import_plan.h"
 #include "spreadsheet/sheet.h"
 
 namespace velmo::test {

@@ -1,4 +1,4 @@
-#include "masters/import_write.h"
+#include "masters/import/import_write.h"
 
 #include "import_sheets.h"
 #include "store/recordset/recordset.h"

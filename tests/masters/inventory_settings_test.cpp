@@ -1,4 +1,4 @@
-#include "masters/inventory_settings.h"
+#include "masters/catalogue/inventory_settings.h"
 
 #include <QAbstractButton>
 

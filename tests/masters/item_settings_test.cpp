@@ -1,4 +1,4 @@
-#include "masters/item_settings.h"
+#include "masters/catalogue/item_settings.h"
 
 #include <gmock/gmock.h>
 
@@ -8,8 +8,8 @@
 
 #include "frame/grid_editor.h"
 #include "master_company.h"
-#include "masters/inv_below_reorder.h"
-#include "masters/search_item.h"
+#include "masters/catalogue/inv_below_reorder.h"
+#include "masters/catalogue/search_item.h"
 #include "printing/page_pictures.h"
 #include "printing/preview_window.h"
 

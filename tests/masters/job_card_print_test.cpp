@@ -1,4 +1,4 @@
-#include "masters/job_card_print.h"
+#include "masters/people/job_card_print.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "masters/jobs.h"
+#include "masters/people/jobs.h"
 
 #include <QCheckBox>
 #include <QListView>

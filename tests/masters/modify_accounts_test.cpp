@@ -1,4 +1,4 @@
-#include "masters/modify_accounts.h"
+#include "masters/accounts/modify_accounts.h"
 
 #include <gmock/gmock.h>
 

@@ -1,9 +1,9 @@
-#include "masters/modify_inventory.h"
+#include "masters/catalogue/modify_inventory.h"
 
 #include <gmock/gmock.h>
 
 #include "master_company.h"
-#include "masters/modify_services.h"
+#include "masters/catalogue/modify_services.h"
 
 namespace velmo::masters {
 namespace {

@@ -1,4 +1,4 @@
-#include "masters/modify_parties.h"
+#include "masters/accounts/modify_parties.h"
 
 #include <gmock/gmock.h>
 

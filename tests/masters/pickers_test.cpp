@@ -4,8 +4,8 @@
 #include <QLabel>
 
 #include "master_company.h"
-#include "masters/modify_accounts.h"
-#include "masters/modify_inventory.h"
+#include "masters/accounts/modify_accounts.h"
+#include "masters/catalogue/modify_inventory.h"
 
 namespace velmo::masters {
 namespace {

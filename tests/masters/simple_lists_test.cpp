@@ -1,10 +1,10 @@
-#include "masters/simple_lists.h"
+#include "masters/lists/simple_lists.h"
 
 #include <QCheckBox>
 
 #include "forms/date_picker.h"
 #include "master_company.h"
-#include "masters/employees.h"
+#include "masters/people/employees.h"
 
 namespace velmo::masters {
 namespace {

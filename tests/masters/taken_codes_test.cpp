@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "master_company.h"
-#include "masters/modify_accounts.h"
-#include "masters/modify_inventory.h"
-#include "masters/modify_parties.h"
-#include "masters/modify_services.h"
-#include "masters/simple_lists.h"
-#include "masters/user_logins.h"
+#include "masters/accounts/modify_accounts.h"
+#include "masters/accounts/modify_parties.h"
+#include "masters/catalogue/modify_inventory.h"
+#include "masters/catalogue/modify_services.h"
+#include "masters/lists/simple_lists.h"
+#include "masters/people/user_logins.h"
 #include "support/rival.h"
 
 // Codes that another program takes while a row is added here.

@@ -3,9 +3,9 @@
 #include <QLabel>
 
 #include "master_company.h"
-#include "masters/password.h"
-#include "masters/user_logins.h"
-#include "masters/user_rights.h"
+#include "masters/people/password.h"
+#include "masters/people/user_logins.h"
+#include "masters/people/user_rights.h"
 #include "session/login.h"
 
 namespace velmo::masters {
