@@ -4,7 +4,7 @@
 #include <cmath>
 #include <stdexcept>
 
-#include "frame/party_balance.h"
+#include "frame/posting/party_balance.h"
 #include "large_company_folder.h"
 #include "reports/balances/balances_statements.h"
 #include "reports/ledgers/ledger_statements.h"

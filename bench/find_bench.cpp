@@ -6,7 +6,7 @@
 
 #include "desk.h"
 #include "documents/invoices/sale_invoice_type.h"
-#include "frame/find_screen.h"
+#include "frame/document/find_screen.h"
 
 namespace velmo::bench {
 namespace {

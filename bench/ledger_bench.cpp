@@ -11,8 +11,8 @@
 
 #include "desk.h"
 #include "forms/date_picker.h"
-#include "frame/report_model.h"
-#include "frame/report_screen.h"
+#include "frame/report/report_model.h"
+#include "frame/report/report_screen.h"
 #include "printing/paginator.h"
 #include "reports/ledgers/acc_ledgers.h"
 #include "reports/ledgers/ledger_rows.h"

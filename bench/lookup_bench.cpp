@@ -3,9 +3,9 @@
 
 #include <stdexcept>
 
-#include "frame/account_code_box.h"
-#include "frame/item_history.h"
-#include "frame/pick_list.h"
+#include "frame/items/item_history.h"
+#include "frame/picking/account_code_box.h"
+#include "frame/picking/pick_list.h"
 #include "large_company_folder.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"

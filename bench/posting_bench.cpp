@@ -6,8 +6,8 @@
 #include <stdexcept>
 
 #include "documents/invoices/sale_invoice_type.h"
-#include "frame/compose_document.h"
-#include "frame/document_number.h"
+#include "frame/document/compose_document.h"
+#include "frame/posting/document_number.h"
 #include "large_company_folder.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"

@@ -1,8 +1,8 @@
 #include "documents/post_sale_invoice.h"
 
 #include "documents/invoices/sale_invoice_type.h"
-#include "frame/compose_document.h"
-#include "frame/line_arithmetic.h"
+#include "frame/document/compose_document.h"
+#include "frame/items/line_arithmetic.h"
 #include "text/format.h"
 #include "text/number.h"
 

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "demonstration_folder.h"
-#include "frame/report_rows.h"
+#include "frame/report/report_rows.h"
 #include "own_books.h"
 #include "reports/balances/balances_statements.h"
 #include "reports/ledgers/ledger_rows.h"

@@ -1,4 +1,4 @@
-#include "frame/document_number.h"
+#include "frame/posting/document_number.h"
 
 #include "documents/invoice_company.h"
 #include "support/rival.h"

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "documents/invoices/sale_invoice.h"
-#include "frame/item_grid.h"
+#include "frame/items/item_grid.h"
 #include "session/login.h"
 #include "session/workplace.h"
 #include "support/new_company.h"

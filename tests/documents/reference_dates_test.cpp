@@ -6,7 +6,7 @@
 #include "documents/invoices/trade_screens.h"
 #include "documents/print/invoice_print.h"
 #include "forms/date_picker.h"
-#include "frame/document_screen.h"
+#include "frame/document/document_screen.h"
 #include "printing/page_pictures.h"
 #include "support/damage.h"
 

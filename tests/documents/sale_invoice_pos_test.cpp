@@ -5,7 +5,7 @@
 
 #include "documents/invoice_company.h"
 #include "documents/invoices/trade_screens.h"
-#include "frame/payment_panel.h"
+#include "frame/trade/payment_panel.h"
 #include "printing/preview_window.h"
 #include "session/settings.h"
 

@@ -10,7 +10,7 @@
 #include "documents/print/invoice_print.h"
 #include "documents/trade/find_screens.h"
 #include "forms/date_picker.h"
-#include "frame/find_statement.h"
+#include "frame/document/find_statement.h"
 #include "printing/page_pictures.h"
 #include "text/number.h"
 

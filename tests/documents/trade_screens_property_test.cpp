@@ -7,7 +7,7 @@
 
 #include "documents/invoice_company.h"
 #include "documents/invoices/trade_screens.h"
-#include "frame/document_screen.h"
+#include "frame/document/document_screen.h"
 #include "support/plain_rows.h"
 #include "text/number.h"
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "documents/invoice_company.h"
-#include "frame/item_grid.h"
+#include "frame/items/item_grid.h"
 
 namespace velmo::test {
 namespace {

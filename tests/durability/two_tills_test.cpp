@@ -4,7 +4,7 @@
 #include "attack/cashier.h"
 #include "attack/process.h"
 #include "attack/report_pipe.h"
-#include "frame/document_number.h"
+#include "frame/posting/document_number.h"
 #include "schema/company_file.h"
 #include "support/new_company.h"
 

@@ -1,4 +1,4 @@
-#include "frame/account_code_box.h"
+#include "frame/picking/account_code_box.h"
 
 #include <gtest/gtest.h>
 

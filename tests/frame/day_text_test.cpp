@@ -1,4 +1,4 @@
-#include "frame/day_text.h"
+#include "frame/posting/day_text.h"
 
 #include <gtest/gtest.h>
 

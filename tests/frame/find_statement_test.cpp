@@ -1,4 +1,4 @@
-#include "frame/find_statement.h"
+#include "frame/document/find_statement.h"
 
 #include <gtest/gtest.h>
 

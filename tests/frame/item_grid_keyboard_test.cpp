@@ -9,8 +9,8 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
-#include "frame/item_grid.h"
-#include "frame/pick_list_model.h"
+#include "frame/items/item_grid.h"
+#include "frame/picking/pick_list_model.h"
 #include "shop_fixture.h"
 #include "support/typing.h"
 

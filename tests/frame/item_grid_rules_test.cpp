@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "frame/item_rules.h"
-#include "frame/item_sheet.h"
+#include "frame/items/item_rules.h"
+#include "frame/items/item_sheet.h"
 #include "shop_fixture.h"
 
 namespace velmo::frame {

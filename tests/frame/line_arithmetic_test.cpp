@@ -1,4 +1,4 @@
-#include "frame/line_arithmetic.h"
+#include "frame/items/line_arithmetic.h"
 
 #include <gtest/gtest.h>
 

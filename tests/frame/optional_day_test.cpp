@@ -1,4 +1,4 @@
-#include "frame/optional_day.h"
+#include "forms/optional_day.h"
 
 #include <gtest/gtest.h>
 
@@ -10,10 +10,10 @@
 namespace velmo::frame {
 namespace {
 
-TEST(OptionalDay, IsOneStopOnTheWayByTabWhileItIsEmpty) {
+TEST(forms::OptionalDay, IsOneStopOnTheWayByTabWhileItIsEmpty) {
   QWidget form;
   QHBoxLayout row(&form);
-  OptionalDay day([] { return text::DateTime::fromCalendar(2026, 11, 24); });
+  forms::OptionalDay day([] { return text::DateTime::fromCalendar(2026, 11, 24); });
   QLineEdit next;
   row.addWidget(&day);
   row.addWidget(&next);

@@ -1,11 +1,11 @@
-#include "frame/pick_list.h"
+#include "frame/picking/pick_list.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 
-#include "frame/item_history.h"
-#include "frame/pick_list_model.h"
+#include "frame/items/item_history.h"
+#include "frame/picking/pick_list_model.h"
 #include "shop_fixture.h"
 
 namespace velmo::frame {

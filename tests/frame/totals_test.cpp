@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "frame/document_totals.h"
+#include "frame/posting/document_totals.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "frame/validation.h"
+#include "frame/posting/validation.h"
 
 #include <gtest/gtest.h>
 

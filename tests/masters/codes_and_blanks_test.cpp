@@ -4,8 +4,7 @@
 #include <QDateEdit>
 #include <QInputDialog>
 
-#include "frame/bar_code_labels.h"
-#include "frame/item_history.h"
+#include "frame/items/item_history.h"
 #include "master_company.h"
 #include "masters/accounts/modify_accounts.h"
 #include "masters/accounts/modify_parties.h"
@@ -14,6 +13,7 @@
 #include "masters/catalogue/modify_inventory.h"
 #include "masters/catalogue/modify_services.h"
 #include "masters/catalogue/stock_hierarchies.h"
+#include "masters/labels/bar_code_labels.h"
 #include "masters/lists/simple_lists.h"
 #include "masters/people/employees.h"
 #include "masters/people/user_logins.h"
@@ -79,8 +79,8 @@ TEST_F(SignedCodes, NameTheirOwnRowsAlone) {
   EXPECT_EQ(ofCategory(inventoryOfCategory("[x]")), "[x]");
   EXPECT_EQ(ofCategory(servicesOfSubCategory("[x]01")), "[x]01");
   EXPECT_EQ(rows(filteredItems("itemcode", 1, "[x]")).recordCount(), 3);
-  EXPECT_EQ(rows(frame::barCodeStatement("B_1", "Rs.")).recordCount(), 1);
-  EXPECT_EQ(rows(frame::barCodeStatement("A[1]", "Rs.")).text("ItemCode"), "A[1]");
+  EXPECT_EQ(rows(barCodeStatement("B_1", "Rs.")).recordCount(), 1);
+  EXPECT_EQ(rows(barCodeStatement("A[1]", "Rs.")).text("ItemCode"), "A[1]");
 
   EXPECT_EQ(frame::itemBalance(context->KORDconn, "A[1]", 1), -1);
   EXPECT_EQ(frame::itemBalance(context->KORDconn, "B_1", 1), std::nullopt) << "B11 is another item";

@@ -6,7 +6,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
-#include "frame/grid_editor.h"
+#include "frame/master/grid_editor.h"
 #include "master_company.h"
 #include "masters/catalogue/inv_below_reorder.h"
 #include "masters/catalogue/search_item.h"

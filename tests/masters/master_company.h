@@ -4,7 +4,7 @@
 #include <QTimer>
 
 #include "forms/drop_combo.h"
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 #include "support/company_session.h"
 
 namespace velmo::test {

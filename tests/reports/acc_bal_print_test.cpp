@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "frame/report_rows.h"
+#include "frame/report/report_rows.h"
 #include "printing/page_lines.h"
 #include "printing/page_pictures.h"
 #include "printing/recordset_data.h"

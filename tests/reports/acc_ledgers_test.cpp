@@ -7,7 +7,7 @@
 #include <fstream>
 
 #include "forms/date_picker.h"
-#include "frame/report_screen.h"
+#include "frame/report/report_screen.h"
 #include "ledger_company.h"
 #include "spreadsheet/sheet_reader.h"
 #include "support/small_disk.h"

@@ -6,8 +6,8 @@
 #include <random>
 #include <set>
 
-#include "frame/item_history.h"
-#include "frame/party_balance.h"
+#include "frame/items/item_history.h"
+#include "frame/posting/party_balance.h"
 #include "reports/balances/balances_statements.h"
 #include "reports/balances_company.h"
 #include "reports/ledgers/ledger_rows.h"

@@ -4,7 +4,7 @@
 #include <QTimer>
 
 #include "documents/invoice_company.h"
-#include "frame/item_grid.h"
+#include "frame/items/item_grid.h"
 #include "shell/window/main_shell.h"
 #include "shell/window/screen_windows.h"
 

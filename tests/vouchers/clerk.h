@@ -2,7 +2,7 @@
 
 #include <QRadioButton>
 
-#include "frame/document_screen.h"
+#include "frame/document/document_screen.h"
 #include "support/plain_rows.h"
 #include "vouchers/settlement/pending_items.h"
 #include "vouchers/settlement/settlement_types.h"

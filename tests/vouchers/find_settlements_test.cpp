@@ -4,8 +4,8 @@
 #include <QDialog>
 
 #include "forms/date_picker.h"
-#include "frame/find_screen.h"
-#include "frame/find_statement.h"
+#include "frame/document/find_screen.h"
+#include "frame/document/find_statement.h"
 #include "vouchers/settlement_company.h"
 
 namespace velmo::vouchers {

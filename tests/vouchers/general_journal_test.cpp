@@ -6,8 +6,8 @@
 
 #include "forms/date_picker.h"
 #include "forms/drop_combo.h"
-#include "frame/find_screen.h"
-#include "frame/find_statement.h"
+#include "frame/document/find_screen.h"
+#include "frame/document/find_statement.h"
 #include "vouchers/clerk.h"
 #include "vouchers/journal/find_journals.h"
 #include "vouchers/journal/general_journal_type.h"

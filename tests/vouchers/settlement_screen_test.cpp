@@ -6,7 +6,7 @@
 
 #include "forms/date_picker.h"
 #include "forms/drop_combo.h"
-#include "frame/sheet_grid.h"
+#include "frame/sheets/sheet_grid.h"
 #include "support/rival.h"
 #include "vouchers/clerk.h"
 

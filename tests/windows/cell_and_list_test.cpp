@@ -3,7 +3,7 @@
 #include <QLineEdit>
 #include <QTableView>
 
-#include "frame/account_code_box.h"
+#include "frame/picking/account_code_box.h"
 #include "support/typing.h"
 #include "windows/person.h"
 

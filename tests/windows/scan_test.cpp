@@ -11,7 +11,7 @@
 
 #include "forms/digits_box.h"
 #include "forms/number_box.h"
-#include "frame/item_sheet.h"
+#include "frame/items/item_sheet.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
 #include "store/connection/connection.h"

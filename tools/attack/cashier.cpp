@@ -5,8 +5,8 @@
 #include <cstdlib>
 
 #include "documents/invoices/sale_invoice_type.h"
-#include "frame/compose_document.h"
-#include "frame/document_number.h"
+#include "frame/document/compose_document.h"
+#include "frame/posting/document_number.h"
 #include "schema/company_file.h"
 
 namespace velmo::attack {

@@ -4,8 +4,8 @@
 #include <random>
 
 #include "attack/told_books.h"
-#include "frame/document_values.h"
-#include "frame/document_writer.h"
+#include "frame/posting/document_values.h"
+#include "frame/posting/document_writer.h"
 #include "session/login_context.h"
 
 namespace velmo::attack {

@@ -5,7 +5,7 @@
 
 #include "attack/amount.h"
 #include "attack/risk_places.h"
-#include "frame/document_number.h"
+#include "frame/posting/document_number.h"
 #include "store/recordset/forward_reader.h"
 #include "store/recordset/recordset.h"
 

@@ -11,9 +11,9 @@
 #include "documents/invoices/sale_invoice_pos_type.h"
 #include "documents/invoices/sale_invoice_type.h"
 #include "documents/invoices/sale_return_type.h"
-#include "frame/compose_document.h"
-#include "frame/day_text.h"
-#include "frame/line_arithmetic.h"
+#include "frame/document/compose_document.h"
+#include "frame/items/line_arithmetic.h"
+#include "frame/posting/day_text.h"
 #include "text/format.h"
 #include "text/number.h"
 

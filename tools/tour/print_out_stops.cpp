@@ -3,8 +3,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "frame/bar_code_labels.h"
 #include "guide.h"
+#include "masters/labels/bar_code_labels.h"
 #include "printing/preview_window.h"
 #include "shell/window/screen_windows.h"
 #include "travel_logo.h"
@@ -57,14 +57,14 @@ class Printery {
     guide_.rest(20);
   }
 
-  void printLabels(frame::LabelSheet sheet, const std::string& name) {
+  void printLabels(masters::LabelSheet sheet, const std::string& name) {
     session::Workplace& workplace = shell_.workplace();
     const store::Recordset item(workplace.context.KORDconn,
                                 "SELECT TOP 1 ItemCode FROM StockLevel3 WHERE Status=No ORDER BY ItemCode");
     const store::Recordset labels(workplace.context.KORDconn,
-                                  frame::barCodeStatement(item.text("ItemCode"), workplace.context.ccode));
+                                  masters::barCodeStatement(item.text("ItemCode"), workplace.context.ccode));
     constexpr int copies = 24;
-    const auto report = frame::barCodeLabels(workplace.context, labels, sheet, copies, workplace.clock.today());
+    const auto report = masters::barCodeLabels(workplace.context, labels, sheet, copies, workplace.clock.today());
     if (!report) throw std::logic_error(report.error());
     guide_.paper(*report, "paper-" + name);
   }
@@ -102,8 +102,8 @@ void visitPrintOuts(Guide& guide, shell::Parent& shell) {
     const TravelLogo logo;
     for (const std::size_t which : {0, 5}) printery.printInvoice(invoice, layouts[which], Head::CompanyWithLogo);
   }
-  printery.printLabels(frame::LabelSheet::BarCodesPrint, "BarCodesPrint");
-  printery.printLabels(frame::LabelSheet::BarCodesPrint2, "BarCodesPrint2");
+  printery.printLabels(masters::LabelSheet::BarCodesPrint, "BarCodesPrint");
+  printery.printLabels(masters::LabelSheet::BarCodesPrint2, "BarCodesPrint2");
 }
 
 }  // namespace velmo::tour

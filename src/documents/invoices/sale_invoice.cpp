@@ -3,7 +3,7 @@
 #include "documents/invoices/sale_invoice_type.h"
 #include "documents/print/invoice_print.h"
 #include "documents/print/show_print.h"
-#include "frame/document_screen.h"
+#include "frame/document/document_screen.h"
 
 namespace velmo::documents {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/document_type.h"
+#include "frame/document/document_type.h"
 
 namespace velmo::documents {
 

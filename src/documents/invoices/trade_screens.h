@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/print_outs.h"
+#include "frame/document/print_outs.h"
 #include "session/workplace.h"
 
 class QWidget;

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "documents/print/invoice_design.h"
-#include "frame/day_text.h"
+#include "frame/posting/day_text.h"
 #include "printing/recordset_data.h"
 #include "text/decimal_sum.h"
 

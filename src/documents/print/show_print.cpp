@@ -1,6 +1,6 @@
 #include "documents/print/show_print.h"
 
-#include "frame/status_line.h"
+#include "forms/status_line.h"
 #include "printing/preview_window.h"
 #include "printing/print_at_once.h"
 #include "session/settings.h"
@@ -28,14 +28,14 @@ void showPrint(session::Workplace& workplace, const frame::DocumentValues& onScr
   std::optional<printing::Report> report = makeReport(workplace, onScreen, kind, make);
   session::LoginContext& context = workplace.context;
   if (!report) {
-    frame::tellInStatusLine(*screen,
+    forms::tellInStatusLine(*screen,
                             QObject::tr("The document is saved, but not printed: print format %1 has no layout. "
                                         "Choose another one under Print Settings.")
                                 .arg(context.sif));
     context.PrintRS = {};
     return;
   }
-  frame::tellInStatusLine(*screen, {});
+  forms::tellInStatusLine(*screen, {});
   printing::showPreview(screen, std::move(*report), workplace.files, [&context] { context.PrintRS = {}; });
 }
 

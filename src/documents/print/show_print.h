@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "documents/print/invoice_print.h"
-#include "frame/document_values.h"
+#include "frame/posting/document_values.h"
 #include "session/workplace.h"
 
 class QWidget;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/find_type.h"
+#include "frame/document/find_type.h"
 
 namespace velmo::documents {
 

@@ -1,6 +1,6 @@
 #include "documents/trade/trade_rules.h"
 
-#include "frame/day_text.h"
+#include "frame/posting/day_text.h"
 #include "store/values/value.h"
 #include "text/blanks.h"
 #include "text/number.h"

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "frame/document_type.h"
+#include "frame/document/document_type.h"
 
 // What invoices, bills and returns have in common.
 namespace velmo::documents {

@@ -1,6 +1,6 @@
 #include "masters/accounts/account_levels.h"
 
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 #include "masters/codes/code_series.h"
 #include "text/number.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/master_type.h"
+#include "frame/master/master_type.h"
 
 // The levels of the chart of accounts, as its dialogs share them.
 namespace velmo::masters {

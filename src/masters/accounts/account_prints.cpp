@@ -1,6 +1,6 @@
 #include "masters/accounts/account_prints.h"
 
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 #include "masters/accounts/acc_list_print.h"
 
 namespace velmo::masters {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/master_type.h"
+#include "frame/master/master_type.h"
 
 // The choices of `PrintBttn` on the dialogs of accounts.
 namespace velmo::masters {

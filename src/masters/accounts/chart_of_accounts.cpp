@@ -1,7 +1,7 @@
 #include "masters/accounts/chart_of_accounts.h"
 
-#include "frame/master_dialog.h"
-#include "frame/picker_screen.h"
+#include "frame/master/master_dialog.h"
+#include "frame/picking/picker_screen.h"
 
 namespace velmo::masters {
 namespace {

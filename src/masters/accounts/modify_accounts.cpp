@@ -4,7 +4,7 @@
 
 #include "forms/caption.h"
 #include "forms/look.h"
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 #include "masters/accounts/account_levels.h"
 #include "masters/accounts/account_prints.h"
 #include "masters/accounts/chart_of_accounts.h"

@@ -1,6 +1,6 @@
 #include "masters/accounts/modify_parties.h"
 
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 #include "masters/accounts/account_levels.h"
 #include "masters/accounts/account_prints.h"
 #include "masters/accounts/chart_of_accounts.h"

@@ -1,6 +1,6 @@
 #include "masters/catalogue/catalogue_levels.h"
 
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 #include "store/connection/connection.h"
 #include "text/number.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/master_type.h"
+#include "frame/master/master_type.h"
 
 // The levels of the inventory catalogue, as the dialogs of goods and of services share them.
 namespace velmo::masters {

@@ -1,13 +1,13 @@
 #include "masters/catalogue/catalogue_prints.h"
 
-#include "frame/bar_code_labels.h"
-#include "frame/label_copies.h"
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 #include "masters/catalogue/stock_hierarchies.h"
 #include "masters/catalogue/stock_list1_print.h"
 #include "masters/catalogue/stock_list2_print.h"
 #include "masters/catalogue/stock_list3_print.h"
 #include "masters/catalogue/stock_list4_print.h"
+#include "masters/labels/bar_code_labels.h"
+#include "masters/labels/label_copies.h"
 
 namespace velmo::masters {
 namespace {
@@ -44,17 +44,17 @@ std::string chosenSubCategory(MasterDialog& dialog) {
 }
 
 // Labels of the chosen item, as many as the user wants.
-MasterPrint barCodes(const std::string& caption, frame::LabelSheet sheet) {
+MasterPrint barCodes(const std::string& caption, LabelSheet sheet) {
   return {caption, [=](MasterDialog& dialog) -> std::optional<printing::Report> {
             const std::string code = key(dialog, dialog.levels() - 1);
             if (code.empty()) return std::nullopt;
-            const std::optional<int> copies = frame::askLabelCopies(&dialog, frame::MostLabelCopies);
+            const std::optional<int> copies = askLabelCopies(&dialog, MostLabelCopies);
             if (!copies) return std::nullopt;
             const session::LoginContext& context = dialog.workplace().context;
             const store::Recordset items(dialog.workplace().context.KORDconn,
-                                         frame::barCodeStatement(code, context.ccode),
+                                         barCodeStatement(code, context.ccode),
                                          store::LockType::ReadOnly);
-            auto labels = frame::barCodeLabels(context, items, sheet, *copies, dialog.workplace().clock.today());
+            auto labels = barCodeLabels(context, items, sheet, *copies, dialog.workplace().clock.today());
             if (labels) return std::move(*labels);
             dialog.workplace().prompts.tell("Cannot Print", labels.error());
             return std::nullopt;
@@ -71,8 +71,8 @@ std::vector<MasterPrint> inventoryPrints() {
           print("Price List, all", stockList2Print, whole),
           print("Price List, selected category", stockList2Print, chosenCategory),
           print("Price List, selected sub category", stockList2Print, chosenSubCategory),
-          barCodes("Bar Codes, 24 on a sheet", frame::LabelSheet::BarCodesPrint),
-          barCodes("Bar Codes, 40 on a sheet", frame::LabelSheet::BarCodesPrint2)};
+          barCodes("Bar Codes, 24 on a sheet", LabelSheet::BarCodesPrint),
+          barCodes("Bar Codes, 40 on a sheet", LabelSheet::BarCodesPrint2)};
 }
 
 std::vector<MasterPrint> servicePrints() {

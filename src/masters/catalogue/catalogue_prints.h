@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "frame/master_type.h"
+#include "frame/master/master_type.h"
 
 // The choices of `PrintBttn` on the dialogs of the catalogue.
 namespace velmo::masters {

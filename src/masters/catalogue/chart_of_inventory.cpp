@@ -1,7 +1,7 @@
 #include "masters/catalogue/chart_of_inventory.h"
 
-#include "frame/master_dialog.h"
-#include "frame/picker_screen.h"
+#include "frame/master/master_dialog.h"
+#include "frame/picking/picker_screen.h"
 #include "store/connection/connection.h"
 
 namespace velmo::masters {

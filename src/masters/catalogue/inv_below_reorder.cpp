@@ -4,7 +4,7 @@
 #include <QRadioButton>
 #include <QShortcut>
 
-#include "frame/grid_editor.h"
+#include "frame/master/grid_editor.h"
 #include "masters/catalogue/inv_below_reorder_print.h"
 #include "printing/preview_window.h"
 

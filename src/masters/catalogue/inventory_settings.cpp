@@ -8,16 +8,16 @@
 #include <QVBoxLayout>
 
 #include "forms/look.h"
-#include "frame/settings_dialog.h"
+#include "forms/settings_dialog.h"
 #include "session/stock_movement.h"
 
 namespace velmo::masters {
 namespace {
 
-class InventorySettings : public frame::SettingsDialog {
+class InventorySettings : public forms::SettingsDialog {
  public:
   InventorySettings(session::Workplace& workplace, QWidget* parent)
-      : SettingsDialog(workplace, tr("Inventory Settings"), parent),
+      : forms::SettingsDialog(workplace, tr("Inventory Settings"), parent),
         settings_(workplace.context.KORDconn, "SELECT name, StockMovement from BusinessInfo") {
     frame::addDialogHeading(body(), tr("Inventory Settings"), settings_.text("name"), "ComName");
     addOptions(tr("Goods come in by"), "InvIn", {"Inwards Gate Passes", "Purchases"}, inward_);

@@ -5,7 +5,7 @@
 #include <QRadioButton>
 
 #include "forms/drop_combo.h"
-#include "frame/grid_editor.h"
+#include "frame/master/grid_editor.h"
 #include "store/connection/connection.h"
 
 namespace velmo::masters {

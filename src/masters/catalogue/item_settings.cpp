@@ -3,8 +3,8 @@
 #include <QLineEdit>
 
 #include "forms/caption.h"
-#include "frame/grid_editor.h"
-#include "frame/wait_cursor.h"
+#include "forms/wait_cursor.h"
+#include "frame/master/grid_editor.h"
 #include "masters/catalogue/item_filter.h"
 #include "text/number.h"
 
@@ -43,7 +43,7 @@ void applyMargin(GridEditor& editor) {
     box->selectAll();
     return;
   }
-  const frame::WaitCursor wait;
+  const forms::WaitCursor wait;
   store::Recordset& items = editor.model().rows();
   const int purchase = items.fieldIndex("purchaseprice");
   const int selling = items.fieldIndex("sellingprice");
@@ -54,7 +54,7 @@ void applyMargin(GridEditor& editor) {
 }
 
 void setMethod(GridEditor& editor, bool weightedAverage) {
-  const frame::WaitCursor wait;
+  const forms::WaitCursor wait;
   store::Recordset& items = editor.model().rows();
   const int method = items.fieldIndex("ValuationType");
   const std::int64_t count = items.recordCount();

@@ -1,6 +1,6 @@
 #include "masters/catalogue/modify_services.h"
 
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 #include "masters/catalogue/catalogue_levels.h"
 #include "masters/catalogue/catalogue_prints.h"
 

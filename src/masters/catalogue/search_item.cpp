@@ -6,7 +6,7 @@
 #include <QTableView>
 
 #include "forms/caption.h"
-#include "frame/grid_editor.h"
+#include "frame/master/grid_editor.h"
 #include "store/connection/connection.h"
 
 namespace velmo::masters {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/given_code.h"
+#include "frame/master/given_code.h"
 
 // The codes that the program gives, to what is added in a dialog and to what is brought in from a file.
 namespace velmo::masters {

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 #include "masters/import/import_dialog.h"
 
 namespace velmo::masters {

@@ -1,6 +1,6 @@
 #include "masters/lists/simple_lists.h"
 
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 #include "masters/catalogue/catalogue_prints.h"
 #include "text/number.h"
 

@@ -1,6 +1,6 @@
 #include "masters/people/employees.h"
 
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 #include "text/number.h"
 
 namespace velmo::masters {

@@ -4,7 +4,7 @@
 #include <QPushButton>
 #include <QShortcut>
 
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 #include "masters/people/job_card_print.h"
 #include "printing/preview_window.h"
 

@@ -7,7 +7,7 @@
 #include "forms/caption.h"
 #include "forms/drop_combo.h"
 #include "forms/look.h"
-#include "frame/settings_dialog.h"
+#include "forms/settings_dialog.h"
 #include "session/login.h"
 
 namespace velmo::masters {
@@ -15,10 +15,10 @@ namespace {
 
 constexpr int longestPassword = 255;
 
-class Password : public frame::SettingsDialog {
+class Password : public forms::SettingsDialog {
  public:
   Password(session::Workplace& workplace, QWidget* parent)
-      : SettingsDialog(workplace, tr("Password"), parent),
+      : forms::SettingsDialog(workplace, tr("Password"), parent),
         users_(workplace.context.KORDconn, "Select * from users order by username") {
     setObjectName("Password");
     frame::addDialogHeading(body(), tr("Change Password"), workplace.context.CompanyName, "CoyName");

@@ -5,7 +5,7 @@
 #include <QPushButton>
 
 #include "forms/look.h"
-#include "frame/master_dialog.h"
+#include "frame/master/master_dialog.h"
 
 namespace velmo::masters {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "forms/caption.h"
 #include "forms/drop_combo.h"
-#include "frame/grid_editor.h"
+#include "frame/master/grid_editor.h"
 
 namespace velmo::masters {
 namespace {

@@ -1,7 +1,7 @@
 #include "reports/balances/acc_balances.h"
 
-#include "frame/report_model.h"
-#include "frame/wait_cursor.h"
+#include "forms/wait_cursor.h"
+#include "frame/report/report_model.h"
 #include "printing/recordset_data.h"
 #include "reports/balances/balances_rows.h"
 #include "reports/balances/balances_screen.h"
@@ -70,7 +70,7 @@ void showTotals(ReportScreen& screen, const Settled& settled) {
 }
 
 BalancesData hierarchy(ReportScreen& screen, const std::string& statement) {
-  const frame::WaitCursor wait;
+  const forms::WaitCursor wait;
   store::Recordset types;
   types.openShape(screen.workplace().context.KORDconn, statement);
   return withoutEmptyLevels(std::make_shared<printing::RecordsetData>(types), {"level2", "level3"});

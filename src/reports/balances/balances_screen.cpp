@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "frame/report_model.h"
+#include "frame/report/report_model.h"
 #include "text/format.h"
 
 namespace velmo::reports {

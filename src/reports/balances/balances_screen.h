@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/report_screen.h"
+#include "frame/report/report_screen.h"
 #include "reports/balances/acc_bal_print.h"
 #include "reports/balances/balances_statements.h"
 

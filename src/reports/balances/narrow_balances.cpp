@@ -1,6 +1,6 @@
 #include "reports/balances/narrow_balances.h"
 
-#include "frame/report_model.h"
+#include "frame/report/report_model.h"
 #include "reports/balances/balances_screen.h"
 #include "reports/parts/account_filters.h"
 

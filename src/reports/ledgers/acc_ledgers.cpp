@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "frame/report_model.h"
-#include "frame/report_screen.h"
+#include "frame/report/report_model.h"
+#include "frame/report/report_screen.h"
 #include "reports/ledgers/ledger_print.h"
 #include "reports/ledgers/ledger_rows.h"
 #include "reports/ledgers/ledger_statements.h"

@@ -1,6 +1,6 @@
 #include "reports/ledgers/job_ledgers.h"
 
-#include "frame/report_model.h"
+#include "frame/report/report_model.h"
 #include "reports/ledgers/ledger_statements.h"
 #include "reports/ledgers/posted_lines.h"
 #include "text/decimal_sum.h"

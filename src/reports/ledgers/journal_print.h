@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "frame/report_period.h"
-#include "frame/report_rows.h"
+#include "frame/report/report_period.h"
+#include "frame/report/report_rows.h"
 #include "printing/report.h"
 
 namespace velmo::reports {

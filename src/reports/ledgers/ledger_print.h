@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "frame/report_rows.h"
+#include "frame/report/report_rows.h"
 #include "printing/pieces.h"
 #include "printing/report.h"
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "frame/report_period.h"
-#include "frame/report_rows.h"
+#include "frame/report/report_period.h"
+#include "frame/report/report_rows.h"
 #include "reports/ledgers/ledger_statements.h"
 #include "text/decimal_sum.h"
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "frame/report_period.h"
+#include "frame/report/report_period.h"
 
 // The statements behind the account ledgers. An empty period filter takes the whole year.
 namespace velmo::reports {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/report_period.h"
+#include "frame/report/report_period.h"
 #include "printing/report.h"
 #include "reports/ledgers/ledgers_data.h"
 

@@ -1,6 +1,6 @@
 #include "reports/ledgers/posted_lines.h"
 
-#include "frame/report_model.h"
+#include "frame/report/report_model.h"
 #include "text/format.h"
 
 namespace velmo::reports {

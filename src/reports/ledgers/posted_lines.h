@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "frame/report_screen.h"
+#include "frame/report/report_screen.h"
 
 namespace velmo::reports {
 

@@ -5,9 +5,9 @@
 #include <QVBoxLayout>
 
 #include "forms/look.h"
+#include "forms/wait_cursor.h"
 #include "forms/work_progress.h"
-#include "frame/report_screen.h"
-#include "frame/wait_cursor.h"
+#include "frame/report/report_screen.h"
 #include "reports/ledgers/ledger_print.h"
 #include "reports/ledgers/ledger_statements.h"
 #include "reports/ledgers/ledgers_print.h"
@@ -46,7 +46,7 @@ std::optional<printing::Report> printOut(ReportScreen& screen) {
   const frame::ReportFilters& filters = screen.filters();
   const bool ofPeriod = filters.chosen("PeriodOpt");
   const frame::ReportPeriod period = filters.period();
-  const frame::WaitCursor wait;
+  const forms::WaitCursor wait;
   const auto ledgers = std::make_shared<const LedgersData>(
       context.KORDconn, LedgersChoice{.fyid = context.FYID,
                                       .selection = selection(filters),
@@ -128,7 +128,7 @@ class PrintLedgersDialog : public frame::ReportDialog {
 
   void updateBalances() {
     try {
-      const frame::WaitCursor wait;
+      const forms::WaitCursor wait;
       store::Connection& books = workplace_.context.KORDconn;
       const store::Recordset counted(books, "SELECT Count(Serial) AS Lines FROM SubTransactions",
                                      store::LockType::ReadOnly);

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "frame/report_screen.h"
+#include "frame/report/report_screen.h"
 #include "text/number.h"
 
 namespace velmo::reports {

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/report_period.h"
+#include "frame/report/report_period.h"
 #include "store/connection/rewrite_rows.h"
 #include "store/recordset/forward_reader.h"
 #include "store/recordset/recordset.h"

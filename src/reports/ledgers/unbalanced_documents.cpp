@@ -1,7 +1,7 @@
 #include "reports/ledgers/unbalanced_documents.h"
 
-#include "frame/report_model.h"
-#include "frame/report_screen.h"
+#include "frame/report/report_model.h"
+#include "frame/report/report_screen.h"
 #include "schema/company_checks.h"
 
 namespace velmo::reports {

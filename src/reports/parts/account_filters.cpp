@@ -1,6 +1,6 @@
 #include "reports/parts/account_filters.h"
 
-#include "frame/report_screen.h"
+#include "frame/report/report_screen.h"
 
 namespace velmo::reports {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "frame/report_type.h"
+#include "frame/report/report_type.h"
 
 // What several reports ask for: a type of accounts, or a range of them.
 namespace velmo::reports {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/report_period.h"
+#include "frame/report/report_period.h"
 #include "printing/pieces.h"
 
 // Parts that the print-outs of reports share.

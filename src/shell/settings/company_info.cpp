@@ -7,7 +7,7 @@
 #include <array>
 
 #include "forms/look.h"
-#include "frame/settings_dialog.h"
+#include "forms/settings_dialog.h"
 #include "session/login.h"
 
 namespace velmo::shell {
@@ -29,10 +29,10 @@ constexpr std::array<InfoField, 9> infoFields = {{{"name", "&Name"},
                                                   {"salestaxreg", "Sales tax &registration"},
                                                   {"description", "&Description"}}};
 
-class CompanyInfo : public frame::SettingsDialog {
+class CompanyInfo : public forms::SettingsDialog {
  public:
   CompanyInfo(session::Workplace& workplace, QWidget* parent)
-      : SettingsDialog(workplace, QStringLiteral("My Company"), parent),
+      : forms::SettingsDialog(workplace, QStringLiteral("My Company"), parent),
         companyInfo_(workplace.context.KORDconn, "select * from businessinfo") {
     auto* heading = new QLabel(QStringLiteral("My company"), this);
     forms::makeHeading(*heading);

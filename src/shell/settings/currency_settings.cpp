@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 
 #include "forms/look.h"
-#include "frame/settings_dialog.h"
+#include "forms/settings_dialog.h"
 
 namespace velmo::shell {
 namespace {
@@ -16,10 +16,10 @@ namespace {
 constexpr const char* symbolColumn = "CCode\xC2\xA0\xC2\xA0";
 constexpr const char* nameColumn = "Curency\xC2\xA0\xC2\xA0";
 
-class CurrencySettings : public frame::SettingsDialog {
+class CurrencySettings : public forms::SettingsDialog {
  public:
   CurrencySettings(session::Workplace& workplace, QWidget* parent)
-      : SettingsDialog(workplace, QStringLiteral("Currency"), parent),
+      : forms::SettingsDialog(workplace, QStringLiteral("Currency"), parent),
         companyInfo_(workplace.context.KORDconn, "select name, country, currencyname, ccode from businessinfo"),
         currencies_(workplace.context.KORDconn, "select * from Currencies order by Country",
                     store::LockType::ReadOnly) {

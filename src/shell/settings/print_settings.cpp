@@ -9,7 +9,7 @@
 
 #include "forms/digits_box.h"
 #include "forms/look.h"
-#include "frame/settings_dialog.h"
+#include "forms/settings_dialog.h"
 #include "shell/settings/print_format.h"
 #include "text/number.h"
 
@@ -44,10 +44,10 @@ struct PrintSettingsType {
   std::span<const Choice> types = {};
 };
 
-class PrintSettings : public frame::SettingsDialog {
+class PrintSettings : public forms::SettingsDialog {
  public:
   PrintSettings(session::Workplace& workplace, const PrintSettingsType& type, QWidget* parent)
-      : SettingsDialog(workplace, QLatin1String(type.title), parent),
+      : forms::SettingsDialog(workplace, QLatin1String(type.title), parent),
         type_(type),
         settings_(workplace.context.KORDconn, type.statement) {
     frame::addDialogHeading(body(), QLatin1String(type.heading), settings_.text("name"), "ComName");

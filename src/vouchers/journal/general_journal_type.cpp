@@ -1,6 +1,6 @@
 #include "vouchers/journal/general_journal_type.h"
 
-#include "frame/document_screen.h"
+#include "frame/document/document_screen.h"
 #include "text/number.h"
 #include "vouchers/journal/find_journals.h"
 #include "vouchers/journal/journal_body.h"

@@ -3,11 +3,11 @@
 #include <QPushButton>
 
 #include "forms/look.h"
-#include "frame/command_bar.h"
-#include "frame/compose_document.h"
-#include "frame/ledger_grid.h"
-#include "frame/open_master.h"
-#include "frame/posted_accounts.h"
+#include "frame/document/command_bar.h"
+#include "frame/document/compose_document.h"
+#include "frame/document/open_master.h"
+#include "frame/posting/posted_accounts.h"
+#include "frame/sheets/ledger_grid.h"
 #include "vouchers/journal/journal_totals_panel.h"
 
 namespace velmo::vouchers {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/document_body.h"
+#include "frame/document/document_body.h"
 #include "store/recordset/recordset.h"
 
 class QPushButton;

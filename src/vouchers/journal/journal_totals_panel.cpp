@@ -5,8 +5,8 @@
 #include <QLineEdit>
 
 #include "forms/look.h"
-#include "frame/document_totals.h"
-#include "frame/figure_field.h"
+#include "frame/document/figure_field.h"
+#include "frame/posting/document_totals.h"
 #include "text/decimal_sum.h"
 #include "text/format.h"
 #include "text/number.h"

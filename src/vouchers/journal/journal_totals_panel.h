@@ -3,7 +3,7 @@
 #include <QFrame>
 #include <string>
 
-#include "frame/ledger_sheet.h"
+#include "frame/sheets/ledger_sheet.h"
 
 class QLabel;
 class QLineEdit;

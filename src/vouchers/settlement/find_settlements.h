@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/find_type.h"
+#include "frame/document/find_type.h"
 #include "vouchers/settlement/settlement_kind.h"
 
 namespace velmo::vouchers {

@@ -13,7 +13,7 @@
 #include "forms/figure_fit.h"
 #include "forms/look.h"
 #include "forms/table_view.h"
-#include "frame/wait_cursor.h"
+#include "forms/wait_cursor.h"
 #include "spreadsheet/save_as_spreadsheet.h"
 #include "text/decimal_sum.h"
 #include "text/format.h"
@@ -250,7 +250,7 @@ std::optional<PendingItem> choosePending(const SettlementKind& kind, std::int64_
                                          const std::string& partyName, session::Workplace& workplace, QWidget* parent) {
   std::optional<PendingScreen> screen;
   try {
-    const frame::WaitCursor wait;
+    const forms::WaitCursor wait;
     screen.emplace(kind, partyCode, partyName, workplace, parent);
   } catch (const store::StoreError& error) {
     workplace.prompts.tell("Cannot Show", error.what());

@@ -7,9 +7,9 @@
 
 #include "forms/caption.h"
 #include "forms/look.h"
-#include "frame/command_bar.h"
-#include "frame/ledger_grid.h"
-#include "frame/open_master.h"
+#include "frame/document/command_bar.h"
+#include "frame/document/open_master.h"
+#include "frame/sheets/ledger_grid.h"
 #include "text/format.h"
 #include "vouchers/settlement/pending_items.h"
 #include "vouchers/settlement/pending_screen.h"

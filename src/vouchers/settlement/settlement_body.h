@@ -1,7 +1,7 @@
 #pragma once
 
-#include "frame/account_drop_list.h"
-#include "frame/document_body.h"
+#include "frame/document/document_body.h"
+#include "frame/picking/account_drop_list.h"
 #include "store/recordset/recordset.h"
 #include "vouchers/settlement/settlement_sheet.h"
 #include "vouchers/settlement/settlement_writer.h"

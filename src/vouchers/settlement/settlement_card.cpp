@@ -11,7 +11,7 @@
 #include "forms/caption.h"
 #include "forms/look.h"
 #include "forms/name_box.h"
-#include "frame/party_balance.h"
+#include "frame/posting/party_balance.h"
 
 namespace velmo::vouchers {
 

@@ -3,8 +3,8 @@
 #include <QFrame>
 #include <string>
 
-#include "frame/account_code_box.h"
-#include "frame/account_drop_list.h"
+#include "frame/picking/account_code_box.h"
+#include "frame/picking/account_drop_list.h"
 #include "session/workplace.h"
 #include "vouchers/settlement/settlement_kind.h"
 #include "vouchers/settlement/settlement_posting.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/sheet_grid.h"
+#include "frame/sheets/sheet_grid.h"
 #include "vouchers/settlement/settlement_sheet.h"
 
 namespace velmo::vouchers {

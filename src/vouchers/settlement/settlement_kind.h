@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "frame/aging.h"
-#include "frame/fixed_accounts.h"
+#include "frame/posting/aging.h"
+#include "frame/posting/fixed_accounts.h"
 #include "text/date_time.h"
 
 namespace velmo::vouchers {

@@ -4,9 +4,9 @@
 #include <tl/expected.hpp>
 #include <vector>
 
-#include "frame/document_values.h"
-#include "frame/header_row.h"
-#include "frame/posting_table.h"
+#include "frame/posting/document_values.h"
+#include "frame/posting/header_row.h"
+#include "frame/posting/posting_table.h"
 #include "vouchers/settlement/settlement_kind.h"
 #include "vouchers/settlement/settlement_sheet.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "frame/cell_text.h"
+#include "frame/sheets/cell_text.h"
 #include "text/decimal_sum.h"
 #include "text/format.h"
 #include "text/number.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "frame/sheet_rows.h"
+#include "frame/sheets/sheet_rows.h"
 #include "session/workplace.h"
 #include "store/recordset/recordset.h"
 #include "vouchers/settlement/settlement_kind.h"

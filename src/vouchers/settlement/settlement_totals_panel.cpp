@@ -8,7 +8,7 @@
 
 #include "forms/look.h"
 #include "forms/number_box.h"
-#include "frame/figure_field.h"
+#include "frame/document/figure_field.h"
 #include "text/format.h"
 #include "text/number.h"
 

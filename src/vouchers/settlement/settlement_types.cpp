@@ -1,6 +1,6 @@
 #include "vouchers/settlement/settlement_types.h"
 
-#include "frame/document_screen.h"
+#include "frame/document/document_screen.h"
 #include "text/number.h"
 #include "vouchers/settlement/find_settlements.h"
 #include "vouchers/settlement/rec_pay_print.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "frame/document_type.h"
-#include "frame/print_outs.h"
+#include "frame/document/document_type.h"
+#include "frame/document/print_outs.h"
 #include "vouchers/settlement/settlement_kind.h"
 
 class QWidget;

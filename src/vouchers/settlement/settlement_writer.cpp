@@ -1,9 +1,9 @@
 #include "vouchers/settlement/settlement_writer.h"
 
-#include "frame/compose_document.h"
-#include "frame/item_lines.h"
-#include "frame/ledger_sheet.h"
-#include "frame/posted_accounts.h"
+#include "frame/document/compose_document.h"
+#include "frame/posting/item_lines.h"
+#include "frame/posting/posted_accounts.h"
+#include "frame/sheets/ledger_sheet.h"
 #include "text/number.h"
 
 namespace velmo::vouchers {

@@ -3,8 +3,8 @@
 #include <string>
 #include <tl/expected.hpp>
 
-#include "frame/document_type.h"
-#include "frame/document_writer.h"
+#include "frame/document/document_type.h"
+#include "frame/posting/document_writer.h"
 #include "session/login_context.h"
 #include "vouchers/settlement/settlement_posting.h"
 

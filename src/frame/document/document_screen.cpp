@@ -1,0 +1,296 @@
+#include "frame/document/document_screen.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include "forms/caption.h"
+#include "forms/stop_listening.h"
+#include "frame/document/command_bar.h"
+#include "frame/document/compose_document.h"
+#include "frame/document/document_card.h"
+#include "frame/document/references_card.h"
+#include "frame/posting/document_number.h"
+#include "frame/posting/posted_accounts.h"
+#include "frame/sheets/sheet_grid.h"
+#include "text/number.h"
+
+namespace velmo::frame {
+
+DocumentScreen::DocumentScreen(DocumentType type, session::Workplace& workplace, PrintOuts printOuts, QWidget* parent)
+    : QWidget(parent),
+      type_(std::move(type)),
+      workplace_(workplace),
+      printOuts_(std::move(printOuts)),
+      fields_(type_.fields) {
+  buildLayout();
+  connectParts();
+  connectCommands();
+  offerCommands();
+  orderTabs();
+  references_->loadLists();
+  // Only the rows that are looked at are read: a year may hold very many documents.
+  Tran_.open(workplace_.context.KORDconn,
+             "SELECT * from transactions where trantype=" + std::to_string(type_.TranType) +
+                 " and fyid = " + std::to_string(workplace_.context.FYID) + " order by docno",
+             store::LockType::Optimistic, store::Fetch::AsNeeded);
+  ClearForNewRecord();
+  if (std::exchange(workplace_.context.OpenTranFlag, false)) showTran();
+}
+
+DocumentScreen::~DocumentScreen() {
+  forms::stopListening(*this);
+  body_->detach();
+}
+
+void DocumentScreen::attempt(std::string_view title, const std::function<void()>& command) {
+  try {
+    command();
+  } catch (const store::StoreError& error) {
+    workplace_.prompts.tell(title, error.what());
+  }
+}
+
+// A new document, and a document shown
+
+void DocumentScreen::ClearForNewRecord() {
+  AddMode_ = true;
+  body_->open(0);
+  proposeDocNo();
+  card_->setDay(workplace_.clock.today());
+  card_->setCancelled(false);
+  body_->clear();
+  fields_.setInitial(workplace_.clock.today());
+  references_->setJob(0);
+  references_->setEmployee(0);
+  references_->setLocation(workplace_.context.stocklocationid);
+  Desc_->clear();
+  showConversion({});
+  bindAgain();
+  GiveUp();
+  body_->focusFirst();
+}
+
+void DocumentScreen::proposeDocNo() {
+  Tran_.requery();
+  card_->proposeDocNo(nextDocNo(Tran_));
+  showTranNo();
+}
+
+void DocumentScreen::bindAgain() {
+  body_->bind();
+  commands_->setEnabled(true);
+}
+
+bool DocumentScreen::moveToTran(std::int64_t tranNo) {
+  if (Tran_.isEmpty()) return false;
+  Tran_.moveFirst();
+  return Tran_.find("tranno=" + std::to_string(tranNo));
+}
+
+void DocumentScreen::ShowRecord() {
+  workplace_.context.OpenTranFlag = false;
+  if (MayLeave()) showTran();
+}
+
+void DocumentScreen::showTran() {
+  attempt("Cannot Show", [this] {
+    const bool stood = !Tran_.bof() && !Tran_.eof();
+    const std::int64_t shownTranNo = stood ? Tran_.integer("tranno") : 0;
+    Tran_.requery();
+    if (!moveToTran(workplace_.context.OpenTranNo)) {
+      workplace_.prompts.tell("Record Not Found",
+                              "Last saved record not found. You may have deleted it or you may not have saved any "
+                              "record yet.");
+      if (stood) moveToTran(shownTranNo);
+      return;
+    }
+    AddMode_ = false;
+    body_->open(Tran_.integer("tranno"));
+    fillFromTran();
+    bindAgain();
+    GiveUp();
+  });
+}
+
+void DocumentScreen::fillFromTran() {
+  showTranNo();
+  card_->setDocNo(Tran_.integer("docno"));
+  card_->setDay(Tran_.date("TranDate"));
+  card_->setCancelled(Tran_.yes("Cancel"));
+  body_->show(Tran_);
+  fields_.show(Tran_);
+  references_->setJob(Tran_.integer("JobIDFrom"));
+  references_->setEmployee(Tran_.integer("EmpID"));
+  references_->setLocation(Tran_.integer("LocationFrom"));
+  Desc_->setPlainText(QString::fromStdString(Tran_.text("Desc")));
+  showConversion(type_.convertedColumn.empty() ? std::string() : Tran_.text(type_.convertedColumn));
+}
+
+void DocumentScreen::showTranNo() {
+  TranNo_->setText(Tran_.isEmpty() ? QString() : QString::number(Tran_.integer("tranno")));
+}
+
+void DocumentScreen::showConversion(const std::string& mark) {
+  ConvLbl2_->setText(QString::fromStdString(mark));
+  for (QLabel* label : {ConvLbl_, ConvLbl2_}) label->setVisible(!mark.empty());
+}
+
+DocumentValues DocumentScreen::values() const {
+  DocumentValues values;
+  values.DocNo = card_->docNo();
+  values.TrDate = card_->day();
+  values.Desc = Desc_->toPlainText().toStdString();
+  values.Cancel = card_->isCancelled();
+  values.JobList = references_->job();
+  values.EmpList = references_->employee();
+  values.LocationList = references_->location();
+  values.fields = fields_.texts();
+  body_->fill(values);
+  return values;
+}
+
+// Leaving
+
+DocumentScreen::Written DocumentScreen::written() const {
+  Written now{.values = values(), .sheets = {}};
+  for (const SheetGrid* sheet : findChildren<SheetGrid*>()) now.sheets.push_back(sheet->written());
+  return now;
+}
+
+bool DocumentScreen::MayLeave() {
+  if (!workplace_.context.AskBeforeDropping || written() == kept_) return true;
+  return workplace_.prompts.ask(
+             {.title = "Not Saved",
+              .text = "What you have typed in " + std::string(type_.title) + " is not saved. Do you want to drop it?",
+              .buttons = session::Buttons::YesNo}) == session::Answer::Yes;
+}
+
+void DocumentScreen::closeEvent(QCloseEvent* event) {
+  event->setAccepted(MayLeave());
+}
+
+// Saving
+
+void DocumentScreen::ValidateAndSave(PrintMode mode) {
+  if (!commands_->save->isEnabled() || !body_->commitEdit()) return;
+  body_->beforeSave([this, mode] {
+    attempt("Cannot Save", [&] {
+      const DocumentValues values = this->values();
+      if (!passes(values) || !PostDocument(values)) return;
+      GiveUp();  // it is in the books
+      afterSave(mode, values);
+    });
+  });
+}
+
+bool DocumentScreen::isFreeDocNo() const {
+  const std::string typed = card_->docNo();
+  if (!text::isNumeric(typed)) return true;  // refused as no number, in its turn
+  const std::int64_t docNo = store::integerOf(typed);
+  if (!AddMode_ && docNo == Tran_.integer("docno")) return true;
+  return !isTaken(workplace_.context.KORDconn,
+                  {.DocNo = docNo, .TranType = type_.TranType, .FYID = workplace_.context.FYID});
+}
+
+// What a person typed stays, and so does the number of a document that was saved from here; of the program's own
+// proposals the next one takes the place.
+void DocumentScreen::refuseDocNo() {
+  workplace_.prompts.tell("Cannot Save", type_.duplicateText);
+  if (card_->isDocNoProposed()) proposeDocNo();
+  focusControl("DocNo");
+}
+
+bool DocumentScreen::passes(const DocumentValues& values) {
+  if (!isFreeDocNo()) {
+    refuseDocNo();
+    return false;
+  }
+  const SaveSituation situation{.addMode = AddMode_,
+                                .storedBalance = AddMode_ ? 0 : Tran_.number("Balance"),
+                                .yearStart = workplace_.context.FinancialYearStart,
+                                .yearEnd = workplace_.context.FinancialYearEnd};
+  for (const auto* steps : {&documentSteps(), static_cast<const std::vector<ValidationStep>*>(&type_.validation)})
+    for (const ValidationStep& step : *steps) {
+      if (!step.fails(values, situation)) continue;
+      const bool ask = step.onFailure == OnFailure::Ask;
+      const session::Answer answer =
+          workplace_.prompts.ask({.title = std::string(step.title),
+                                  .text = std::string(step.text),
+                                  .buttons = ask ? session::Buttons::YesNo : session::Buttons::Ok});
+      if (ask && answer == session::Answer::Yes) continue;
+      if (!step.control.empty()) focusControl(step.control);
+      return false;
+    }
+  return !body_->refuses(values);
+}
+
+void DocumentScreen::focusControl(std::string_view name) {
+  if (auto* widget = findChild<QWidget*>(forms::shownText(name))) widget->setFocus(Qt::OtherFocusReason);
+}
+
+bool DocumentScreen::PostDocument(const DocumentValues& values) {
+  const auto document =
+      body_->compose(values, workplace_.clock.now(), AddMode_ ? HeaderWrite::Add : HeaderWrite::Update);
+  if (!document) {
+    workplace_.prompts.tell("Cannot Save", document.error());
+    return false;
+  }
+  QWidget* const worked = focusWidget();
+  commands_->setEnabled(false);  // a second click cannot post twice
+  body_->detach();
+  try {
+    if (document->ledger) demandAccounts(workplace_.context.KORDconn, *document->ledger);
+    LastSavedTranNo_ = writeDocument(workplace_.context.KORDconn, *document, Tran_,
+                                     [&](std::int64_t tranNo) { body_->writeRows(values, tranNo); });
+  } catch (const DocNoTaken&) {
+    bindAgain();
+    refuseDocNo();
+    return false;
+  } catch (const store::StoreError&) {
+    // Nothing was written, and the sheet has its rows again: the user can mend the cause and save once more.
+    bindAgain();
+    if (worked) worked->setFocus(Qt::OtherFocusReason);
+    throw;
+  }
+  card_->keepDocNo();
+  Tran_.setSort("tranno asc");
+  moveToTran(LastSavedTranNo_);
+  showTranNo();
+  return true;
+}
+
+void DocumentScreen::afterSave(PrintMode mode, const DocumentValues& values) {
+  if (mode != PrintMode::Nothing && type_.afterPrint == AfterPrint::StayOnSaved)
+    attempt("Cannot Show", [this] {
+      body_->reopen(LastSavedTranNo_, AddMode_ ? HeaderWrite::Add : HeaderWrite::Update);
+      bindAgain();
+      GiveUp();
+    });
+  if (mode == PrintMode::Voucher) {
+    PrintTimer_.start();
+    return;
+  }
+  if (mode == PrintMode::Document) {
+    printDocument(values);
+    if (type_.afterPrint == AfterPrint::StayOnSaved) return;
+  }
+  ClearForNewRecord();
+}
+
+void DocumentScreen::printDocument(const DocumentValues& values) {
+  session::LoginContext& context = workplace_.context;
+  context.PrintKind = type_.TranType;
+  context.PrintRS = Tran_.clone();
+  context.PrintRS.setBookmark(Tran_.bookmark());
+  attempt("Cannot Print", [&] { type_.print(workplace_, values, this); });
+}
+
+void DocumentScreen::printVoucher() {
+  attempt("Cannot Print", [this] { printOuts_.voucher(workplace_, LastSavedTranNo_, this); });
+  if (type_.afterPrint == AfterPrint::NewDocument) attempt("Cannot Add", [this] { ClearForNewRecord(); });
+}
+
+}  // namespace velmo::frame

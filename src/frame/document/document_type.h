@@ -1,0 +1,152 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/document/find_type.h"
+#include "frame/items/item_grid_kind.h"
+#include "frame/posting/aging.h"
+#include "frame/posting/document_values.h"
+#include "frame/posting/header_row.h"
+#include "frame/posting/posting_table.h"
+#include "frame/posting/validation.h"
+#include "session/workplace.h"
+
+class QWidget;
+
+namespace velmo::frame {
+
+enum class FieldKind {
+  Text,
+  Choice,  // one of `choices`; its index is the value
+  Day,     // a date, today on a new document; its text is the value
+  Unseen   // no control: the shown document's value is kept, a new one gets `initial`
+};
+
+enum class FieldPlace {
+  Head,       // beside the serial number and the date
+  Reference,  // begins a row of references
+  Beside      // behind the reference before it, in the same row
+};
+
+// A field of the document's own, and the column of `Transactions` that holds it.
+struct DocumentField {
+  std::string_view name;  // the control's
+  std::string_view column;
+  std::string_view label = {};
+  FieldKind kind = FieldKind::Text;
+  FieldPlace place = FieldPlace::Reference;
+  std::vector<std::string_view> choices = {};
+  std::string_view initial = {};  // of a new document; of a choice also what an unknown stored value means
+};
+
+// A typed reference finds the date of the document it names, when the focus leaves it.
+struct DateLookup {
+  std::string_view from;
+  std::string_view to;
+  // The statement whose first column `trandate` is wanted; "" when the text names nothing.
+  std::function<std::string(const std::string& typed, int fyid)> statement;
+};
+
+// The command that opens the master screen of a party or an item.
+struct MasterCommand {
+  std::string_view caption;
+  int right = 0;
+  std::string_view dialog;
+};
+
+struct PartyRules {
+  std::string_view caption;        // of the frame: "Customer"
+  std::string_view listCondition;  // on acclevel3
+  MasterCommand newParty;
+  // The account of parties that are not known by name: its name is written on each document.
+  std::optional<std::int64_t> cashCode = {};
+  ReceivedRule cashRule = ReceivedRule::AsTyped;  // of a document to that account
+};
+
+// The second account of a document: income or expense.
+struct HeadRules {
+  std::string_view caption;
+  std::string_view listCondition;
+  std::int64_t initialCode = 0;
+};
+
+// A document that is paid in full as it is saved: saving first takes the money, in a panel over the document, and the
+// ledger's debit goes to an account that the user may choose. The party and the second account are given.
+struct CounterRules {
+  std::string_view caption;  // of the debit account
+  std::string_view listCondition;
+  std::int64_t debitCode = 0;
+  std::int64_t partyCode = 0;
+  std::string_view termsWithoutParty;  // when the party's account is not there
+};
+
+class DocumentBody;
+struct BodyPlace;
+
+// Item lines with a party.
+std::shared_ptr<DocumentBody> makeTradeBody(const BodyPlace& place);
+
+// Whether goods of a stock location are in the document.
+enum class LocationChoice { Shown, None };
+
+enum class PrintCommands {
+  DocumentAndVoucher,
+  VoucherOnly  // the ledger voucher is the document's print-out
+};
+
+enum class AfterPrint {
+  NewDocument,
+  StayOnSaved  // the screen goes on showing what it printed, as if it were not saved yet
+};
+
+struct ConversionCommand {
+  std::string_view name;
+  std::string_view caption;
+};
+
+// A kind of document: everything in which its screen differs from the others.
+struct DocumentType {
+  int TranType = 0;
+  std::string_view screen;
+  std::string_view title;
+  std::string_view duplicateText;
+  int viewRight = 0;
+  FindType find;
+
+  // The shape of the document between its head and its commands.
+  std::function<std::shared_ptr<DocumentBody>(const BodyPlace&)> makeBody = makeTradeBody;
+  LocationChoice locationChoice = LocationChoice::Shown;
+  PrintCommands printCommands = PrintCommands::DocumentAndVoucher;
+  AfterPrint afterPrint = AfterPrint::NewDocument;
+
+  PartyRules party = {};
+  std::optional<HeadRules> head = {};
+  std::optional<CounterRules> counter = {};
+  std::vector<DocumentField> fields = {};
+  std::vector<DateLookup> dateLookups = {};
+  ItemGridKind lines = {};
+  std::string_view receivedCaption = "Amount Received ";  // of what is paid with the document
+
+  std::vector<ValidationStep> validation = {};  // after those of every document
+
+  // Writes the columns that are the document's own: accounts, amounts, InvLedger.
+  std::function<void(const DocumentValues&, const session::LoginContext&, HeaderRow&)> header = {};
+  std::vector<std::string_view> keptColumns = {};  // marks that a further save leaves alone
+  std::string_view convertedColumn = {};           // whose text `ConvLbl2` shows
+  std::optional<PostingTable> posting = {};
+  std::optional<AgingRule> aging = {};
+
+  std::vector<ConversionCommand> conversions = {};
+  std::string_view printSettings = {};  // screen of `SetBttn`
+
+  // Shows the print-out of LoginContext::PrintRS; the values are those on the screen.
+  std::function<void(session::Workplace&, const DocumentValues&, QWidget* parent)> print = {};
+};
+
+}  // namespace velmo::frame

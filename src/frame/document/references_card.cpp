@@ -1,0 +1,132 @@
+#include "frame/document/references_card.h"
+
+#include <QGridLayout>
+#include <QLineEdit>
+#include <vector>
+
+#include "forms/caption.h"
+#include "forms/drop_combo.h"
+#include "forms/look.h"
+#include "forms/stop_listening.h"
+#include "frame/posting/day_text.h"
+
+namespace velmo::frame {
+
+namespace {
+
+constexpr int narrowestBox = 76;
+constexpr int boxPadding = 24;  // of its frame, at both sides together
+
+void showEntry(forms::DropCombo& list, std::int64_t id) {
+  list.setBoundValue(id);
+  list.lineEdit()->setCursorPosition(0);
+}
+
+ListChoice choiceOf(const forms::DropCombo& list) {
+  return {.text = list.currentText().toStdString(),
+          .id = store::integerOf(list.boundValue()),
+          .matches = list.matchesEntry()};
+}
+
+}  // namespace
+
+ReferencesCard::ReferencesCard(const DocumentType& type, OwnFields& fields, session::Workplace& workplace,
+                               QWidget* parent)
+    : QFrame(parent), fields_(fields), workplace_(workplace) {
+  forms::makeCard(*this);
+  auto* grid = new QGridLayout(this);
+  forms::setGrid(*grid, forms::spacing::Normal);
+  grid->setVerticalSpacing(forms::spacing::Tight);
+  std::vector<const DocumentField*> shown;
+  for (const DocumentField& field : type.fields)
+    if (field.kind != FieldKind::Unseen && field.place != FieldPlace::Head) shown.push_back(&field);
+  const auto isBeside = [&](std::size_t at) { return at < shown.size() && shown[at]->place == FieldPlace::Beside; };
+  const int widthOfDate = fontMetrics().horizontalAdvance(QStringLiteral("00-00-0000"));
+  int row = -1;
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    QWidget* control = fields.makeControl(*shown[i]);
+    const int column = isBeside(i) ? 2 : 0;
+    if (column == 0) ++row;
+    grid->addWidget(forms::captionFor(*control, forms::shownText(shown[i]->label)), row, column);
+    control->setMinimumWidth(isBeside(i) ? widthOfDate + boxPadding : narrowestBox);
+    grid->addWidget(control, row, column + 1, 1, isBeside(i) || isBeside(i + 1) ? 1 : 3);
+  }
+  jobs_ = makeList("JobList");
+  employees_ = makeList("EmpList");
+  ++row;
+  grid->addWidget(forms::captionFor(*jobs_, tr("Job No && Description")), row, 0);
+  grid->addWidget(jobs_, row, 1, 1, 3);
+  ++row;
+  grid->addWidget(forms::captionFor(*employees_, tr("Employee Reference")), row, 0);
+  grid->addWidget(employees_, row, 1, 1, 3);
+  if (type.locationChoice == LocationChoice::Shown) {
+    locations_ = makeList("LocationList");
+    ++row;
+    grid->addWidget(forms::captionFor(*locations_, tr("Inventory Location")), row, 0);
+    grid->addWidget(locations_, row, 1, 1, 3);
+  }
+  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(3, 1);
+  grid->setRowStretch(row + 1, 1);
+
+  for (const DateLookup& lookup : type.dateLookups)
+    if (auto* from = findChild<QLineEdit*>(forms::shownText(lookup.from)))
+      connect(from, &QLineEdit::editingFinished, this, [this, &lookup] { lookUpDate(lookup); });
+}
+
+ReferencesCard::~ReferencesCard() {
+  forms::stopListening(*this);
+}
+
+forms::DropCombo* ReferencesCard::makeList(const char* name) {
+  auto* list = new forms::DropCombo;
+  list->setObjectName(name);
+  list->setMinimumContentsLength(6);
+  return list;
+}
+
+void ReferencesCard::loadLists() {
+  store::Connection& connection = workplace_.context.KORDconn;
+  const auto rows = [&](const char* statement) {
+    return store::Recordset(connection, statement, store::LockType::ReadOnly);
+  };
+  jobs_->setSource(rows("select Jobid, (JobNo & ' (' & JobDesc &')') as Job from jobs where status=no order by jobno"),
+                   "Job", "Jobid");
+  employees_->setSource(rows("Select Empid, EmpName from Employees where status=no order by empname"), "EmpName",
+                        "Empid");
+  if (!locations_) return;
+  locations_->setSource(rows("Select Locationid, LocationName from StockLocation order by LocationName"),
+                        "LocationName", "Locationid");
+}
+
+void ReferencesCard::setJob(std::int64_t id) {
+  showEntry(*jobs_, id);
+}
+void ReferencesCard::setEmployee(std::int64_t id) {
+  showEntry(*employees_, id);
+}
+void ReferencesCard::setLocation(std::int64_t id) {
+  if (locations_) showEntry(*locations_, id);
+}
+ListChoice ReferencesCard::job() const {
+  return choiceOf(*jobs_);
+}
+ListChoice ReferencesCard::employee() const {
+  return choiceOf(*employees_);
+}
+ListChoice ReferencesCard::location() const {
+  return locations_ ? choiceOf(*locations_) : ListChoice();
+}
+
+void ReferencesCard::lookUpDate(const DateLookup& lookup) {
+  const std::string statement = lookup.statement(fields_.text(lookup.from), workplace_.context.FYID);
+  if (statement.empty()) return;
+  try {
+    const store::Recordset found(workplace_.context.KORDconn, statement, store::LockType::ReadOnly);
+    if (!found.isEmpty()) fields_.setText(lookup.to, dayText(found.date("trandate")));
+  } catch (const store::StoreError& error) {
+    workplace_.prompts.tell("Cannot Find", error.what());
+  }
+}
+
+}  // namespace velmo::frame

@@ -1,0 +1,32 @@
+#include "frame/sheets/sheet_cell_delegate.h"
+
+#include <QAbstractItemView>
+#include <QPainter>
+
+#include "forms/look.h"
+
+namespace velmo::frame {
+
+void SheetCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+  const QModelIndex current = view ? view->currentIndex() : QModelIndex();
+  const bool marked = view && view->selectionModel()->isRowSelected(index.row());
+  QStyleOptionViewItem plain = option;
+  plain.state.setFlag(QStyle::State_Selected, marked);
+  plain.state.setFlag(QStyle::State_HasFocus, false);
+  plain.state.setFlag(QStyle::State_MouseOver, false);
+  if (!marked && current.row() == index.row()) {
+    QColor tint = forms::colours().accent;
+    tint.setAlpha(26);
+    painter->fillRect(option.rect, tint);
+  }
+  QStyledItemDelegate::paint(painter, plain, index);
+  if (current != index) return;
+  painter->save();
+  painter->setPen(QPen(view->isActiveWindow() ? forms::colours().accent : forms::colours().border, 2));
+  painter->setBrush(Qt::NoBrush);
+  painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+  painter->restore();
+}
+
+}  // namespace velmo::frame
