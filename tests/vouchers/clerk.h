@@ -5,8 +5,8 @@
 #include "frame/document/document_screen.h"
 #include "support/plain_rows.h"
 #include "vouchers/settlement/pending_items.h"
+#include "vouchers/settlement/settlement_company.h"
 #include "vouchers/settlement/settlement_types.h"
-#include "vouchers/settlement_company.h"
 
 namespace velmo::test {
 

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "store/sql/dice.h"
+
+namespace velmo::test {
+
+// A select over the catalogue in the dialect's own forms, mostly right in the kinds of its values, with derived tables
+// up to the depth.
+std::string randomSelect(Dice& dice, int depth);
+
+}  // namespace velmo::test
