@@ -49,10 +49,11 @@ if(VELMO_TESTS)
 endif()
 
 # velmo_library(<folder> [WIDGETS] DEPENDS <targets...>): the static library velmo_<folder> from every .cpp of the
-# current folder and of the rooms below it.
+# current folder and of the rooms below it; what stands in tool/ is a program of its own.
 function(velmo_library name)
   cmake_parse_arguments(LIB "WIDGETS" "" "DEPENDS" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.h *.qrc)
+  list(FILTER sources EXCLUDE REGEX "/tool/")
   if(NOT sources)
     add_library(velmo_${name} INTERFACE)
     target_link_libraries(velmo_${name} INTERFACE ${LIB_DEPENDS})

@@ -4,9 +4,9 @@
 
 #include <cmath>
 
-#include "demonstration_folder.h"
+#include "demo/demonstration_folder.h"
+#include "demo/own_books.h"
 #include "frame/report/report_rows.h"
-#include "own_books.h"
 #include "reports/balances/balances_statements.h"
 #include "reports/ledgers/ledger_rows.h"
 #include "reports/ledgers/ledger_statements.h"

@@ -1,4 +1,4 @@
-#include "books_of_the_year.h"
+#include "demo/books_of_the_year.h"
 
 // Everything that the reports on accounts say of the demonstration company, to the cent, against books that are kept
 // from the bare documents.

@@ -3,8 +3,8 @@
 
 #include <set>
 
+#include "demo/demonstration_folder.h"
 #include "demo_company/large_company.h"
-#include "demonstration_folder.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
 #include "store/recordset/recordset.h"

@@ -1,4 +1,4 @@
-#include "own_books.h"
+#include "demo/own_books.h"
 
 #include <algorithm>
 

@@ -7,13 +7,13 @@
 
 #include "support/typing.h"
 
-namespace velmo::frame {
+namespace velmo::forms {
 namespace {
 
-TEST(forms::OptionalDay, IsOneStopOnTheWayByTabWhileItIsEmpty) {
+TEST(OptionalDay, IsOneStopOnTheWayByTabWhileItIsEmpty) {
   QWidget form;
   QHBoxLayout row(&form);
-  forms::OptionalDay day([] { return text::DateTime::fromCalendar(2026, 11, 24); });
+  OptionalDay day([] { return text::DateTime::fromCalendar(2026, 11, 24); });
   QLineEdit next;
   row.addWidget(&day);
   row.addWidget(&next);
@@ -25,4 +25,4 @@ TEST(forms::OptionalDay, IsOneStopOnTheWayByTabWhileItIsEmpty) {
 }
 
 }  // namespace
-}  // namespace velmo::frame
+}  // namespace velmo::forms

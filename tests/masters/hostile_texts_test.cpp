@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 
-#include "master_company.h"
 #include "masters/accounts/modify_accounts.h"
 #include "masters/accounts/modify_parties.h"
 #include "masters/catalogue/item_settings.h"
@@ -8,6 +7,7 @@
 #include "masters/catalogue/modify_services.h"
 #include "masters/catalogue/search_item.h"
 #include "masters/lists/simple_lists.h"
+#include "masters/master_company.h"
 #include "masters/people/employees.h"
 #include "masters/people/user_logins.h"
 #include "text/blanks.h"

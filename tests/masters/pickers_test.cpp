@@ -3,9 +3,9 @@
 #include <QHeaderView>
 #include <QLabel>
 
-#include "master_company.h"
 #include "masters/accounts/modify_accounts.h"
 #include "masters/catalogue/modify_inventory.h"
+#include "masters/master_company.h"
 
 namespace velmo::masters {
 namespace {

@@ -10,8 +10,8 @@
 #include "printing/pdf_writer.h"
 #include "printing/plain_face.h"
 #include "printing/printer.h"
+#include "printing/sample_report.h"
 #include "printing/typesetter.h"
-#include "sample_report.h"
 #include "store/values/error.h"
 #include "support/small_disk.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "sample_report.h"
+#include "printing/sample_report.h"
 #include "store/values/error.h"
 
 namespace velmo::printing::test {

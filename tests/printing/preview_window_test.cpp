@@ -19,7 +19,7 @@
 #include <QToolBar>
 #include <QWindow>
 
-#include "sample_report.h"
+#include "printing/sample_report.h"
 #include "store/values/error.h"
 #include "support/small_disk.h"
 

@@ -5,7 +5,7 @@
 #include <QRegularExpression>
 
 #include "printing/pieces.h"
-#include "sample_report.h"
+#include "printing/sample_report.h"
 
 namespace velmo::printing::test {
 namespace {

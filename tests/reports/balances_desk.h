@@ -4,7 +4,7 @@
 
 #include "forms/date_picker.h"
 #include "forms/drop_combo.h"
-#include "ledger_company.h"
+#include "reports/ledger_company.h"
 
 namespace velmo::test {
 

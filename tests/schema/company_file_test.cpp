@@ -8,7 +8,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "new_company.h"
+#include "schema/new_company.h"
 #include "store/connection/connection_string.h"
 #include "store/values/error.h"
 #include "support/damage.h"

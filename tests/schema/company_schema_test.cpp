@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <sqlite3.h>
 
-#include "new_company.h"
+#include "schema/new_company.h"
 #include "store/sql/compile.h"
 #include "store/values/error.h"
 

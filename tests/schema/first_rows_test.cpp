@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "new_company.h"
 #include "schema/financial_year.h"
+#include "schema/new_company.h"
 
 namespace velmo::schema {
 namespace {

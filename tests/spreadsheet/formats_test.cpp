@@ -1,5 +1,5 @@
-#include "sheet_files.h"
 #include "spreadsheet/cell_formats.h"
+#include "spreadsheet/sheet_files.h"
 #include "spreadsheet/sheet_text.h"
 #include "spreadsheet/text_decoding.h"
 #include "spreadsheet/xlsx_styles.h"

@@ -6,8 +6,8 @@
 
 #include "forms/table_view.h"
 #include "schema/company_schema.h"
-#include "sheet_files.h"
 #include "spreadsheet/archive.h"
+#include "spreadsheet/sheet_files.h"
 #include "support/new_company.h"
 #include "support/queued_prompts.h"
 #include "support/typing.h"

@@ -2,7 +2,7 @@
 
 #include <fcntl.h>
 
-#include "sheet_files.h"
+#include "spreadsheet/sheet_files.h"
 #include "spreadsheet/sheet_writer.h"
 
 namespace velmo::spreadsheet {

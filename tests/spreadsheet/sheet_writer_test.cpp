@@ -2,7 +2,7 @@
 
 #include <malloc.h>
 
-#include "sheet_files.h"
+#include "spreadsheet/sheet_files.h"
 #include "support/small_disk.h"
 
 namespace velmo::spreadsheet {

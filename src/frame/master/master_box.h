@@ -14,10 +14,10 @@ class QPushButton;
 
 namespace velmo::forms {
 class DropCombo;
+class OptionalDay;
 }  // namespace velmo::forms
 
 namespace velmo::frame {
-class OptionalDay;
 
 // The control of one field of a master dialog.
 class MasterBox : public QObject {
@@ -74,7 +74,7 @@ class MasterBox : public QObject {
   AccountCodeBox* account_ = nullptr;
   forms::DropCombo* combo_ = nullptr;
   QCheckBox* check_ = nullptr;
-  OptionalDay* day_ = nullptr;
+  forms::OptionalDay* day_ = nullptr;
   QButtonGroup* options_ = nullptr;
   QPushButton* keeper_ = nullptr;
   std::string choices_;  // the statement behind them

@@ -62,7 +62,7 @@ class PickerModel : public QAbstractTableModel {
   void open(const std::string& order);
   // Rows that were found are kept only when one of their columns holds the text.
   struct WithinColumns {
-    store::sql::LikePattern pattern;
+    text::LikePattern pattern;
     std::vector<int> kept;  // of the list's entries
     int next = 0;           // the first of them that was not looked at
   };

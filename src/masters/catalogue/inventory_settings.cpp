@@ -19,7 +19,7 @@ class InventorySettings : public forms::SettingsDialog {
   InventorySettings(session::Workplace& workplace, QWidget* parent)
       : forms::SettingsDialog(workplace, tr("Inventory Settings"), parent),
         settings_(workplace.context.KORDconn, "SELECT name, StockMovement from BusinessInfo") {
-    frame::addDialogHeading(body(), tr("Inventory Settings"), settings_.text("name"), "ComName");
+    forms::addDialogHeading(body(), tr("Inventory Settings"), settings_.text("name"), "ComName");
     addOptions(tr("Goods come in by"), "InvIn", {"Inwards Gate Passes", "Purchases"}, inward_);
     addOptions(tr("Goods go out by"), "InvOut", {"Outwards Gate Passes", "Delivery Challans", "Sale Invoices"},
                outward_);

@@ -21,7 +21,7 @@ class Password : public forms::SettingsDialog {
       : forms::SettingsDialog(workplace, tr("Password"), parent),
         users_(workplace.context.KORDconn, "Select * from users order by username") {
     setObjectName("Password");
-    frame::addDialogHeading(body(), tr("Change Password"), workplace.context.CompanyName, "CoyName");
+    forms::addDialogHeading(body(), tr("Change Password"), workplace.context.CompanyName, "CoyName");
     body().addLayout(makeFields());
     body().addStretch(1);
     addCommands(

@@ -23,7 +23,7 @@ class CurrencySettings : public forms::SettingsDialog {
         companyInfo_(workplace.context.KORDconn, "select name, country, currencyname, ccode from businessinfo"),
         currencies_(workplace.context.KORDconn, "select * from Currencies order by Country",
                     store::LockType::ReadOnly) {
-    frame::addDialogHeading(body(), QStringLiteral("Currency"), companyInfo_.text("name"), "CoyName");
+    forms::addDialogHeading(body(), QStringLiteral("Currency"), companyInfo_.text("name"), "CoyName");
     addCountries();
     addFields();
     addCommands();

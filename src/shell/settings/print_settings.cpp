@@ -50,7 +50,7 @@ class PrintSettings : public forms::SettingsDialog {
       : forms::SettingsDialog(workplace, QLatin1String(type.title), parent),
         type_(type),
         settings_(workplace.context.KORDconn, type.statement) {
-    frame::addDialogHeading(body(), QLatin1String(type.heading), settings_.text("name"), "ComName");
+    forms::addDialogHeading(body(), QLatin1String(type.heading), settings_.text("name"), "ComName");
     if (!type_.sizes.empty()) addOptions(QStringLiteral("&Paper"), "InvSize", type_.sizes, sizes_);
     if (!type_.types.empty()) typeBox_ = addOptions(QStringLiteral("&Discount"), "InvType", type_.types, types_);
     addLetterhead();

@@ -5,6 +5,7 @@
 
 #include "store/checks/soundness.h"
 #include "store/connection/connection_impl.h"
+#include "store/file/file_check.h"
 #include "store/file/file_mark.h"
 #include "store/file/work_file.h"
 #include "store/sqlite/kept_totals.h"

@@ -11,7 +11,7 @@
 
 #include "frame/items/item_grid.h"
 #include "frame/picking/pick_list_model.h"
-#include "shop_fixture.h"
+#include "frame/shop_fixture.h"
 #include "support/typing.h"
 
 namespace velmo::frame {

@@ -2,7 +2,7 @@
 
 #include "frame/items/item_rules.h"
 #include "frame/items/item_sheet.h"
-#include "shop_fixture.h"
+#include "frame/shop_fixture.h"
 
 namespace velmo::frame {
 namespace {

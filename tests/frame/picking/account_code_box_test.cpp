@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 
 #include "forms/table_view.h"
-#include "shop_fixture.h"
+#include "frame/shop_fixture.h"
 #include "support/typing.h"
 
 namespace velmo::frame {

@@ -6,7 +6,7 @@
 
 #include "frame/items/item_history.h"
 #include "frame/picking/pick_list_model.h"
-#include "shop_fixture.h"
+#include "frame/shop_fixture.h"
 
 namespace velmo::frame {
 namespace {

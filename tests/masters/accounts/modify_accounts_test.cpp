@@ -6,7 +6,7 @@
 #include <QPushButton>
 
 #include "forms/drop_combo.h"
-#include "master_company.h"
+#include "masters/master_company.h"
 #include "printing/preview_window.h"
 
 namespace velmo::masters {

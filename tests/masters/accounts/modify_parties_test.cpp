@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "master_company.h"
+#include "masters/master_company.h"
 
 namespace velmo::masters {
 namespace {

@@ -7,9 +7,9 @@
 #include <QMdiSubWindow>
 
 #include "frame/master/grid_editor.h"
-#include "master_company.h"
 #include "masters/catalogue/inv_below_reorder.h"
 #include "masters/catalogue/search_item.h"
+#include "masters/master_company.h"
 #include "printing/page_pictures.h"
 #include "printing/preview_window.h"
 

@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "master_company.h"
 #include "masters/catalogue/modify_services.h"
+#include "masters/master_company.h"
 
 namespace velmo::masters {
 namespace {

@@ -5,7 +5,6 @@
 #include <QInputDialog>
 
 #include "frame/items/item_history.h"
-#include "master_company.h"
 #include "masters/accounts/modify_accounts.h"
 #include "masters/accounts/modify_parties.h"
 #include "masters/catalogue/catalogue_prints.h"
@@ -15,6 +14,7 @@
 #include "masters/catalogue/stock_hierarchies.h"
 #include "masters/labels/bar_code_labels.h"
 #include "masters/lists/simple_lists.h"
+#include "masters/master_company.h"
 #include "masters/people/employees.h"
 #include "masters/people/user_logins.h"
 #include "printing/page_pictures.h"

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "master_company.h"
 #include "masters/accounts/modify_accounts.h"
 #include "masters/accounts/modify_parties.h"
 #include "masters/catalogue/modify_inventory.h"
 #include "masters/catalogue/modify_services.h"
 #include "masters/lists/simple_lists.h"
+#include "masters/master_company.h"
 #include "masters/people/user_logins.h"
 #include "support/rival.h"
 

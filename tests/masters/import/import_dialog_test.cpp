@@ -11,7 +11,7 @@
 #include <QTableView>
 #include <fstream>
 
-#include "import_sheets.h"
+#include "masters/import/import_sheets.h"
 #include "spreadsheet/sheet_reader.h"
 #include "support/company_session.h"
 

@@ -1,6 +1,6 @@
 #include "masters/import/import_mapping.h"
 
-#include "import_sheets.h"
+#include "masters/import/import_sheets.h"
 
 namespace velmo::masters {
 namespace {

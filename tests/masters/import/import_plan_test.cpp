@@ -1,6 +1,6 @@
 #include "masters/import/import_plan.h"
 
-#include "import_sheets.h"
+#include "masters/import/import_sheets.h"
 #include "masters/import/import_values.h"
 
 namespace velmo::masters {

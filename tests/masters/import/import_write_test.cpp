@@ -1,6 +1,6 @@
 #include "masters/import/import_write.h"
 
-#include "import_sheets.h"
+#include "masters/import/import_sheets.h"
 #include "store/recordset/recordset.h"
 #include "support/new_company.h"
 

@@ -10,7 +10,7 @@ namespace {
 
 using namespace velmo;
 using namespace velmo::printing;
-using masters::LabelSheet;
+using namespace velmo::masters;
 
 // Reads a bar code as a scanner does: from dark and light widths alone. "?" where it makes no sense.
 class Reader {
@@ -88,13 +88,13 @@ class Reader {
   std::vector<int> widths_;
 };
 
-TEST(masters::BarCode, CodesThatCanBePrinted) {
+TEST(BarCode, CodesThatCanBePrinted) {
   struct Case {
     const char* code;
-    masters::Symbology symbology;
+    Symbology symbology;
     const char* read;
   };
-  using enum masters::Symbology;
+  using enum Symbology;
   for (const Case& known :
        {Case{"H1", Code39, "*H1*"}, Case{"ab-1.5 $/+%", Code39, "*AB-1.5 $/+%*"},
         Case{"0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ", Code39, "*0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ*"},
@@ -103,7 +103,7 @@ TEST(masters::BarCode, CodesThatCanBePrinted) {
         Case{"4006381333932", Code39, "*4006381333932*"},  // not its check digit
         Case{"400638133393", Code39, "*400638133393*"}}) {
     SCOPED_TRACE(known.code);
-    const auto code = masters::barCodeOf(known.code);
+    const auto code = barCodeOf(known.code);
     ASSERT_TRUE(code) << code.error();
     EXPECT_EQ(code->symbology, known.symbology);
     const Reader reader(code->elements);
@@ -111,25 +111,25 @@ TEST(masters::BarCode, CodesThatCanBePrinted) {
   }
   for (const std::string& code :
        {std::string(), std::string("A#1"), std::string("ÄÖ"), std::string("A*1"), std::string(86, 'A')}) {
-    const auto refused = masters::barCodeOf(code);
+    const auto refused = barCodeOf(code);
     ASSERT_FALSE(refused) << code;
     EXPECT_EQ(refused.error().back(), '.');
   }
 }
 
-TEST(masters::BarCode, BarsAreNeverNarrowerThanReadersCanTell) {
+TEST(BarCode, BarsAreNeverNarrowerThanReadersCanTell) {
   for (const std::size_t length : {1U, 10U, 18U, 25U, 40U}) {
-    const auto code = masters::barCodeOf(std::string(length, 'W'));
+    const auto code = barCodeOf(std::string(length, 'W'));
     ASSERT_TRUE(code);
     for (const Twips room : {mm(46), mm(68)}) {
-      const masters::PlacedBars placed = masters::placeBars(*code, room);
+      const PlacedBars placed = placeBars(*code, room);
       if (placed.bars.empty()) {
         EXPECT_GE(length, room == mm(46) ? 19U : 28U);
         continue;
       }
       EXPECT_LE(placed.quietLeft + placed.width + placed.quietRight, room);
       EXPECT_GE(std::min(placed.quietLeft, placed.quietRight), 10 * placed.module);
-      for (const masters::Bar& bar : placed.bars) EXPECT_GE(bar.width, mm(0.14));
+      for (const Bar& bar : placed.bars) EXPECT_GE(bar.width, mm(0.14));
     }
   }
 }
@@ -161,7 +161,7 @@ std::vector<std::string> textsWithin(const Page& page, const Frame& label) {
 }
 
 struct Sheet {
-  masters::LabelSheet sheet;
+  LabelSheet sheet;
   int columns;
   int rows;
   Twips width;
@@ -174,8 +174,8 @@ struct Sheet {
   }
 };
 
-const Sheet Sheets[] = {{masters::LabelSheet::BarCodesPrint, 3, 8, mm(70), mm(37)},
-                        {masters::LabelSheet::BarCodesPrint2, 4, 10, mm(48.5), mm(25.4)}};
+const Sheet Sheets[] = {{LabelSheet::BarCodesPrint, 3, 8, mm(70), mm(37)},
+                        {LabelSheet::BarCodesPrint2, 4, 10, mm(48.5), mm(25.4)}};
 
 std::vector<std::string> nonEmpty(const std::vector<const char*>& texts) {
   std::vector<std::string> kept;
@@ -203,20 +203,20 @@ class BarCodeLabels : public velmo::test::Shop {
         ", 'Pcs', No, 'HND', 'HND01')");
   }
 
-  tl::expected<Report, std::string> labels(const std::string& code, masters::LabelSheet sheet, int copies) {
-    return labelsOf(masters::barCodeStatement(code, context.ccode), sheet, copies);
+  tl::expected<Report, std::string> labels(const std::string& code, LabelSheet sheet, int copies) {
+    return labelsOf(barCodeStatement(code, context.ccode), sheet, copies);
   }
-  tl::expected<Report, std::string> labelsOf(const std::string& statement, masters::LabelSheet sheet, int copies) {
+  tl::expected<Report, std::string> labelsOf(const std::string& statement, LabelSheet sheet, int copies) {
     store::Recordset items(context.KORDconn, statement, store::LockType::ReadOnly);
-    return masters::barCodeLabels(context, items, sheet, copies, clock.today());
+    return barCodeLabels(context, items, sheet, copies, clock.today());
   }
 };
 
 TEST_F(BarCodeLabels, StatementIsTheShopsOwn) {
-  EXPECT_EQ(masters::barCodeStatement("H1", "Rs."),
+  EXPECT_EQ(barCodeStatement("H1", "Rs."),
             "SELECT '*' & [ItemCode] & '*' AS ItemBarCode, ItemCode, ItemName, Description, ('Rs. ' & [SellingPrice]) "
             "as SPrice FROM StockLevel3 WHERE ItemCode like 'H1'");
-  store::Recordset item(context.KORDconn, masters::barCodeStatement("H1", "O'"), store::LockType::ReadOnly);
+  store::Recordset item(context.KORDconn, barCodeStatement("H1", "O'"), store::LockType::ReadOnly);
   EXPECT_EQ(item.text("ItemBarCode"), "*H1*");
   EXPECT_EQ(item.text("SPrice"), "O' 12.5");
 }
@@ -266,9 +266,9 @@ TEST_F(BarCodeLabels, EveryLabelScansAndKeepsItsPlace) {
 }
 
 TEST_F(BarCodeLabels, SeveralItemsFollowEachOther) {
-  std::string statement = masters::barCodeStatement("N1", context.ccode);
+  std::string statement = barCodeStatement("N1", context.ccode);
   statement.replace(statement.find("'N1'"), 4, "'N%'");
-  const auto report = labelsOf(statement, masters::LabelSheet::BarCodesPrint, 2);
+  const auto report = labelsOf(statement, LabelSheet::BarCodesPrint, 2);
   ASSERT_TRUE(report) << report.error();
   const Page page = printing::test::pagesOf(*report).at(0);
   std::vector<std::string> scanned;
@@ -288,7 +288,7 @@ TEST_F(BarCodeLabels, RefusalsSayWhy) {
        "The code 'BAD#1' cannot be printed as a bar code, which holds only letters, digits, blanks and the characters "
        "- . $ / + %, up to 85 of them."}};
   for (const auto& [code, copies, reason] : cases) {
-    const auto refused = labels(code, masters::LabelSheet::BarCodesPrint, copies);
+    const auto refused = labels(code, LabelSheet::BarCodesPrint, copies);
     ASSERT_FALSE(refused) << code;
     EXPECT_EQ(refused.error(), reason);
   }

@@ -3,7 +3,7 @@
 #include <QCheckBox>
 
 #include "forms/date_picker.h"
-#include "master_company.h"
+#include "masters/master_company.h"
 #include "masters/people/employees.h"
 
 namespace velmo::masters {

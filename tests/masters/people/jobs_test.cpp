@@ -5,7 +5,7 @@
 
 #include "forms/date_picker.h"
 #include "forms/drop_combo.h"
-#include "master_company.h"
+#include "masters/master_company.h"
 #include "printing/preview_window.h"
 
 namespace velmo::masters {

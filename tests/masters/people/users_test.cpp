@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-#include "master_company.h"
+#include "masters/master_company.h"
 #include "masters/people/password.h"
 #include "masters/people/user_logins.h"
 #include "masters/people/user_rights.h"

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "balances_desk.h"
 #include "reports/balances/acc_balances.h"
+#include "reports/balances_desk.h"
 #include "spreadsheet/sheet_reader.h"
 
 namespace velmo::reports {

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "balances_desk.h"
+#include "reports/balances_desk.h"
 #include "reports/ledgers/acc_ledgers.h"
 #include "support/plain_rows.h"
 #include "support/small_disk.h"

@@ -8,7 +8,7 @@
 
 #include "forms/date_picker.h"
 #include "frame/report/report_screen.h"
-#include "ledger_company.h"
+#include "reports/ledger_company.h"
 #include "spreadsheet/sheet_reader.h"
 #include "support/small_disk.h"
 

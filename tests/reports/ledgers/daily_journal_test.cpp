@@ -5,7 +5,7 @@
 #include <QLabel>
 
 #include "forms/date_picker.h"
-#include "ledger_company.h"
+#include "reports/ledger_company.h"
 
 namespace velmo::reports {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "balances_desk.h"
+#include "reports/balances_desk.h"
 
 namespace velmo::reports {
 namespace {

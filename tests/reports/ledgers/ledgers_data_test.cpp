@@ -2,7 +2,7 @@
 
 #include <random>
 
-#include "ledger_company.h"
+#include "reports/ledger_company.h"
 #include "reports/ledgers/ledger_statements.h"
 
 namespace velmo::reports {

@@ -8,7 +8,7 @@
 
 #include "forms/date_picker.h"
 #include "forms/drop_combo.h"
-#include "ledger_company.h"
+#include "reports/ledger_company.h"
 #include "support/small_disk.h"
 
 namespace velmo::reports {

@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "forms/date_picker.h"
-#include "ledger_company.h"
 #include "printing/vector_data.h"
+#include "reports/ledger_company.h"
 
 namespace velmo::reports {
 namespace {

@@ -6,7 +6,7 @@
 #include <random>
 #include <tuple>
 
-#include "ledger_company.h"
+#include "reports/ledger_company.h"
 #include "support/small_disk.h"
 
 namespace velmo::reports {

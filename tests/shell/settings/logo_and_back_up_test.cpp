@@ -4,9 +4,9 @@
 #include <fstream>
 
 #include "session/settings.h"
-#include "settings_company.h"
 #include "shell/catalogue/direct_back_up.h"
 #include "shell/settings/logo_file.h"
+#include "shell/settings/settings_company.h"
 #include "shell/welcome/navigation.h"
 #include "support/small_disk.h"
 

@@ -1,8 +1,8 @@
 #include <QAbstractButton>
 #include <QListWidget>
 
-#include "settings_company.h"
 #include "shell/settings/print_format.h"
+#include "shell/settings/settings_company.h"
 
 namespace velmo::shell {
 namespace {

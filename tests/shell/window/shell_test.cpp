@@ -216,7 +216,7 @@ TEST_F(Shell, ComputesTheCostsAMomentAfterAScreenAsksForThem) {
 
   company_.run(context().KORDconn, {"update stockflow set ItemValue=20 where TranNo=900"});
   context().Costs.arm();
-  context().Costs.settle(context());
+  context().Costs.settle(context().KORDconn, context().FYID, context().FinancialYearEnd);
   EXPECT_EQ(cost(), 5) << "a report does not wait";
 }
 

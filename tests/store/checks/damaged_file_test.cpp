@@ -3,7 +3,7 @@
 
 #include <future>
 
-#include "small_shop.h"
+#include "store/small_shop.h"
 #include "store/checks/check_round.h"
 #include "store/checks/soundness.h"
 #include "store/upkeep/back_up.h"

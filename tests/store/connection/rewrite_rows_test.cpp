@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "small_shop.h"
+#include "store/small_shop.h"
 
 namespace {
 

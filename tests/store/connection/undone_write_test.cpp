@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "small_shop.h"
+#include "store/small_shop.h"
 
 namespace {
 

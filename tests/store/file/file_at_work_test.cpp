@@ -4,7 +4,7 @@
 
 #include <fstream>
 
-#include "small_shop.h"
+#include "store/small_shop.h"
 #include "store/file/open_database.h"
 #include "store/file/work_file.h"
 #include "support/another_program.h"

@@ -3,7 +3,7 @@
 
 #include <random>
 
-#include "small_shop.h"
+#include "store/small_shop.h"
 #include "store/hierarchy/parse_shape.h"
 
 namespace {

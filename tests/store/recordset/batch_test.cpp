@@ -2,7 +2,7 @@
 
 #include <random>
 
-#include "small_shop.h"
+#include "store/small_shop.h"
 
 namespace {
 

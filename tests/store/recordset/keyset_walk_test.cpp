@@ -4,7 +4,7 @@
 #include <functional>
 #include <random>
 
-#include "small_shop.h"
+#include "store/small_shop.h"
 
 namespace {
 

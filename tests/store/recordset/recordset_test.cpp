@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "small_shop.h"
+#include "store/small_shop.h"
 
 namespace {
 

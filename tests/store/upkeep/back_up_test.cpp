@@ -13,7 +13,7 @@
 #include <map>
 #include <thread>
 
-#include "small_shop.h"
+#include "store/small_shop.h"
 #include "store/file/work_file.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <functional>
 #include <map>
 
-#include "small_shop.h"
+#include "store/small_shop.h"
 #include "store/connection/connection_string.h"
 
 namespace {

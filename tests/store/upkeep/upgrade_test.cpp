@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include "small_shop.h"
+#include "store/small_shop.h"
 #include "store/file/open_database.h"
 #include "support/another_program.h"
 

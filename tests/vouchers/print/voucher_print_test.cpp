@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <set>
 
-#include "../support/new_company.h"
 #include "printing/sample_report.h"
 #include "schema/company_schema.h"
+#include "support/new_company.h"
 #include "vouchers/print/voucher_sheet.h"
 
 namespace velmo::vouchers {
