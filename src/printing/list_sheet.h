@@ -27,8 +27,8 @@ struct ListSheet {
 
 // On A4: company, title and column headings on every page, the headings of the levels again on the pages that they run
 // on to, and never without a line below them; the count of the lines at the end.
-Report listReport(const session::LoginContext& context, const ListSheet& sheet,
-                            std::shared_ptr<const ReportData> rows, text::DateTime today);
+Report listReport(const session::LoginContext& context, const ListSheet& sheet, std::shared_ptr<const ReportData> rows,
+                  text::DateTime today);
 
 // Columns that several lists have.
 Column codeColumn(const std::string& heading, const std::string& dataField);
@@ -39,6 +39,6 @@ void showYesAs(Report& report, const std::string& dataField, const std::string& 
 
 // The rows without those that have no children in a chapter.
 std::shared_ptr<const ReportData> withoutEmptyGroups(std::shared_ptr<const ReportData> rows,
-                                                               const std::string& dataMember);
+                                                     const std::string& dataMember);
 
 }  // namespace velmo::printing

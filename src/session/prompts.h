@@ -29,7 +29,8 @@ class FileChooser {
  public:
   virtual ~FileChooser() = default;
   virtual std::string openFile(const std::string& title, const std::string& filter, const std::string& folder) = 0;
-  virtual std::string saveFile(const std::string& title, const std::string& filter, const std::string& proposedName) = 0;
+  virtual std::string saveFile(const std::string& title, const std::string& filter,
+                               const std::string& proposedName) = 0;
 };
 
 }  // namespace velmo::session

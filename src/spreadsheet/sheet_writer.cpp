@@ -136,7 +136,8 @@ class Workbook {
     totals_.push_back({.text = total, .number = total, .date = total, .moment = total});
     constexpr double widest = 80;
     worksheet_set_column(sheet_, at, at, std::clamp<double>(column.width, 4, widest), nullptr);
-    worksheet_write_string(sheet_, captions_, at, toCellText(column.caption).c_str(), formats.caption(column.alignment));
+    worksheet_write_string(sheet_, captions_, at, toCellText(column.caption).c_str(),
+                           formats.caption(column.alignment));
   }
 
   void write(lxw_row_t row, lxw_col_t at, const Column& column, const store::Value& value) {
@@ -161,9 +162,9 @@ class Workbook {
   lxw_worksheet* sheet_ = nullptr;
   std::vector<Column> columns_;
   std::vector<Column> totals_;
-  std::int64_t above_ = 1;     // rows before the first of the list
-  lxw_row_t captions_ = 0;     // their row
-  bool isPlainList_ = true;    // nothing but captions and rows
+  std::int64_t above_ = 1;   // rows before the first of the list
+  lxw_row_t captions_ = 0;   // their row
+  bool isPlainList_ = true;  // nothing but captions and rows
 };
 
 // The sheet is put together from files of the library after the last chance to ask it whether they took everything, so

@@ -30,7 +30,8 @@ class YearEndCosts {
  public:
   void arm();
   bool areArmed() const { return armed_; }
-  // Computes the costs up to the end of the year when they are armed, and disarms. Throws StoreError, and is disarmed then too.
+  // Computes the costs up to the end of the year when they are armed, and disarms. Throws StoreError, and is disarmed
+  // then too.
   void settle(store::Connection& connection, int fyid, const text::DateTime& yearEnd);
 
   std::function<void()> onArmed = {};  // the shell starts its timer

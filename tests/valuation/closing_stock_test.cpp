@@ -1,8 +1,9 @@
 
+#include "valuation/closing_stock.h"
+
 #include <gtest/gtest.h>
 
 #include "reports/balances_company.h"
-#include "valuation/closing_stock.h"
 
 namespace velmo::valuation {
 namespace {

@@ -1,9 +1,10 @@
 
+#include "valuation/weighted_cost.h"
+
 #include <map>
 
 #include "session/login_context.h"
 #include "support/new_company.h"
-#include "valuation/weighted_cost.h"
 
 namespace velmo::valuation {
 namespace {

@@ -108,7 +108,8 @@ void GridEditor::buildFoot(QHBoxLayout& foot) {
   count_ = new QLabel;
   forms::makeCaption(*count_);
   for (const GridCommand& command : type_.commands) {
-    auto* button = makeButton(forms::shownText(command.name), forms::shownText(command.caption), forms::shownText(command.hint));
+    auto* button =
+        makeButton(forms::shownText(command.name), forms::shownText(command.caption), forms::shownText(command.hint));
     connect(button, &QPushButton::clicked, this,
             [this, &command] { attempt(command.failure, [&] { command.run(*this); }); });
     foot.addWidget(button);

@@ -71,7 +71,7 @@ class PickList {
   // A search under way.
   struct Search {
     std::string literal;                              // folded; what an entry must hold, "" for nothing
-    std::optional<text::LikePattern> rest;      // what it must match besides
+    std::optional<text::LikePattern> rest;            // what it must match besides
     std::optional<std::vector<std::uint32_t>> among;  // the only entries to look at; nothing: all
     std::size_t next = 0;                             // the first of them that was not looked at
     std::vector<std::uint32_t> found;

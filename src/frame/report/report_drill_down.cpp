@@ -39,8 +39,8 @@ void openDocument(session::Workplace& workplace, int tranType, std::int64_t tran
   const auto* way = std::ranges::find(ways, tranType, &Way::tranType);
   if (way == ways.end() || !workplace.rights().demand(way->right)) return;
   if (!workplace.screens.hasScreen(way->screen)) {
-    workplace.prompts.tell("Cannot Open",
-                           "The screen of this document, " + std::string(way->screen) + ", is not part of this program.");
+    workplace.prompts.tell(
+        "Cannot Open", "The screen of this document, " + std::string(way->screen) + ", is not part of this program.");
     return;
   }
   if (way->show == Show::Document) {

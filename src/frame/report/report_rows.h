@@ -17,8 +17,8 @@ class ReportRows {
   virtual std::int64_t ready() const = 0;  // rows that can be looked at
   virtual bool hasMore() const = 0;
   virtual bool pauses() const { return false; }  // what follows takes a while, and what is there can be shown before
-  virtual void read(int rows) = 0;                       // about so many more; throws StoreError
-  virtual int field(std::string_view name) const = 0;    // -1 when the rows have none of that name
+  virtual void read(int rows) = 0;               // about so many more; throws StoreError
+  virtual int field(std::string_view name) const = 0;                 // -1 when the rows have none of that name
   virtual store::Value value(std::int64_t row, int field) const = 0;  // of a row that is ready
 };
 

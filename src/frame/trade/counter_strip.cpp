@@ -53,7 +53,8 @@ void CounterStrip::addSlipChoice(QWidget& place) {
   printers->addItem(tr("Preview"), QString());
   for (const std::string& name : printing::printerNames())
     printers->addItem(forms::shownText(name), QString::fromStdString(name));
-  const QString chosen = forms::shownText(session::setting(workplace_.context.KORDconn, session::settings::SlipPrinter));
+  const QString chosen =
+      forms::shownText(session::setting(workplace_.context.KORDconn, session::settings::SlipPrinter));
   if (printers->findData(chosen) < 0) printers->addItem(chosen, chosen);
   printers->setCurrentIndex(printers->findData(chosen));
   place.layout()->addWidget(forms::captionFor(*printers, tr("Slips")));

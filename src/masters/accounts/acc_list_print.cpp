@@ -38,13 +38,13 @@ printing::Report accListPrint(const session::LoginContext& context, const store:
                               text::DateTime today) {
   using printing::mm;
   const printing::ListSheet sheet{.title = "Chart of Accounts",
-                        .levels = {{"Level1", "typeid", "type"}, {"level2", "level2id", "l2accname"}},
-                        .dataMember = "level3",
-                        .columns = {printing::codeColumn("Acc Code", "acccode"),
-                                    {.heading = "Account Name", .dataField = "accname"},
-                                    {.heading = "Contact", .dataField = "contact", .width = mm(38)},
-                                    {.heading = "Telephone", .dataField = "phone", .width = mm(34)}},
-                        .counted = "Accounts"};
+                                  .levels = {{"Level1", "typeid", "type"}, {"level2", "level2id", "l2accname"}},
+                                  .dataMember = "level3",
+                                  .columns = {printing::codeColumn("Acc Code", "acccode"),
+                                              {.heading = "Account Name", .dataField = "accname"},
+                                              {.heading = "Contact", .dataField = "contact", .width = mm(38)},
+                                              {.heading = "Telephone", .dataField = "phone", .width = mm(34)}},
+                                  .counted = "Accounts"};
   return printing::listReport(context, sheet, std::make_shared<printing::RecordsetData>(rows), today);
 }
 

@@ -11,10 +11,10 @@ using frame::MasterEntry;
 using frame::WrittenColumn;
 
 // The columns of AccLevel3 in the order of the array `AccBox`.
-constexpr const char* boxColumns[] = {"Contact",  "Address", "Branch", "AccountTitle",   "AccountNo", "Phone",
-                                      "Mobile",   "Fax",     "EMail",  "Website",        "SalesTaxRegnNo", "NTN",
-                                      "CreditLimit", "CreditTerms", "Remarks", "EmpID",  "Region1ID", "Region2ID",
-                                      "SectorID"};
+constexpr const char* boxColumns[] = {"Contact",        "Address",   "Branch",      "AccountTitle", "AccountNo",
+                                      "Phone",          "Mobile",    "Fax",         "EMail",        "Website",
+                                      "SalesTaxRegnNo", "NTN",       "CreditLimit", "CreditTerms",  "Remarks",
+                                      "EmpID",          "Region1ID", "Region2ID",   "SectorID"};
 
 std::string orNone(const std::string& key) {
   return key.empty() ? "0" : key;
@@ -38,9 +38,8 @@ std::vector<WrittenColumn> accountColumns() {
   columns.push_back(numberOr("CreditLimit", "0"));
   columns.push_back({"CreditTerms"});
   columns.push_back({"Remarks"});
-  columns.push_back({"Default", [](const MasterEntry& entry) -> store::Value {
-                       return store::isYes(entry.value("Default"));
-                     }});
+  columns.push_back(
+      {"Default", [](const MasterEntry& entry) -> store::Value { return store::isYes(entry.value("Default")); }});
   columns.push_back(numberOr("EmpID", "0"));
   columns.push_back(numberOr("SectorID", "1"));
   columns.push_back(numberOr("Region1ID", "1"));
@@ -57,17 +56,15 @@ frame::MasterLevel subTypeLevel(const AccountWords& words) {
       .suffix = "2",
       .heading = "Sub account types",
       .key = "Level2ID",
-      .statement = [](const std::string& type) {
-        return "SELECT * from Acclevel2 where typeid=" + orNone(type) + " order by level2id";
-      },
+      .statement =
+          [](const std::string& type) {
+            return "SELECT * from Acclevel2 where typeid=" + orNone(type) + " order by level2id";
+          },
       .columns = {{.caption = "Code", .field = "Level2ID", .width = 7},
                   {.caption = "Sub type", .field = "L2AccName", .width = 24}},
-      .fields = {{.name = "SubCode",
-                  .caption = "Code",
-                  .column = "Level2ID",
-                  .use = frame::BoxUse::ShownOnly,
-                  .width = 8},
-                 {.name = "SubCatCodeTxt", .caption = "Name", .column = "L2AccName"}},
+      .fields =
+          {{.name = "SubCode", .caption = "Code", .column = "Level2ID", .use = frame::BoxUse::ShownOnly, .width = 8},
+           {.name = "SubCatCodeTxt", .caption = "Name", .column = "L2AccName"}},
       .written = {{"level2id"},
                   {"l2accname"},
                   {"typeid", [](const MasterEntry& entry) -> store::Value { return entry.parent(); }}},
@@ -75,16 +72,16 @@ frame::MasterLevel subTypeLevel(const AccountWords& words) {
                                   "You have added maximum number of sub account types in the selected main account "
                                   "type.")},
                 {frame::emptyText("L2AccName", "Enter sub account type to save."), "L2AccName"}},
-      .deletion =
-          frame::MasterDeletion{
-              .none = {"No Sub Account Type", "There is no sub account type to be deleted."},
-              .refusals = {frame::hasRows(
-                  "select * from acclevel3 where level2id = ",
-                  [](const MasterEntry& entry) { return entry.stored("Level2ID"); },
-                  [text = words.subTypeNotEmpty](const MasterEntry&) { return text; })},
-              .question = [](const MasterEntry&) {
-                return std::string("Are you sure, you want to delete this selected sub account type?");
-              }},
+      .deletion = frame::MasterDeletion{.none = {"No Sub Account Type", "There is no sub account type to be deleted."},
+                                        .refusals = {frame::hasRows(
+                                            "select * from acclevel3 where level2id = ",
+                                            [](const MasterEntry& entry) { return entry.stored("Level2ID"); },
+                                            [text = words.subTypeNotEmpty](const MasterEntry&) { return text; })},
+                                        .question =
+                                            [](const MasterEntry&) {
+                                              return std::string(
+                                                  "Are you sure, you want to delete this selected sub account type?");
+                                            }},
       .firstColumn = "L2AccName",
       .formColumns = 2,
       .givenCode = frame::givenBy(subTypeCodes()),
@@ -107,9 +104,10 @@ frame::MasterLevel accountLevel(const AccountWords& words, std::vector<frame::Ma
       .suffix = "3",
       .heading = "Accounts",
       .key = "AccCode",
-      .statement = [](const std::string& subType) {
-        return "SELECT * from Acclevel3 where level2id=" + orNone(subType) + " order by acccode";
-      },
+      .statement =
+          [](const std::string& subType) {
+            return "SELECT * from Acclevel3 where level2id=" + orNone(subType) + " order by acccode";
+          },
       .columns = {{.caption = "Code", .field = "AccCode", .width = 10},
                   {.caption = "Name", .field = "AccName", .width = 40}},
       .fields = std::move(fields),
@@ -129,10 +127,11 @@ frame::MasterLevel accountLevel(const AccountWords& words, std::vector<frame::Ma
                                  return "There have been ledger entries recorded for the selected account, " +
                                         entry.stored("AccName") + ".";
                                })},
-              .question = [subject = words.subject](const MasterEntry& entry) {
-                return "Are you sure, you want to delete this selected " + subject + ", " + entry.stored("AccName") +
-                       "?";
-              }},
+              .question =
+                  [subject = words.subject](const MasterEntry& entry) {
+                    return "Are you sure, you want to delete this selected " + subject + ", " +
+                           entry.stored("AccName") + "?";
+                  }},
       .firstColumn = "AccName",
       .formColumns = 2,
       .givenCode = frame::givenBy(accountCodes()),

@@ -12,17 +12,16 @@ frame::PickerType chartOfAccounts(int chartView) {
   return {
       .screen = "ChartofAccounts",
       .title = "Find an Account",
-      .columns = {{.caption = "Account",
-                   .field = "[AccLevel3].[AccCode] & '  ' & [AccLevel3].[AccName]",
-                   .width = 48},
+      .columns = {{.caption = "Account", .field = "[AccLevel3].[AccCode] & '  ' & [AccLevel3].[AccName]", .width = 48},
                   {.caption = "Type", .field = "[AccLevel1].[TypeID] & '  ' & [AccLevel1].[Type]", .width = 30},
                   {.caption = "Sub type",
                    .field = "[AccLevel2].[Level2ID] & '  ' & [AccLevel2].[L2AccName]",
                    .width = 34}},
       .key = "AccLevel3.AccCode",
-      .from = " FROM (AccLevel1 INNER JOIN AccLevel2 ON AccLevel1.TypeID = AccLevel2.TypeID) INNER JOIN AccLevel3 ON "
-              "AccLevel2.Level2ID = AccLevel3.Level2ID" +
-              ofType,
+      .from =
+          " FROM (AccLevel1 INNER JOIN AccLevel2 ON AccLevel1.TypeID = AccLevel2.TypeID) INNER JOIN AccLevel3 ON "
+          "AccLevel2.Level2ID = AccLevel3.Level2ID" +
+          ofType,
       .order = "AccLevel3.AccCode",
       .tables = {"AccLevel1", "AccLevel2", "AccLevel3"},
   };

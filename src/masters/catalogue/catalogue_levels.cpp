@@ -133,19 +133,18 @@ frame::MasterLevel itemLevel(const CatalogueWords& words, std::vector<frame::Mas
                 {frame::codeTaken("ItemCode", "select itemcode from stocklevel3 where itemcode like ", words.codeTaken),
                  "ItemCode"},
                 {frame::emptyText("ItemName", words.nameMissing), "ItemName"}},
-      .deletion =
-          frame::MasterDeletion{
-              .none = {"Cannot Delete", "There is no inventory item to be deleted."},
-              .refusals = {frame::codeHasRows(
-                  "ItemCode", "select * from stockflow where itemcode like ",
-                  [subject = words.subject](const MasterEntry& entry) {
-                    return "There have been ledger entries recorded for the selected " + subject + ", " +
-                           entry.stored("ItemName") + ".";
-                  })},
-              .question = [question = words.question](const MasterEntry& entry) {
-                return "Are you sure, you want to delete this selected " + question + ", " + entry.stored("ItemName") +
-                       "?";
-              }},
+      .deletion = frame::MasterDeletion{.none = {"Cannot Delete", "There is no inventory item to be deleted."},
+                                        .refusals = {frame::codeHasRows(
+                                            "ItemCode", "select * from stockflow where itemcode like ",
+                                            [subject = words.subject](const MasterEntry& entry) {
+                                              return "There have been ledger entries recorded for the selected " +
+                                                     subject + ", " + entry.stored("ItemName") + ".";
+                                            })},
+                                        .question =
+                                            [question = words.question](const MasterEntry& entry) {
+                                              return "Are you sure, you want to delete this selected " + question +
+                                                     ", " + entry.stored("ItemName") + "?";
+                                            }},
       .firstColumn = "ItemCode",
       .formColumns = 2,
       .alsoWrite = renameMovements,

@@ -51,8 +51,7 @@ MasterPrint barCodes(const std::string& caption, LabelSheet sheet) {
             const std::optional<int> copies = askLabelCopies(&dialog, MostLabelCopies);
             if (!copies) return std::nullopt;
             const session::LoginContext& context = dialog.workplace().context;
-            const store::Recordset items(dialog.workplace().context.KORDconn,
-                                         barCodeStatement(code, context.ccode),
+            const store::Recordset items(dialog.workplace().context.KORDconn, barCodeStatement(code, context.ccode),
                                          store::LockType::ReadOnly);
             auto labels = barCodeLabels(context, items, sheet, *copies, dialog.workplace().clock.today());
             if (labels) return std::move(*labels);

@@ -19,9 +19,10 @@ const frame::PickerType& chartOfInventory() {
                   {.caption = "Sub category", .field = "StockLevel2.SubCatName", .width = 22},
                   {.caption = "Brand", .field = "Brands.BrandName", .width = 16}},
       .key = "StockLevel3.ItemCode",
-      .from = " FROM ((StockLevel1 INNER JOIN StockLevel2 ON StockLevel1.CatID = StockLevel2.CatID) INNER JOIN "
-              "StockLevel3 ON StockLevel2.SubCatID = StockLevel3.SubCatID) INNER JOIN Brands ON StockLevel3.BrandID = "
-              "Brands.BrandID WHERE StockLevel3.CatID not like 'Service'",
+      .from =
+          " FROM ((StockLevel1 INNER JOIN StockLevel2 ON StockLevel1.CatID = StockLevel2.CatID) INNER JOIN "
+          "StockLevel3 ON StockLevel2.SubCatID = StockLevel3.SubCatID) INNER JOIN Brands ON StockLevel3.BrandID = "
+          "Brands.BrandID WHERE StockLevel3.CatID not like 'Service'",
       .order = "StockLevel3.ItemCode",
       .tables = {"StockLevel1", "StockLevel2", "StockLevel3", "Brands"},
       .headerOrders = {"StockLevel3.ItemCode asc", "StockLevel3.ItemName asc", byCategory, "", byCategory},

@@ -56,8 +56,8 @@ printing::Report invBelowReorderPrint(const session::LoginContext& context, cons
             .align = Align::Right,
             .format = Quantity}},
       .counted = "Items"};
-  return printing::listReport(context, sheet, printing::withoutEmptyGroups(std::make_shared<printing::RecordsetData>(rows), "Level3"),
-                    today);
+  return printing::listReport(
+      context, sheet, printing::withoutEmptyGroups(std::make_shared<printing::RecordsetData>(rows), "Level3"), today);
 }
 
 }  // namespace velmo::masters

@@ -9,16 +9,17 @@ printing::Report stockList1Print(const session::LoginContext& context, const sto
                                  text::DateTime today) {
   using printing::mm;
   const printing::ListSheet sheet{.title = "Chart of Inventory",
-                        .levels = {{"Level1", "catid", "catname"}, {"level2", "subcatid", "subcatname"}},
-                        .dataMember = "level3",
-                        .columns = {printing::codeColumn("Item Code", "itemcode"),
-                                    {.heading = "Item Name", .dataField = "itemname"},
-                                    {.heading = "Description", .dataField = "description", .width = mm(46)},
-                                    {.heading = "Unit", .dataField = "unit", .width = mm(16)},
-                                    {.heading = "Rack", .dataField = "rack", .width = mm(20)},
-                                    {.heading = "Status", .dataField = "status", .width = mm(16)}},
-                        .counted = "Items"};
-  printing::Report report = printing::listReport(context, sheet, std::make_shared<printing::RecordsetData>(rows), today);
+                                  .levels = {{"Level1", "catid", "catname"}, {"level2", "subcatid", "subcatname"}},
+                                  .dataMember = "level3",
+                                  .columns = {printing::codeColumn("Item Code", "itemcode"),
+                                              {.heading = "Item Name", .dataField = "itemname"},
+                                              {.heading = "Description", .dataField = "description", .width = mm(46)},
+                                              {.heading = "Unit", .dataField = "unit", .width = mm(16)},
+                                              {.heading = "Rack", .dataField = "rack", .width = mm(20)},
+                                              {.heading = "Status", .dataField = "status", .width = mm(16)}},
+                                  .counted = "Items"};
+  printing::Report report =
+      printing::listReport(context, sheet, std::make_shared<printing::RecordsetData>(rows), today);
   printing::showYesAs(report, "status", "Blocked");
   return report;
 }

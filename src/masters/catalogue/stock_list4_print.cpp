@@ -8,12 +8,12 @@ namespace velmo::masters {
 printing::Report stockList4Print(const session::LoginContext& context, const store::Recordset& rows,
                                  text::DateTime today) {
   const printing::ListSheet sheet{.title = "Services",
-                        .levels = {{"Level1", "subcatid", "subcatname"}},
-                        .dataMember = "level3",
-                        .columns = {printing::codeColumn("Service Code", "itemcode"),
-                                    {.heading = "Service Name", .dataField = "itemname"},
-                                    printing::priceColumn(context, "sellingprice")},
-                        .counted = "Services"};
+                                  .levels = {{"Level1", "subcatid", "subcatname"}},
+                                  .dataMember = "level3",
+                                  .columns = {printing::codeColumn("Service Code", "itemcode"),
+                                              {.heading = "Service Name", .dataField = "itemname"},
+                                              printing::priceColumn(context, "sellingprice")},
+                                  .counted = "Services"};
   return printing::listReport(context, sheet, std::make_shared<printing::RecordsetData>(rows), today);
 }
 

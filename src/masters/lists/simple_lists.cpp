@@ -31,9 +31,10 @@ frame::MasterLevel regionLevel() {
           .suffix = "",
           .heading = "Regions",
           .key = "Region1ID",
-          .statement = [](const std::string&) {
-            return std::string("SELECT * from Regions1 where Region1ID>1 order by Region1name");
-          },
+          .statement =
+              [](const std::string&) {
+                return std::string("SELECT * from Regions1 where Region1ID>1 order by Region1name");
+              },
           .columns = {{.caption = "Region", .field = "Region1Name", .width = 30}},
           .fields = {{.name = "CatCode", .caption = "No.", .column = "Region1ID", .use = BoxUse::ShownOnly},
                      {.name = "CatCodeTxt", .caption = "Region", .column = "Region1Name"}},
@@ -57,10 +58,11 @@ frame::MasterLevel subRegionLevel() {
           .suffix = "2",
           .heading = "Sub regions",
           .key = "Region2ID",
-          .statement = [](const std::string& region) {
-            return "SELECT * from regions2 where region1id = " + (region.empty() ? "0" : region) +
-                   " order by region2name";
-          },
+          .statement =
+              [](const std::string& region) {
+                return "SELECT * from regions2 where region1id = " + (region.empty() ? "0" : region) +
+                       " order by region2name";
+              },
           .columns = {{.caption = "Sub region", .field = "Region2Name", .width = 30}},
           .fields = {{.name = "SubCatCode", .caption = "No.", .column = "Region2ID", .use = BoxUse::ShownOnly},
                      {.name = "SubCatCodeTxt", .caption = "Sub region", .column = "Region2Name"}},
@@ -68,21 +70,19 @@ frame::MasterLevel subRegionLevel() {
                       {"Region2Name"},
                       {"Region1ID", [](const MasterEntry& entry) -> store::Value { return entry.parent(); }}},
           .tests = {{frame::emptyText("Region2Name", "Enter sub region name to save."), "Region2Name"}},
-          .deletion =
-              frame::MasterDeletion{
-                  .none = {"No Sub Region Found", "There is no sub region to be deleted."},
-                  .refusals = {frame::hasRows(
-                      "select * from acclevel3 where region2id = ",
-                      [](const MasterEntry& entry) { return entry.stored("Region2ID"); },
-                      [](const MasterEntry& entry) {
-                        return "There have been customers recorded in this sub region, " +
-                               entry.stored("Region2Name") + ".";
-                      })},
-                  .question =
-                      [](const MasterEntry& entry) {
-                        return "Are you sure, you want to delete this selected sub region, " +
-                               entry.stored("Region2Name") + "?";
-                      }},
+          .deletion = frame::MasterDeletion{.none = {"No Sub Region Found", "There is no sub region to be deleted."},
+                                            .refusals = {frame::hasRows(
+                                                "select * from acclevel3 where region2id = ",
+                                                [](const MasterEntry& entry) { return entry.stored("Region2ID"); },
+                                                [](const MasterEntry& entry) {
+                                                  return "There have been customers recorded in this sub region, " +
+                                                         entry.stored("Region2Name") + ".";
+                                                })},
+                                            .question =
+                                                [](const MasterEntry& entry) {
+                                                  return "Are you sure, you want to delete this selected sub region, " +
+                                                         entry.stored("Region2Name") + "?";
+                                                }},
           .firstColumn = "Region2Name",
           .givenCode = numberedBy("Region2ID", "Regions2")};
 }
@@ -115,7 +115,8 @@ QWidget* makeOneLevel(const char* screen, const char* title, frame::MasterLevel 
                       QWidget* parent, std::vector<frame::MasterPrint> prints = {}) {
   std::vector<frame::MasterLevel> levels;
   levels.push_back(std::move(level));
-  return new frame::MasterDialog({.screen = screen, .title = title, .levels = std::move(levels), .prints = std::move(prints)}, workplace, parent);
+  return new frame::MasterDialog(
+      {.screen = screen, .title = title, .levels = std::move(levels), .prints = std::move(prints)}, workplace, parent);
 }
 
 }  // namespace
@@ -132,31 +133,30 @@ QWidget* makeSectors(session::Workplace& workplace, QWidget* parent) {
   level.written.insert(level.written.begin(), {"SectorID"});
   level.tests.push_back({isTheFirst("SectorID", "You cannot modify this sector.")});
   level.givenCode = numberedBy("SectorID", "BizSectors");
-  level.deletion = frame::MasterDeletion{
-      .none = {"Cannot Delete", "There is no sector to be deleted."},
-      .refusals = {isTheFirst("SectorID", "You cannot delete this sector."),
-                   frame::hasRows(
-                       "select * from acclevel3 where sectorid = ",
-                       [](const MasterEntry& entry) { return entry.stored("SectorID"); },
-                       always("There have been customers recorded for the selected sector."))},
-      .question = always("Are you sure, you want to delete this sector?")};
+  level.deletion =
+      frame::MasterDeletion{.none = {"Cannot Delete", "There is no sector to be deleted."},
+                            .refusals = {isTheFirst("SectorID", "You cannot delete this sector."),
+                                         frame::hasRows(
+                                             "select * from acclevel3 where sectorid = ",
+                                             [](const MasterEntry& entry) { return entry.stored("SectorID"); },
+                                             always("There have been customers recorded for the selected sector."))},
+                            .question = always("Are you sure, you want to delete this sector?")};
   return makeOneLevel("Sectors", "Business Sectors", std::move(level), workplace, parent);
 }
 
 QWidget* makeInvBrands(session::Workplace& workplace, QWidget* parent) {
-  return makeOneLevel("InvBrands", "Inventory Brands",
-                      namesLevel("Brands", "BrandID", "BrandName",
-                                 "select * from brands where brandid>1 order by BrandName",
-                                 "Give location name to save."),
-                      workplace, parent, brandPrints());
+  return makeOneLevel(
+      "InvBrands", "Inventory Brands",
+      namesLevel("Brands", "BrandID", "BrandName", "select * from brands where brandid>1 order by BrandName",
+                 "Give location name to save."),
+      workplace, parent, brandPrints());
 }
 
 QWidget* makeInvLocations(session::Workplace& workplace, QWidget* parent) {
-  frame::MasterLevel level = namesLevel("Inventory locations", "LocationID", "LocationName",
-                                        "select * from StockLocation order by LocationName",
-                                        "Give location name to save.");
-  level.fields.push_back(
-      {.name = "LocDesc", .caption = "Location", .column = "LocationName", .use = BoxUse::Hidden});
+  frame::MasterLevel level =
+      namesLevel("Inventory locations", "LocationID", "LocationName",
+                 "select * from StockLocation order by LocationName", "Give location name to save.");
+  level.fields.push_back({.name = "LocDesc", .caption = "Location", .column = "LocationName", .use = BoxUse::Hidden});
   // Locations are never deleted, so that the next number is the count of them with the new one.
   level.begin = [](MasterPanel& panel) {
     panel.setText("LocationID", std::to_string(panel.rows().recordCount() + 1));

@@ -38,9 +38,9 @@ std::vector<frame::WrittenColumn> employeeColumns() {
   const auto salary = [](const MasterEntry& entry) -> store::Value {
     return text::amountFrom(store::textOf(entry.value("Salary")));
   };
-  return {{"EmpName"},  {"FatherName"}, {"Address"},     {"Telephone"},      {"EMail"},
-          {"DateOfBirth"}, {"NICNo"},   {"Department"},  {"Designation"},    {"Salary", salary},
-          {"DateJoin"}, {"DateLeft"},   {"Remarks"},     {"Reference"},      {"Status"}};
+  return {{"EmpName"},     {"FatherName"}, {"Address"},    {"Telephone"},   {"EMail"},
+          {"DateOfBirth"}, {"NICNo"},      {"Department"}, {"Designation"}, {"Salary", salary},
+          {"DateJoin"},    {"DateLeft"},   {"Remarks"},    {"Reference"},   {"Status"}};
 }
 
 std::optional<std::string> lastOne(const MasterEntry& entry) {
@@ -79,9 +79,8 @@ QWidget* makeEmployees(session::Workplace& workplace, QWidget* parent) {
                                       "There have been transactions recorded for the selected employee."),
                            referredTo("select * from acclevel3 where empid = ",
                                       "There have been customers linked with the selected employee.")},
-              .question = [](const MasterEntry&) {
-                return std::string("Are you sure, you want to delete this employee?");
-              }},
+              .question =
+                  [](const MasterEntry&) { return std::string("Are you sure, you want to delete this employee?"); }},
       .firstColumn = "EmpName",
       .formColumns = 2};
   std::vector<frame::MasterLevel> levels;

@@ -49,10 +49,10 @@ void addLogins(GridEditor& editor, QHBoxLayout& row) {
   auto* logins = new forms::DropCombo;
   logins->setObjectName("LoginList");
   logins->setMinimumWidth(220);
-  logins->setSource({editor.workplace().context.KORDconn,
-                     "Select userid, username, password from users where userid>1 order by username",
-                     store::LockType::ReadOnly},
-                    "username", "userid");
+  logins->setSource(
+      {editor.workplace().context.KORDconn,
+       "Select userid, username, password from users where userid>1 order by username", store::LockType::ReadOnly},
+      "username", "userid");
   auto* id = new QLineEdit;
   id->setObjectName("UID");
   id->setReadOnly(true);

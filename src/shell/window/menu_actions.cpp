@@ -35,7 +35,8 @@ void fillMenu(QMenu& menu, const MenuBranch& branch, const HasScreen& hasScreen,
 }  // namespace
 
 void fillMenuBar(QMenuBar& bar, const HasScreen& hasScreen, const Chosen& chosen) {
-  for (const MenuBranch& branch : menuBar()) fillMenu(*bar.addMenu(forms::shownText(branch.caption)), branch, hasScreen, chosen);
+  for (const MenuBranch& branch : menuBar())
+    fillMenu(*bar.addMenu(forms::shownText(branch.caption)), branch, hasScreen, chosen);
 }
 
 }  // namespace velmo::shell

@@ -14,8 +14,7 @@ struct ForwardReader::Impl {
 
 ForwardReader::ForwardReader(Connection& connection, std::string_view statement) {
   const std::shared_ptr<Connection::Impl>& open = connection.impl();
-  const std::shared_ptr<const ResultSource> source =
-      describeResult(open, open->compile(statement), LockType::ReadOnly);
+  const std::shared_ptr<const ResultSource> source = describeResult(open, open->compile(statement), LockType::ReadOnly);
   impl_ = std::make_unique<Impl>(Impl{source, open->prepare(source->statement.compiled->sql)});
   impl_->statement.bindLiterals(source->statement.parameters);
 }

@@ -33,7 +33,7 @@ class RowTest {
     sql::Comparison comparison = sql::Comparison::Equal;
     Value literal;
     std::shared_ptr<const text::LikePattern> pattern;  // of Like
-    bool hasSpellings = false;                        // of Like: an index finds them
+    bool hasSpellings = false;                         // of Like: an index finds them
   };
 
   static Comparison bound(const ResultSource& source, const sql::Criterion& criterion, std::string_view text);

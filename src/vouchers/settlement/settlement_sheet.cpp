@@ -205,8 +205,8 @@ void SettlementSheet::deriveTax(int row) {
 
 void SettlementSheet::RecalculateSettlementRow(int row) {
   write(row, Payment,
-        frame::moneyOf(text::sumOf({numberAt(row, TotPayment), -numberAt(row, WHTax), -numberAt(row, AdvAdj),
-                                    -numberAt(row, Discount)})));
+        frame::moneyOf(text::sumOf(
+            {numberAt(row, TotPayment), -numberAt(row, WHTax), -numberAt(row, AdvAdj), -numberAt(row, Discount)})));
 }
 
 // Another program may have written finer amounts into the file.

@@ -16,9 +16,8 @@ using frame::SaveSituation;
 // What was typed of a cheque stands as it is; nothing of it is tested.
 std::vector<frame::DocumentField> chequeFields(const SettlementKind& kind) {
   if (kind.by == PaidBy::Cash) return {};
-  std::vector<frame::DocumentField> fields = {
-      {.name = "ChqNo", .column = "D1", .label = "Cheque No."},
-      {.name = "ChqDt", .column = "D1Date", .label = "Dated "}};
+  std::vector<frame::DocumentField> fields = {{.name = "ChqNo", .column = "D1", .label = "Cheque No."},
+                                              {.name = "ChqDt", .column = "D1Date", .label = "Dated "}};
   if (isReceipt(kind)) fields.push_back({.name = "ChqBank", .column = "text4", .label = "Cheque Bank"});
   return fields;
 }

@@ -3,9 +3,9 @@
 
 #include <future>
 
-#include "store/small_shop.h"
 #include "store/checks/check_round.h"
 #include "store/checks/soundness.h"
+#include "store/small_shop.h"
 #include "store/upkeep/back_up.h"
 #include "store/upkeep/copy_pages.h"
 #include "support/damage.h"

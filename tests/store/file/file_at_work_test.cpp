@@ -4,9 +4,9 @@
 
 #include <fstream>
 
-#include "store/small_shop.h"
 #include "store/file/open_database.h"
 #include "store/file/work_file.h"
+#include "store/small_shop.h"
 #include "support/another_program.h"
 
 namespace {

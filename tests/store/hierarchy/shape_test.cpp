@@ -3,8 +3,8 @@
 
 #include <random>
 
-#include "store/small_shop.h"
 #include "store/hierarchy/parse_shape.h"
+#include "store/small_shop.h"
 
 namespace {
 

@@ -13,8 +13,8 @@
 #include <map>
 #include <thread>
 
-#include "store/small_shop.h"
 #include "store/file/work_file.h"
+#include "store/small_shop.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include <functional>
 #include <map>
 
-#include "store/small_shop.h"
 #include "store/connection/connection_string.h"
+#include "store/small_shop.h"
 
 namespace {
 

@@ -5,7 +5,6 @@
 
 #include "store/sql/parse/statement.h"
 
-
 namespace velmo::store::sql {
 
 // A stretch of the statement's text, in bytes.

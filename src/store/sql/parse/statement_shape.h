@@ -7,7 +7,6 @@
 
 #include "store/sql/parse/statement.h"
 
-
 namespace velmo::store::sql {
 
 // What is left of a statement when the values of its literals are taken out. Two statements of the same key compile
