@@ -21,7 +21,7 @@ RowSet::RowSet(std::shared_ptr<const ResultSource> source)
 
 std::shared_ptr<RowSet> RowSet::open(std::shared_ptr<const ResultSource> source) {
   const BoundStatement& statement = source->statement;
-  return open(source, statement.compiled->sql, statement.parameters);
+  return open(std::move(source), statement.compiled->sql, statement.parameters);
 }
 
 std::shared_ptr<RowSet> RowSet::open(std::shared_ptr<const ResultSource> source, std::string_view sql,
