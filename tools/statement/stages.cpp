@@ -26,7 +26,9 @@ std::string parameterWord(int literal) {
 class Outline {
  public:
   explicit Outline(std::string& words) : words_(words) {}
-  void line(int depth, const std::string& text) { words_ += std::string(2 * depth, ' ') + text + "\n"; }
+  void line(int depth, const std::string& text) {
+    words_ += std::string(static_cast<std::size_t>(depth) * 2, ' ') + text + "\n";
+  }
 
   void expression(int depth, const Expression& node) {
     line(depth, wordOf(node));

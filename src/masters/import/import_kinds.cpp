@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "masters/import/import_kind.h"
 
 namespace velmo::masters {

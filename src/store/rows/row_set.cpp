@@ -114,6 +114,7 @@ RowId RowSet::append() {
   return row;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the values are moved out of it
 void RowSet::edit(RowId row, FieldValues values) {
   if (values.empty()) return;
   Undo* const before = rememberEdit(row);
