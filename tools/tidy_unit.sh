@@ -9,6 +9,6 @@ if ! grep -qF "/$1\"" "$work/compile_commands.json" || [ "$(date +%s)" -ge "$dea
 fi
 said="$(mktemp "$work/unit.XXXXXX")"
 clang-tidy --quiet -p "$work" "$1" >"$said" 2>/dev/null || true
-# What does not compile, g++ tells: clang 14 does not read all of C++20 and of g++'s library.
-awk '/: (warning|error): / { parser = /clang-diagnostic-error/ } !parser' "$said" >>"$work/said"
+# What the compiler says, g++ says: clang 14 does not read all of C++20 and of g++'s library.
+awk '/^error: |: (warning|error): / { compiler = /clang-diagnostic/ } !compiler' "$said" >>"$work/said"
 rm "$said"
