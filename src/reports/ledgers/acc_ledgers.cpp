@@ -171,7 +171,8 @@ frame::ReportType ledgersType(const session::LoginContext& context) {
           .figures = showFigures,
           .printOut = printOut,
           .sheetOf = sheetOf,
-          .opened = showWantedAccount};
+          .opened = showWantedAccount,
+          .reopened = showWantedAccount};
 }
 
 }  // namespace
