@@ -1,14 +1,12 @@
 #include "documents/trade/find_screens.h"
 
+#include "frame/document/find_columns.h"
+
 namespace velmo::documents {
 
 namespace {
 
 using enum frame::FindCondition;
-using enum forms::ColumnAlignment;
-
-constexpr const char* day = "dd-mm-yyyy";
-constexpr const char* money = "0.00;(0.00)";
 
 constexpr std::string_view select =
     "Transactions.TranNo, Transactions.DocNo, Transactions.TranDate, Transactions.Text1, Transactions.TrAmount, "
@@ -31,30 +29,18 @@ struct References {
 };
 
 std::vector<forms::TableColumn> resultColumns(const char* party, const char* paid, References references) {
-  std::vector<forms::TableColumn> columns = {
-      {.caption = "Serial No.", .field = "DocNo", .alignment = Right, .width = 9},
-      {.caption = "Date", .field = "TranDate", .format = day, .width = 10},
-      {.caption = party, .field = "Text1", .width = 28},
-      {.caption = "Amount", .field = "TrAmount", .format = money, .alignment = Right},
-      {.caption = paid, .field = "Received", .format = money, .alignment = Right},
-      {.caption = "Balance", .field = "Balance", .format = money, .alignment = Right},
-      {.caption = "Terms of Payment", .field = "Nature", .width = 16},
-      {.caption = references.first, .field = "D1", .width = 16},
-      {.caption = "Dated", .field = "D1Date", .width = 10}};
+  std::vector<forms::TableColumn> columns = {{.caption = party, .field = "Text1", .width = 28},
+                                             frame::findAmount("Amount", "TrAmount"),
+                                             frame::findAmount(paid, "Received"),
+                                             frame::findAmount("Balance", "Balance"),
+                                             {.caption = "Terms of Payment", .field = "Nature", .width = 16},
+                                             {.caption = references.first, .field = "D1", .width = 16},
+                                             {.caption = "Dated", .field = "D1Date", .width = 10}};
   if (references.second) {
     columns.push_back({.caption = references.second, .field = "D2", .width = 16});
     columns.push_back({.caption = "Dated", .field = "D2Date", .width = 10});
   }
-  const forms::TableColumn last[] = {
-      {.caption = "Employee", .field = "EmpName", .width = 18},
-      {.caption = "Location", .field = "LocationName", .width = 16},
-      {.caption = "Status", .field = "CStatus", .width = 10},
-      {.caption = "Added By", .field = "AddedBy", .width = 14},
-      {.caption = "Time Added", .field = "TimeAdded", .format = frame::momentFormat, .width = 19},
-      {.caption = "Edited By", .field = "EditedBy", .width = 14},
-      {.caption = "Time Edited", .field = "TimeEdited", .format = frame::momentFormat, .width = 19}};
-  columns.insert(columns.end(), std::begin(last), std::end(last));
-  return columns;
+  return frame::findColumns(columns, frame::FindLocation::Joined);
 }
 
 }  // namespace

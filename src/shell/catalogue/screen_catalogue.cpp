@@ -39,46 +39,6 @@
 namespace velmo::shell {
 namespace {
 
-QWidget* makeSaleInvoicesSimple(session::Workplace& workplace, QWidget* parent) {
-  return documents::makeSaleInvoicesSimple(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeSaleInvoicesPOS(session::Workplace& workplace, QWidget* parent) {
-  return documents::makeSaleInvoicesPOS(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeSaleReturns(session::Workplace& workplace, QWidget* parent) {
-  return documents::makeSaleReturns(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makePurchaseBillsSimple(session::Workplace& workplace, QWidget* parent) {
-  return documents::makePurchaseBillsSimple(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makePurchaseReturns(session::Workplace& workplace, QWidget* parent) {
-  return documents::makePurchaseReturns(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeCashReceipts(session::Workplace& workplace, QWidget* parent) {
-  return vouchers::makeCashReceipts(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeBankReceipts(session::Workplace& workplace, QWidget* parent) {
-  return vouchers::makeBankReceipts(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeCashPayments(session::Workplace& workplace, QWidget* parent) {
-  return vouchers::makeCashPayments(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeBankPayments(session::Workplace& workplace, QWidget* parent) {
-  return vouchers::makeBankPayments(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeGeneralJournal(session::Workplace& workplace, QWidget* parent) {
-  return vouchers::makeGeneralJournal(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
 QWidget* makePrintVouchers(session::Workplace& workplace, QWidget* parent) {
   return reports::makePrintVouchers(workplace, parent,
                                     {.voucher1 = vouchers::voucher1Print, .voucher2 = vouchers::voucher2Print});
@@ -86,16 +46,16 @@ QWidget* makePrintVouchers(session::Workplace& workplace, QWidget* parent) {
 
 constexpr ScreenEntry screens[] = {
     {"Navigation", ScreenKind::ChildWindow, makeNavigation, HelpTopic::FirstSteps},
-    {"SaleInvoicesSimple", ScreenKind::ChildWindow, makeSaleInvoicesSimple},
-    {"SaleInvoicesPOS", ScreenKind::ChildWindow, makeSaleInvoicesPOS},
-    {"SaleReturns", ScreenKind::ChildWindow, makeSaleReturns},
-    {"PurchaseBillsSimple", ScreenKind::ChildWindow, makePurchaseBillsSimple},
-    {"PurchaseReturns", ScreenKind::ChildWindow, makePurchaseReturns},
-    {"CashReceipts", ScreenKind::ChildWindow, makeCashReceipts},
-    {"BankReceipts", ScreenKind::ChildWindow, makeBankReceipts},
-    {"CashPayments", ScreenKind::ChildWindow, makeCashPayments},
-    {"BankPayments", ScreenKind::ChildWindow, makeBankPayments},
-    {"GeneralJournal", ScreenKind::ChildWindow, makeGeneralJournal},
+    {"SaleInvoicesSimple", ScreenKind::ChildWindow, documents::makeSaleInvoicesSimple},
+    {"SaleInvoicesPOS", ScreenKind::ChildWindow, documents::makeSaleInvoicesPOS},
+    {"SaleReturns", ScreenKind::ChildWindow, documents::makeSaleReturns},
+    {"PurchaseBillsSimple", ScreenKind::ChildWindow, documents::makePurchaseBillsSimple},
+    {"PurchaseReturns", ScreenKind::ChildWindow, documents::makePurchaseReturns},
+    {"CashReceipts", ScreenKind::ChildWindow, vouchers::makeCashReceipts},
+    {"BankReceipts", ScreenKind::ChildWindow, vouchers::makeBankReceipts},
+    {"CashPayments", ScreenKind::ChildWindow, vouchers::makeCashPayments},
+    {"BankPayments", ScreenKind::ChildWindow, vouchers::makeBankPayments},
+    {"GeneralJournal", ScreenKind::ChildWindow, vouchers::makeGeneralJournal},
     {"ModifyAccounts", ScreenKind::Dialog, masters::makeModifyAccounts},
     {"ModifyCustomers", ScreenKind::Dialog, masters::makeModifyCustomers},
     {"ModifySuppliers", ScreenKind::Dialog, masters::makeModifySuppliers},
@@ -139,6 +99,12 @@ constexpr ScreenEntry screens[] = {
 };
 
 }  // namespace
+
+QWidget* ScreenEntry::make(session::Workplace& workplace, QWidget* parent) const {
+  if (const auto* document = std::get_if<MakeDocument>(&maker))
+    return (*document)(workplace, parent, {.voucher = showDocumentVoucher});
+  return std::get<Make>(maker)(workplace, parent);
+}
 
 std::span<const ScreenEntry> screenCatalogue() {
   return screens;
