@@ -9,18 +9,15 @@
 #include "forms/table_view.h"
 #include "frame/document/find_columns.h"
 #include "frame/shop_fixture.h"
+#include "schema/document_kinds.h"
 #include "support/typing.h"
 
 namespace {
 
 using namespace velmo;
 
-constexpr int anyType = 32;
-
 const frame::FindType type{
-    .screen = "FindAny",
     .title = "FIND",
-    .viewRight = 94,
     .select =
         "Transactions.TranNo, Transactions.DocNo, Transactions.TranDate, Transactions.Text1, Employees.EmpName, "
         "iif(Transactions.Cancel=0, '', 'CANCELLED') AS CStatus, Users.UserName AS AddedBy, "
@@ -40,7 +37,7 @@ class FindScreenTest : public test::Shop {
          "UserEdited) VALUES (9003, 32, 8, #10-30-2026#, 1, Yes, 'Yard', 1, 1)"});
     context.UserID = 1;
     find = std::make_unique<frame::FindScreen>(
-        type, anyType, workplace, [this] { ++shown; }, nullptr);
+        type, schema::documentForm("SaleInvoicesSimple"), workplace, [this] { ++shown; }, nullptr);
     find->show();
   }
   std::string numbers() {
