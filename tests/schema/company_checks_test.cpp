@@ -2,8 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include "schema/company_tables.h"
 #include "schema/new_company.h"
 #include "store/checks/check_round.h"
+#include "store/sqlite/kept_totals.h"
 #include "store/upkeep/database_file.h"
 #include "support/damage.h"
 
@@ -86,8 +88,9 @@ TEST_F(CompanyChecks, FindTotalsThatAreNotTheirLinesAndMendThem) {
 // What a comparison of the latest days and of the whole sums does not see.
 TEST_F(CompanyChecks, FindOldTotalsThatMakeUpForEachOther) {
   post(901, 32, 0, {{7, 0}, {0, 7}});
+  test::past(company.file, "UPDATE Transactions SET TranDate = '2026-10-01' WHERE TranNo = 901");
+  store::addLaterLines(company.connection.handle(), accountTotals());
   test::past(company.file,
-             "UPDATE Transactions SET TranDate = '2026-10-01' WHERE TranNo = 901;"
              "INSERT INTO Transactions (TranNo, TranDate, FYID) VALUES (902, '2026-11-23', 1), (903, '2026-11-24', 1),"
              "(904, '2026-11-25', 1);"
              "UPDATE AccountDays SET Debit = Debit + iif(TranDate < '2026-11-01', 1, -1) WHERE Debit > 0");

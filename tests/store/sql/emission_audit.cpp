@@ -78,7 +78,8 @@ bool isOfTheCatalogue(std::string_view name) {
   static const auto names = [] {
     std::set<std::string, std::less<>> all;
     for (const auto& kept : schema::companyCatalog().keptTotals())
-      all.insert({store::daysTableOf(kept), store::monthsTableOf(kept), kept.name + "Added", "Month"});
+      all.insert({store::daysTableOf(kept), store::monthsTableOf(kept), store::yearsTableOf(kept),
+                  store::pendingTableOf(kept), store::stateTableOf(kept), "Month", "Lines"});
     for (const auto& table : schema::companyCatalog().tables()) {
       all.insert(table.name);
       for (const auto& column : table.columns) all.insert(column.name);
