@@ -43,7 +43,8 @@ KeptSql::KeptSql(const KeptTotals& kept)
 std::vector<KeptSql::Object> KeptSql::objects() const {
   std::vector<Object> all;
   for (const Span& span : spans()) all.push_back(table(span));
-  all.insert(all.end(), {pendingTable(), subjectIndex(), apartIndex()});
+  all.insert(all.end(), {pendingTable(), subjectIndex(daysTableOf(kept_), {group_, subject_, day_}),
+                         subjectIndex(pendingTableOf(kept_), {group_, subject_}), apartIndex()});
   if (later_) all.push_back(stateTable());
   const std::vector<Object> made = triggers();
   all.insert(all.end(), made.begin(), made.end());
@@ -279,11 +280,11 @@ KeptSql::Object KeptSql::apartIndex() const {
               apartTest(kept_, "")};
 }
 
-// For the days of one subject.
-KeptSql::Object KeptSql::subjectIndex() const {
-  const std::string name = daysTableOf(kept_) + "_" + kept_.subject;
+// For one subject, of the days or of what is pending.
+KeptSql::Object KeptSql::subjectIndex(const std::string& table, const Names& columns) const {
+  const std::string name = table + "_" + kept_.subject;
   return {"index", name,
-          "CREATE INDEX " + quotedName(name) + " ON " + days().table + " (" + listed({group_, subject_, day_}) + ")"};
+          "CREATE INDEX " + quotedName(name) + " ON " + quotedName(table) + " (" + listed(columns) + ")"};
 }
 
 std::string KeptSql::insertion(const Span& span) const {

@@ -75,7 +75,7 @@ class KeptSql {
   Object pendingTable() const;
   Object stateTable() const;
   Object apartIndex() const;
-  Object subjectIndex() const;
+  Object subjectIndex(const std::string& table, const Names& columns) const;
   std::string columnsWithTypes(const Names& columns) const;
   std::string typeOf(const std::string& column) const;
 
