@@ -13,8 +13,8 @@ namespace {
 
 // The four kinds of receipts beside the opening stock: two of purchases, production, adjustments in.
 std::string receiptsStatement(int fyid, const CostBound& bound) {
-  return "SELECT StockFlow.ItemCode, IIF(Sum(StockFlow.StockIn)>0, Sum(StockFlow.ItemValue)/Sum(StockFlow.StockIn), 0) "
-         "AS WeightedCosts FROM Transactions INNER JOIN StockFlow ON "
+  return "SELECT StockFlow.ItemCode, Sum(StockFlow.StockIn) AS Quantity, Sum(StockFlow.ItemValue) AS ItemValues "
+         "FROM Transactions INNER JOIN StockFlow ON "
          "Transactions.TranNo = StockFlow.TranNo WHERE (((StockFlow.ItemCode) Is Not Null) AND ((StockFlow.StockIn) Is "
          "Not Null) AND ((Transactions.FYID)=" +
          std::to_string(fyid) +
@@ -35,12 +35,14 @@ std::vector<NewCost> costsThatDiffer(store::Connection& connection, const std::s
   ItemCosts present(connection, column, ItemCosts::Of::WeightedGoods);
   store::ForwardReader averages(connection, receipts);
   const int code = averages.field("ItemCode");
-  const int average = averages.field("WeightedCosts");
+  const int quantity = averages.field("Quantity");
+  const int value = averages.field("ItemValues");
   std::vector<NewCost> differing;
   while (averages.next()) {
     const double* found = present.find(averages.text(code));
-    if (found == nullptr || *found == averages.number(average)) continue;
-    std::string cost = text::numberText(averages.number(average));
+    const double average = averages.number(quantity) > 0 ? averages.number(value) / averages.number(quantity) : 0;
+    if (found == nullptr || *found == average) continue;
+    std::string cost = text::numberText(average);
     if (std::isnan(*found) || text::numberText(*found) != cost)
       differing.push_back({std::string(averages.text(code)), std::move(cost)});
   }

@@ -40,9 +40,9 @@ class CompanyChecks : public testing::Test {
                                  ")");
   }
   // Each as "D words", "T words" or "B words", the last with a mark behind it when the document is cancelled.
-  std::vector<std::string> found() {
+  std::vector<std::string> found(const std::vector<store::IdleCheck>& checks = companyChecks()) {
     std::vector<std::string> all;
-    store::CheckRound round(company.connection.snapshot(), companyChecks());
+    store::CheckRound round(company.connection.snapshot(), checks);
     const auto findings = round.run();
     for (const Finding& each : *findings)
       all.push_back(std::string(1, "DTB"[static_cast<int>(each.kind)]) + " " + each.words +
@@ -98,6 +98,14 @@ TEST_F(CompanyChecks, FindOldTotalsThatMakeUpForEachOther) {
   EXPECT_THAT(found(), ElementsAre("T the totals of \"SubTransactions\""));
   store::mendKeptTotals(company.connection, store::TotalsCheck::All);
   EXPECT_THAT(found(), IsEmpty());
+}
+
+TEST_F(CompanyChecks, CompareSumsLaterWhereTheStartHadNoTime) {
+  test::past(company.file, "UPDATE AccountMonths SET Debit = Debit + 1");
+  EXPECT_FALSE(store::mendKeptTotals(company.connection, store::TotalsCheck::Latest, std::chrono::steady_clock::now()));
+  EXPECT_THAT(found(startChecks()), ElementsAre("T the totals of \"SubTransactions\""));
+  EXPECT_TRUE(store::mendKeptTotals(company.connection));
+  EXPECT_THAT(found(startChecks()), IsEmpty());
 }
 
 TEST_F(CompanyChecks, ListDocumentsThatPromiseBalanceAndHaveNone) {

@@ -109,9 +109,9 @@ class KeptWriter {
     sql_ += unionAll;
   }
 
-  // Whether the last day lies in the latest month of the group, or behind it.
+  // Whether the last day lies in the latest month of the group, or behind it; of a group without days as well.
   std::string isLate() const {
-    return monthOf(textOf(kept_.to.day)) + " >= " + monthOf("coalesce(" + edgeDay("DESC") + ", '')");
+    return "iif(" + monthOf(textOf(kept_.to.day)) + " < " + monthOf(edgeDay(" DESC")) + ", 0, 1)";
   }
 
   // The first day of the group, or the last one.
@@ -119,7 +119,7 @@ class KeptWriter {
     const std::string table = '"' + daysTableOf(totals_) + '"';
     const std::string day = column(table, totals_.day);
     return "(SELECT " + day + " FROM " + table + " WHERE " + column(table, totals_.group) + " = " +
-           textOf(kept_.group) + " AND " + day + " < " + noDay + " ORDER BY " + day + " " + order + " LIMIT 1)";
+           textOf(kept_.group) + " AND " + day + " < " + noDay + " ORDER BY " + day + order + " LIMIT 1)";
   }
 
   std::string besideTest() const {
@@ -154,7 +154,7 @@ class KeptWriter {
     writeName(part.table, sql_);
     sql_ += " AS " + lines_ + " WHERE " + column(lines_, totals_.group) + " = ";
     const std::string group = textOf(kept_.group);
-    sql_ += part.condition.empty() ? group : "CASE WHEN " + part.condition + " THEN " + group + " END";
+    sql_ += part.condition.empty() ? group : "iif(" + part.condition + ", " + group + ", NULL)";
     writeKinds(lines_);
     writeTests();
   }
@@ -175,7 +175,7 @@ class KeptWriter {
   // `condition` where there is a last day.
   void writeMonths(std::string condition) {
     const std::string last = kept_.to.day ? monthOf(textOf(kept_.to.day)) : std::string();
-    if (kept_.to.day) condition += (condition.empty() ? "" : " AND ") + last + " > " + monthOf(edgeDay("ASC"));
+    if (kept_.to.day) condition += (condition.empty() ? "" : " AND ") + last + " > " + monthOf(edgeDay(""));
     writeTotals({.table = monthsTableOf(totals_), .condition = std::move(condition), .grouped = true});
     if (kept_.to.day) sql_ += " AND " + column(lines_, "Month") + " < " + last;
     sql_ += " GROUP BY " + column(lines_, totals_.subject) + unionAll;
