@@ -112,12 +112,12 @@ TEST_F(RunningBalances, WorkThatIsStoppedOrFailsKeepsWhatIsWritten) {
   const ByLine wanted = expected();
   ASSERT_GT(wanted.size(), 8192U) << "the work reports too seldom to be stopped";
   store::Connection& books = context->KORDconn;
-  constexpr int pages = 100;
-  constexpr std::int32_t linesOfStretch = pages * 25;
+  constexpr int pagesAtOnce = 100;
+  constexpr std::int32_t linesOfStretch = pagesAtOnce * 25;
   const auto stopAt = [&](std::size_t report) {
     std::size_t told = 0;
     return writeRunningBalances(
-        books, context->FYID, [&](std::int64_t) { return ++told < report; }, pages);
+        books, context->FYID, [&](std::int64_t) { return ++told < report; }, pagesAtOnce);
   };
   EXPECT_FALSE(stopAt(1));
   EXPECT_EQ(stored(), before) << "it was stopped as it read";
@@ -126,7 +126,7 @@ TEST_F(RunningBalances, WorkThatIsStoppedOrFailsKeepsWhatIsWritten) {
   EXPECT_FALSE(books.inTransaction());
   {
     const test::SmallDisk disk(4096);
-    EXPECT_THROW(writeRunningBalances(books, context->FYID, {}, pages), store::StoreError);
+    EXPECT_THROW(writeRunningBalances(books, context->FYID, {}, pagesAtOnce), store::StoreError);
   }
   EXPECT_FALSE(books.inTransaction());
   std::map<std::int64_t, bool> writtenBy;  // stretch
@@ -137,7 +137,7 @@ TEST_F(RunningBalances, WorkThatIsStoppedOrFailsKeepsWhatIsWritten) {
     const auto [stretch, isFirst] = writtenBy.try_emplace(serial / linesOfStretch, balance == wanted.at(serial));
     EXPECT_EQ(stretch->second, balance == wanted.at(serial)) << serial << " is apart from its stretch";
   }
-  EXPECT_TRUE(writeRunningBalances(books, context->FYID, {}, pages));
+  EXPECT_TRUE(writeRunningBalances(books, context->FYID, {}, pagesAtOnce));
   EXPECT_EQ(stored(), wanted) << "the next pass goes on";
 }
 
