@@ -18,8 +18,7 @@ constexpr std::int64_t closingInventory = 50001006;  // among the cost of sales
 std::string stockStatement(int fyid, const text::DateTime& day) {
   return "SELECT StockFlow.ItemCode, Sum(IIf(IsNull([StockIn]),0,[StockIn])) AS StocksIn, "
          "Sum(IIf(IsNull([Stockout]),0,[Stockout])) AS Stocksout, [Stocksin]-[Stocksout] AS Bal FROM Transactions "
-         "INNER "
-         "JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo WHERE (((StockFlow.ItemCode) Is Not Null) AND "
+         "INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo WHERE (((StockFlow.ItemCode) Is Not Null) AND "
          "((Transactions.TranDate)<=" +
          store::dateLiteral(day) + ") AND ((Transactions.FYID)=" + std::to_string(fyid) +
          ") AND ((Transactions.Cancel)=No) AND ((Transactions.InvLedger)=No)) GROUP BY StockFlow.ItemCode";

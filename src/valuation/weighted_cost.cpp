@@ -13,10 +13,9 @@ namespace {
 
 // The four kinds of receipts beside the opening stock: two of purchases, production, adjustments in.
 std::string receiptsStatement(int fyid, const CostBound& bound) {
-  return "SELECT StockFlow.ItemCode, Sum(StockFlow.StockIn) AS Quantity, Sum(StockFlow.ItemValue) AS ItemValues "
-         "FROM Transactions INNER JOIN StockFlow ON "
-         "Transactions.TranNo = StockFlow.TranNo WHERE (((StockFlow.ItemCode) Is Not Null) AND ((StockFlow.StockIn) Is "
-         "Not Null) AND ((Transactions.FYID)=" +
+  return "SELECT StockFlow.ItemCode, Sum(StockFlow.StockIn) AS Quantity, Sum(StockFlow.ItemValue) AS ItemValues FROM "
+         "Transactions INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo WHERE (((StockFlow.ItemCode) Is "
+         "Not Null) AND ((StockFlow.StockIn) Is Not Null) AND ((Transactions.FYID)=" +
          std::to_string(fyid) +
          ") AND ((Transactions.Cancel)=No) AND ((Transactions.InvLedger)=No) AND ((Transactions.TranType)=11 Or "
          "(Transactions.TranType)=21 Or (Transactions.TranType)=22 Or (Transactions.TranType)=42 Or "
