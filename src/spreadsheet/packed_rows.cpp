@@ -12,7 +12,7 @@
 namespace velmo::spreadsheet {
 namespace {
 
-constexpr zip_uint32_t quickPacking = 2;  // a tenth larger than the best, in a third of the time
+constexpr zip_uint32_t quickPacking = 3;  // a fifth larger than usual, in two fifths of the time
 
 // The sheet, from its beginning over the rows to its end, as the archive asks for it.
 class WholeSheet {
@@ -132,13 +132,14 @@ Packing packRows(const std::filesystem::path& workbook, const std::string& sheet
     watching->stopped = watching->stopped || !watching->goesOn(watching->sheet.share());
     return watching->stopped ? 1 : 0;
   };
-  const zip_int64_t part = zip_name_locate(archive, sheetPart.c_str(), 0);
-  zip_source_t* source = zip_source_function(archive, WholeSheet::answer, &sheet);
-  const bool replaced =
-      part >= 0 && source && zip_file_replace(archive, static_cast<zip_uint64_t>(part), source, 0) == 0;
-  if (!replaced && source) zip_source_free(source);
+  // A part that takes the place of one keeps the way in which that was packed.
+  const zip_int64_t old = zip_name_locate(archive, sheetPart.c_str(), 0);
+  const bool deleted = old >= 0 && zip_delete(archive, static_cast<zip_uint64_t>(old)) == 0;
+  zip_source_t* source = deleted ? zip_source_function(archive, WholeSheet::answer, &sheet) : nullptr;
+  const zip_int64_t part = source ? zip_file_add(archive, sheetPart.c_str(), source, 0) : -1;
+  if (source && part < 0) zip_source_free(source);
   const bool prepared =
-      replaced &&
+      part >= 0 &&
       zip_set_file_compression(archive, static_cast<zip_uint64_t>(part), ZIP_CM_DEFLATE, quickPacking) == 0 &&
       zip_register_cancel_callback_with_state(archive, stop, nullptr, &observer) == 0;
   if (prepared && zip_close(archive) == 0) return Packing::Done;
