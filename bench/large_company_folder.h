@@ -13,6 +13,9 @@ namespace velmo::bench {
 // current directory becomes that folder.
 void enterCompany(const demo::LargeCompany& size);
 
+// The same of a shop with two years of trade in all kinds of documents.
+void enterShop();
+
 // A fresh folder with a copy of the present folder's company; removed with the object, current while it lives.
 class CompanyCopy {
  public:

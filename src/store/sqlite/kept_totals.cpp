@@ -94,15 +94,15 @@ class KeptSql {
     return statements;
   }
 
-  Names addLater() const {
-    const std::string notYet = " AND " + additionTest(kept_, kept_.lines, Added::NotYet);
-    return {insertion(days_, day_) + ofLines(dayOf(documents_), day_, notYet) + upsert(dayKey()),
-            insertion(months_, "Month") + ofLines(monthOf(dayOf(documents_)), "Month", notYet) + upsert(monthKey()),
-            "UPDATE " + state() + " SET Line = " + lastLine()};
+  Names addLater(std::int64_t atMost) const {
+    const std::string last = "(SELECT Line + " + std::to_string(atMost) + " FROM " + state() + ")";
+    const std::string these = " AND " + additionTest(kept_, kept_.lines, Added::NotYet) + " AND " + lines_ + "." +
+                              quotedName(kept_.lineKey) + " <= " + last;
+    return {insertion(days_, day_) + ofLines(dayOf(documents_), day_, these) + upsert(dayKey()),
+            insertion(months_, "Month") + ofLines(monthOf(dayOf(documents_)), "Month", these) + upsert(monthKey()),
+            "UPDATE " + state() + " SET Line = min(" + last + ", " + lastLine() + ")"};
   }
-  std::string countLater() const {
-    return "SELECT count(*) FROM " + lines_ + " WHERE " + additionTest(kept_, kept_.lines, Added::NotYet);
-  }
+  std::string countLater() const { return "SELECT max(" + lastLine() + " - Line, 0) FROM " + state(); }
 
   // Each selects a row when the totals are off.
   std::string staleDays() const {
@@ -392,9 +392,9 @@ void makeKeptTotals(sqlite3* database, const KeptTotals& kept) {
   for (const std::string& fill : sql.fill()) run(database, fill);
 }
 
-void addLaterLines(sqlite3* database, const KeptTotals& kept) {
+void addLaterLines(sqlite3* database, const KeptTotals& kept, std::int64_t atMost) {
   if (kept.adds != KeptTotals::Adds::Later) return;
-  for (const std::string& statement : KeptSql(kept).addLater()) run(database, statement);
+  for (const std::string& statement : KeptSql(kept).addLater(atMost)) run(database, statement);
 }
 
 std::int64_t laterLines(sqlite3* database, const KeptTotals& kept) {

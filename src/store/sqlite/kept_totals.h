@@ -35,8 +35,9 @@ inline constexpr const char* noDay = "'~'";
 // Throws StoreError.
 void makeKeptTotals(sqlite3* database, const KeptTotals& kept);
 
-// Adds the lines that are not in the totals yet; to be called within a transaction. How many there are.
-void addLaterLines(sqlite3* database, const KeptTotals& kept);
+// Adds lines that are not in the totals yet, the oldest first and no more than so many; to be called within a
+// transaction. How many there are, those that are gone meanwhile included.
+void addLaterLines(sqlite3* database, const KeptTotals& kept, std::int64_t atMost);
 std::int64_t laterLines(sqlite3* database, const KeptTotals& kept);
 
 // Whether tables and triggers are those that makeKeptTotals() makes, the totals of the latest days are those of their

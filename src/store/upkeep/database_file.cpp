@@ -71,7 +71,6 @@ bool mendKeptTotals(Connection& connection, TotalsCheck check) {
     transaction.commit();
     mended = true;
   }
-  impl.addLaterLines();
   return mended;
 }
 
