@@ -1,5 +1,6 @@
 #include "figures.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <vector>
 
@@ -25,11 +26,13 @@ void tell(const Figure& figure) {
 }
 
 void printFigures() {
-  std::string group;
-  for (const Figure& figure : figures()) {
-    if (figure.group != group) std::printf("\n%s\n", figure.group.c_str());
-    group = figure.group;
-    print(figure);
+  std::vector<std::string> groups;
+  for (const Figure& figure : figures())
+    if (std::find(groups.begin(), groups.end(), figure.group) == groups.end()) groups.push_back(figure.group);
+  for (const std::string& group : groups) {
+    std::printf("\n%s\n", group.c_str());
+    for (const Figure& figure : figures())
+      if (figure.group == group) print(figure);
   }
   bool any = false;
   for (const Figure& figure : figures()) {

@@ -7,6 +7,7 @@
 #include <QMetaEnum>
 #include <QTimer>
 #include <QWidget>
+#include <ctime>
 
 #include "disk_clock.h"
 
@@ -21,6 +22,12 @@ constexpr double longestWait = 300e3;
 template <typename Time>
 double milliseconds(Time time) {
   return duration<double, std::milli>(time).count();
+}
+
+double processorTime() {
+  timespec time = {};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) * 1e-6;
 }
 
 struct EventName {
@@ -49,12 +56,18 @@ StallApplication::StallApplication(int& argc, char** argv) : QApplication(argc, 
   connect(dispatcher, &QAbstractEventDispatcher::awake, this, [this] {
     looksForKeys();
     waits_ = false;
-    if (depth_ > 0) busySince_ = Clock::now();
+    if (depth_ > 0) isBusyFrom(Clock::now());
   });
   connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this] {
     looksForKeys();
     waits_ = true;
   });
+}
+
+void StallApplication::isBusyFrom(Clock::time_point moment) {
+  busySince_ = moment;
+  diskBefore_ = diskSeconds() * 1e3;
+  processorBefore_ = processorTime();
 }
 
 void StallApplication::looksForKeys() {
@@ -63,9 +76,8 @@ void StallApplication::looksForKeys() {
   if (!busySince_) return;
   const double disk = diskSeconds() * 1e3 - diskBefore_;
   const double busy = milliseconds(now - *busySince_) - disk;
-  if (busy > longest_.milliseconds) longest_ = {busy, disk, event_};
+  if (busy > longest_.milliseconds) longest_ = {busy, processorTime() - processorBefore_, disk, event_};
   busySince_.reset();
-  diskBefore_ = diskSeconds() * 1e3;
   longestEvent_ = 0;
   event_.clear();
 }
@@ -82,10 +94,7 @@ void StallApplication::handled(Clock::time_point began, const Name& event) {
 bool StallApplication::notify(QObject* receiver, QEvent* event) {
   if (!isForeign(receiver)) return QApplication::notify(receiver, event);
   const Clock::time_point began = Clock::now();
-  if (!busySince_) {
-    busySince_ = began;
-    diskBefore_ = diskSeconds() * 1e3;
-  }
+  if (!busySince_) isBusyFrom(began);
   const QEvent::Type type = event->type();
   // Whoever receives it may be gone afterwards.
   const EventName name{receiver->metaObject()->className(), receiver->objectName(), type};

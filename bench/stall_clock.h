@@ -12,6 +12,7 @@ namespace velmo::bench {
 // A stretch in which nobody's key would have been heard.
 struct Stall {
   double milliseconds = 0;  // without the disk's
+  double processor = 0;     // milliseconds of them that the thread worked, on a machine that others share
   double disk = 0;          // milliseconds in which the disk made writes durable
   std::string what;         // its longest event
 };
@@ -45,6 +46,7 @@ class StallApplication : public QApplication {
 
   bool isForeign(const QObject* receiver) const { return receiver != &calm_; }
   void looksForKeys();
+  void isBusyFrom(Clock::time_point moment);
   template <typename Name>
   void handled(Clock::time_point began, const Name& event);
 
@@ -53,6 +55,7 @@ class StallApplication : public QApplication {
   bool waits_ = false;  // the loop has nothing to do
   std::optional<Clock::time_point> busySince_;
   double diskBefore_ = 0;
+  double processorBefore_ = 0;
   double longestEvent_ = 0;
   std::string event_;  // the longest of the present stretch
   Stall longest_;

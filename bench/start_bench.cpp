@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <QDialog>
+#include <QPointer>
 #include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -30,11 +31,13 @@ class SayingApplication : public shell::Application {
   using Application::Application;
 
   bool notify(QObject* receiver, QEvent* event) override {
-    const QEvent::Type type = event->type();
-    auto* widget =
-        receiver->isWidgetType() && type == QEvent::UpdateRequest ? static_cast<QWidget*>(receiver) : nullptr;
+    const bool isPaint = event->type() == QEvent::Paint && receiver->isWidgetType();
+    const QPointer<QWidget> widget = isPaint ? static_cast<QWidget*>(receiver) : nullptr;
     const bool result = Application::notify(receiver, event);
-    if (widget && widget->isWindow() && widget->isVisible()) painted(*widget);
+    if (widget && widget->isWindow())  // said when all within it is painted as well
+      QTimer::singleShot(0, this, [this, widget] {
+        if (widget) painted(*widget);
+      });
     return result;
   }
 
@@ -45,10 +48,9 @@ class SayingApplication : public shell::Application {
       _exit(0);
     }
     auto* login = qobject_cast<QDialog*>(&window);
-    if (!login || isLoggingIn_) return;
-    isLoggingIn_ = true;
+    if (!login || std::exchange(isLoggingIn_, true)) return;
     say();
-    QTimer::singleShot(0, login, [login] { login->findChild<QPushButton*>("OkBttn")->click(); });
+    login->findChild<QPushButton*>("OkBttn")->click();
   }
 
   static void say() {

@@ -46,9 +46,9 @@ class Year {
   }
   static std::string remarkOn(const Stall& stall, double took) {
     char words[160];
-    std::snprintf(words, sizeof words, "%.0f ms in all, the disk's sync %.1f ms; %s", took, stall.disk,
-                  stall.what.c_str());
-    return words;
+    std::snprintf(words, sizeof words, "worked %.1f; all of it took %.0f; sync %.1f", stall.processor, took,
+                  stall.disk);
+    return words + (stall.milliseconds > 10 ? "; " + stall.what : std::string());
   }
 
   CompanyCopy copy_;

@@ -496,7 +496,7 @@ TEST_F(KeptTotals, TakeInManyLinesInAMomentWithoutWork) {
   for (; company.connection.addLaterLines(0.01); ++portions) {
     EXPECT_TRUE(areRight());
     if (portions == 3) run("DELETE FROM StockFlow WHERE FlowId % 7 = 0");
-    if (portions == 5) run("UPDATE Transactions SET Cancel = 1 - Cancel");
+    if (portions == 5) run("UPDATE Transactions SET Cancel = -1 - Cancel");
   }
   EXPECT_GT(portions, 8);
   EXPECT_EQ(later(), 0);

@@ -128,7 +128,7 @@ TradeDocument ShopClerk::begin(const frame::DocumentType& type, const text::Date
 
 void ShopClerk::sellLines(TradeDocument& document, int location) {
   std::set<const TradedItem*> sold;
-  for (int count = linesOfSale(dice_), attempts = 2 * count; count > 0 && attempts > 0; --attempts) {
+  for (int count = linesOfSale(dice_), attempts = 40 * count; count > 0 && attempts > 0; --attempts) {
     const TradedItem& item = items_[static_cast<std::size_t>(itemsSkew_.pick(dice_))];
     const int there = stockOf(item, location);
     if (there == 0 || !sold.insert(&item).second) continue;

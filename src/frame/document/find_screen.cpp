@@ -176,10 +176,11 @@ void FindScreen::lookForCount() {
   if (!counted_->isReady()) return;
   counting_.stop();
   try {
-    showCount(std::exchange(counted_, {})->take().integer("Documents"));
+    showCount(counted_->rows().integer("Documents"));
   } catch (const store::StoreError&) {
     count_->clear();  // whoever reads on is told
   }
+  counted_.reset();
 }
 
 void FindScreen::showCount(std::int64_t documents) {

@@ -2,6 +2,7 @@
 
 #include "forms/wait_cursor.h"
 #include "frame/report/report_model.h"
+#include "frame/report/rows_on_the_way.h"
 #include "printing/recordset_data.h"
 #include "reports/balances/balances_rows.h"
 #include "reports/balances/balances_screen.h"
@@ -37,8 +38,7 @@ AccountChoice choiceOf(const frame::ReportFilters& filters) {
 }
 
 std::shared_ptr<frame::ReportRows> rowsOf(ReportScreen& screen, const std::string& statement) {
-  return std::make_shared<frame::RecordsetRows>(
-      store::Recordset(screen.workplace().context.KORDconn, statement, store::LockType::ReadOnly));
+  return frame::readReport(screen.workplace().context.KORDconn, statement);
 }
 
 // Of the last run; nothing unless all accounts were chosen.

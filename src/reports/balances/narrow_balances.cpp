@@ -1,6 +1,7 @@
 #include "reports/balances/narrow_balances.h"
 
 #include "frame/report/report_model.h"
+#include "frame/report/rows_on_the_way.h"
 #include "reports/balances/balances_screen.h"
 #include "reports/parts/account_filters.h"
 
@@ -114,10 +115,8 @@ bool checkSelections(ReportScreen& screen, const std::vector<Selection>& selecti
 }
 
 void load(ReportScreen& screen, const Kind& kind) {
-  screen.setRows(sixColumnGrid,
-                 std::make_shared<frame::RecordsetRows>(store::Recordset(
-                     screen.workplace().context.KORDconn, kind.statement(balancePeriod(screen), screen.filters()),
-                     store::LockType::ReadOnly)));
+  screen.setRows(sixColumnGrid, frame::readReport(screen.workplace().context.KORDconn,
+                                                  kind.statement(balancePeriod(screen), screen.filters())));
 }
 
 printing::Report printOut(ReportScreen& screen, const Kind& kind) {

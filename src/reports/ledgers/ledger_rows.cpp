@@ -11,7 +11,7 @@ constexpr int patience = 5;  // milliseconds that one reading waits for the line
 
 LedgerRows::LedgerRows(store::Recordset lines, double broughtForward, std::unique_ptr<store::RowsAhead> following)
     : lines_(std::move(lines)),
-      awaited_(std::move(following)),
+      ahead_(std::move(following)),
       debit_(field("Debit")),
       credit_(field("Credit")),
       balance_(field("Balance")),
@@ -21,16 +21,16 @@ LedgerRows::LedgerRows(store::Recordset lines, double broughtForward, std::uniqu
 }
 
 bool LedgerRows::hasMore() const {
-  return lines_.hasMoreRows() || awaited_ || (following_ && following_->hasMoreRows());
+  return lines_.hasMoreRows() || (ahead_ && (!following_ || following_->hasMoreRows()));
 }
 
 void LedgerRows::read(int rows) {
   if (lines_.hasMoreRows())
     lines_.fetchMore(rows);
-  else if (awaited_ && awaited_->isReady(patience))
-    following_ = std::exchange(awaited_, {})->take();
   else if (following_)
     following_->fetchMore(rows);
+  else if (ahead_ && ahead_->isReady(patience))
+    following_ = &ahead_->rows();
   carryOn();
 }
 

@@ -21,7 +21,7 @@ class LedgerRows : public frame::ReportRows {
 
   std::int64_t ready() const override { return static_cast<std::int64_t>(balances_.size()); }
   bool hasMore() const override;
-  bool pauses() const override { return !lines_.hasMoreRows() && awaited_; }
+  bool pauses() const override { return !lines_.hasMoreRows() && ahead_ && !following_; }
   void read(int rows) override;
   int field(std::string_view name) const override { return lines_.fieldIndex(name); }
   store::Value value(std::int64_t row, int field) const override;
@@ -34,8 +34,8 @@ class LedgerRows : public frame::ReportRows {
   void carryOn();
 
   store::Recordset lines_;
-  std::optional<store::Recordset> following_;
-  std::unique_ptr<store::RowsAhead> awaited_;
+  std::unique_ptr<store::RowsAhead> ahead_;
+  store::Recordset* following_ = nullptr;  // of those, when they are there
   text::DecimalSum running_;
   int debit_;
   int credit_;

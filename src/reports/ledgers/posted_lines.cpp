@@ -1,6 +1,7 @@
 #include "reports/ledgers/posted_lines.h"
 
 #include "frame/report/report_model.h"
+#include "frame/report/rows_on_the_way.h"
 #include "text/format.h"
 
 namespace velmo::reports {
@@ -25,8 +26,7 @@ frame::ReportGrid postedLinesGrid(const char* name) {
 }
 
 void loadPostedLines(frame::ReportScreen& screen, const char* grid, const std::string& statement) {
-  screen.setRows(grid, std::make_shared<frame::RecordsetRows>(store::Recordset(screen.workplace().context.KORDconn,
-                                                                               statement, store::LockType::ReadOnly)));
+  screen.setRows(grid, frame::readReport(screen.workplace().context.KORDconn, statement));
 }
 
 void showPostedTotals(frame::ReportScreen& screen, const char* grid) {

@@ -2,6 +2,7 @@
 
 #include "frame/report/report_model.h"
 #include "frame/report/report_screen.h"
+#include "frame/report/rows_on_the_way.h"
 #include "schema/company_checks.h"
 
 namespace velmo::reports {
@@ -33,9 +34,8 @@ frame::ReportType unbalancedType() {
           .sheet = {"ExcelBttn", "&Export to Excel", "Saves the list as a spreadsheet"},
           .load =
               [](ReportScreen& screen) {
-                screen.setRows(grid, std::make_shared<frame::RecordsetRows>(
-                                         store::Recordset(screen.workplace().context.KORDconn,
-                                                          schema::unbalancedDocuments(), store::LockType::ReadOnly)));
+                screen.setRows(grid,
+                               frame::readReport(screen.workplace().context.KORDconn, schema::unbalancedDocuments()));
               },
           .opened = [](ReportScreen& screen) { screen.view(); }};
 }

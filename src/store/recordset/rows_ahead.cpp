@@ -10,16 +10,18 @@ namespace velmo::store {
 // The connection is made on the caller's thread, handed to the other, and handed back with the rows.
 struct RowsAhead::Work {
   Connection connection;
-  std::promise<Recordset> promise;
-  std::future<Recordset> rows = promise.get_future();
+  Recordset rows;
+  std::promise<void> promise;
+  std::future<void> done = promise.get_future();
   std::thread thread;
 };
 
 RowsAhead::RowsAhead(const Connection& books, std::string statement)
-    : work_(new Work{.connection = books.snapshot(), .promise = {}, .thread = {}}) {
+    : work_(new Work{.connection = books.snapshot(), .rows = {}, .promise = {}, .thread = {}}) {
   work_->thread = std::thread([work = work_.get(), statement = std::move(statement)] {
     try {
-      work->promise.set_value(Recordset(work->connection, statement, LockType::ReadOnly));
+      work->rows.open(work->connection, statement, LockType::ReadOnly);
+      work->promise.set_value();
     } catch (...) {
       work->promise.set_exception(std::current_exception());
     }
@@ -33,13 +35,16 @@ RowsAhead::~RowsAhead() {
 }
 
 bool RowsAhead::isReady(int patience) const {
-  return work_->rows.wait_for(std::chrono::milliseconds(patience)) == std::future_status::ready;
+  return !work_->done.valid() || work_->done.wait_for(std::chrono::milliseconds(patience)) == std::future_status::ready;
 }
 
-Recordset RowsAhead::take() {
-  work_->rows.wait();
-  work_->thread.join();
-  return work_->rows.get();
+Recordset& RowsAhead::rows() {
+  if (work_->done.valid()) {
+    work_->done.wait();
+    work_->thread.join();
+    work_->done.get();
+  }
+  return work_->rows;
 }
 
 }  // namespace velmo::store

@@ -8,7 +8,8 @@
 namespace velmo::store {
 
 // A statement whose first row takes long, opened on a thread of its own while others work: its rows are those of the
-// file at the moment when this object was made, whatever is written afterwards. For reading alone.
+// file at the moment when this object was made, whatever is written afterwards. For reading alone, and as long as the
+// object lives.
 class RowsAhead {
  public:
   // Throws StoreError when the file cannot be read.
@@ -17,10 +18,10 @@ class RowsAhead {
   RowsAhead(const RowsAhead&) = delete;
   RowsAhead& operator=(const RowsAhead&) = delete;
 
-  // Whether take() would not wait; waits so long for that, in milliseconds.
+  // Whether rows() would not wait; waits so long for that, in milliseconds.
   bool isReady(int patience = 0) const;
-  // The rows, once. Throws StoreError when they could not be read.
-  Recordset take();
+  // Throws StoreError when they could not be read.
+  Recordset& rows();
 
  private:
   struct Work;

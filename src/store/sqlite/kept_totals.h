@@ -41,7 +41,7 @@ void addLaterLines(sqlite3* database, const KeptTotals& kept, std::int64_t atMos
 std::int64_t laterLines(sqlite3* database, const KeptTotals& kept);
 
 // Whether tables and triggers are those that makeKeptTotals() makes, the totals of the latest days are those of their
-// lines and the months together are the sum of the days: all that can be told without a wait.
+// lines and the months together are the sum of the days, where that is told soon: what can be told without a wait.
 bool areKept(sqlite3* database, const KeptTotals& kept);
 // Whether every total is the sum of its lines.
 bool areRight(sqlite3* database, const KeptTotals& kept);

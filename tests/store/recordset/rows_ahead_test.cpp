@@ -12,20 +12,27 @@ namespace {
 using namespace velmo::store;
 using velmo::test::SmallShop;
 
+void addOrders(SmallShop& shop, int count) {
+  Connection::Transaction transaction(shop.connection);
+  for (int i = 0; i < count; ++i) shop.connection.execute("INSERT INTO Orders (DocNo) VALUES (1)");
+  transaction.commit();
+}
+
 TEST(RowsAhead, AreThoseOfTheMomentWhenTheyWereAskedFor) {
   SmallShop shop;
-  const std::string statement = "SELECT Count(*) AS Found FROM Orders";
-  const std::int64_t before = shop.open(statement).integer("Found");
+  addOrders(shop, 3000);
+  const std::string statement = "SELECT OrderNo FROM Orders ORDER BY Amount";
+  const std::int64_t before = shop.open(statement).recordCount();
   RowsAhead ahead(shop.connection, statement);
-  shop.connection.execute("INSERT INTO Orders (DocNo) VALUES (1)");
-  EXPECT_EQ(ahead.take().integer("Found"), before);
-  EXPECT_EQ(shop.open(statement).integer("Found"), before + 1);
-  EXPECT_THROW(RowsAhead(shop.connection, "SELECT Nothing FROM Orders").take(), StoreError);
+  addOrders(shop, 1);
+  EXPECT_EQ(ahead.rows().recordCount(), before);
+  EXPECT_EQ(shop.open(statement).recordCount(), before + 1);
+  EXPECT_THROW(RowsAhead(shop.connection, "SELECT Nothing FROM Orders").rows(), StoreError);
 }
 
 TEST(RowsAhead, AreGivenUpAtOnce) {
   SmallShop shop;
-  for (int i = 0; i < 300; ++i) shop.connection.execute("INSERT INTO Orders (DocNo) VALUES (1)");
+  addOrders(shop, 300);
   const auto began = std::chrono::steady_clock::now();
   { const RowsAhead ahead(shop.connection, "SELECT Count(*) AS Found FROM Orders AS a, Orders AS b, Orders AS c"); }
   EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::milliseconds(500));

@@ -1,0 +1,46 @@
+#include "frame/report/rows_on_the_way.h"
+
+#include <algorithm>
+
+namespace velmo::frame {
+namespace {
+
+// Milliseconds: what most reports take, and what one reading waits.
+constexpr int atOnce = 40;
+constexpr int patience = 5;
+
+constexpr std::int64_t fewLines = 20000;  // of all ledgers: no sum over them takes long
+
+}  // namespace
+
+RowsOnTheWay::RowsOnTheWay(const store::Connection& books, std::string statement)
+    : ahead_(books, std::move(statement)) {
+  if (ahead_.isReady(atOnce)) rows_ = &ahead_.rows();
+}
+
+void RowsOnTheWay::read(int rows) {
+  if (rows_)
+    rows_->fetchMore(rows);
+  else if (ahead_.isReady(patience))
+    rows_ = &ahead_.rows();
+}
+
+// The statement's own numbers are not known before it is open.
+int RowsOnTheWay::field(std::string_view name) const {
+  const auto known = std::find(names_.begin(), names_.end(), name);
+  if (known == names_.end()) names_.emplace_back(name);
+  return static_cast<int>(known == names_.end() ? names_.size() - 1 : static_cast<std::size_t>(known - names_.begin()));
+}
+
+store::Value RowsOnTheWay::value(std::int64_t row, int field) const {
+  const int own = field < 0 ? -1 : rows_->fieldIndex(names_[static_cast<std::size_t>(field)]);
+  return own < 0 ? store::Value() : rows_->valueAt(row, own);
+}
+
+std::shared_ptr<ReportRows> readReport(store::Connection& books, const std::string& statement) {
+  const store::Recordset last(books, "SELECT Max(Serial) AS Lines FROM SubTransactions", store::LockType::ReadOnly);
+  if (last.integer("Lines") > fewLines) return std::make_shared<RowsOnTheWay>(books, statement);
+  return std::make_shared<RecordsetRows>(store::Recordset(books, statement, store::LockType::ReadOnly));
+}
+
+}  // namespace velmo::frame
