@@ -27,14 +27,17 @@ void RowsOnTheWay::read(int rows) {
 
 // The statement's own numbers are not known before it is open.
 int RowsOnTheWay::field(std::string_view name) const {
-  const auto known = std::find(names_.begin(), names_.end(), name);
-  if (known == names_.end()) names_.emplace_back(name);
-  return static_cast<int>(known == names_.end() ? names_.size() - 1 : static_cast<std::size_t>(known - names_.begin()));
+  const auto known = std::find_if(fields_.begin(), fields_.end(), [&](const Field& one) { return one.name == name; });
+  if (known != fields_.end()) return static_cast<int>(known - fields_.begin());
+  fields_.push_back({std::string(name), {}});
+  return static_cast<int>(fields_.size()) - 1;
 }
 
 store::Value RowsOnTheWay::value(std::int64_t row, int field) const {
-  const int own = field < 0 ? -1 : rows_->fieldIndex(names_[static_cast<std::size_t>(field)]);
-  return own < 0 ? store::Value() : rows_->valueAt(row, own);
+  if (field < 0) return {};
+  Field& asked = fields_[static_cast<std::size_t>(field)];
+  if (!asked.own) asked.own = rows_->fieldIndex(asked.name);
+  return *asked.own < 0 ? store::Value() : rows_->valueAt(row, *asked.own);
 }
 
 std::shared_ptr<ReportRows> readReport(store::Connection& books, const std::string& statement) {

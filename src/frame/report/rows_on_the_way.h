@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,9 +25,14 @@ class RowsOnTheWay : public ReportRows {
   store::Value value(std::int64_t row, int field) const override;
 
  private:
+  struct Field {
+    std::string name;
+    std::optional<int> own;  // the statement's number of it
+  };
+
   store::RowsAhead ahead_;
-  store::Recordset* rows_ = nullptr;        // when they are there
-  mutable std::vector<std::string> names_;  // asked for before
+  store::Recordset* rows_ = nullptr;   // when they are there
+  mutable std::vector<Field> fields_;  // that were asked for
 };
 
 // The rows of a report's statement: read at once from books that are small enough for that, and otherwise on the way.
