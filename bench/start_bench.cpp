@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <QDialog>
+#include <QFile>
 #include <QPointer>
 #include <QProcess>
 #include <QPushButton>
@@ -66,8 +67,21 @@ struct Start {
   double shell = 0;  // from the click on OK
 };
 
+// A display that the program does not find too narrow.
+QString platformWithDisplay(const QTemporaryDir& folder) {
+  QFile file(folder.filePath(QStringLiteral("display.json")));
+  if (!file.open(QIODevice::WriteOnly)) throw std::runtime_error("no file for the display");
+  file.write(R"({"synchronousWindowSystemEvents": false, "windowFrameMargins": false, "screens": [{"name": "one",
+    "x": 0, "y": 0, "width": 1366, "height": 768, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+  return QStringLiteral("offscreen:configfile=") + file.fileName();
+}
+
 Start startIn(const std::filesystem::path& folder) {
+  const QTemporaryDir display;
   QProcess program;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platformWithDisplay(display));
+  program.setProcessEnvironment(environment);
   program.setWorkingDirectory(QString::fromStdString(folder.string()));
   program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
   const qint64 began = now();
