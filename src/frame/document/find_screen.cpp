@@ -170,10 +170,12 @@ void FindScreen::countFound() {
   counted_ = std::make_unique<store::RowsAhead>(
       workplace_.context.KORDconn, findCountStatement(type_, tranType_, workplace_.context.FYID, condition_));
   counting_.start();
+  lookForCount();
 }
 
 void FindScreen::lookForCount() {
-  if (!counted_->isReady()) return;
+  constexpr int moment = 5;  // milliseconds, in which most lists are counted
+  if (!counted_->isReady(moment)) return;
   counting_.stop();
   try {
     showCount(counted_->rows().integer("Documents"));
