@@ -6,7 +6,7 @@ namespace velmo::frame {
 namespace {
 
 // Milliseconds: what most reports take, and what one reading waits.
-constexpr int atOnce = 40;
+constexpr int atOnce = 20;
 constexpr int patience = 5;
 
 constexpr std::int64_t fewLines = 20000;  // of all ledgers: no sum over them takes long
