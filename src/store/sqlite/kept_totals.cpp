@@ -14,7 +14,7 @@ namespace velmo::store {
 namespace {
 
 constexpr int latestDays = 3;                         // that areKept() sums up again
-constexpr std::chrono::milliseconds longestLook(15);  // at the sums of long years
+constexpr std::chrono::milliseconds longestLook(10);  // at the sums of long years
 
 constexpr const char* parts = "10000";                // of a unit
 constexpr const char* beyondTotals = "100000000000";  // amounts below it are known by as many digits as a double keeps
