@@ -40,6 +40,7 @@ class Durations {
     seconds_.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
     processor_ += processorSeconds() - processorBegin;
   }
+  std::size_t count() const { return seconds_.size(); }
   double mean() const;
   double processorMean() const;
   double percentile(double share) const;  // 0.95: nineteen of twenty runs were at most so long
