@@ -47,9 +47,15 @@ class BareCommit {
   void measure(Durations& durations) {
     const std::int64_t last = store::Recordset(connection_, "select max(tranno) as t from transactions").integer("t");
     const std::string original = std::to_string(last), copy = std::to_string(last + 1);
-    std::string sql = copyOf("Transactions", original, copy);
-    for (const char* lines : {"StockFlow", "SubTransactions", "AgingDr"}) sql += copyOf(lines, original, copy);
-    durations.measure([&] { run("BEGIN IMMEDIATE; " + sql + "COMMIT"); });
+    std::vector<sqlite3_stmt*> steps = {prepared("BEGIN IMMEDIATE")};
+    for (const char* table : {"Transactions", "StockFlow", "SubTransactions", "AgingDr"})
+      steps.push_back(prepared(copyOf(table, original, copy)));
+    steps.push_back(prepared("COMMIT"));
+    durations.measure([&] {
+      for (sqlite3_stmt* step : steps)
+        if (sqlite3_step(step) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(connection_.handle()));
+    });
+    for (sqlite3_stmt* step : steps) sqlite3_finalize(step);
     run("DELETE FROM Transactions WHERE TranNo = " + copy + "; UPDATE sqlite_sequence SET seq = " + original +
         " WHERE name = 'Transactions'");
   }
@@ -65,6 +71,12 @@ class BareCommit {
     }
     return "INSERT INTO " + table + " (" + names + ") SELECT " + values + " FROM " + table +
            " WHERE TranNo = " + original + "; ";
+  }
+  sqlite3_stmt* prepared(const std::string& sql) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(connection_.handle(), sql.c_str(), -1, &statement, nullptr) != SQLITE_OK)
+      throw std::runtime_error(sqlite3_errmsg(connection_.handle()));
+    return statement;
   }
   void run(const std::string& sql) {
     if (sqlite3_exec(connection_.handle(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
@@ -111,7 +123,8 @@ void CounterSale(benchmark::State& state) {
     reportOnce(state, "open", open);
     report(state, "scan", scan);
     report(state, "scan_again", again);
-    report(state, "pay", pay);
+    state.counters["pay_ms"] = pay.percentile(0.5) * 1e3;
+    state.counters["pay_max_ms"] = pay.percentile(1) * 1e3;  // of five
     state.counters["scan_to_repaint"] = scan.percentile(0.5) / repaint.percentile(0.5);
     state.counters["pay_to_commit"] = pay.percentile(0.5) / commit.percentile(0.5);
     state.counters["pay_beyond_commit_ms"] = (pay.percentile(0.5) - commit.percentile(0.5)) * 1e3;

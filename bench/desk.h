@@ -87,7 +87,7 @@ inline void reportOnce(benchmark::State& state, const std::string& name, const D
 }
 
 inline void report(benchmark::State& state, const std::string& name, const Durations& durations) {
-  state.counters[name + "_p95_ms"] = durations.percentile(0.95) * 1e3;
+  if (durations.count() >= 40) state.counters[name + "_p95_ms"] = durations.percentile(0.95) * 1e3;
   state.counters[name + "_max_ms"] = durations.percentile(1) * 1e3;
 }
 

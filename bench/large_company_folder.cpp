@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <numeric>
 
+#include "demo_company/shop.h"
 #include "schema/company_file.h"
 #include "session/clock.h"
 
@@ -23,6 +25,18 @@ void enterCompany(const demo::LargeCompany& size) {
   }
   fs::current_path(folder);
   // One that is kept from an earlier version of the program is brought up to date.
+  schema::prepareCompanyFile(schema::plainConnectionString, session::SystemClock().now());
+}
+
+void enterShop() {
+  const fs::path folder = fs::temp_directory_path() / ("velmo-bench-shop-" + std::to_string(demo::shopRecipe));
+  if (!fs::exists(folder / "Uninstall" / "Uninstall.MDB")) {
+    fs::create_directories(folder);
+    Durations made;
+    made.measure([&] { demo::makeShop(folder); });
+    std::fprintf(stderr, "The shop was made in %.0f s.\n", made.mean());
+  }
+  fs::current_path(folder);
   schema::prepareCompanyFile(schema::plainConnectionString, session::SystemClock().now());
 }
 

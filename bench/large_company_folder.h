@@ -13,6 +13,9 @@ namespace velmo::bench {
 // current directory becomes that folder.
 void enterCompany(const demo::LargeCompany& size);
 
+// The same of a shop with two years of trade in all kinds of documents.
+void enterShop();
+
 // A fresh folder with a copy of the present folder's company; removed with the object, current while it lives.
 class CompanyCopy {
  public:
@@ -37,6 +40,7 @@ class Durations {
     seconds_.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
     processor_ += processorSeconds() - processorBegin;
   }
+  std::size_t count() const { return seconds_.size(); }
   double mean() const;
   double processorMean() const;
   double percentile(double share) const;  // 0.95: nineteen of twenty runs were at most so long

@@ -1,5 +1,4 @@
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 #include <sqlite3.h>
 #include <xlsxwriter.h>
 
@@ -7,12 +6,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <cmath>
-#include <fstream>
 
 #include "desk.h"
 #include "forms/date_picker.h"
 #include "frame/report/report_model.h"
 #include "frame/report/report_screen.h"
+#include "memory.h"
 #include "printing/paginator.h"
 #include "reports/ledgers/acc_ledgers.h"
 #include "reports/ledgers/ledger_rows.h"
@@ -27,26 +26,6 @@ namespace {
 constexpr std::int64_t sales = 40001001;  // a line in each of 200,000 invoices
 constexpr std::int64_t packing = 60001005;
 constexpr std::int64_t customer = 12005773;
-
-// What the process took at most since the object was made, beyond what it had then.
-class PeakMemory {
- public:
-  PeakMemory() {
-    malloc_trim(0);                                 // what earlier work left over
-    std::ofstream("/proc/self/clear_refs") << "5";  // the high water mark begins anew
-    before_ = megabytes("VmRSS:");
-  }
-  double grown() const { return megabytes("VmHWM:") - before_; }
-
- private:
-  static double megabytes(const std::string& name) {
-    std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;)
-      if (double kilobytes = 0; word == name && status >> kilobytes) return kilobytes / 1024;
-    throw std::runtime_error("no " + name);
-  }
-  double before_ = 0;
-};
 
 std::int64_t count(store::Connection& connection, const std::string& from) {
   return store::Recordset(connection, "SELECT Count(Serial) AS Lines FROM " + from, store::LockType::ReadOnly)

@@ -8,6 +8,7 @@
 #include "documents/invoices/sale_invoice_type.h"
 #include "frame/document/compose_document.h"
 #include "frame/posting/document_number.h"
+#include "kept_triggers.h"
 #include "large_company_folder.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
@@ -248,20 +249,6 @@ void PostInvoiceOfTwentyLines(benchmark::State& state) {
   state.counters["processor_ms_by_hand"] = theirs.processorMean() * 1e3;
 }
 BENCHMARK(PostInvoiceOfTwentyLines)->Iterations(2000)->Unit(benchmark::kMillisecond);
-
-// Takes the triggers of the kept totals out of the file.
-void dropTotals(sqlite3* file) {
-  std::vector<std::string> triggers;
-  const auto take = [](void* place, int, char** values, char**) {
-    static_cast<std::vector<std::string>*>(place)->emplace_back(values[0]);
-    return 0;
-  };
-  sqlite3_exec(file, "select name from sqlite_schema where type = 'trigger'", take, &triggers, nullptr);
-  if (triggers.empty()) throw std::logic_error("the file keeps no totals");
-  for (const std::string& trigger : triggers)
-    if (sqlite3_exec(file, ("drop trigger " + trigger).c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-      throw std::runtime_error(sqlite3_errmsg(file));
-}
 
 // Commits per second while the file keeps totals, as a share of those without.
 void PostBesideKeptTotals(benchmark::State& state) {

@@ -1,11 +1,10 @@
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include <QApplication>
 #include <QTemporaryDir>
 #include <chrono>
-#include <fstream>
 
+#include "memory.h"
 #include "printing/pdf_writer.h"
 #include "printing/pieces.h"
 #include "printing/preview_window.h"
@@ -87,13 +86,6 @@ Report ledger(int lines) {
 
 constexpr int LinesOfAPage = 43;
 
-double megabytesInUse() {
-  long whole = 0;
-  long resident = 0;
-  std::ifstream("/proc/self/statm") >> whole >> resident;
-  return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
-}
-
 // Pagination and file of a ledger. `megabytes_grown` is what the process gained between the hundredth page and the
 // last.
 void LedgerToPdf(benchmark::State& state) {
@@ -105,12 +97,12 @@ void LedgerToPdf(benchmark::State& state) {
   for (auto _ : state) {
     double early = 0;
     const auto problem = writePdf(report, path, [&](int written, int) {
-      if (written == 100) early = megabytesInUse();
+      if (written == 100) early = memory("VmRSS");
       ++pages;
       return true;
     });
     if (problem) state.SkipWithError(problem->c_str());
-    grown = std::max(grown, megabytesInUse() - early);
+    grown = std::max(grown, memory("VmRSS") - early);
   }
   state.counters["pages_per_second"] = benchmark::Counter(pages, benchmark::Counter::kIsRate);
   state.counters["megabytes_grown"] = grown;

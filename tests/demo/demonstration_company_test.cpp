@@ -5,6 +5,8 @@
 
 #include "demo/demonstration_folder.h"
 #include "demo_company/large_company.h"
+#include "demo_company/shop.h"
+#include "schema/company_checks.h"
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
 #include "store/recordset/recordset.h"
@@ -122,6 +124,39 @@ TEST(LargeCompany, HasTheSizeAskedForAndBalances) {
   EXPECT_EQ(1001, figure("select count(*) from AccLevel3 where Level1ID=120"));
   EXPECT_EQ(0, figure("select Sum(IIf(IsNull([Debit]),0,[Debit])) - Sum(IIf(IsNull([Credit]),0,[Credit])) as Off from "
                       "SubTransactions"));
+  connection.close();
+  fs::remove_all(folder);
+}
+
+TEST(Shop, HasEveryKindOfDocumentAndBooksThatBalance) {
+  const fs::path folder = freshFolder("shop");
+  makeShop(folder, 0.01);
+  store::Connection connection(schema::companyCatalog());
+  connection.open(schema::connectionStringFor(test::companyFile(folder)));
+  const auto figure = [&connection](const std::string& statement) {
+    return store::numberOf(store::Recordset(connection, statement).valueAt(0, 0));
+  };
+  const auto documents = [&](const std::string& condition) {
+    return figure("select count(*) from Transactions where " + condition);
+  };
+  EXPECT_NEAR(3300, documents("TranType not in (11, 51)"), 20);
+  EXPECT_NEAR(1380, documents("TranType = 32"), 10);
+  EXPECT_NEAR(330, documents("TranType not in (11, 51) and FYID = 1"), 10);
+  for (const int kind : {11, 22, 25, 28, 29, 35, 38, 39, 41, 51})
+    EXPECT_LT(0, documents("FYID = 2 and TranType = " + std::to_string(kind))) << kind;
+  EXPECT_NEAR(33, documents("Cancel = Yes"), 20);
+  EXPECT_EQ(3, figure("select count(*) from (select distinct LocationID from StockFlow) as Places"));
+  EXPECT_LT(8,
+            figure("select max(Lines) from (select Count(FlowId) as Lines from StockFlow inner join Transactions on "
+                   "StockFlow.TranNo = Transactions.TranNo where TranType = 32 group by StockFlow.TranNo) as Sales"));
+  EXPECT_EQ(0, store::Recordset(connection, schema::unbalancedDocuments()).recordCount());
+  EXPECT_EQ(0, figure("select count(*) from (select ItemCode, LocationID, Sum(IIf(IsNull([StockIn]),0,[StockIn])) - "
+                      "Sum(IIf(IsNull([StockOut]),0,[StockOut])) as There from StockFlow inner join Transactions on "
+                      "StockFlow.TranNo = Transactions.TranNo where FYID = 2 and Cancel = No group by ItemCode, "
+                      "LocationID) as Stock where There < 0"));
+  store::Connection snapshot = connection.snapshot();
+  for (const store::IdleCheck& check : schema::companyChecks())
+    EXPECT_THAT(check.look(snapshot), testing::IsEmpty()) << check.name;
   connection.close();
   fs::remove_all(folder);
 }

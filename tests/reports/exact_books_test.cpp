@@ -375,7 +375,7 @@ TEST_F(ExactBooks, ShowWhatIsAddedOnPaper) {
       if (round % 7 == 3)
         for (const store::KeptTotals& totals : schema::companyCatalog().keptTotals()) {
           store::Connection::Transaction transaction(context.KORDconn);
-          store::addLaterLines(context.KORDconn.handle(), totals);
+          store::addLaterLines(context.KORDconn.handle(), totals, 100000);
           transaction.commit();
         }
       expectEverything();

@@ -117,7 +117,7 @@ TEST_F(CompanyChecks, FindTotalsThatAreNotTheirLinesAndMendThem) {
 TEST_F(CompanyChecks, FindOldTotalsThatMakeUpForEachOther) {
   post(901, 32, 0, {{7, 0}, {0, 7}});
   test::past(company.file, "UPDATE Transactions SET TranDate = '2026-10-01' WHERE TranNo = 901");
-  store::addLaterLines(company.connection.handle(), accountTotals());
+  store::addLaterLines(company.connection.handle(), accountTotals(), 1000);
   test::past(company.file,
              "INSERT INTO Transactions (TranNo, TranDate, FYID) VALUES (902, '2026-11-23', 1), (903, '2026-11-24', 1),"
              "(904, '2026-11-25', 1);"

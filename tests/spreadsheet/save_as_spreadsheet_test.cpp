@@ -139,7 +139,7 @@ TEST_F(SaveAs, IsStoppedAsItsRowsArePacked) {
                          cells[1] = number * 0.5;
                          return ++number <= 150'000;
                        }};
-  files.answer = written("numbers.xlsx", "older").string();
+  files.name = written("numbers.xlsx", "older").string();
   QWidget window;
   int reached = 0;  // of 1,000
   QTimer watch;
@@ -153,7 +153,7 @@ TEST_F(SaveAs, IsStoppedAsItsRowsArePacked) {
   saveAsSpreadsheet(list, &window, files, prompts);
   EXPECT_GT(reached, 600);
   EXPECT_LT(reached, 1000);
-  EXPECT_EQ(bytesOf(files.answer), "older");
+  EXPECT_EQ(bytesOf(files.name), "older");
   EXPECT_EQ(std::ranges::distance(std::filesystem::directory_iterator(folder)), 1) << "nothing else is left";
 }
 

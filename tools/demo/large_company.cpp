@@ -1,10 +1,7 @@
 #include "demo_company/large_company.h"
 
-#include <array>
-
-#include "demo_company/bar_code.h"
 #include "demo_company/company_folder.h"
-#include "demo_company/dice.h"
+#include "demo_company/large_masters.h"
 #include "demo_company/prepared_insert.h"
 #include "schema/company_schema.h"
 #include "store/connection/connection.h"
@@ -16,23 +13,9 @@ namespace {
 constexpr std::uint32_t seed = 7;
 constexpr int year = 2026;
 constexpr int daysOfYear = 365;
-constexpr int itemsPerSubCategory = 10000;
-constexpr int accountsPerSubType = 900;  // at most 999 take a number
 
-constexpr std::array words = {"Steel", "Brass", "Copper", "Rubber", "Nylon", "Timber", "Granite", "Glass",
-                              "Pipe",  "Hinge", "Valve",  "Bolt",   "Cable", "Socket", "Bracket", "Panel",
-                              "Blue",  "Black", "White",  "Heavy",  "Light", "Long",   "Short",   "Round"};
-
-std::string threeWords(Dice& dice) {
-  return std::string(dice.pick(words)) + " " + dice.pick(words) + " " + dice.pick(words);
-}
-
-int customerCode(int index) {
-  return (12002 + index / accountsPerSubType) * 1000 + index % accountsPerSubType + 1;
-}
-
-std::string itemCode(int index) {
-  return articleNumber(100000 + index);
+AccountRange customers(const LargeCompany& size) {
+  return {.firstSubType = 12002, .name = "Customers", .terms = "30 Days", .count = size.accounts};
 }
 
 class LargeCompanyWriter {
@@ -41,8 +24,8 @@ class LargeCompanyWriter {
 
   void write() {
     run("BEGIN");
-    writeAccounts();
-    writeItems();
+    writeAccounts(database_, dice_, customers(size_));
+    writeItems(database_, dice_, size_.items);
     writeInvoices();
     run("COMMIT");
   }
@@ -51,41 +34,6 @@ class LargeCompanyWriter {
   void run(const char* sql) {
     if (sqlite3_exec(database_, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
       throw std::runtime_error(sqlite3_errmsg(database_));
-  }
-
-  void writeAccounts() {
-    PreparedInsert subTypes(database_, "AccLevel2", "Level2ID,L2AccName,TypeID");
-    PreparedInsert accounts(database_, "AccLevel3",
-                            "AccCode,AccName,Level1ID,Level2ID,Address,Phone,CreditLimit,CreditTerms,EmpID,SectorID,"
-                            "Region1ID,Region2ID");
-    for (int index = 0; index < size_.accounts; ++index) {
-      const int code = customerCode(index);
-      if (index % accountsPerSubType == 0)
-        subTypes.run(code / 1000, "Customers " + std::to_string(code / 1000), code / 100000);
-      accounts.run(code, threeWords(dice_) + " " + std::to_string(index), code / 100000, code / 1000,
-                   std::to_string(index) + " High Street", "555-" + std::to_string(index), 0.0, "30 Days", 1, 1, 1, 1);
-    }
-  }
-
-  void writeItems() {
-    PreparedInsert categories(database_, "StockLevel1", "CatID,CatName");
-    PreparedInsert subCategories(database_, "StockLevel2", "SubCatID,SubCatName,CatID");
-    PreparedInsert items(database_, "StockLevel3",
-                         "ItemCode,ItemName,Description,BrandID,Rack,PurchasePrice,SellingPrice,SellingPrice2,"
-                         "SellingPrice3,PackPcs,Unit,ReorderLevel,ValuationCost1,ValuationCost2,ValuationType,Status,"
-                         "CatID,SubCatID");
-    categories.run("G", "Goods");
-    std::string subCategory;
-    for (int index = 0; index < size_.items; ++index) {
-      if (index % itemsPerSubCategory == 0) {
-        const int number = index / itemsPerSubCategory + 1;
-        subCategory = "G" + std::string(number < 10 ? "0" : "") + std::to_string(number);
-        subCategories.run(subCategory, "Goods " + std::to_string(number), "G");
-      }
-      const double cost = dice_.between(50, 9000) / 100.0;
-      items.run(itemCode(index), threeWords(dice_) + " " + std::to_string(index), "", 1, "", cost, cost * 1.5,
-                cost * 1.4, cost * 1.3, 1.0, "Pcs", 0.0, cost, cost, -1, 0, "G", subCategory);
-    }
   }
 
   void writeInvoices() {
@@ -108,7 +56,7 @@ class LargeCompanyWriter {
       const std::int64_t tranNo = firstTranNo + number - 1;
       const std::string date =
           firstDay.addDays(static_cast<int>(std::int64_t{number - 1} * daysOfYear / size_.invoices)).iso();
-      const int customer = customerCode(dice_.between(0, size_.accounts - 1));
+      const int customer = accountCode(customers(size_), dice_.between(0, size_.accounts - 1));
       const std::string name = "Customer " + std::to_string(customer);
       const int quantity = dice_.between(1, 20);
       const double rate = dice_.between(1, 500);

@@ -2,119 +2,66 @@
 
 #include <cmath>
 #include <limits>
-#include <stdexcept>
 
 #include "demo_company/parties.h"
+#include "demo_company/settlement_document.h"
 #include "text/format.h"
 #include "text/number.h"
 #include "vouchers/settlement/pending_items.h"
-#include "vouchers/settlement/settlement_types.h"
-#include "vouchers/settlement/settlement_writer.h"
 
 namespace velmo::demo {
 namespace {
 
 using namespace vouchers;
 
-struct PettyLine {
-  std::int64_t account;
-  const char* what;
-};
 constexpr PettyLine pettyExpenses[] = {{60002010, "Tea and refreshments"},
                                        {60002014, "Window cleaning"},
                                        {60002005, "Receipt rolls"},
                                        {60002009, "Taxi fare"},
                                        {60002007, "Repair of the shutter"}};
 
-// A receipt or payment as it is made out.
+// A receipt or payment under the next number of its kind.
 class Settlement {
  public:
   Settlement(session::LoginContext& context, const SettlementKind& kind, const text::DateTime& moment)
-      : context_(context), kind_(kind), moment_(moment) {
-    const store::Recordset last(context.KORDconn, "select Max(DocNo) as LastNo from transactions where trantype=" +
-                                                      std::to_string(kind.form.tranType) +
-                                                      " and fyid=" + std::to_string(context.FYID));
-    values_.DocNo = std::to_string(last.integer("LastNo") + 1);
-    values_.TrDate = moment.date();
-    if (kind.by == PaidBy::Cheque) {
-      values_.fields["ChqNo"] = std::to_string(400100 + last.integer("LastNo"));
-      values_.fields["ChqDt"] = text::formatDate(moment, "dd-MM-yyyy");
-      if (isReceipt(kind)) values_.fields["ChqBank"] = "City Bank";
-    }
-    const std::int64_t money = kind.by == PaidBy::Cash ? frame::cashInHand.code : firstBank;
-    values_.ACodeTxt = std::to_string(money);
-    values_.Acc = account(money).text("accname");
-    for (const auto& [sheet, table] : {std::pair(&invoices_, agingTable(kind)), {&petty_, "subtransactions"}})
-      sheet->open(context.KORDconn, "Select * from " + std::string(table) + " where tranno = 0",
-                  store::LockType::BatchOptimistic);
-  }
+      : context_(context),
+        kind_(kind),
+        document_(context, kind, moment,
+                  store::Recordset(context.KORDconn, "select Max(DocNo) as LastNo from transactions where trantype=" +
+                                                         std::to_string(kind.form.tranType) +
+                                                         " and fyid=" + std::to_string(context.FYID))
+                          .integer("LastNo") +
+                      1) {}
 
   // The oldest open invoices of the party, as many as wanted, as far as there is money. False when there are none.
   bool settle(std::int64_t party, int count, double money, Dice& dice) {
     store::Recordset pending(context_.KORDconn, pendingStatement(kind_, party, context_.FYID));
     if (pending.isEmpty()) return false;
-    values_.PartyCodeTxt = std::to_string(party);
-    values_.PartyNameTxt = account(party).text("accname");
+    document_.setParty(party);
     for (; count > 0 && !pending.eof(); --count, pending.moveNext()) {
       const PendingItem item = pendingItem(kind_, pending);
       money -= item.balance;
       if (money < 0) break;
       const double tax = dice.inHundred(10) ? text::roundHalfEven(item.balance * 0.02) : 0;
       const double discount = dice.inHundred(15) ? text::roundHalfEven(item.balance * 0.01, 2) : 0;
-      const double payment = text::roundHalfEven(item.balance - tax - discount, 2);
-      std::vector<store::FieldValue> row{
-          {"docno", item.docNo}, {"trandate", item.tranDate}, {"payment", payment},         {"whtax", tax},
-          {"advadj", 0.0},       {"discount", discount},      {"totpayment", item.balance}, {"partycode", party}};
-      if (!isReceipt(kind_)) row.push_back({"vendorinvno", item.key});
-      invoices_.addNew(row);
-      settlement_.invoices += item.key + ", ";
-      sums_.payment += payment;
-      sums_.whTax += tax;
-      sums_.discount += discount;
-      sums_.totPayment += item.balance;
+      document_.settle(item, item.balance, tax, discount);
     }
-    settlement_.totals = settlementTotals(sums_, dice.inHundred(5) ? "250.00" : "0.00");
-    return sums_.totPayment > 0;
+    document_.prepay(dice.inHundred(5) ? "250.00" : "0.00");
+    return document_.settled() > 0;
   }
 
-  // An amount against any other account.
-  void book(const PettyLine& line, double amount) {
-    settlement_.mode = SettlementMode::Petty;
-    settlement_.TAmt = text::formatNumber(amount, "0.00");
-    values_.Desc = line.what;
-    petty_.addNew({{"acccode", line.account},
-                   {"accname", account(line.account).text("accname")},
-                   {isReceipt(kind_) ? "credit" : "debit", amount}});
-  }
+  void book(const PettyLine& line, double amount) { document_.book(line, amount); }
 
   void save() {
-    const frame::DocumentType type = settlementType(kind_);
-    const auto document =
-        composeSettlement(type, kind_, values_, settlement_, context_, moment_, frame::HeaderWrite::Add);
-    if (!document) throw std::logic_error(document.error());
     store::Recordset tran(context_.KORDconn, "SELECT * from transactions where tranno = 0");
-    frame::writeDocument(context_.KORDconn, *document, tran, [this](std::int64_t tranNo) {
-      if (settlement_.mode == SettlementMode::Party)
-        writeSettlement(kind_, invoices_, values_, tranNo, context_.FYID);
-      else
-        writePetty(kind_, context_.KORDconn, petty_, invoices_, values_, settlement_, tranNo);
-    });
+    frame::writeDocument(context_.KORDconn, document_.compose(), tran,
+                         [this](std::int64_t tranNo) { document_.writeRows(tranNo); });
   }
 
  private:
-  store::Recordset account(std::int64_t code) const {
-    return {context_.KORDconn, "select accname from acclevel3 where acccode=" + std::to_string(code),
-            store::LockType::ReadOnly};
-  }
-
   session::LoginContext& context_;
   const SettlementKind& kind_;
-  text::DateTime moment_;
-  frame::DocumentValues values_;
-  SettlementValues settlement_;
-  SettlementSums sums_;
-  store::Recordset invoices_;
-  store::Recordset petty_;
+  SettlementDocument document_;
 };
 
 double heldByTill(session::LoginContext& context) {

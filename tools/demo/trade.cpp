@@ -1,22 +1,19 @@
 #include "demo_company/trade.h"
 
+#include <algorithm>
 #include <map>
+#include <optional>
 #include <stdexcept>
-#include <vector>
 
 #include "demo_company/money.h"
 #include "demo_company/parties.h"
+#include "demo_company/trade_document.h"
 #include "documents/invoices/purchase_bill_type.h"
 #include "documents/invoices/purchase_return_type.h"
 #include "documents/invoices/sale_invoice_pos_type.h"
 #include "documents/invoices/sale_invoice_type.h"
 #include "documents/invoices/sale_return_type.h"
-#include "frame/document/compose_document.h"
-#include "frame/items/line_arithmetic.h"
-#include "frame/posting/day_text.h"
-#include "schema/account_types.h"
 #include "text/format.h"
-#include "text/number.h"
 
 namespace velmo::demo {
 namespace {
@@ -32,25 +29,10 @@ std::string weekday(const text::DateTime& date) {
   return text::formatDate(date, "ddd");
 }
 
-// A line of a document that goods may come or go back from.
-struct TradedLine {
-  std::int64_t docNo = 0;
-  text::DateTime day;
-  std::int64_t party = 0;
-  std::string reference;  // the vendor's number
-  std::string itemCode;
-  int quantity = 0;
-  double rate = 0;
-};
-
 class TradeClerk {
  public:
   TradeClerk(session::LoginContext& context, Dice& dice)
-      : context_(context),
-        dice_(dice),
-        items_(context.KORDconn, "SELECT * FROM StockLevel3 ORDER BY ItemCode"),
-        parties_(context.KORDconn,
-                 "SELECT * from AccLevel3 where " + schema::account_type::parties() + " order by acccode") {
+      : context_(context), dice_(dice), items_(readItems(context.KORDconn)), parties_(readParties(context.KORDconn)) {
     for (store::Recordset stock(context.KORDconn,
                                 "SELECT ItemCode, Sum(IIf(IsNull([StockIn]),0,[StockIn])) AS Ins FROM StockFlow GROUP "
                                 "BY ItemCode");
@@ -63,11 +45,11 @@ class TradeClerk {
     const bool walksIn = dice_.inHundred(15);
     chooseParty(walksIn ? frame::walkInCustomer : firstCustomer + dice_.between(0, customerCount - 1));
     if (walksIn)
-      values_.PartyNameTxt = dice_.pick(counterNames);
+      document_->values().PartyNameTxt = dice_.pick(counterNames);
     else if (dice_.inHundred(50))
-      refer("D1", "PO-" + std::to_string(dice_.between(1000, 9999)), moment.addDays(-dice_.between(0, 6)));
+      document_->refer("D1", "PO-" + std::to_string(dice_.between(1000, 9999)), moment.addDays(-dice_.between(0, 6)));
     for (int count = dice_.between(1, 6); count > 0; --count) sellLine();
-    if (!walksIn && dice_.inHundred(15)) typed_.Carriage = money(dice_.between(3, 12) * 5.0);
+    if (!walksIn && dice_.inHundred(15)) document_->typed().Carriage = money(dice_.between(3, 12) * 5.0);
     if (!walksIn && dice_.inHundred(25)) paidShare_ = dice_.between(20, 60) / 100.0;
     save(walksIn ? frame::ReceivedRule::WholeNetTotal : frame::ReceivedRule::AsTyped, &sold_);
   }
@@ -75,9 +57,9 @@ class TradeClerk {
   void sellAtCounter(const text::DateTime& moment) {
     begin(documents::saleInvoicePosType(), documents::saleInvoicePosKind(), moment);
     chooseParty(frame::walkInCustomer);
-    values_.ACodeTxt = std::to_string(frame::cashInHand.code);
-    values_.Acc = frame::cashInHand.name;
-    if (dice_.inHundred(30)) values_.fields["PayMode"] = "2";
+    document_->values().ACodeTxt = std::to_string(frame::cashInHand.code);
+    document_->values().Acc = frame::cashInHand.name;
+    if (dice_.inHundred(30)) document_->values().fields["PayMode"] = "2";
     for (int count = dice_.between(1, 4); count > 0; --count) sellLine();
     paidShare_ = 1;
     save(frame::ReceivedRule::Tendered, nullptr);
@@ -86,12 +68,12 @@ class TradeClerk {
   void buy(const text::DateTime& moment) {
     begin(documents::purchaseBillType(), documents::purchaseBillKind(), moment);
     chooseParty(firstVendor + dice_.between(0, vendorCount - 1));
-    refer("D1", "V-" + std::to_string(dice_.between(10000, 99999)), moment.addDays(-dice_.between(0, 3)));
+    document_->refer("D1", "V-" + std::to_string(dice_.between(10000, 99999)), moment.addDays(-dice_.between(0, 3)));
     for (int count = dice_.between(4, 10); count > 0; --count) {
-      chooseItem([](double) { return true; });
-      addLine(dice_.between(2, 12) * 5, items_.number("PurchasePrice"), 0);
+      const TradedItem* item = chooseItem([](double) { return true; });
+      addLine(*item, dice_.between(2, 12) * 5, item->cost, 0);
     }
-    if (dice_.inHundred(30)) typed_.Carriage = money(dice_.between(2, 8) * 10.0);
+    if (dice_.inHundred(30)) document_->typed().Carriage = money(dice_.between(2, 8) * 10.0);
     if (dice_.inHundred(20)) paidShare_ = 1;
     save(frame::ReceivedRule::AsTyped, &bought_);
   }
@@ -102,7 +84,7 @@ class TradeClerk {
     const TradedLine line = dice_.pick(sold_);
     begin(documents::saleReturnType(), documents::saleReturnKind(), moment);
     chooseParty(line.party);
-    refer("D1", std::to_string(line.docNo), line.day);
+    document_->refer("D1", std::to_string(line.docNo), line.day);
     sendLine(line, dice_.between(1, line.quantity));
     save(line.party == frame::walkInCustomer ? frame::ReceivedRule::WholeNetTotal : frame::ReceivedRule::AsTyped,
          nullptr);
@@ -115,8 +97,8 @@ class TradeClerk {
     if (stock_[line.itemCode] < line.quantity) return;
     begin(documents::purchaseReturnType(), documents::purchaseReturnKind(), moment);
     chooseParty(line.party);
-    refer("D1", line.reference, line.day);
-    refer("D2", std::to_string(line.docNo), line.day);
+    document_->refer("D1", line.reference, line.day);
+    document_->refer("D2", std::to_string(line.docNo), line.day);
     sendLine(line, dice_.between(1, line.quantity));
     save(frame::ReceivedRule::AsTyped, nullptr);
   }
@@ -125,115 +107,61 @@ class TradeClerk {
   void begin(const frame::DocumentType& type, const documents::TradeKind& kind, const text::DateTime& moment) {
     context_.UserID = dice_.inHundred(70) ? 2 : 1;
     type_ = &type;
-    kind_ = &kind;
-    moment_ = moment;
-    typed_ = {.Discount = "0.00", .Carriage = "0.00", .Received = "0.00"};
     paidShare_ = 0;
-    traded_.clear();
-    lines_ = store::Recordset(context_.KORDconn, "Select * from stockflow where tranno = 0",
-                              store::LockType::BatchOptimistic);
-    values_ = {};
-    values_.DocNo = std::to_string(lastNumber_[type.form.tranType] + 1);
-    values_.TrDate = moment.date();
-    values_.IncomeCode = std::to_string(kind.head->initialCode);
-    values_.IncomeAcc =
-        store::Recordset(context_.KORDconn, "select accname from acclevel3 where acccode=" + values_.IncomeCode)
-            .text("accname");
-    values_.LocationList = {.text = "Main Store", .id = context_.stocklocationid, .matches = true};
+    document_.emplace(context_, type, kind, moment, lastNumber_[type.form.tranType] + 1);
   }
 
   void chooseParty(std::int64_t code) {
-    parties_.moveFirst();
-    if (!parties_.find("acccode=" + std::to_string(code))) throw std::logic_error("no party " + std::to_string(code));
-    values_.PartyCodeTxt = std::to_string(code);
-    values_.PartyNameTxt = parties_.text("AccName");
-    values_.PartyAddress = parties_.text("Address");
-    values_.PartyTel = parties_.text("Phone");
-    values_.Terms = parties_.text("CreditTerms");
-    values_.EmpList = {.text = {}, .id = parties_.integer("EmpID"), .matches = true};
+    const auto party =
+        std::find_if(parties_.begin(), parties_.end(), [&](const auto& one) { return one.code == code; });
+    if (party == parties_.end()) throw std::logic_error("no party " + std::to_string(code));
+    document_->setParty(*party);
   }
 
-  void refer(const std::string& field, const std::string& number, const text::DateTime& day) {
-    values_.fields[field] = number;
-    values_.fields[field + "Dt"] = frame::dayText(day);
-  }
-
-  bool isService() const { return items_.text("CatID") == "Service"; }
-
-  // False when chance found no fitting item.
+  // Null when chance found no fitting item.
   template <typename Fits>
-  bool chooseItem(Fits fits) {
+  const TradedItem* chooseItem(Fits fits) {
     for (int attempt = 0; attempt < 20; ++attempt) {
-      items_.moveTo(dice_.between(0, static_cast<int>(items_.recordCount()) - 1));
-      if (!isService() && fits(stock_[items_.text("ItemCode")])) return true;
+      const TradedItem& item = dice_.pick(items_);
+      if (!item.isService && fits(stock_[item.code])) return &item;
     }
-    return false;
+    return nullptr;
   }
 
   void sellLine() {
-    if (!chooseItem([](double stock) { return stock >= 1; })) return;
-    const bool dear = items_.number("SellingPrice") > 20;
-    const int wanted = dear ? dice_.between(1, 3) : dice_.between(1, 24);
-    const int quantity = std::min(wanted, static_cast<int>(stock_[items_.text("ItemCode")]));
-    addLine(quantity, items_.number("SellingPrice"), dice_.inHundred(20) ? dice_.between(2, 10) : 0);
+    const TradedItem* item = chooseItem([](double stock) { return stock >= 1; });
+    if (!item) return;
+    const int wanted = item->price > 20 ? dice_.between(1, 3) : dice_.between(1, 24);
+    const int quantity = std::min(wanted, static_cast<int>(stock_[item->code]));
+    addLine(*item, quantity, item->price, dice_.inHundred(20) ? dice_.between(2, 10) : 0);
   }
 
   void sendLine(const TradedLine& line, int quantity) {
-    items_.moveFirst();
-    items_.find("itemcode = '" + line.itemCode + "'");
-    addLine(quantity, line.rate, 0);
+    const auto item =
+        std::find_if(items_.begin(), items_.end(), [&](const auto& one) { return one.code == line.itemCode; });
+    addLine(*item, quantity, line.rate, 0);
   }
 
-  void addLine(int quantity, double rate, int discountRate) {
-    const std::string itemCode = items_.text("ItemCode");
-    const frame::LineAmounts amounts =
-        frame::lineAmounts({.quantity = std::to_string(quantity),
-                            .rate = text::numberText(rate),
-                            .discountRate = discountRate == 0 ? "" : std::to_string(discountRate),
-                            .discount = "0.00"});
-    lines_.addNew({{"ItemCode", itemCode},
-                   {"ItemName", items_.text("ItemName")},
-                   {kind_->lines.quantityField, static_cast<double>(quantity)},
-                   {"Unit", items_.text("Unit")},
-                   {"Rate", rate},
-                   {"GrossAmt", text::amountFrom(amounts.gross)},
-                   {"DiscRate", discountRate == 0 ? store::Value() : store::Value(std::int64_t{discountRate})},
-                   {"DiscAmt", text::amountFrom(amounts.discount)},
-                   {"ItemValue", text::amountFrom(amounts.net)}});
-    stock_[itemCode] += kind_->lines.quantityField == "StockIn" ? quantity : -quantity;
-    traded_.push_back({.docNo = std::stoll(values_.DocNo),
-                       .day = values_.TrDate,
-                       .party = std::stoll(values_.PartyCodeTxt),
-                       .reference = values_.field("D1"),
-                       .itemCode = itemCode,
-                       .quantity = quantity,
-                       .rate = rate});
+  void addLine(const TradedItem& item, int quantity, double rate, int discountRate) {
+    document_->add(item, quantity, rate, discountRate);
+    stock_[item.code] += document_->kind().lines.quantityField == "StockIn" ? quantity : -quantity;
   }
 
   // Remembers the lines where later documents may refer to them. A document without lines is none.
   void save(frame::ReceivedRule rule, std::vector<TradedLine>* remembered) {
-    if (traded_.empty()) return;
-    const frame::LineSums sums = frame::sumLines(lines_);
-    const auto totals = [&] { return frame::RecalculateTotals(sums, typed_, rule, context_.currencyname); };
-    if (paidShare_ > 0) {
-      const double net = text::amountFrom(totals().NetTotal);
-      typed_.Received = money(paidShare_ == 1 ? net : text::wholePart(net * paidShare_));
-    }
-    values_.totals = totals();
-    const std::string narrations = frame::lineNarrations(lines_, kind_->lines.quantityField, context_.ccode);
-    const auto document =
-        frame::composeDocument(*type_, values_, context_, moment_, narrations, frame::HeaderWrite::Add);
-    if (!document) throw std::logic_error(document.error());
+    if (document_->lines().empty()) return;
+    if (paidShare_ > 0) document_->pay(paidShare_, rule);
+    const frame::DocumentWrite written = document_->compose(rule);
     store::Recordset tran(context_.KORDconn, "SELECT * from transactions where tranno = 0");
-    frame::writeDocument(context_.KORDconn, *document, tran, lines_);
+    frame::writeDocument(context_.KORDconn, written, tran, document_->sheet());
     ++lastNumber_[type_->form.tranType];
-    if (remembered) remembered->insert(remembered->end(), traded_.begin(), traded_.end());
+    if (remembered) remembered->insert(remembered->end(), document_->lines().begin(), document_->lines().end());
   }
 
   session::LoginContext& context_;
   Dice& dice_;
-  store::Recordset items_;
-  store::Recordset parties_;
+  const std::vector<TradedItem> items_;
+  const std::vector<TradedParty> parties_;
   std::map<std::string, double> stock_;
   std::map<int, std::int64_t> lastNumber_;  // by type of document
   std::vector<TradedLine> sold_;
@@ -241,13 +169,8 @@ class TradeClerk {
 
   // The document that is being written.
   const frame::DocumentType* type_ = nullptr;
-  const documents::TradeKind* kind_ = nullptr;
-  text::DateTime moment_;
-  frame::DocumentValues values_;
-  frame::TypedAmounts typed_;
+  std::optional<TradeDocument> document_;
   double paidShare_ = 0;  // of the net total
-  store::Recordset lines_;
-  std::vector<TradedLine> traded_;
 };
 
 void tradeOn(TradeClerk& clerk, Dice& dice, const text::DateTime& day, const text::DateTime& now) {

@@ -15,7 +15,6 @@
 #include "forms/stop_listening.h"
 #include "forms/table_view.h"
 #include "forms/wait_cursor.h"
-#include "frame/document/find_statement.h"
 #include "frame/posting/day_text.h"
 
 namespace velmo::frame {
@@ -69,6 +68,8 @@ FindScreen::FindScreen(const FindType& type, const schema::DocumentForm& form, s
   tranNo_->setObjectName("TranNo");
   tranNo_->hide();
 
+  counting_.setInterval(20);  // milliseconds
+  connect(&counting_, &QTimer::timeout, this, &FindScreen::lookForCount);
   connect(grid_->horizontalHeader(), &QHeaderView::sectionClicked, this, &FindScreen::sortBy);
   connect(grid_, &forms::TableView::picked, this, &FindScreen::pick);
   connect(grid_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &FindScreen::noteRow);
@@ -138,43 +139,58 @@ void FindScreen::find() {
     value_->setFocus();
     return;
   }
-  query(*condition);
+  query(*condition, FindOrder::ByNumber);
 }
 
 void FindScreen::showAll() {
-  query({});
+  query({}, FindOrder::ByNumber);
 }
 
-// A long list is counted by the store, so that it is read only as far as it is looked at.
-std::int64_t FindScreen::countFound(const std::string& condition) const {
-  const store::Recordset& rows = found_->rows();
-  if (!rows.hasMoreRows()) return rows.recordCount();
-  const store::Recordset counted(workplace_.context.KORDconn,
-                                 findCountStatement(type_, form_.tranType, workplace_.context.FYID, condition),
-                                 store::LockType::ReadOnly);
-  return counted.integer("Documents");
-}
-
-void FindScreen::query(const std::string& condition) {
-  std::int64_t count = 0;
+void FindScreen::query(const std::string& condition, FindOrder order) {
   if (!workplace_.attempt("Cannot Find", [&] {
         const forms::WaitCursor wait;
-        found_->setRecordset(store::Recordset(workplace_.context.KORDconn,
-                                              findStatement(type_, form_.tranType, workplace_.context.FYID, condition),
-                                              store::LockType::ReadOnly, store::Fetch::AsNeeded));
-        count = countFound(condition);
+        found_->setRecordset(
+            store::Recordset(workplace_.context.KORDconn,
+                             findStatement(type_, form_.tranType, workplace_.context.FYID, condition, order),
+                             store::LockType::ReadOnly, store::Fetch::AsNeeded));
+        condition_ = condition;
+        countFound();
       }))
     return;
-  count_->setText(count == 1 ? tr("1 document") : tr("%1 documents").arg(count));
-  if (count > 0) grid_->selectRow(0);
+  if (found_->rowCount() > 0) grid_->selectRow(0);
+}
+
+// A long list is read only as far as it is looked at, and counted beside.
+void FindScreen::countFound() {
+  counting_.stop();
+  counted_.reset();
+  if (!found_->rows().hasMoreRows()) return showCount(found_->rows().recordCount());
+  count_->setText(tr("Counting ..."));
+  counted_ = std::make_unique<store::RowsAhead>(
+      workplace_.context.KORDconn, findCountStatement(type_, form_.tranType, workplace_.context.FYID, condition_));
+  counting_.start();
+  lookForCount();
+}
+
+void FindScreen::lookForCount() {
+  constexpr int moment = 5;  // milliseconds, in which most lists are counted
+  if (!counted_->isReady(moment)) return;
+  counting_.stop();
+  try {
+    showCount(counted_->rows().integer("Documents"));
+  } catch (const store::StoreError&) {
+    count_->clear();  // whoever reads on is told
+  }
+  counted_.reset();
+}
+
+void FindScreen::showCount(std::int64_t documents) {
+  count_->setText(documents == 1 ? tr("1 document") : tr("%1 documents").arg(documents));
 }
 
 void FindScreen::sortBy(int column) {
   if (column > 1 || !found_->rows().isOpen()) return;
-  const forms::WaitCursor wait;
-  found_->rows().setSort(column == 0 ? "docno asc" : "trandate asc");
-  found_->reload();
-  if (found_->rowCount() > 0) grid_->selectRow(0);
+  query(condition_, column == 0 ? FindOrder::ByNumber : FindOrder::ByDay);
 }
 
 void FindScreen::noteRow() {

@@ -1,12 +1,16 @@
 #pragma once
 
 #include <QDialog>
+#include <QTimer>
 #include <cstdint>
 #include <functional>
+#include <memory>
 
+#include "frame/document/find_statement.h"
 #include "frame/document/find_type.h"
 #include "schema/document_kinds.h"
 #include "session/workplace.h"
+#include "store/recordset/rows_ahead.h"
 
 class QComboBox;
 class QLabel;
@@ -35,8 +39,10 @@ class FindScreen : public QDialog {
   void columnChosen();
   void find();
   void showAll();
-  void query(const std::string& condition);
-  std::int64_t countFound(const std::string& condition) const;
+  void query(const std::string& condition, FindOrder order);
+  void countFound();
+  void lookForCount();
+  void showCount(std::int64_t documents);
   void sortBy(int column);
   void noteRow();
   void pick();
@@ -50,6 +56,9 @@ class FindScreen : public QDialog {
   forms::DatePicker* day_;
   QLineEdit* tranNo_;
   QLabel* count_;
+  std::string condition_;                      // of the documents found
+  std::unique_ptr<store::RowsAhead> counted_;  // while their number is not known
+  QTimer counting_;
   forms::RecordsetModel* found_;
   forms::TableView* grid_;
 };

@@ -55,9 +55,9 @@ tl::expected<std::string, std::string> findCondition(const FindColumn& column, c
   return begin + "like " + store::quoted(value) + ")";
 }
 
-std::string findStatement(const FindType& type, int tranType, int fyid, std::string_view condition) {
-  return "SELECT " + std::string(type.select) + foundRows(type, tranType, fyid, condition) +
-         " ORDER BY Transactions.DocNo";
+std::string findStatement(const FindType& type, int tranType, int fyid, std::string_view condition, FindOrder order) {
+  return "SELECT " + std::string(type.select) + foundRows(type, tranType, fyid, condition) + " ORDER BY " +
+         (order == FindOrder::ByDay ? "Transactions.TranDate, " : "") + "Transactions.DocNo";
 }
 
 std::string findCountStatement(const FindType& type, int tranType, int fyid, std::string_view condition) {

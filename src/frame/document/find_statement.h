@@ -13,8 +13,11 @@ namespace velmo::frame {
 tl::expected<std::string, std::string> findCondition(const FindColumn& column, const std::string& value,
                                                      const text::DateTime& day);
 
-// All documents of a type and year that meet a condition ("" for all), by number.
-std::string findStatement(const FindType& type, int tranType, int fyid, std::string_view condition);
+enum class FindOrder { ByNumber, ByDay };
+
+// All documents of a type and year that meet a condition ("" for all); those of a day by number.
+std::string findStatement(const FindType& type, int tranType, int fyid, std::string_view condition,
+                          FindOrder order = FindOrder::ByNumber);
 // The number of the same documents, as `Documents`.
 std::string findCountStatement(const FindType& type, int tranType, int fyid, std::string_view condition);
 

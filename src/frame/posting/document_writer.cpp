@@ -73,25 +73,40 @@ void writeAging(store::Connection& connection, std::int64_t tranNo, const Docume
   store::addRow(connection, table, fields);
 }
 
+std::function<void(std::int64_t tranNo)> lineWriter(const DocumentWrite& document, store::Recordset& sheet) {
+  return [&](std::int64_t tranNo) {
+    writeLines(sheet, {.tranNo = tranNo, .locationId = document.locationId, .jobId = document.jobId});
+  };
+}
+
 }  // namespace
 
-std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
-                           const std::function<void(std::int64_t tranNo)>& writeRows) {
-  store::Connection::Transaction transaction(connection);
+std::int64_t writeDocumentWithin(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
+                                 const std::function<void(std::int64_t tranNo)>& writeRows) {
   demandFreeNumber(connection, document, tran);
   const std::int64_t tranNo = writeHeader(document, tran);
   writeRows(tranNo);
   if (document.ledger) writeLedger(connection, tranNo, document);
   if (document.agingSide) writeAging(connection, tranNo, document);
+  return tranNo;
+}
+
+std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
+                           const std::function<void(std::int64_t tranNo)>& writeRows) {
+  store::Connection::Transaction transaction(connection);
+  const std::int64_t tranNo = writeDocumentWithin(connection, document, tran, writeRows);
   transaction.commit();
   return tranNo;
 }
 
 std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
                            store::Recordset& sheet) {
-  return writeDocument(connection, document, tran, [&](std::int64_t tranNo) {
-    writeLines(sheet, {.tranNo = tranNo, .locationId = document.locationId, .jobId = document.jobId});
-  });
+  return writeDocument(connection, document, tran, lineWriter(document, sheet));
+}
+
+std::int64_t writeDocumentWithin(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
+                                 store::Recordset& sheet) {
+  return writeDocumentWithin(connection, document, tran, lineWriter(document, sheet));
 }
 
 }  // namespace velmo::frame

@@ -39,8 +39,14 @@ struct DocumentWrite {
 std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
                            const std::function<void(std::int64_t tranNo)>& writeRows);
 
+// The same as part of a larger change: within a transaction of the caller, which makes it durable or undoes it.
+std::int64_t writeDocumentWithin(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
+                                 const std::function<void(std::int64_t tranNo)>& writeRows);
+
 // The same of a document with item lines.
 std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
                            store::Recordset& sheet);
+std::int64_t writeDocumentWithin(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
+                                 store::Recordset& sheet);
 
 }  // namespace velmo::frame

@@ -1,6 +1,5 @@
 #include "frame/report/report_rows.h"
 
-#include <map>
 #include <string>
 
 #include "printing/field_places.h"

@@ -100,7 +100,10 @@ void ReportScreen::completed() {
   idle_.stop();
   showSums();
   if (type_.figures) type_.figures(*this);
-  if (tables_) showCount();
+  if (tables_) {
+    showCount();
+    if (model().rowCount() > 0 && !grid().currentIndex().isValid()) grid().selectRow(0);
+  }
   setRunning(false);
 }
 

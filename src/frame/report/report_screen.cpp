@@ -13,6 +13,7 @@
 #include "frame/report/report_detail.h"
 #include "frame/report/report_foot.h"
 #include "frame/report/report_model.h"
+#include "frame/report/rows_on_the_way.h"
 
 namespace velmo::frame {
 
@@ -173,7 +174,7 @@ void ReportScreen::setRows(const std::string& grid, std::shared_ptr<ReportRows> 
 }
 
 void ReportScreen::setRows(const std::string& grid, const std::string& statement) {
-  setRows(grid, rowsOf(workplace_.context.KORDconn, statement));
+  setRows(grid, readReport(workplace_.context.KORDconn, statement));
 }
 
 void ReportScreen::showGrid(const std::string& grid) {

@@ -2,6 +2,7 @@
 
 #include "forms/wait_cursor.h"
 #include "frame/report/report_model.h"
+#include "frame/report/rows_on_the_way.h"
 #include "printing/recordset_data.h"
 #include "reports/balances/balances_rows.h"
 #include "reports/balances/balances_screen.h"

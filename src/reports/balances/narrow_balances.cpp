@@ -1,6 +1,7 @@
 #include "reports/balances/narrow_balances.h"
 
 #include "frame/report/report_model.h"
+#include "frame/report/rows_on_the_way.h"
 #include "reports/balances/balances_screen.h"
 #include "reports/parts/common_selections.h"
 

@@ -3,10 +3,15 @@
 #include <cmath>
 
 namespace velmo::reports {
+namespace {
 
-LedgerRows::LedgerRows(store::Recordset lines, double broughtForward, Opener following)
+constexpr int patience = 5;  // milliseconds that one reading waits for the lines that follow
+
+}  // namespace
+
+LedgerRows::LedgerRows(store::Recordset lines, double broughtForward, std::unique_ptr<store::RowsAhead> following)
     : lines_(std::move(lines)),
-      openFollowing_(std::move(following)),
+      ahead_(std::move(following)),
       debit_(field("Debit")),
       credit_(field("Credit")),
       balance_(field("Balance")),
@@ -16,16 +21,16 @@ LedgerRows::LedgerRows(store::Recordset lines, double broughtForward, Opener fol
 }
 
 bool LedgerRows::hasMore() const {
-  return lines_.hasMoreRows() || openFollowing_ || (following_ && following_->hasMoreRows());
+  return lines_.hasMoreRows() || (ahead_ && (!following_ || following_->hasMoreRows()));
 }
 
 void LedgerRows::read(int rows) {
   if (lines_.hasMoreRows())
     lines_.fetchMore(rows);
-  else if (openFollowing_)
-    following_ = std::exchange(openFollowing_, {})();
   else if (following_)
     following_->fetchMore(rows);
+  else if (ahead_ && ahead_->isReady(patience))
+    following_ = &ahead_->rows();
   carryOn();
 }
 

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
 #include "frame/report/report_period.h"
 #include "frame/report/report_rows.h"
 #include "reports/ledgers/ledger_statements.h"
+#include "store/recordset/rows_ahead.h"
 #include "text/decimal_sum.h"
 
 namespace velmo::reports {
@@ -15,14 +16,12 @@ namespace velmo::reports {
 // without a sign, `Status` "Debit" or "Credit". Null amounts count as 0. The figures stay here; nothing is written.
 class LedgerRows : public frame::ReportRows {
  public:
-  using Opener = std::function<store::Recordset()>;
-
-  // Lines that follow the others may be opened when these have been read.
-  LedgerRows(store::Recordset lines, double broughtForward, Opener following = {});
+  // Lines that follow the others may be on their way.
+  LedgerRows(store::Recordset lines, double broughtForward, std::unique_ptr<store::RowsAhead> following = {});
 
   std::int64_t ready() const override { return static_cast<std::int64_t>(balances_.size()); }
   bool hasMore() const override;
-  bool pauses() const override { return !lines_.hasMoreRows() && openFollowing_; }
+  bool pauses() const override { return !lines_.hasMoreRows() && ahead_ && !following_; }
   void read(int rows) override;
   int field(std::string_view name) const override { return lines_.fieldIndex(name); }
   store::Value value(std::int64_t row, int field) const override;
@@ -35,8 +34,8 @@ class LedgerRows : public frame::ReportRows {
   void carryOn();
 
   store::Recordset lines_;
-  std::optional<store::Recordset> following_;
-  Opener openFollowing_;
+  std::unique_ptr<store::RowsAhead> ahead_;
+  store::Recordset* following_ = nullptr;  // of those, when they are there
   text::DecimalSum running_;
   int debit_;
   int credit_;

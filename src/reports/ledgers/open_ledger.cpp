@@ -67,7 +67,7 @@ class LedgerOpener {
     return std::make_shared<LedgerRows>(rows(filterOf(choice_.period), walk), broughtForward);
   }
 
-  // The first days, so that there is something to see, and then the rest, sorted.
+  // The first days, so that there is something to see, while the rest is sorted.
   std::shared_ptr<LedgerRows> inTwo(std::int64_t lines, double broughtForward) {
     const std::optional<ReportPeriod> all = choice_.period ? choice_.period : year();
     if (!all || all->to < all->from) return whole(LedgerWalk::OfAccount, broughtForward);
@@ -79,8 +79,10 @@ class LedgerOpener {
       begin = upTo(all->from, first);
     }
     const std::string after = filterOf(choice_.period) + beside(">", all->from.addDays(first));
-    const auto rest = [opener = *this, after] { return opener.rows(after, LedgerWalk::OfAccount); };
-    return std::make_shared<LedgerRows>(begin, broughtForward, rest);
+    return std::make_shared<LedgerRows>(
+        begin, broughtForward,
+        std::make_unique<store::RowsAhead>(
+            connection_, ledgerStatement(choice_.account, choice_.fyid, after, LedgerWalk::OfAccount, choice_.lines)));
   }
 
   static std::string beside(const char* side, const text::DateTime& day) {

@@ -2,6 +2,7 @@
 
 #include "frame/report/report_model.h"
 #include "frame/report/report_screen.h"
+#include "frame/report/rows_on_the_way.h"
 #include "schema/company_checks.h"
 
 namespace velmo::reports {

@@ -12,6 +12,8 @@ namespace {
 using Subject = StatusNote::Subject;
 using Kind = store::Finding::Kind;
 
+constexpr double longestStep = 4;  // milliseconds
+
 text::DateTime timeSetting(store::Connection& books, std::string_view name) {
   return text::DateTime::fromIso(session::setting(books, name)).value_or(text::DateTime());
 }
@@ -34,15 +36,32 @@ IdleWork::IdleWork(session::Workplace& workplace, const std::string& connectionS
       note_(note),
       checker_(this),
       pagesAreDue_(!state.seenThrough) {
+  steps_.setInterval(0);
+  connect(&steps_, &QTimer::timeout, this, &IdleWork::step);
   connect(&checker_, &IdleChecker::damageFound, this, &IdleWork::refuseWriting);
   connect(&checker_, &IdleChecker::finished, this, &IdleWork::roundEnded);
   if (!state.damage.empty()) refuseWriting();
   if (state.totalsMended) tellMended();
 }
 
+bool IdleWork::mayWork() const {
+  const store::Connection& books = workplace_.context.KORDconn;
+  return books.isOpen() && !books.inTransaction() && !books.refusesWriting();
+}
+
 void IdleWork::run() {
-  store::Connection& books = workplace_.context.KORDconn;
-  if (!books.isOpen() || books.inTransaction() || books.refusesWriting()) return;
+  if (mayWork()) step();
+}
+
+void IdleWork::stop() {
+  steps_.stop();
+  checker_.stop();
+}
+
+void IdleWork::step() {
+  if (!mayWork()) return steps_.stop();
+  if (addLines()) return steps_.start();
+  steps_.stop();
   foldLog();
   if (checker_.isRunning()) return;
   try {
@@ -51,7 +70,17 @@ void IdleWork::run() {
   } catch (const store::StoreError& failure) {
     // Anything else passes, and is met again by whoever saves.
     if (failure.kind() == store::ErrorKind::Damaged)
-      foundDamage({{.kind = Kind::Damage, .words = "it cannot be read"}}, keepCopy(books, workplace_.clock.now()));
+      foundDamage({{.kind = Kind::Damage, .words = "it cannot be read"}},
+                  keepCopy(workplace_.context.KORDconn, workplace_.clock.now()));
+  }
+}
+
+bool IdleWork::addLines() {
+  try {
+    return workplace_.context.KORDconn.addLaterLines(longestStep);
+  } catch (const store::StoreError& failure) {
+    tellLog(failure);
+    return false;
   }
 }
 
@@ -62,13 +91,17 @@ void IdleWork::lookAgain() {
 
 void IdleWork::foldLog() {
   try {
-    workplace_.context.KORDconn.checkpoint();
+    workplace_.context.KORDconn.foldLog();
     note_.withdraw(Subject::Log);
   } catch (const store::StoreError& failure) {
-    note_.tell(Subject::Log, foldingFailed(failure));
-    isDemanded_ |= failure.kind() == store::ErrorKind::Damaged;
-    Q_EMIT wantsToRun();
+    tellLog(failure);
   }
+}
+
+void IdleWork::tellLog(const store::StoreError& failure) {
+  note_.tell(Subject::Log, foldingFailed(failure));
+  isDemanded_ |= failure.kind() == store::ErrorKind::Damaged;
+  Q_EMIT wantsToRun();
 }
 
 void IdleWork::startRound() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <string>
 
 #include "session/workplace.h"
@@ -10,8 +11,9 @@ namespace velmo::shell {
 
 class StatusNote;
 
-// What the program does with the company's file while nobody works: it folds the log into the file, and looks through
-// it once a day and after each back-up. It says what came of it in the status bar; damage alone is worth a message.
+// What the program does with the company's file while nobody works: it adds to the kept totals what is still to be
+// added, in portions too small to be noticed, folds the log into the file, and looks through it once a day and after
+// each back-up. It says what came of it in the status bar; damage alone is worth a message.
 class IdleWork : public QObject {
   Q_OBJECT
 
@@ -20,15 +22,20 @@ class IdleWork : public QObject {
   IdleWork(session::Workplace& workplace, const std::string& connectionString, const schema::FileState& state,
            StatusNote& note, QObject* parent);
 
-  void run();                       // nobody works
-  void lookAgain();                 // in the next idle moment, whatever day it is
-  void stop() { checker_.stop(); }  // before the file is closed
+  void run();                      // nobody works
+  void pause() { steps_.stop(); }  // somebody works again
+  void lookAgain();                // in the next idle moment, whatever day it is
+  void stop();                     // before the file is closed
 
  Q_SIGNALS:
   void wantsToRun();  // once more, though nothing is done meanwhile
 
  private:
+  bool mayWork() const;
+  void step();
+  bool addLines();
   void foldLog();
+  void tellLog(const store::StoreError& failure);
   void startRound();
   bool isWholeDue();
   void roundEnded(const IdleChecker::Result& result);
@@ -43,6 +50,7 @@ class IdleWork : public QObject {
   const std::string connectionString_;
   StatusNote& note_;
   IdleChecker checker_;
+  QTimer steps_;              // of work that is done in small portions
   bool pagesAreDue_;          // the check before the first screen was not through
   bool isDemanded_ = false;   // all checks
   bool isWhole_ = false;      // the round that runs: all checks

@@ -171,7 +171,10 @@ void MainShell::computeCosts() {
 
 // Keys and clicks put off the work that waits for an idle moment. F1 is heard in every window.
 bool MainShell::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) idleTimer_->start();
+  if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) {
+    idleTimer_->start();
+    idleWork_->pause();
+  }
   if (event->type() == QEvent::KeyPress && watched->isWidgetType() && isHelpKey(*static_cast<QKeyEvent*>(event))) {
     showHelp(static_cast<QWidget&>(*watched));
     return true;

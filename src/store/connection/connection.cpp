@@ -3,6 +3,8 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <chrono>
+#include <limits>
 #include <utility>
 
 #include "store/connection/connection_impl.h"
@@ -16,7 +18,10 @@ namespace velmo::store {
 namespace {
 
 constexpr std::size_t mostShapes = 200;
-constexpr int fewestAdded = 500;  // lines that are added to kept totals together
+// Of lines that are added to kept totals: so many are worth the while, and that many are added at once.
+constexpr std::int64_t fewestAdded = 500;
+constexpr std::int64_t smallestPortion = 32;
+constexpr std::int64_t largestPortion = std::numeric_limits<int>::max();
 
 StoreError alreadyUndone() {
   return {ErrorKind::Failed, "The change was undone by the database because of an earlier failure."};
@@ -180,24 +185,44 @@ void Connection::Impl::undo() noexcept {
 }
 
 // A result that is being read must not see half of it, and what others write may wait for no idle moment of ours.
-void Connection::Impl::addLaterLines() {
+bool Connection::Impl::addLaterLines(std::int64_t atMost) {
   const auto isRead = [](const auto& reader) { return !reader.expired(); };
-  if (harm || insideTransaction() || std::ranges::any_of(readers, isRead)) return;
+  if (harm || insideTransaction() || std::ranges::any_of(readers, isRead)) return false;
   for (const KeptTotals& kept : catalog.keptTotals()) {
-    if (laterLines(database, kept) < fewestAdded) continue;
-    sqlite3_busy_timeout(database, 0);
-    const bool begun = sqlite3_exec(database, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) == SQLITE_OK;
-    sqlite3_busy_timeout(database, busyTimeout);
-    if (!begun) return;
-    try {
-      if (refusalToWrite()) return run("ROLLBACK");  // told when something is saved
-      store::addLaterLines(database, kept);
-      run("COMMIT");
-    } catch (...) {
-      sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
-      throw;
-    }
+    const std::int64_t left = laterLines(database, kept);
+    if (left == 0 || (left < fewestAdded && !isAddingLines)) continue;
+    isAddingLines = true;
+    return addPortion(kept, atMost);
   }
+  return isAddingLines = false;
+}
+
+// The disk need not hurry: the lines are there, and what is lost of the totals is added again.
+bool Connection::Impl::addPortion(const KeptTotals& kept, std::int64_t atMost) {
+  run("PRAGMA synchronous = NORMAL");
+  sqlite3_wal_autocheckpoint(database, 0);
+  sqlite3_busy_timeout(database, 0);
+  bool isDone = sqlite3_exec(database, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) == SQLITE_OK;
+  try {
+    if (isDone && !refusalToWrite()) {
+      store::addLaterLines(database, kept, atMost);
+      run("COMMIT");
+    } else {
+      isDone = false;  // told when something is saved
+    }
+  } catch (...) {
+    goBackToWork();
+    throw;
+  }
+  goBackToWork();
+  return isDone;
+}
+
+void Connection::Impl::goBackToWork() {
+  if (insideTransaction()) sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
+  sqlite3_busy_timeout(database, busyTimeout);
+  sqlite3_wal_autocheckpoint(database, logPagesLimit);
+  sqlite3_exec(database, "PRAGMA synchronous = FULL", nullptr, nullptr, nullptr);
 }
 
 void Connection::Impl::addReader(const std::shared_ptr<OpenReader>& reader) {
@@ -245,10 +270,28 @@ Connection Connection::snapshot() const {
   return Connection(impl_->snapshot());
 }
 
+bool Connection::addLaterLines(double milliseconds) {
+  impl_->requireOpen();
+  const auto began = std::chrono::steady_clock::now();
+  const bool isDone = impl_->addLaterLines(impl_->portion);
+  const double took = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - began).count();
+  if (isDone)
+    impl_->portion = std::clamp(static_cast<std::int64_t>(static_cast<double>(impl_->portion) * milliseconds / took),
+                                impl_->portion / 2, impl_->portion + smallestPortion);
+  impl_->portion = std::max(impl_->portion, smallestPortion);
+  return isDone;
+}
+
 void Connection::checkpoint() {
   impl_->requireOpen();
+  while (impl_->addLaterLines(largestPortion)) {
+  }
+  foldLog();
+}
+
+void Connection::foldLog() {
+  impl_->requireOpen();
   if (refusesWriting()) return;
-  impl_->addLaterLines();
   const int code = sqlite3_wal_checkpoint_v2(impl_->database, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
   if (code != SQLITE_OK && code != SQLITE_BUSY && code != SQLITE_LOCKED) {
     throw sqliteError(impl_->database, code, impl_->fileName);

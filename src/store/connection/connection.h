@@ -40,8 +40,15 @@ class Connection {
   // it lives the log grows. Throws StoreError.
   Connection snapshot() const;
 
-  // Moves what was written from the log into the file, as far as nobody reads there, and adds to the kept totals what
-  // is added later. For moments without work: writing itself leaves the log alone until it is large.
+  // For moments without work: writing itself leaves the log alone until it is large, and does not add every line to
+  // the kept totals.
+  //
+  // Adds a portion of the lines to the kept totals, for about so many milliseconds; false when nothing is left to do
+  // now. A power failure may take it back, whole.
+  bool addLaterLines(double milliseconds);
+  // Moves what was written from the log into the file, as far as nobody reads there.
+  void foldLog();
+  // Both, to the end.
   void checkpoint();
 
   // For a file that was found damaged: until it is closed nothing is written into it through this connection, be it

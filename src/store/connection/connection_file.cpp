@@ -11,8 +11,6 @@
 namespace velmo::store {
 namespace {
 
-constexpr const char* logPagesLimit = "8000";  // 32 MB; below that the log is moved into the file by checkpoint() alone
-
 // Whatever SQLite takes up again when it opens the file: a log, or the journal of a change without one.
 bool hasLog(const std::filesystem::path& path) {
   for (const char* part : {"-wal", "-journal"}) {
@@ -68,7 +66,7 @@ void Connection::Impl::prepareForWork() {
   run("PRAGMA foreign_keys = ON");
   run("PRAGMA journal_mode = WAL");
   run("PRAGMA synchronous = FULL");
-  run((std::string("PRAGMA wal_autocheckpoint = ") + logPagesLimit).c_str());
+  sqlite3_wal_autocheckpoint(database, logPagesLimit);
   run("PRAGMA cache_size = -32000");
   sql::registerFunctions(database);
   registerRewriting(database);

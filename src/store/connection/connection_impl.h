@@ -43,7 +43,8 @@ struct BoundStatement {
 
 struct InsertionPlan;
 
-inline constexpr int busyTimeout = 2000;  // milliseconds that a write waits for another program
+inline constexpr int busyTimeout = 2000;    // milliseconds that a write waits for another program
+inline constexpr int logPagesLimit = 8000;  // 32 MB; below that the log is moved into the file by foldLog() alone
 
 // The open file behind a Connection and the recordsets opened on it, which keep it alive.
 struct Connection::Impl {
@@ -86,7 +87,8 @@ struct Connection::Impl {
   void undo() noexcept;
   bool insideTransaction() const;  // as the database sees it: a full disk ends a transaction by itself
 
-  void addLaterLines();  // to the kept totals, where it disturbs nobody
+  // To the kept totals, no more lines than that; false when there are none, few, or others are disturbed.
+  bool addLaterLines(std::int64_t atMost);
   void addReader(const std::shared_ptr<OpenReader>& reader);
   void finishReaders();
   // Enrols for the end of the open transaction; each participant enrols once per transaction.
@@ -104,8 +106,12 @@ struct Connection::Impl {
   std::vector<std::shared_ptr<const InsertionPlan>> insertionPlans;  // of the latest rows that were added
   std::int64_t transaction = 0;                                      // the open one's number, counting up; 0 outside
   std::int64_t transactionsBegun = 0;
+  std::int64_t portion = 64;   // lines that are added to kept totals in an idle moment
+  bool isAddingLines = false;  // until none are left
 
  private:
+  bool addPortion(const KeptTotals& kept, std::int64_t atMost);
+  void goBackToWork();
   void connect(const std::filesystem::path& path, int openFlags);
   void prepareForWork();
   std::int64_t number(const char* pragma);

@@ -151,8 +151,8 @@ std::string KeptSql::addedLines(const std::string& where) const {
 std::string KeptSql::ofDays(const Span& span) const {
   return "SELECT " + keysOf(span, day_, {}) + ", " + sums() + " FROM " + days().table + groups(span);
 }
-std::string KeptSql::ofPending(const Span& span) const {
-  return "SELECT " + keysOf(span, day_, {}) + ", " + sums() + " FROM " + pending_ + groups(span);
+std::string KeptSql::ofPending(const Span& span, const std::string& where) const {
+  return "SELECT " + keysOf(span, day_, {}) + ", " + sums() + " FROM " + pending_ + where + groups(span);
 }
 
 // The days with what is pending. A sum that outgrew whole numbers stays as it is where nothing is.
@@ -175,27 +175,31 @@ Names KeptSql::fill() const {
   return statements;
 }
 
-Names KeptSql::addLater() const {
+// What is pending stands in the order in which it came to be, so that whatever was taken in is what the totals were
+// once.
+Names KeptSql::addLater(std::int64_t atMost) const {
+  const std::string portion = std::to_string(atMost);
+  const std::string first = " WHERE rowid < (SELECT min(rowid) + " + portion + " FROM " + pending_ + ")";
   Names statements;
   for (const Span& span : spans()) {
     const auto inSpan = [&](const std::string& column) { return column == span.time ? timeOf(span, day_) : column; };
-    statements.push_back(insertion(span) + ofPending(span) + upsert(span));
+    statements.push_back(insertion(span) + ofPending(span, first) + upsert(span));
     statements.push_back("DELETE FROM " + span.table + " WHERE Lines = 0 AND (" + listed(keyOf(span)) +
-                         ") IN (SELECT " + listed(formed(keyOf(span), inSpan)) + " FROM " + pending_ + ")");
+                         ") IN (SELECT " + listed(formed(keyOf(span), inSpan)) + " FROM " + pending_ + first + ")");
   }
-  statements.push_back("DELETE FROM " + pending_);
+  statements.push_back("DELETE FROM " + pending_ + first);
   if (!later_) return statements;
-  const std::string notYet = " AND " + additionTest(kept_, lines_, Added::NotYet);
-  for (const Span& span : spans()) statements.push_back(insertion(span) + ofLines(span, notYet) + upsert(span));
-  statements.push_back("UPDATE " + state() + " SET Line = " + lastLine());
+  const std::string last = "(SELECT Line + " + portion + " FROM " + state() + ")";
+  const std::string these = " AND " + additionTest(kept_, lines_, Added::NotYet) + " AND " + lines_ + "." +
+                            quotedName(kept_.lineKey) + " <= " + last;
+  for (const Span& span : spans()) statements.push_back(insertion(span) + ofLines(span, these) + upsert(span));
+  statements.push_back("UPDATE " + state() + " SET Line = min(" + last + ", " + lastLine() + ")");
   return statements;
 }
 
 std::string KeptSql::countLater() const {
   const std::string pending = "SELECT (SELECT count(*) FROM " + pending_ + ")";
-  return later_ ? pending + " + (SELECT count(*) FROM " + lines_ + " WHERE " +
-                      additionTest(kept_, lines_, Added::NotYet) + ")"
-                : pending;
+  return later_ ? pending + " + (SELECT max(" + lastLine() + " - Line, 0) FROM " + state() + ")" : pending;
 }
 
 std::string KeptSql::staleDays() const {

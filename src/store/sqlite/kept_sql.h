@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -29,8 +30,8 @@ class KeptSql {
   // Tables, indexes and triggers in the order in which they can be made.
   std::vector<Object> objects() const;
   Names fill() const;
-  // Takes in what is pending, then the later lines.
-  Names addLater() const;
+  // Takes in what is pending and the later lines, so many of each.
+  Names addLater(std::int64_t atMost) const;
   std::string countLater() const;
 
   // Each selects a row when the totals are off.
@@ -68,7 +69,7 @@ class KeptSql {
   std::string ofLines(const Span& span, const std::string& where) const;
   std::string addedLines(const std::string& where = {}) const;
   std::string ofDays(const Span& span) const;
-  std::string ofPending(const Span& span) const;
+  std::string ofPending(const Span& span, const std::string& where) const;
   std::string allDays(const std::string& where = {}) const;
 
   Object table(const Span& span) const;

@@ -96,8 +96,8 @@ void makeKeptTotals(sqlite3* database, const KeptTotals& kept) {
   for (const std::string& fill : sql.fill()) run(database, fill);
 }
 
-void addLaterLines(sqlite3* database, const KeptTotals& kept) {
-  for (const std::string& statement : KeptSql(kept).addLater()) run(database, statement);
+void addLaterLines(sqlite3* database, const KeptTotals& kept, std::int64_t atMost) {
+  for (const std::string& statement : KeptSql(kept).addLater(atMost)) run(database, statement);
 }
 
 std::int64_t laterLines(sqlite3* database, const KeptTotals& kept) {

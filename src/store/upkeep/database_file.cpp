@@ -73,7 +73,6 @@ bool mendKeptTotals(Connection& connection, TotalsCheck check, std::chrono::stea
     transaction.commit();
     mended = true;
   }
-  impl.addLaterLines();
   return mended;
 }
 

@@ -1,4 +1,5 @@
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QHeaderView>
 #include <QLabel>
@@ -283,9 +284,16 @@ TEST(FindSalesSimple, CountsALongListThatItHasNotReadYet) {
   screen.withFind("FindSalesSimple", [&](QDialog& find) {
     auto& grid = *find.findChild<QTableView*>("TranGrid");
     const auto counted = [&] {
-      QStringList texts;
-      for (const auto* label : find.findChildren<QLabel*>()) texts << label->text();
-      return texts.filter("document").join("").toStdString();
+      std::string found;
+      QElapsedTimer clock;
+      clock.start();
+      do {
+        QApplication::processEvents();
+        QStringList texts;
+        for (const auto* label : find.findChildren<QLabel*>()) texts << label->text();
+        found = texts.filter("document").join("").toStdString();
+      } while (found.empty() && clock.elapsed() < 10000);
+      return found;
     };
     const auto search = [&](const char* name) {
       find.findChild<QComboBox*>("ColList")->setCurrentText("Customer Name");

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QStatusBar>
 #include <QTableView>
@@ -196,6 +197,27 @@ TEST_F(IdleShell, SaysThatTotalsWereSetRightBeforeTheFirstScreen) {
   EXPECT_FALSE(schema::prepareCompanyFile(schema::plainConnectionString, clock_.now()).totalsMended);
   open(state);
   EXPECT_EQ(note(), "Totals that the file keeps were not those of their documents; they have been set right.");
+}
+
+TEST_F(IdleShell, AddsToTheTotalsAndGivesUpWhenAKeyComes) {
+  test::past(file_,
+             "INSERT INTO Transactions (TranNo, DocNo, TranType, TranDate, FYID, Cancel, InvLedger) VALUES (901, "
+             "901, 22, '2026-11-22', 1, 0, 0)");
+  test::past(file_,
+             "WITH RECURSIVE n(v) AS (SELECT 1 UNION ALL SELECT v + 1 FROM n WHERE v < 20000) INSERT INTO "
+             "StockFlow (TranNo, ItemCode, StockIn) SELECT 901, printf('I%05d', v), 1 FROM n");
+  open();
+  const auto added = [this] { return test::past(file_, "SELECT count(*) FROM StockDays"); };
+  rest();
+  QApplication::processEvents();
+  QKeyEvent key(QEvent::KeyPress, Qt::Key_Shift, Qt::NoModifier);
+  QApplication::sendEvent(shell_.get(), &key);
+  const std::string some = added();
+  EXPECT_THAT(some, testing::AllOf(testing::Ne("0"), testing::Ne("20000")));
+  for (int i = 0; i < 20; ++i) QApplication::processEvents();
+  EXPECT_EQ(added(), some);
+  rest();
+  EXPECT_TRUE(waitFor([&] { return added() == "20000"; }));
 }
 
 TEST_F(IdleShell, LooksOnceADayAndAfterABackUp) {

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace velmo::bench {
+
+// Takes the triggers of the kept totals out of the file.
+inline void dropTotals(sqlite3* file) {
+  std::vector<std::string> triggers;
+  const auto take = [](void* place, int, char** values, char**) {
+    static_cast<std::vector<std::string>*>(place)->emplace_back(values[0]);
+    return 0;
+  };
+  sqlite3_exec(file, "select name from sqlite_schema where type = 'trigger'", take, &triggers, nullptr);
+  if (triggers.empty()) throw std::logic_error("the file keeps no totals");
+  for (const std::string& trigger : triggers)
+    if (sqlite3_exec(file, ("drop trigger " + trigger).c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+      throw std::runtime_error(sqlite3_errmsg(file));
+}
+
+}  // namespace velmo::bench
