@@ -27,7 +27,7 @@ void FindAmongInvoices(benchmark::State& state) {
       QWidget& screen = desk.open(
           [&](session::Workplace& workplace, QWidget* parent) {
             return new frame::FindScreen(
-                type.find, type.TranType, workplace, [] {}, parent);
+                type.find, type.form, workplace, [] {}, parent);
           },
           open);
       auto& grid = control<QTableView>(screen, "TranGrid");

@@ -66,7 +66,9 @@ class ProgramPosting {
   }
 
   void post() {
-    auto document = frame::composeDocument(documents::saleInvoiceType(), values_, context_, saleTime, sheet_,
+    const std::string narrations =
+        frame::lineNarrations(sheet_, documents::saleInvoiceKind().lines.quantityField, context_.ccode);
+    auto document = frame::composeDocument(documents::saleInvoiceType(), values_, context_, saleTime, narrations,
                                            frame::HeaderWrite::Add);
     if (!document) throw std::logic_error(document.error());
     frame::writeDocument(context_.KORDconn, *document, tran_, sheet_);

@@ -83,7 +83,8 @@ tl::expected<std::int64_t, std::string> postSaleInvoice(store::Connection& conne
   const frame::DocumentType& type = saleInvoiceType();
   store::Recordset sheet = sheetOf(connection, invoice.lines);
   const frame::DocumentValues values = valuesOf(invoice, totalsOf(invoice, sheet, context.currencyname));
-  const auto document = frame::composeDocument(type, values, context, now, sheet, frame::HeaderWrite::Add);
+  const std::string narrations = frame::lineNarrations(sheet, saleInvoiceKind().lines.quantityField, context.ccode);
+  const auto document = frame::composeDocument(type, values, context, now, narrations, frame::HeaderWrite::Add);
   if (!document) return tl::unexpected(document.error());
   store::Recordset tran(connection, "SELECT * from transactions where tranno = 0");
   return frame::writeDocument(connection, *document, tran, sheet);

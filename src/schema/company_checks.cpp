@@ -1,14 +1,20 @@
 #include "schema/company_checks.h"
 
+#include "schema/document_kinds.h"
 #include "store/checks/soundness.h"
 #include "store/recordset/forward_reader.h"
 
 namespace velmo::schema {
 namespace {
 
-// Gate passes, transfers, quotations, orders, challans and bills of material post to no ledger.
-constexpr const char* typesWithoutPromise = "20, 30, 43, 91, 92, 93, 94, 95";
 constexpr const char* halfCent = "0.005";
+
+std::string typesWithoutPromise() {
+  std::string types;
+  for (const DocumentKind& kind : documentKinds())
+    if (kind.ledger == Ledger::None) types += (types.empty() ? "" : ", ") + std::to_string(kind.tranType);
+  return types;
+}
 
 std::vector<store::Finding> documentFaults(store::Connection& snapshot) {
   std::vector<store::Finding> faults;
@@ -48,8 +54,8 @@ std::string unbalancedDocuments() {
          " AS Credits, [Debits]-[Credits] AS Difference FROM (Transactions INNER JOIN SubTransactions ON "
          "Transactions.TranNo = SubTransactions.TranNo) LEFT JOIN TranType ON Transactions.TranType = "
          "TranType.TranType WHERE Transactions.TranType Not In (" +
-         typesWithoutPromise + ") GROUP BY " + documents + " HAVING Abs(" + debits + "-" + credits + ")>=" + halfCent +
-         " ORDER BY Transactions.Cancel DESC, Transactions.TranDate, Transactions.TranNo";
+         typesWithoutPromise() + ") GROUP BY " + documents + " HAVING Abs(" + debits + "-" + credits +
+         ")>=" + halfCent + " ORDER BY Transactions.Cancel DESC, Transactions.TranDate, Transactions.TranNo";
 }
 
 }  // namespace velmo::schema

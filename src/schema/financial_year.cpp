@@ -1,5 +1,6 @@
 #include "schema/financial_year.h"
 
+#include "schema/document_kinds.h"
 #include "store/recordset/recordset.h"
 #include "text/format.h"
 
@@ -80,10 +81,11 @@ void addFinancialYear(store::Connection& connection, const NewFinancialYear& yea
                 {"FinancialYearStart", year.start.date()},
                 {"FinancialYearEnd", year.end.date()},
                 {"Abbreviation", yearAbbreviation(year.start, year.end)}});
-  addFixedDocument(connection, year,
-                   {.tranType = 11, .date = year.start.addDays(-1), .description = "Opening Balance"});
-  const std::int64_t closing =
-      addFixedDocument(connection, year, {.tranType = 51, .date = year.end, .description = "Closing Balance"});
+  addFixedDocument(
+      connection, year,
+      {.tranType = tran_type::OpeningBalance, .date = year.start.addDays(-1), .description = "Opening Balance"});
+  const std::int64_t closing = addFixedDocument(
+      connection, year, {.tranType = tran_type::ClosingInventory, .date = year.end, .description = "Closing Balance"});
   store::Recordset lines(connection, "select * from SubTransactions where TranNo=0");
   lines.addNew({{"TranNo", closing}, {"AccCode", 13001001}, {"AccName", "Closing Inventory"}, {"Debit", 0.0}});
   lines.addNew({{"TranNo", closing}, {"AccCode", 50001006}, {"AccName", "Closing Inventory"}, {"Credit", 0.0}});

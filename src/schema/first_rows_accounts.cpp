@@ -1,3 +1,4 @@
+#include "schema/account_types.h"
 #include "schema/first_rows.h"
 #include "store/recordset/recordset.h"
 
@@ -40,20 +41,20 @@ struct AccountType {
 
 // A new type takes the number after the last of its nature's group, so that no group may be without one.
 constexpr AccountType types[] = {
-    {100, 10, "Cash"},
-    {110, 10, "Bank Accounts"},
-    {120, 10, "Customers"},
-    {130, 10, "Inventory"},
-    {140, 10, "Advances, Deposits and Prepayments"},
+    {account_type::Cash, 10, "Cash"},
+    {account_type::Banks, 10, "Bank Accounts"},
+    {account_type::Customers, 10, "Customers"},
+    {account_type::Inventory, 10, "Inventory"},
+    {account_type::Prepayments, 10, "Advances, Deposits and Prepayments"},
     {150, 11, "Furniture, Equipment and Vehicles"},
-    {210, 20, "Vendors"},
-    {220, 20, "Taxes and Accrued Expenses Payable"},
+    {account_type::Vendors, 20, "Vendors"},
+    {account_type::Payables, 20, "Taxes and Accrued Expenses Payable"},
     {250, 21, "Long Term Loans"},
     {310, equity, "Capital"},
-    {320, equity, "Accumulated Profit & Loss"},
-    {400, 40, "Sales and Services"},
-    {500, 50, "Purchases and Production"},
-    {600, 60, "Selling and Administrative Expenses"},
+    {account_type::AccumulatedProfit, equity, "Accumulated Profit & Loss"},
+    {account_type::Income, 40, "Sales and Services"},
+    {account_type::Expense, 50, "Purchases and Production"},
+    {account_type::Selling, 60, "Selling and Administrative Expenses"},
     {700, 61, "Other Income"},
     {710, 62, "Bank Charges and Interest"},
     {750, 65, "Income Tax"},

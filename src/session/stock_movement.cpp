@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "schema/document_kinds.h"
+
 namespace velmo::session {
 namespace {
 
@@ -33,6 +35,28 @@ void applyStockMovement(LoginContext& context, const store::Value& stockMovement
   context.OGPInvLedger = movement.outwardPass;
   context.DCInvLedger = movement.challan;
   context.InvoiceInvLedger = movement.invoice;
+}
+
+bool leavesStock(int tranType, const LoginContext& context) {
+  using enum schema::StockRule;
+  switch (schema::documentKind(tranType).stock) {
+    case NoGoods:
+    case Always:
+      return false;
+    case Never:
+      return true;
+    case InwardPassSetting:
+      return context.IGPInvLedger;
+    case BillSetting:
+      return context.BillInvLedger;
+    case OutwardPassSetting:
+      return context.OGPInvLedger;
+    case ChallanSetting:
+      return context.DCInvLedger;
+    case InvoiceSetting:
+      return context.InvoiceInvLedger;
+  }
+  return false;
 }
 
 }  // namespace velmo::session

@@ -29,6 +29,15 @@ TEST(StockMovement, RaisesTheFlagsOfDocumentsThatDoNotMoveStock) {
                       context.InvoiceInvLedger})
       flags += flag ? '1' : '0';
     EXPECT_EQ(flags, row.flags) << store::textOf(row.number);
+    const auto flagsOf = [&](std::initializer_list<int> tranTypes) {
+      std::string all;
+      for (const int tranType : tranTypes) all += leavesStock(tranType, context) ? '1' : '0';
+      return all;
+    };
+    EXPECT_EQ(flagsOf({20, 22, 30, 94, 32}), row.flags) << "passes, bill, challan, invoice";
+    EXPECT_EQ(flagsOf({25, 35}), std::string(2, row.flags[1])) << "returns follow the bill";
+    EXPECT_EQ(flagsOf({91, 92, 93, 95}), "1111") << "never";
+    EXPECT_EQ(flagsOf({11, 42, 43, 45, 47, 28, 41}), "0000000") << "always, or without goods";
   }
 }
 

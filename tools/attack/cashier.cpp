@@ -105,7 +105,9 @@ void Cashier::save(std::int64_t docNo, frame::HeaderWrite mode) {
       {.Discount = "0.00", .Carriage = std::to_string(between(-3, 20)), .Received = between(0, 1) ? "1.00" : "0.00"},
       frame::ReceivedRule::AsTyped, context_.currencyname);
   told.netTotal = frame::figureOf(values.totals, frame::Figure::NetTotal);
-  auto document = frame::composeDocument(documents::saleInvoiceType(), values, context_, saleTime, sheet, mode);
+  const std::string narrations =
+      frame::lineNarrations(sheet, documents::saleInvoiceKind().lines.quantityField, context_.ccode);
+  auto document = frame::composeDocument(documents::saleInvoiceType(), values, context_, saleTime, narrations, mode);
   if (!document) std::abort();
   carryOut(docNo, told, [&] { frame::writeDocument(context_.KORDconn, *document, tran_, sheet); });
   known_[docNo] = told;

@@ -32,7 +32,7 @@ class Settlement {
   Settlement(session::LoginContext& context, const SettlementKind& kind, const text::DateTime& moment)
       : context_(context), kind_(kind), moment_(moment) {
     const store::Recordset last(context.KORDconn, "select Max(DocNo) as LastNo from transactions where trantype=" +
-                                                      std::to_string(kind.TranType) +
+                                                      std::to_string(kind.form.tranType) +
                                                       " and fyid=" + std::to_string(context.FYID));
     values_.DocNo = std::to_string(last.integer("LastNo") + 1);
     values_.TrDate = moment.date();

@@ -57,7 +57,7 @@ class TradeClerk {
   }
 
   void sell(const text::DateTime& moment) {
-    begin(documents::saleInvoiceType(), moment);
+    begin(documents::saleInvoiceType(), documents::saleInvoiceKind(), moment);
     const bool walksIn = dice_.inHundred(15);
     chooseParty(walksIn ? frame::walkInCustomer : firstCustomer + dice_.between(0, customerCount - 1));
     if (walksIn)
@@ -71,7 +71,7 @@ class TradeClerk {
   }
 
   void sellAtCounter(const text::DateTime& moment) {
-    begin(documents::saleInvoicePosType(), moment);
+    begin(documents::saleInvoicePosType(), documents::saleInvoicePosKind(), moment);
     chooseParty(frame::walkInCustomer);
     values_.ACodeTxt = std::to_string(frame::cashInHand.code);
     values_.Acc = frame::cashInHand.name;
@@ -82,7 +82,7 @@ class TradeClerk {
   }
 
   void buy(const text::DateTime& moment) {
-    begin(documents::purchaseBillType(), moment);
+    begin(documents::purchaseBillType(), documents::purchaseBillKind(), moment);
     chooseParty(firstVendor + dice_.between(0, vendorCount - 1));
     refer("D1", "V-" + std::to_string(dice_.between(10000, 99999)), moment.addDays(-dice_.between(0, 3)));
     for (int count = dice_.between(4, 10); count > 0; --count) {
@@ -98,7 +98,7 @@ class TradeClerk {
   void takeBack(const text::DateTime& moment) {
     if (sold_.empty()) return;
     const TradedLine line = dice_.pick(sold_);
-    begin(documents::saleReturnType(), moment);
+    begin(documents::saleReturnType(), documents::saleReturnKind(), moment);
     chooseParty(line.party);
     refer("D1", std::to_string(line.docNo), line.day);
     sendLine(line, dice_.between(1, line.quantity));
@@ -111,7 +111,7 @@ class TradeClerk {
     if (bought_.empty()) return;
     const TradedLine line = dice_.pick(bought_);
     if (stock_[line.itemCode] < line.quantity) return;
-    begin(documents::purchaseReturnType(), moment);
+    begin(documents::purchaseReturnType(), documents::purchaseReturnKind(), moment);
     chooseParty(line.party);
     refer("D1", line.reference, line.day);
     refer("D2", std::to_string(line.docNo), line.day);
@@ -120,9 +120,10 @@ class TradeClerk {
   }
 
  private:
-  void begin(const frame::DocumentType& type, const text::DateTime& moment) {
+  void begin(const frame::DocumentType& type, const documents::TradeKind& kind, const text::DateTime& moment) {
     context_.UserID = dice_.inHundred(70) ? 2 : 1;
     type_ = &type;
+    kind_ = &kind;
     moment_ = moment;
     typed_ = {.Discount = "0.00", .Carriage = "0.00", .Received = "0.00"};
     paidShare_ = 0;
@@ -130,9 +131,9 @@ class TradeClerk {
     lines_ = store::Recordset(context_.KORDconn, "Select * from stockflow where tranno = 0",
                               store::LockType::BatchOptimistic);
     values_ = {};
-    values_.DocNo = std::to_string(lastNumber_[type.TranType] + 1);
+    values_.DocNo = std::to_string(lastNumber_[type.form.tranType] + 1);
     values_.TrDate = moment.date();
-    values_.IncomeCode = std::to_string(type.head->initialCode);
+    values_.IncomeCode = std::to_string(kind.head->initialCode);
     values_.IncomeAcc =
         store::Recordset(context_.KORDconn, "select accname from acclevel3 where acccode=" + values_.IncomeCode)
             .text("accname");
@@ -190,14 +191,14 @@ class TradeClerk {
                             .discount = "0.00"});
     lines_.addNew({{"ItemCode", itemCode},
                    {"ItemName", items_.text("ItemName")},
-                   {type_->lines.quantityField, static_cast<double>(quantity)},
+                   {kind_->lines.quantityField, static_cast<double>(quantity)},
                    {"Unit", items_.text("Unit")},
                    {"Rate", rate},
                    {"GrossAmt", text::amountFrom(amounts.gross)},
                    {"DiscRate", discountRate == 0 ? store::Value() : store::Value(std::int64_t{discountRate})},
                    {"DiscAmt", text::amountFrom(amounts.discount)},
                    {"ItemValue", text::amountFrom(amounts.net)}});
-    stock_[itemCode] += type_->lines.quantityField == "StockIn" ? quantity : -quantity;
+    stock_[itemCode] += kind_->lines.quantityField == "StockIn" ? quantity : -quantity;
     traded_.push_back({.docNo = std::stoll(values_.DocNo),
                        .day = values_.TrDate,
                        .party = std::stoll(values_.PartyCodeTxt),
@@ -217,11 +218,13 @@ class TradeClerk {
       typed_.Received = money(paidShare_ == 1 ? net : text::wholePart(net * paidShare_));
     }
     values_.totals = totals();
-    const auto document = frame::composeDocument(*type_, values_, context_, moment_, lines_, frame::HeaderWrite::Add);
+    const std::string narrations = frame::lineNarrations(lines_, kind_->lines.quantityField, context_.ccode);
+    const auto document =
+        frame::composeDocument(*type_, values_, context_, moment_, narrations, frame::HeaderWrite::Add);
     if (!document) throw std::logic_error(document.error());
     store::Recordset tran(context_.KORDconn, "SELECT * from transactions where tranno = 0");
     frame::writeDocument(context_.KORDconn, *document, tran, lines_);
-    ++lastNumber_[type_->TranType];
+    ++lastNumber_[type_->form.tranType];
     if (remembered) remembered->insert(remembered->end(), traded_.begin(), traded_.end());
   }
 
@@ -236,6 +239,7 @@ class TradeClerk {
 
   // The document that is being written.
   const frame::DocumentType* type_ = nullptr;
+  const documents::TradeKind* kind_ = nullptr;
   text::DateTime moment_;
   frame::DocumentValues values_;
   frame::TypedAmounts typed_;

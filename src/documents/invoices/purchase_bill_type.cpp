@@ -1,6 +1,7 @@
 #include "documents/invoices/purchase_bill_type.h"
 
 #include "documents/trade/find_screens.h"
+#include "documents/trade/trade_body.h"
 #include "documents/trade/trade_rules.h"
 #include "text/number.h"
 
@@ -22,7 +23,8 @@ std::string purchaseOrderStatement(const std::string& number, int fyid) {
   const std::optional<double> docNo = text::numberFrom(number);
   if (!docNo) return {};
   return "Select trandate, docno from transactions where docno = " + text::numberText(*docNo) +
-         " and trantype=92 and fyid = " + std::to_string(fyid) + " and cancel = No";
+         " and trantype=" + std::to_string(schema::tran_type::PurchaseOrder) + " and fyid = " + std::to_string(fyid) +
+         " and cancel = No";
 }
 
 frame::AgingRow openItem(const DocumentValues& values) {
@@ -33,22 +35,23 @@ frame::AgingRow openItem(const DocumentValues& values) {
 
 }  // namespace
 
+const TradeKind& purchaseBillKind() {
+  static const TradeKind kind{.party = vendors(),
+                              .head = expenseAccount(frame::purchasesExpense),
+                              .lines = purchaseLines("StockIn"),
+                              .receivedCaption = "Amount Paid "};
+  return kind;
+}
+
 const frame::DocumentType& purchaseBillType() {
   static const frame::DocumentType type{
-      .TranType = purchaseBillTranType,
-      .screen = "PurchaseBillsSimple",
+      .form = schema::documentForm("PurchaseBillsSimple"),
       .title = "PURCHASES",
       .duplicateText = "This Serial No. already exists. Saving this would create duplicate values.",
-      .viewRight = 58,
       .find = findPurchasesSimple(),
-      .party = vendors(),
-      .head =
-          frame::HeadRules{
-              .caption = "Expense Account", .listCondition = "Level1ID=500", .initialCode = frame::purchasesExpense},
+      .makeBody = tradeBody(purchaseBillKind()),
       .fields = fields(),
       .dateLookups = {{.from = "D2", .to = "D2Dt", .statement = purchaseOrderStatement}},
-      .lines = purchaseLines("StockIn"),
-      .receivedCaption = "Amount Paid ",
       .validation =
           {fieldFilled("D1", "Select correct vendor invoice number."),
            headAccountChosen("Select a correct expense account."),
@@ -58,11 +61,8 @@ const frame::DocumentType& purchaseBillType() {
                             "Retail / Cash Purchase Account."),
            frame::locationIsListed(), frame::jobIsListedOrBlank(), frame::employeeIsListedOrBlank(),
            frame::receivedWithinNetTotal("Amount paid cannot be greater then the total payable.")},
-      .header =
-          [](const DocumentValues& values, const session::LoginContext& context, frame::HeaderRow& row) {
-            writeTradeHeader(values, row);
-            row.set("InvLedger", context.BillInvLedger);
-          },
+      .header = [](const DocumentValues& values, const session::LoginContext&,
+                   frame::HeaderRow& row) { writeTradeHeader(values, row); },
       .posting =
           frame::PostingTable{
               .documentName = [](const DocumentValues& v) { return "Invoice No " + v.DocNo + "/" + v.field("D1"); },

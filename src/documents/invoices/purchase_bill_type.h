@@ -1,12 +1,11 @@
 #pragma once
 
-#include "frame/document/document_type.h"
+#include "documents/trade/trade_kind.h"
 
 namespace velmo::documents {
 
-inline constexpr int purchaseBillTranType = 22;
-
 // A vendor's bill: the screen `PurchaseBillsSimple`.
 const frame::DocumentType& purchaseBillType();
+const TradeKind& purchaseBillKind();
 
 }  // namespace velmo::documents

@@ -1,6 +1,7 @@
 #include "documents/invoices/purchase_return_type.h"
 
 #include "documents/trade/find_screens.h"
+#include "documents/trade/trade_body.h"
 #include "documents/trade/trade_rules.h"
 
 namespace velmo::documents {
@@ -33,21 +34,22 @@ frame::AgingRow openItem(const DocumentValues& values) {
 
 }  // namespace
 
+const TradeKind& purchaseReturnKind() {
+  static const TradeKind kind{.party = vendors(),
+                              .head = expenseAccount(frame::purchaseReturnsExpense),
+                              .lines = purchaseLines("StockOut"),
+                              .receivedCaption = "Amount Paid "};
+  return kind;
+}
+
 const frame::DocumentType& purchaseReturnType() {
   static const frame::DocumentType type{
-      .TranType = purchaseReturnTranType,
-      .screen = "PurchaseReturns",
+      .form = schema::documentForm("PurchaseReturns"),
       .title = "PURCHASE RETURNS / DEBIT NOTES",
       .duplicateText = "This Serial No. already exists. Saving this would create duplicate values.",
-      .viewRight = 62,
       .find = findPReturns(),
-      .party = vendors(),
-      .head = frame::HeadRules{.caption = "Expense Account",
-                               .listCondition = "Level1ID=500",
-                               .initialCode = frame::purchaseReturnsExpense},
+      .makeBody = tradeBody(purchaseReturnKind()),
       .fields = fields(),
-      .lines = purchaseLines("StockOut"),
-      .receivedCaption = "Amount Paid ",
       .validation = {fieldNumeric("D2", "Purchase number must be a numeric figure."),
                      fieldFilled("D1", "Select correct vendor invoice number."),
                      headAccountChosen("Select a correct expense account."),
@@ -60,11 +62,8 @@ const frame::DocumentType& purchaseReturnType() {
                          "Retail / Cash Purchase account."),
                      frame::locationIsListed(), frame::jobIsListedOrBlank(), frame::employeeIsListedOrBlank(),
                      frame::receivedWithinNetTotal("Amount received cannot be greater then the total receivable.")},
-      .header =
-          [](const DocumentValues& values, const session::LoginContext& context, frame::HeaderRow& row) {
-            writeTradeHeader(values, row);
-            row.set("InvLedger", returnLeavesStock(values, context));
-          },
+      .header = [](const DocumentValues& values, const session::LoginContext&,
+                   frame::HeaderRow& row) { writeReturnHeader(values, row); },
       .posting = frame::PostingTable{.documentName =
                                          [](const DocumentValues& v) {
                                            return "Invoice No " + v.DocNo + "/" + v.field("D2") + "/" + v.field("D1");

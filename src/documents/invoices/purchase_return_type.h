@@ -1,12 +1,11 @@
 #pragma once
 
-#include "frame/document/document_type.h"
+#include "documents/trade/trade_kind.h"
 
 namespace velmo::documents {
 
-inline constexpr int purchaseReturnTranType = 25;
-
 // Goods that go back to a vendor, or a rate that is adjusted: the screen `PurchaseReturns`.
 const frame::DocumentType& purchaseReturnType();
+const TradeKind& purchaseReturnKind();
 
 }  // namespace velmo::documents

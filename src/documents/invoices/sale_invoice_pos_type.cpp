@@ -1,8 +1,9 @@
 #include "documents/invoices/sale_invoice_pos_type.h"
 
-#include "documents/invoices/sale_invoice_type.h"
 #include "documents/trade/find_screens.h"
+#include "documents/trade/trade_body.h"
 #include "documents/trade/trade_rules.h"
+#include "schema/account_types.h"
 
 namespace velmo::documents {
 
@@ -50,29 +51,30 @@ frame::PostingTable posting() {
 
 }  // namespace
 
+const TradeKind& saleInvoicePosKind() {
+  static const TradeKind kind{.party = customers(),
+                              .head = incomeAccount(frame::salesIncome),
+                              .counter = CounterRules{.caption = "Debit Account",
+                                                      .listCondition = schema::account_type::money(),
+                                                      .debitCode = frame::cashInHand.code,
+                                                      .partyCode = frame::walkInCustomer,
+                                                      .termsWithoutParty = "CASH"},
+                              .lines = {.stockWarning = frame::StockWarning::Shown,
+                                        .serialNumbers = frame::SerialNumbers::Kept,
+                                        .history = frame::ItemHistory::None,
+                                        .f4 = frame::F4Key::ItemList,
+                                        .scan = frame::ScanRule::OnePiece}};
+  return kind;
+}
+
 const frame::DocumentType& saleInvoicePosType() {
   static const frame::DocumentType type{
-      .TranType = saleInvoiceTranType,
-      .screen = "SaleInvoicesPOS",
+      .form = schema::documentForm("SaleInvoicesPOS"),
       .title = "POINT OF SALE INVOICES",
       .duplicateText = "This Serial No. already exists in Sale Invoices. Saving this would create duplicate values.",
-      .viewRight = 97,
       .find = findSalesPOS(),
-      .party = customers(),
-      .head =
-          frame::HeadRules{
-              .caption = "Income Account", .listCondition = "Level1ID=400", .initialCode = frame::salesIncome},
-      .counter = frame::CounterRules{.caption = "Debit Account",
-                                     .listCondition = "Level1ID=100 or Level1ID=110",
-                                     .debitCode = frame::cashInHand.code,
-                                     .partyCode = frame::walkInCustomer,
-                                     .termsWithoutParty = "CASH"},
+      .makeBody = tradeBody(saleInvoicePosKind()),
       .fields = fields(),
-      .lines = {.stockWarning = frame::StockWarning::Shown,
-                .serialNumbers = frame::SerialNumbers::Kept,
-                .history = frame::ItemHistory::None,
-                .f4 = frame::F4Key::ItemList,
-                .scan = frame::ScanRule::OnePiece},
       .validation = {partyChosen("Select a correct customer. You may select Account Code '12001001' for a Walk-in "
                                  "(Cash) Customer."),
                      frame::locationIsListed(),
@@ -82,16 +84,15 @@ const frame::DocumentType& saleInvoicePosType() {
                       .text = "Select a correct account to debit.",
                       .control = "ACodeTxt"}},
       .header =
-          [](const DocumentValues& values, const session::LoginContext& context, frame::HeaderRow& row) {
+          [](const DocumentValues& values, const session::LoginContext&, frame::HeaderRow& row) {
             writeTradeHeader(values, row);
             row.set("Received", netTotalOf(values));
             row.set("Balance", 0.0);
             row.set("Text4", values.ACodeTxt);
-            row.set("InvLedger", context.InvoiceInvLedger);
           },
-      .keptColumns = {"Text10"},
       .posting = posting(),
       .aging = frame::AgingRule{.side = frame::AgingSide::Receivable, .row = ownOpenItem},  // paid is what was tendered
+      .marks = {{.column = "Text10"}},
       .printSettings = "InvoiceSettings",
   };
   return type;

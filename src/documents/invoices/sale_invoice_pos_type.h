@@ -1,10 +1,11 @@
 #pragma once
 
-#include "frame/document/document_type.h"
+#include "documents/trade/trade_kind.h"
 
 namespace velmo::documents {
 
 // The cashier's form of the sale invoice, in the same series of numbers: the screen `SaleInvoicesPOS`.
 const frame::DocumentType& saleInvoicePosType();
+const TradeKind& saleInvoicePosKind();
 
 }  // namespace velmo::documents

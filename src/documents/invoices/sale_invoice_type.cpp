@@ -1,7 +1,9 @@
 #include "documents/invoices/sale_invoice_type.h"
 
 #include "documents/trade/find_screens.h"
+#include "documents/trade/trade_body.h"
 #include "documents/trade/trade_rules.h"
+#include "schema/account_types.h"
 #include "store/connection/connection.h"
 #include "store/values/value.h"
 
@@ -42,7 +44,8 @@ std::vector<frame::DocumentField> fields() {
 std::string saleOrderStatement(const std::string& reference, int fyid) {
   if (reference.empty()) return {};
   return "Select trandate, d1 from transactions where d1 like " + store::quoted(reference) +
-         " and trantype=93 and fyid = " + std::to_string(fyid) + " and cancel = No";
+         " and trantype=" + std::to_string(schema::tran_type::SaleOrder) + " and fyid = " + std::to_string(fyid) +
+         " and cancel = No";
 }
 
 std::vector<frame::ValidationStep> validation() {
@@ -64,38 +67,38 @@ std::vector<frame::ValidationStep> validation() {
   };
 }
 
-void header(const DocumentValues& values, const session::LoginContext& context, HeaderRow& row) {
+void header(const DocumentValues& values, const session::LoginContext&, HeaderRow& row) {
   writeTradeHeader(values, row);
   row.set("Text11", "0");  // the mode of payment: cash
-  row.set("InvLedger", context.InvoiceInvLedger);
 }
 
 }  // namespace
 
+const TradeKind& saleInvoiceKind() {
+  static const TradeKind kind{
+      .party = customers(),
+      .head = incomeAccount(frame::salesIncome),
+      .lines = {.stockWarning = frame::StockWarning::Shown, .serialNumbers = frame::SerialNumbers::Kept}};
+  return kind;
+}
+
 const frame::DocumentType& saleInvoiceType() {
   static const frame::DocumentType type{
-      .TranType = saleInvoiceTranType,
-      .screen = "SaleInvoicesSimple",
+      .form = schema::documentForm("SaleInvoicesSimple"),
       .title = "SALE INVOICES",
       .duplicateText = "This Serial No. already exists in Sale Invoices. Saving this would create duplicate values.",
-      .viewRight = 94,
       .find = findSalesSimple(),
-      .party = customers(),
-      .head =
-          frame::HeadRules{
-              .caption = "Income Account", .listCondition = "Level1ID=400", .initialCode = frame::salesIncome},
+      .makeBody = tradeBody(saleInvoiceKind()),
       .fields = fields(),
       .dateLookups = {{.from = "D1", .to = "D1Dt", .statement = saleOrderStatement}},
-      .lines = {.stockWarning = frame::StockWarning::Shown, .serialNumbers = frame::SerialNumbers::Kept},
       .validation = validation(),
       .header = header,
-      .keptColumns = {"Text10"},
-      .convertedColumn = "Text10",
       .posting = frame::PostingTable{.documentName = [](const DocumentValues& v) { return "Invoice No " + v.DocNo; },
                                      .rows = receivableRows(frame::carriageOutwards)},
       .aging = frame::AgingRule{.side = frame::AgingSide::Receivable, .row = ownOpenItem},
       .conversions = {{.name = "ConvertBttn2", .caption = "Convert D.C."},
                       {.name = "ConvertBttn3", .caption = "Convert O.G.P."}},
+      .marks = {{.column = "Text10", .label = "ConvLbl2"}},
       .printSettings = "InvoiceSettings",
   };
   return type;

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "frame/document/document_type.h"
+#include "documents/trade/trade_kind.h"
 
 namespace velmo::documents {
 
-inline constexpr int saleInvoiceTranType = 32;
-
 // The sale invoice without the print-outs, which need widgets.
 const frame::DocumentType& saleInvoiceType();
+const TradeKind& saleInvoiceKind();
 
 }  // namespace velmo::documents

@@ -1,6 +1,7 @@
 #include "documents/invoices/sale_return_type.h"
 
 #include "documents/trade/find_screens.h"
+#include "documents/trade/trade_body.h"
 #include "documents/trade/trade_rules.h"
 
 namespace velmo::documents {
@@ -25,21 +26,22 @@ std::vector<frame::DocumentField> fields() {
 
 }  // namespace
 
+const TradeKind& saleReturnKind() {
+  static const TradeKind kind{.party = customers(),
+                              .head = incomeAccount(frame::salesReturnsIncome),
+                              .lines = {.quantityField = "StockIn", .serialNumbers = frame::SerialNumbers::Kept},
+                              .receivedCaption = "Amount Paid "};
+  return kind;
+}
+
 const frame::DocumentType& saleReturnType() {
   static const frame::DocumentType type{
-      .TranType = saleReturnTranType,
-      .screen = "SaleReturns",
+      .form = schema::documentForm("SaleReturns"),
       .title = "SALE RETURNS / CREDIT NOTES",
       .duplicateText = "This Serial No. already exists. Saving this would create duplicate values.",
-      .viewRight = 100,
       .find = findSReturns(),
-      .party = customers(),
-      .head =
-          frame::HeadRules{
-              .caption = "Income Account", .listCondition = "Level1ID=400", .initialCode = frame::salesReturnsIncome},
+      .makeBody = tradeBody(saleReturnKind()),
       .fields = fields(),
-      .lines = {.quantityField = "StockIn", .serialNumbers = frame::SerialNumbers::Kept},
-      .receivedCaption = "Amount Paid ",
       .validation = {fieldNumeric("D1", "Sale invoice number must be a numeric figure."),
                      headAccountChosen("Select a correct income account."),
                      partyChosen(
@@ -51,11 +53,8 @@ const frame::DocumentType& saleReturnType() {
                          "Walk-in (Cash) Customer."),
                      frame::locationIsListed(), frame::jobIsListedOrBlank(), frame::employeeIsListedOrBlank(),
                      frame::receivedWithinNetTotal("Amount paid cannot be greater then the total payable.")},
-      .header =
-          [](const DocumentValues& values, const session::LoginContext& context, frame::HeaderRow& row) {
-            writeTradeHeader(values, row);
-            row.set("InvLedger", returnLeavesStock(values, context));
-          },
+      .header = [](const DocumentValues& values, const session::LoginContext&,
+                   frame::HeaderRow& row) { writeReturnHeader(values, row); },
       .posting =
           frame::PostingTable{
               .documentName = [](const DocumentValues& v) { return "Invoice No " + v.DocNo + "/" + v.field("D1"); },

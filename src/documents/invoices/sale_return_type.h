@@ -1,12 +1,11 @@
 #pragma once
 
-#include "frame/document/document_type.h"
+#include "documents/trade/trade_kind.h"
 
 namespace velmo::documents {
 
-inline constexpr int saleReturnTranType = 35;
-
 // Goods that a customer brings back, or a rate that is adjusted: the screen `SaleReturns`.
 const frame::DocumentType& saleReturnType();
+const TradeKind& saleReturnKind();
 
 }  // namespace velmo::documents

@@ -60,9 +60,7 @@ std::vector<forms::TableColumn> resultColumns(const char* party, const char* pai
 }  // namespace
 
 frame::FindType findSalesSimple() {
-  return {.screen = "FindSalesSimple",
-          .title = "FIND SALE INVOICES",
-          .viewRight = 94,
+  return {.title = "FIND SALE INVOICES",
           .select = select,
           .columns = {serialNo,
                       date,
@@ -77,9 +75,7 @@ frame::FindType findSalesSimple() {
 }
 
 frame::FindType findSalesPOS() {
-  return {.screen = "FindSalesPOS",
-          .title = "FIND POINT OF SALE INVOICES",
-          .viewRight = 97,
+  return {.title = "FIND POINT OF SALE INVOICES",
           .select = select,
           .columns = {serialNo,
                       date,
@@ -91,9 +87,7 @@ frame::FindType findSalesPOS() {
 }
 
 frame::FindType findSReturns() {
-  return {.screen = "FindSReturns",
-          .title = "FIND SALE RETURNS",
-          .viewRight = 100,
+  return {.title = "FIND SALE RETURNS",
           .select = select,
           .columns = {serialNo,
                       date,
@@ -107,9 +101,7 @@ frame::FindType findSReturns() {
 }
 
 frame::FindType findPurchasesSimple() {
-  return {.screen = "FindPurchasesSimple",
-          .title = "FIND PURCHASES",
-          .viewRight = 59,
+  return {.title = "FIND PURCHASES",
           .select = select,
           .columns = {serialNo,
                       date,
@@ -124,9 +116,7 @@ frame::FindType findPurchasesSimple() {
 }
 
 frame::FindType findPReturns() {
-  return {.screen = "FindPReturns",
-          .title = "FIND PURCHASE RETURNS",
-          .viewRight = 62,
+  return {.title = "FIND PURCHASE RETURNS",
           .select = select,
           .columns = {serialNo,
                       date,

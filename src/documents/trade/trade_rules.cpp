@@ -1,6 +1,7 @@
 #include "documents/trade/trade_rules.h"
 
 #include "frame/posting/day_text.h"
+#include "schema/account_types.h"
 #include "store/values/value.h"
 #include "text/blanks.h"
 #include "text/number.h"
@@ -60,30 +61,42 @@ void writeTradeHeader(const DocumentValues& values, frame::HeaderRow& row) {
   row.set("WordsAmt", frame::amountInWordsOnly(amount(values.totals.NetTotal)));
 }
 
-bool returnLeavesStock(const DocumentValues& values, const session::LoginContext& context) {
-  return context.BillInvLedger || values.field("NoteType") == "1";
+void writeReturnHeader(const DocumentValues& values, frame::HeaderRow& row) {
+  writeTradeHeader(values, row);
+  if (values.field("NoteType") == "1") row.set("InvLedger", true);
 }
 
-frame::PartyRules customers() {
+PartyRules customers() {
   return {.caption = "Customer",
-          .listCondition = "Level1ID=120 or Level1ID=210",
+          .listCondition = schema::account_type::parties(),
           .newParty = {.caption = "New Customer", .right = 12, .dialog = "ModifyCustomers"},
           .cashCode = frame::walkInCustomer,
           .cashRule = frame::ReceivedRule::WholeNetTotal};
 }
 
-frame::PartyRules vendors() {
+PartyRules vendors() {
   return {.caption = "Vendor",
-          .listCondition = "Level1ID=120 or Level1ID=210",
+          .listCondition = schema::account_type::parties(),
           .newParty = {.caption = "New Vendor", .right = 12, .dialog = "ModifySuppliers"}};
 }
 
+HeadRules incomeAccount(std::int64_t initialCode) {
+  return {.caption = "Income Account",
+          .listCondition = schema::account_type::anyOf({schema::account_type::Income}),
+          .initialCode = initialCode};
+}
+
+HeadRules expenseAccount(std::int64_t initialCode) {
+  return {.caption = "Expense Account",
+          .listCondition = schema::account_type::anyOf({schema::account_type::Expense}),
+          .initialCode = initialCode};
+}
+
 frame::ItemGridKind purchaseLines(const std::string& quantityField) {
-  constexpr int purchaseBills = 22;
   return {.quantityField = quantityField,
           .priceField = "PurchasePrice",
           .priceCaption = "Purchase Price",
-          .historyTranType = purchaseBills,
+          .historyTranType = schema::tran_type::PurchaseBill,
           .historyQuantityField = "StockIn",
           .serialNumbers = frame::SerialNumbers::Kept};
 }

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "frame/document/document_type.h"
+#include "documents/trade/trade_kind.h"
 
 // What invoices, bills and returns have in common.
 namespace velmo::documents {
@@ -20,12 +20,15 @@ frame::ValidationStep fieldNumeric(std::string_view field, std::string_view word
 // The columns of accounts and amounts.
 void writeTradeHeader(const frame::DocumentValues& values, frame::HeaderRow& row);
 
-// Every return follows the setting of the purchase bill; a rate adjustment (index 1 of `NoteType`) never moves stock.
-bool returnLeavesStock(const frame::DocumentValues& values, const session::LoginContext& context);
+// The same of a return; a rate adjustment (index 1 of `NoteType`) never moves stock.
+void writeReturnHeader(const frame::DocumentValues& values, frame::HeaderRow& row);
 
 // The parties of sales and of purchases, with the command that makes a new one.
-frame::PartyRules customers();
-frame::PartyRules vendors();
+PartyRules customers();
+PartyRules vendors();
+// The second account of sales and of purchases.
+HeadRules incomeAccount(std::int64_t initialCode);
+HeadRules expenseAccount(std::int64_t initialCode);
 
 // Lines that bring the purchase price along and show the last purchases. The field holds what comes in or goes out.
 frame::ItemGridKind purchaseLines(const std::string& quantityField);

@@ -1,5 +1,7 @@
 #include "frame/document/compose_document.h"
 
+#include "session/stock_movement.h"
+
 namespace velmo::frame {
 
 namespace {
@@ -18,7 +20,7 @@ HeaderRow headerOf(const DocumentType& type, const DocumentValues& values, const
   row.set("EmpID", values.EmpList.id);
   for (const std::string_view job : {"JobIDFrom", "JobIDTo"}) row.set(job, values.JobList.id);
   row.set("Desc", values.Desc);
-  row.set("TranType", std::int64_t{type.TranType});
+  row.set("TranType", std::int64_t{type.form.tranType});
   row.set("Text1", values.PartyNameTxt);
   row.set("Text2", values.PartyAddress);
   row.set("Text3", values.PartyTel);
@@ -26,6 +28,7 @@ HeaderRow headerOf(const DocumentType& type, const DocumentValues& values, const
   for (const std::string_view location : {"LocationFrom", "LocationTo"}) row.set(location, values.LocationList.id);
   row.set("FYID", std::int64_t{context.FYID});
   row.set("Cancel", values.Cancel);
+  row.set("InvLedger", session::leavesStock(type.form.tranType, context));
   row.stamp(context.UserID, now);
   if (type.header) type.header(values, context, row);
   return row;
@@ -35,21 +38,21 @@ HeaderRow headerOf(const DocumentType& type, const DocumentValues& values, const
 
 DocumentWrite composeHeader(const DocumentType& type, const DocumentValues& values,
                             const session::LoginContext& context, const text::DateTime& now, HeaderWrite mode) {
-  return {.mode = mode,
-          .header = headerOf(type, values, context, now),
-          .keptColumns = type.keptColumns,
-          .locationId = values.LocationList.id,
-          .jobId = values.JobList.id};
+  DocumentWrite document{.mode = mode,
+                         .header = headerOf(type, values, context, now),
+                         .locationId = values.LocationList.id,
+                         .jobId = values.JobList.id};
+  for (const ConversionMark& mark : type.marks) document.keptColumns.push_back(mark.column);
+  return document;
 }
 
 tl::expected<DocumentWrite, std::string> composeDocument(const DocumentType& type, const DocumentValues& values,
                                                          const session::LoginContext& context,
-                                                         const text::DateTime& now, const store::Recordset& sheet,
+                                                         const text::DateTime& now, std::string_view lineNarrations,
                                                          HeaderWrite mode) {
   DocumentWrite document = composeHeader(type, values, context, now, mode);
   if (type.posting) {
-    const std::string narrations = lineNarrations(sheet, type.lines.quantityField, context.ccode);
-    auto lines = ledgerLines(*type.posting, values, narrations);
+    auto lines = ledgerLines(*type.posting, values, lineNarrations);
     if (!lines) return tl::unexpected(lines.error());
     document.ledger = std::move(*lines);
   }

@@ -85,7 +85,7 @@ void DocumentScreen::deleteCommand() {
 
 void DocumentScreen::findCommand() {
   FindScreen find(
-      type_.find, type_.TranType, workplace_, [this] { ShowRecord(); }, this);
+      type_.find, type_.form, workplace_, [this] { ShowRecord(); }, this);
   find.exec();
 }
 
@@ -95,8 +95,12 @@ void DocumentScreen::retrieveCommand() {
   showTran();
 }
 
+bool DocumentScreen::mayBrowse() {
+  return type_.form.browseRight == 0 || workplace_.rights().demand(type_.form.browseRight);
+}
+
 void DocumentScreen::previousCommand() {
-  if (Tran_.isEmpty() || !workplace_.rights().demand(type_.viewRight) || !MayLeave()) return;
+  if (Tran_.isEmpty() || !mayBrowse() || !MayLeave()) return;
   attempt("Cannot Show", [this] {
     if (!AddMode_) Tran_.movePrevious();
     if (Tran_.bof()) Tran_.moveFirst();
@@ -106,7 +110,7 @@ void DocumentScreen::previousCommand() {
 }
 
 void DocumentScreen::nextCommand() {
-  if (Tran_.isEmpty() || !workplace_.rights().demand(type_.viewRight)) return;
+  if (Tran_.isEmpty() || !mayBrowse()) return;
   if (AddMode_) return workplace_.prompts.tell("Last Record", "You have aleady been on the last record.");
   if (!MayLeave()) return;
   attempt("Cannot Show", [this] {

@@ -33,7 +33,7 @@ DocumentScreen::DocumentScreen(DocumentType type, session::Workplace& workplace,
   references_->loadLists();
   // Only the rows that are looked at are read: a year may hold very many documents.
   Tran_.open(workplace_.context.KORDconn,
-             "SELECT * from transactions where trantype=" + std::to_string(type_.TranType) +
+             "SELECT * from transactions where trantype=" + std::to_string(type_.form.tranType) +
                  " and fyid = " + std::to_string(workplace_.context.FYID) + " order by docno",
              store::LockType::Optimistic, store::Fetch::AsNeeded);
   ClearForNewRecord();
@@ -67,7 +67,7 @@ void DocumentScreen::ClearForNewRecord() {
   references_->setEmployee(0);
   references_->setLocation(workplace_.context.stocklocationid);
   Desc_->clear();
-  showConversion({});
+  showMarks();
   bindAgain();
   GiveUp();
   body_->focusFirst();
@@ -126,16 +126,23 @@ void DocumentScreen::fillFromTran() {
   references_->setEmployee(Tran_.integer("EmpID"));
   references_->setLocation(Tran_.integer("LocationFrom"));
   Desc_->setPlainText(QString::fromStdString(Tran_.text("Desc")));
-  showConversion(type_.convertedColumn.empty() ? std::string() : Tran_.text(type_.convertedColumn));
+  showMarks();
 }
 
 void DocumentScreen::showTranNo() {
   TranNo_->setText(Tran_.isEmpty() ? QString() : QString::number(Tran_.integer("tranno")));
 }
 
-void DocumentScreen::showConversion(const std::string& mark) {
-  ConvLbl2_->setText(QString::fromStdString(mark));
-  for (QLabel* label : {ConvLbl_, ConvLbl2_}) label->setVisible(!mark.empty());
+// What the shown document was converted to.
+void DocumentScreen::showMarks() {
+  bool any = false;
+  for (const auto& [column, label] : marks_) {
+    const std::string mark = AddMode_ ? std::string() : Tran_.text(column);
+    label->setText(QString::fromStdString(mark));
+    label->setVisible(!mark.empty());
+    any = any || !mark.empty();
+  }
+  ConvLbl_->setVisible(any);
 }
 
 DocumentValues DocumentScreen::values() const {
@@ -192,7 +199,7 @@ bool DocumentScreen::isFreeDocNo() const {
   const std::int64_t docNo = store::integerOf(typed);
   if (!AddMode_ && docNo == Tran_.integer("docno")) return true;
   return !isTaken(workplace_.context.KORDconn,
-                  {.DocNo = docNo, .TranType = type_.TranType, .FYID = workplace_.context.FYID});
+                  {.DocNo = docNo, .TranType = type_.form.tranType, .FYID = workplace_.context.FYID});
 }
 
 // What a person typed stays, and so does the number of a document that was saved from here; of the program's own
@@ -282,7 +289,7 @@ void DocumentScreen::afterSave(PrintMode mode, const DocumentValues& values) {
 
 void DocumentScreen::printDocument(const DocumentValues& values) {
   session::LoginContext& context = workplace_.context;
-  context.PrintKind = type_.TranType;
+  context.PrintKind = type_.form.tranType;
   context.PrintRS = Tran_.clone();
   context.PrintRS.setBookmark(Tran_.bookmark());
   attempt("Cannot Print", [&] { type_.print(workplace_, values, this); });

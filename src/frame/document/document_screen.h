@@ -94,6 +94,7 @@ class DocumentScreen : public QWidget {
   void deleteCommand();
   void findCommand();
   void retrieveCommand();
+  bool mayBrowse();
   void previousCommand();
   void nextCommand();
 
@@ -102,7 +103,7 @@ class DocumentScreen : public QWidget {
   bool moveToTran(std::int64_t tranNo);
   void fillFromTran();
   void showTranNo();
-  void showConversion(const std::string& mark);
+  void showMarks();
   void bindAgain();
   void focusControl(std::string_view name);
   // Runs a command; a failure of the store is told under the title.
@@ -128,7 +129,7 @@ class DocumentScreen : public QWidget {
   QPlainTextEdit* Desc_ = nullptr;
   QLineEdit* TranNo_ = nullptr;
   QLabel* ConvLbl_ = nullptr;
-  QLabel* ConvLbl2_ = nullptr;
+  std::vector<std::pair<std::string_view, QLabel*>> marks_;  // by the column of the mark
 };
 
 }  // namespace velmo::frame

@@ -16,7 +16,7 @@
 namespace velmo::frame {
 
 void DocumentScreen::buildLayout() {
-  setObjectName(forms::shownText(type_.screen));
+  setObjectName(forms::shownText(type_.form.screen));
   setWindowTitle(forms::shownText(type_.title));
   setAccessibleName(forms::shownText(type_.title));
   commands_ = new CommandBar(type_, this);
@@ -50,13 +50,17 @@ QHBoxLayout* DocumentScreen::buildTitleRow() {
   ConvLbl_ = new QLabel(tr("Converted To:"));
   ConvLbl_->setObjectName("ConvLbl");
   forms::makeCaption(*ConvLbl_);
-  ConvLbl2_ = new QLabel;
-  ConvLbl2_->setObjectName("ConvLbl2");
-  ConvLbl2_->setTextFormat(Qt::PlainText);
   row->addWidget(heading);
   row->addSpacing(forms::spacing::Section);
   row->addWidget(ConvLbl_);
-  row->addWidget(ConvLbl2_);
+  for (const ConversionMark& mark : type_.marks) {
+    if (mark.label.empty()) continue;
+    auto* label = new QLabel;
+    label->setObjectName(forms::shownText(mark.label));
+    label->setTextFormat(Qt::PlainText);
+    row->addWidget(label);
+    marks_.emplace_back(mark.column, label);
+  }
   row->addStretch(1);
   row->addWidget(commands_->navigation());
   return row;

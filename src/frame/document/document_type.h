@@ -9,12 +9,12 @@
 #include <vector>
 
 #include "frame/document/find_type.h"
-#include "frame/items/item_grid_kind.h"
 #include "frame/posting/aging.h"
 #include "frame/posting/document_values.h"
 #include "frame/posting/header_row.h"
 #include "frame/posting/posting_table.h"
 #include "frame/posting/validation.h"
+#include "schema/document_kinds.h"
 #include "session/workplace.h"
 
 class QWidget;
@@ -60,37 +60,8 @@ struct MasterCommand {
   std::string_view dialog;
 };
 
-struct PartyRules {
-  std::string_view caption;        // of the frame: "Customer"
-  std::string_view listCondition;  // on acclevel3
-  MasterCommand newParty;
-  // The account of parties that are not known by name: its name is written on each document.
-  std::optional<std::int64_t> cashCode = {};
-  ReceivedRule cashRule = ReceivedRule::AsTyped;  // of a document to that account
-};
-
-// The second account of a document: income or expense.
-struct HeadRules {
-  std::string_view caption;
-  std::string_view listCondition;
-  std::int64_t initialCode = 0;
-};
-
-// A document that is paid in full as it is saved: saving first takes the money, in a panel over the document, and the
-// ledger's debit goes to an account that the user may choose. The party and the second account are given.
-struct CounterRules {
-  std::string_view caption;  // of the debit account
-  std::string_view listCondition;
-  std::int64_t debitCode = 0;
-  std::int64_t partyCode = 0;
-  std::string_view termsWithoutParty;  // when the party's account is not there
-};
-
 class DocumentBody;
 struct BodyPlace;
-
-// Item lines with a party.
-std::shared_ptr<DocumentBody> makeTradeBody(const BodyPlace& place);
 
 // Whether goods of a stock location are in the document.
 enum class LocationChoice { Shown, None };
@@ -110,39 +81,38 @@ struct ConversionCommand {
   std::string_view caption;
 };
 
+// A column in which conversions leave a mark of what the document became: "D.C. No. 12". A further save leaves it
+// alone.
+struct ConversionMark {
+  std::string_view column;
+  std::string_view label = {};  // that shows it, beside "Converted To:"; "" for none
+};
+
 // A kind of document: everything in which its screen differs from the others.
 struct DocumentType {
-  int TranType = 0;
-  std::string_view screen;
+  schema::DocumentForm form;  // number, screens and rights
   std::string_view title;
   std::string_view duplicateText;
-  int viewRight = 0;
   FindType find;
 
   // The shape of the document between its head and its commands.
-  std::function<std::shared_ptr<DocumentBody>(const BodyPlace&)> makeBody = makeTradeBody;
+  std::function<std::shared_ptr<DocumentBody>(const BodyPlace&)> makeBody;
   LocationChoice locationChoice = LocationChoice::Shown;
   PrintCommands printCommands = PrintCommands::DocumentAndVoucher;
   AfterPrint afterPrint = AfterPrint::NewDocument;
 
-  PartyRules party = {};
-  std::optional<HeadRules> head = {};
-  std::optional<CounterRules> counter = {};
   std::vector<DocumentField> fields = {};
   std::vector<DateLookup> dateLookups = {};
-  ItemGridKind lines = {};
-  std::string_view receivedCaption = "Amount Received ";  // of what is paid with the document
 
   std::vector<ValidationStep> validation = {};  // after those of every document
 
-  // Writes the columns that are the document's own: accounts, amounts, InvLedger.
+  // Writes the columns that are the document's own: accounts and amounts.
   std::function<void(const DocumentValues&, const session::LoginContext&, HeaderRow&)> header = {};
-  std::vector<std::string_view> keptColumns = {};  // marks that a further save leaves alone
-  std::string_view convertedColumn = {};           // whose text `ConvLbl2` shows
   std::optional<PostingTable> posting = {};
   std::optional<AgingRule> aging = {};
 
   std::vector<ConversionCommand> conversions = {};
+  std::vector<ConversionMark> marks = {};
   std::string_view printSettings = {};  // screen of `SetBttn`
 
   // Shows the print-out of LoginContext::PrintRS; the values are those on the screen.

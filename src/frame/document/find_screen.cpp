@@ -43,10 +43,10 @@ class FoundDocuments : public forms::RecordsetModel {
 
 }  // namespace
 
-FindScreen::FindScreen(const FindType& type, int tranType, session::Workplace& workplace,
+FindScreen::FindScreen(const FindType& type, const schema::DocumentForm& form, session::Workplace& workplace,
                        std::function<void()> showRecord, QWidget* parent)
-    : QDialog(parent), type_(type), tranType_(tranType), workplace_(workplace), showRecord_(std::move(showRecord)) {
-  setObjectName(forms::shownText(type.screen));
+    : QDialog(parent), type_(type), form_(form), workplace_(workplace), showRecord_(std::move(showRecord)) {
+  setObjectName(forms::shownText(form.findScreen));
   setWindowTitle(forms::shownText(type.title));
   auto* layout = new QVBoxLayout(this);
   forms::setGrid(*layout, forms::spacing::Section);
@@ -150,7 +150,7 @@ std::int64_t FindScreen::countFound(const std::string& condition) const {
   const store::Recordset& rows = found_->rows();
   if (!rows.hasMoreRows()) return rows.recordCount();
   const store::Recordset counted(workplace_.context.KORDconn,
-                                 findCountStatement(type_, tranType_, workplace_.context.FYID, condition),
+                                 findCountStatement(type_, form_.tranType, workplace_.context.FYID, condition),
                                  store::LockType::ReadOnly);
   return counted.integer("Documents");
 }
@@ -160,7 +160,7 @@ void FindScreen::query(const std::string& condition) {
   try {
     const forms::WaitCursor wait;
     found_->setRecordset(store::Recordset(workplace_.context.KORDconn,
-                                          findStatement(type_, tranType_, workplace_.context.FYID, condition),
+                                          findStatement(type_, form_.tranType, workplace_.context.FYID, condition),
                                           store::LockType::ReadOnly, store::Fetch::AsNeeded));
     count = countFound(condition);
   } catch (const store::StoreError& error) {
@@ -189,7 +189,7 @@ void FindScreen::noteRow() {
 
 void FindScreen::pick() {
   noteRow();
-  if (tranNo_->text().isEmpty() || !workplace_.rights().demand(type_.viewRight)) return;
+  if (tranNo_->text().isEmpty() || !workplace_.rights().demand(form_.viewRight)) return;
   workplace_.context.OpenTranNo = tranNo_->text().toLongLong();
   showRecord_();
   accept();

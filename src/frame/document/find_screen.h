@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "frame/document/find_type.h"
+#include "schema/document_kinds.h"
 #include "session/workplace.h"
 
 class QComboBox;
@@ -25,8 +26,8 @@ class FindScreen : public QDialog {
   Q_OBJECT
 
  public:
-  FindScreen(const FindType& type, int tranType, session::Workplace& workplace, std::function<void()> showRecord,
-             QWidget* parent);
+  FindScreen(const FindType& type, const schema::DocumentForm& form, session::Workplace& workplace,
+             std::function<void()> showRecord, QWidget* parent);
   ~FindScreen() override;
 
  private:
@@ -41,7 +42,7 @@ class FindScreen : public QDialog {
   void pick();
 
   const FindType& type_;
-  int tranType_;
+  const schema::DocumentForm& form_;
   session::Workplace& workplace_;
   std::function<void()> showRecord_;
   QComboBox* columns_;

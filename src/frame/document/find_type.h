@@ -29,11 +29,9 @@ inline constexpr const char* momentFormat = "dd-mm-yyyy hh:nn:ss";
 // Whether the documents looked for stand at a stock location.
 enum class FindLocation { Joined, None };
 
-// A Find screen: data only.
+// A Find screen: data only. Its name and right are those of the form.
 struct FindType {
-  std::string_view screen;
   std::string_view title;
-  int viewRight = 0;
   std::string_view select;  // the chosen columns, as they stand between SELECT and FROM
   std::vector<FindColumn> columns;
   std::vector<forms::TableColumn> result;

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "schema/document_kinds.h"
+
 namespace velmo::frame {
 
 enum class StockWarning { None, Shown };  // "Short Item Balance" when more is sold than there is
@@ -21,7 +23,7 @@ struct ItemGridKind {
   std::string priceCaption = "Selling Price";
   std::string grossCaption = "Gross Amount";
   std::string netCaption = "Net Amount";
-  int historyTranType = 32;  // whose last four lines are a guide for the rate
+  int historyTranType = schema::tran_type::SaleInvoice;  // whose last four lines are a guide for the rate
   std::string historyQuantityField = "StockOut";
   StockWarning stockWarning = StockWarning::None;
   SerialNumbers serialNumbers = SerialNumbers::None;

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <span>
 #include <string_view>
 #include <vector>
 
@@ -25,7 +24,7 @@ enum class HeaderWrite {
 struct DocumentWrite {
   HeaderWrite mode = HeaderWrite::Add;
   HeaderRow header;
-  std::span<const std::string_view> keptColumns = {};  // that a further save leaves alone
+  std::vector<std::string_view> keptColumns = {};  // that a further save leaves alone
   std::int64_t locationId = 0;
   std::int64_t jobId = 0;
   std::optional<std::vector<LedgerLine>> ledger = {};  // nothing: a document without ledger effect

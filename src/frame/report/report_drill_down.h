@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "schema/document_kinds.h"
 #include "session/workplace.h"
 
 namespace velmo::frame {
@@ -9,6 +10,7 @@ namespace velmo::frame {
 // Opens the document that a row of a report stands for, on the screen of its type, when the user may see such
 // documents; the user is told when he may not. Opening balances are shown without a number. A type that has no screen
 // does nothing.
-void openDocument(session::Workplace& workplace, int tranType, std::int64_t tranNo);
+void openDocument(session::Workplace& workplace, int tranType, std::int64_t tranNo,
+                  schema::LedFrom reports = schema::LedFrom::Ledgers);
 
 }  // namespace velmo::frame

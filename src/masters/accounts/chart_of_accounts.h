@@ -8,9 +8,6 @@ namespace velmo::masters {
 
 // `LoginContext::ChartView` when all accounts are to be picked from; otherwise it is the type of those that are.
 inline constexpr int wholeChart = 1;
-inline constexpr int bankType = 110;
-inline constexpr int customerType = 120;
-inline constexpr int vendorType = 210;
 
 // Lets the user search the accounts, `ChartofAccounts`; the dialog then shows the one that was picked.
 void pickAccount(frame::MasterDialog& dialog, int chartView);

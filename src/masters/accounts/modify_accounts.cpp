@@ -9,6 +9,7 @@
 #include "masters/accounts/account_prints.h"
 #include "masters/accounts/chart_of_accounts.h"
 #include "masters/import/bring_in.h"
+#include "schema/account_types.h"
 #include "text/number.h"
 
 namespace velmo::masters {
@@ -26,8 +27,13 @@ const AccountWords accountWords = {
     .none = {"No Account Found", "There is no account to be deleted."},
 };
 
+namespace account_type = schema::account_type;
+
 // The types that the program's own accounts stand under.
-constexpr int fixedTypes[] = {100, 110, 120, 130, 140, 210, 220, 320, 400, 500, 600};
+constexpr int fixedTypes[] = {
+    account_type::Cash,        account_type::Banks,   account_type::Customers, account_type::Inventory,
+    account_type::Prepayments, account_type::Vendors, account_type::Payables,  account_type::AccumulatedProfit,
+    account_type::Income,      account_type::Expense, account_type::Selling};
 
 // The components whose types are numbered in one series.
 std::string seriesOf(const std::string& component) {
@@ -120,9 +126,9 @@ struct DetailDialog {
   const char* dialog;
 };
 constexpr DetailDialog detailDialogs[] = {
-    {bankType, "Click Here to Record Details of Bank Accounts ....", "ModifyBanks"},
-    {customerType, "Click Here to Record Details of Customers ....", "ModifyCustomers"},
-    {vendorType, "Click Here to Record Details of Suppliers / Vendors ....", "ModifySuppliers"},
+    {account_type::Banks, "Click Here to Record Details of Bank Accounts ....", "ModifyBanks"},
+    {account_type::Customers, "Click Here to Record Details of Customers ....", "ModifyCustomers"},
+    {account_type::Vendors, "Click Here to Record Details of Suppliers / Vendors ....", "ModifySuppliers"},
 };
 
 QWidget* detailLine(frame::MasterDialog& dialog) {

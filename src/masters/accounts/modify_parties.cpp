@@ -5,6 +5,7 @@
 #include "masters/accounts/account_prints.h"
 #include "masters/accounts/chart_of_accounts.h"
 #include "masters/import/bring_in.h"
+#include "schema/account_types.h"
 #include "text/blanks.h"
 
 namespace velmo::masters {
@@ -165,15 +166,17 @@ QWidget* makeModifyCustomers(session::Workplace& workplace, QWidget* parent) {
   customers.changed = [](MasterPanel& panel, const std::string& column) {
     if (column == "Region1ID") offerSubRegions(panel);
   };
-  return makeParties({"ModifyCustomers", "Customers", customerType, words, "Customers", ImportKind::Customers},
-                     std::move(customers), workplace, parent);
+  return makeParties(
+      {"ModifyCustomers", "Customers", schema::account_type::Customers, words, "Customers", ImportKind::Customers},
+      std::move(customers), workplace, parent);
 }
 
 QWidget* makeModifySuppliers(session::Workplace& workplace, QWidget* parent) {
   const AccountWords words = wordsFor("supplier", "Supplier");
   frame::MasterLevel suppliers = accountLevel(words, supplierDetails());
   suppliers.tests.insert(suppliers.tests.end() - 1, creditLimitIsNumeric);
-  return makeParties({"ModifySuppliers", "Vendors / Suppliers", vendorType, words, "Suppliers", ImportKind::Vendors},
+  return makeParties({"ModifySuppliers", "Vendors / Suppliers", schema::account_type::Vendors, words, "Suppliers",
+                      ImportKind::Vendors},
                      std::move(suppliers), workplace, parent);
 }
 
@@ -185,8 +188,8 @@ QWidget* makeModifyBanks(session::Workplace& workplace, QWidget* parent) {
   banks.changed = [](MasterPanel& panel, const std::string& column) {
     if (column == "CreditTerms" || column == "AccountNo") composeBankName(panel);
   };
-  return makeParties({"ModifyBanks", "Bank Accounts", bankType, words, "Bank accounts"}, std::move(banks), workplace,
-                     parent);
+  return makeParties({"ModifyBanks", "Bank Accounts", schema::account_type::Banks, words, "Bank accounts"},
+                     std::move(banks), workplace, parent);
 }
 
 }  // namespace velmo::masters

@@ -1,4 +1,5 @@
 #include "masters/import/import_kind.h"
+#include "schema/account_types.h"
 
 namespace velmo::masters {
 namespace {
@@ -81,7 +82,7 @@ ImportDescriptor customers() {
                         .title = "Import Customers",
                         .one = "customer",
                         .many = "customers",
-                        .type = "120",
+                        .type = std::to_string(schema::account_type::Customers),
                         .full = "You have added maximum number of customers in the selected sub account type.",
                         .taken = "A customer is already present with the same name.",
                         .fields = {name("Enter customer name to save.", {"customer name", "customer", "company",
@@ -118,7 +119,7 @@ ImportDescriptor vendors() {
       .title = "Import Vendors",
       .one = "supplier",
       .many = "suppliers",
-      .type = "210",
+      .type = std::to_string(schema::account_type::Vendors),
       .full = "You have added maximum number of suppliers in the selected sub account type.",
       .taken = "A supplier is already present with the same name.",
       .fields = {name("Enter supplier name to save.", {"supplier name", "supplier", "vendor name", "vendor", "company",

@@ -7,6 +7,7 @@
 #include "frame/master/master_dialog.h"
 #include "masters/people/job_card_print.h"
 #include "printing/preview_window.h"
+#include "schema/account_types.h"
 
 namespace velmo::masters {
 namespace {
@@ -16,7 +17,6 @@ using frame::BoxKind;
 using frame::MasterEntry;
 using frame::MasterPanel;
 
-constexpr const char* isParty = "Level1ID=120 or Level1ID=210";
 constexpr const char* peopleInCharge = "Select Empid, EmpName from Employees where status=no order by empname";
 
 std::vector<forms::TableColumn> jobColumns() {
@@ -43,7 +43,7 @@ std::vector<frame::MasterField> jobFields() {
            .caption = "Customer",
            .column = "CustomerCode",
            .kind = BoxKind::Account,
-           .accounts = isParty},
+           .accounts = schema::account_type::parties()},
           {.name = "PartyNameTxt", .caption = "Name", .column = "CustomerName", .span = 2},
           {.name = "PartyAddress", .caption = "Address", .column = "Address", .span = 3},
           {.name = "PartyTel", .caption = "Telephone", .column = "Telephone"},
@@ -73,7 +73,7 @@ std::optional<std::string> noParty(const MasterEntry& entry) {
   if (entry.text("CustomerCode").empty()) return std::nullopt;
   const store::Value code = entry.value("CustomerCode");
   const auto* number = std::get_if<std::int64_t>(&code);
-  if (number && entry.finds("SELECT acccode from acclevel3 where (" + std::string(isParty) +
+  if (number && entry.finds("SELECT acccode from acclevel3 where (" + schema::account_type::parties() +
                             ") and acccode = " + std::to_string(*number)))
     return std::nullopt;
   return "Select a correct customer.";

@@ -2,10 +2,13 @@
 
 #include <stdexcept>
 
+#include "schema/account_types.h"
 #include "store/connection/connection.h"
 
 namespace velmo::reports {
 namespace {
+
+namespace account_type = schema::account_type;
 
 constexpr const char* notSettled = "(((CBQry.CBalance)<>0))";
 
@@ -183,7 +186,7 @@ std::string twoColumnRangePrint(const BalancePeriod& period, const AccountRange&
 
 std::string customerBalances(const BalancePeriod& period, const CustomerFilters& filters) {
   std::string condition = filters.subType ? "((OBQry.level2id) = " + number(*filters.subType) + ")"
-                                          : std::string("((OBQry.Level1ID) = 120)");
+                                          : SixCondition()(AccountsOfType{account_type::Customers});
   const auto demand = [&condition](const char* column, const std::optional<std::int64_t>& id) {
     if (id) condition += std::string(" AND ((OBQry.") + column + ")=" + number(*id) + ")";
   };
@@ -199,12 +202,13 @@ std::string customerBalances(const BalancePeriod& period, const CustomerFilters&
 }
 
 std::string vendorBalances(const BalancePeriod& period, std::optional<std::int64_t> subType) {
-  return sixColumnsWhere(
-      period, subType ? "((OBQry.level2id) = " + number(*subType) + ")" : std::string("((OBQry.Level1ID) = 210)"));
+  return sixColumnsWhere(period, subType ? "((OBQry.level2id) = " + number(*subType) + ")"
+                                         : SixCondition()(AccountsOfType{account_type::Vendors}));
 }
 
 std::string cashBalances(const BalancePeriod& period) {
-  return sixColumnsWhere(period, "(((OBQry.Level1ID) = 100) Or ((OBQry.Level1ID) = 110))");
+  return sixColumnsWhere(period, "(" + SixCondition()(AccountsOfType{account_type::Cash}) + " Or " +
+                                     SixCondition()(AccountsOfType{account_type::Banks}) + ")");
 }
 
 }  // namespace velmo::reports

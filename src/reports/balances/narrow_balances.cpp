@@ -3,6 +3,7 @@
 #include "frame/report/report_model.h"
 #include "reports/balances/balances_screen.h"
 #include "reports/parts/account_filters.h"
+#include "schema/account_types.h"
 
 namespace velmo::reports {
 namespace {
@@ -11,9 +12,6 @@ using frame::ReportFilters;
 using frame::ReportList;
 using frame::ReportOption;
 using frame::ReportScreen;
-
-constexpr int customers = 120;
-constexpr int vendors = 210;
 
 // A check box that demands a choice in its list, and what is said when there is none.
 struct Selection {
@@ -50,8 +48,8 @@ std::vector<Selection> customerSelections() {
                                            std::to_string(store::integerOf(region)) + " order by region2name";
                                   },
                               .parent = "RegionList1"};
-  return {{"SelectionOpt_0", "Customer &Type", subTypesOf(customers, "SubList"), "Invalid Customer Type",
-           "Select a valid customer type to view report"},
+  return {{"SelectionOpt_0", "Customer &Type", subTypesOf(schema::account_type::Customers, "SubList"),
+           "Invalid Customer Type", "Select a valid customer type to view report"},
           {"SelectionOpt_1", "E&mployee",
            listOf("EmployeeList", "EmpName", "Empid", "Select Empid, EmpName from Employees order by empname"),
            "Invalid Employee", "Select a valid employee to print report"},
@@ -157,13 +155,14 @@ QWidget* makeCustomerBalances(session::Workplace& workplace, QWidget* parent) {
 }
 
 QWidget* makeVendorBalances(session::Workplace& workplace, QWidget* parent) {
-  const Kind kind{.screen = "VendorBalances",
-                  .caption = "Vendors' Balances",
-                  .reportLabel = "Vendors' Balances",
-                  .nameHeading = "Vendor Name",
-                  .selections = {{"SelectionOpt_0", "Vendor &Type", subTypesOf(vendors, "SubList"),
-                                  "Invalid Vendor Type", "Select a valid vendor type to view report"}},
-                  .statement = vendorsStatement};
+  const Kind kind{
+      .screen = "VendorBalances",
+      .caption = "Vendors' Balances",
+      .reportLabel = "Vendors' Balances",
+      .nameHeading = "Vendor Name",
+      .selections = {{"SelectionOpt_0", "Vendor &Type", subTypesOf(schema::account_type::Vendors, "SubList"),
+                      "Invalid Vendor Type", "Select a valid vendor type to view report"}},
+      .statement = vendorsStatement};
   return frame::makeReportWindow(typeOf(kind, workplace.context), workplace, parent);
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "frame/report/report_screen.h"
+#include "schema/document_kinds.h"
 #include "text/number.h"
 
 namespace velmo::reports {
@@ -20,18 +21,21 @@ struct VoucherKind {
   Layout layout;
 };
 
-constexpr std::array kinds{VoucherKind{"Purchase Vouchers", 22, &VoucherLayouts::voucher2},
-                           VoucherKind{"Purchase Return Vouchers", 25, &VoucherLayouts::voucher2},
-                           VoucherKind{"Bank Payment Vouchers", 28, &VoucherLayouts::voucher1},
-                           VoucherKind{"Cash Payment Vouchers", 29, &VoucherLayouts::voucher1},
-                           VoucherKind{"Sale Vouchers", 32, &VoucherLayouts::voucher2},
-                           VoucherKind{"Sale Return Vouchers", 35, &VoucherLayouts::voucher2},
-                           VoucherKind{"Bank Receipt Vouchers", 38, &VoucherLayouts::voucher1},
-                           VoucherKind{"Cash Receipt Vouchers", 39, &VoucherLayouts::voucher1},
-                           VoucherKind{"General Journal Vouchers", 41, &VoucherLayouts::voucher1},
-                           VoucherKind{"Production Vouchers", 42, &VoucherLayouts::voucher2},
-                           VoucherKind{"Add Inventory Adjustment Vouchers", 45, &VoucherLayouts::voucher2},
-                           VoucherKind{"Reduce Inventory Adjustment Vouchers", 47, &VoucherLayouts::voucher2}};
+using namespace schema::tran_type;
+
+constexpr std::array kinds{
+    VoucherKind{"Purchase Vouchers", PurchaseBill, &VoucherLayouts::voucher2},
+    VoucherKind{"Purchase Return Vouchers", PurchaseReturn, &VoucherLayouts::voucher2},
+    VoucherKind{"Bank Payment Vouchers", BankPayment, &VoucherLayouts::voucher1},
+    VoucherKind{"Cash Payment Vouchers", CashPayment, &VoucherLayouts::voucher1},
+    VoucherKind{"Sale Vouchers", SaleInvoice, &VoucherLayouts::voucher2},
+    VoucherKind{"Sale Return Vouchers", SaleReturn, &VoucherLayouts::voucher2},
+    VoucherKind{"Bank Receipt Vouchers", BankReceipt, &VoucherLayouts::voucher1},
+    VoucherKind{"Cash Receipt Vouchers", CashReceipt, &VoucherLayouts::voucher1},
+    VoucherKind{"General Journal Vouchers", JournalVoucher, &VoucherLayouts::voucher1},
+    VoucherKind{"Production Vouchers", Production, &VoucherLayouts::voucher2},
+    VoucherKind{"Add Inventory Adjustment Vouchers", InventoryAdded, &VoucherLayouts::voucher2},
+    VoucherKind{"Reduce Inventory Adjustment Vouchers", InventoryReduced, &VoucherLayouts::voucher2}};
 
 enum Selection { allRecords, dateFrom, serialFrom };
 

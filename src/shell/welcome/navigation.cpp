@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "forms/look.h"
+#include "schema/document_kinds.h"
 #include "shell/welcome/link_button.h"
 #include "text/format.h"
 
@@ -19,23 +20,22 @@ enum class LinkGroup { Sales, Purchases, CashAndBank };
 struct RecordLink {
   int index;
   const char* caption;
-  int right;
   const char* screen;
   LinkGroup group;
 };
 
 // Of each group the commonest first.
 constexpr RecordLink recordLinks[] = {
-    {10, "Sale Invoice", 93, "SaleInvoicesSimple", LinkGroup::Sales},
-    {1, "Point of Sale Invoice", 95, "SaleInvoicesPOS", LinkGroup::Sales},
-    {5, "Delivery Challan", 90, "DeliveryChallans", LinkGroup::Sales},
-    {3, "Outwards Gate Pass", 156, "GatePassesOut", LinkGroup::Sales},
-    {0, "Purchase", 57, "PurchaseBillsSimple", LinkGroup::Purchases},
-    {4, "Inwards Gate Pass", 152, "GatePassesIn", LinkGroup::Purchases},
-    {7, "Cash Receipt", 106, "CashReceipts", LinkGroup::CashAndBank},
-    {2, "Cash Payment", 68, "CashPayments", LinkGroup::CashAndBank},
-    {9, "Bank Receipt", 102, "BankReceipts", LinkGroup::CashAndBank},
-    {8, "Bank Payment", 64, "BankPayments", LinkGroup::CashAndBank},
+    {10, "Sale Invoice", "SaleInvoicesSimple", LinkGroup::Sales},
+    {1, "Point of Sale Invoice", "SaleInvoicesPOS", LinkGroup::Sales},
+    {5, "Delivery Challan", "DeliveryChallans", LinkGroup::Sales},
+    {3, "Outwards Gate Pass", "GatePassesOut", LinkGroup::Sales},
+    {0, "Purchase", "PurchaseBillsSimple", LinkGroup::Purchases},
+    {4, "Inwards Gate Pass", "GatePassesIn", LinkGroup::Purchases},
+    {7, "Cash Receipt", "CashReceipts", LinkGroup::CashAndBank},
+    {2, "Cash Payment", "CashPayments", LinkGroup::CashAndBank},
+    {9, "Bank Receipt", "BankReceipts", LinkGroup::CashAndBank},
+    {8, "Bank Payment", "BankPayments", LinkGroup::CashAndBank},
 };
 
 // In the order of the help topics, which are counted from 1.
@@ -153,7 +153,8 @@ QWidget* Navigation::makeLinks() {
       button->setMinimumHeight(40);
       button->setEnabled(workplace_.screens.hasScreen(link.screen));
       connect(button, &QPushButton::clicked, this, [this, &link] {
-        if (workplace_.rights().demand(link.right)) workplace_.screens.openScreen(link.screen);
+        const int right = schema::documentForm(link.screen).openRight;
+        if (workplace_.rights().demand(right)) workplace_.screens.openScreen(link.screen);
       });
       column->addWidget(button);
     }

@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "schema/document_kinds.h"
+
 namespace velmo::shell {
 namespace {
 
@@ -11,6 +13,11 @@ constexpr MenuGuard right(int id) {
 }
 constexpr MenuGuard administrator(std::string_view refusal) {
   return {.refusal = refusal};
+}
+
+// Opens the screen of a kind of documents under the right that it has.
+constexpr MenuEntry documents(int index, std::string_view caption, std::string_view screen) {
+  return {index, caption, MenuCommand::OpenScreen, screen, right(schema::documentForm(screen).openRight)};
 }
 
 // clang-format off
@@ -38,10 +45,10 @@ constexpr MenuEntry maintain[] = {
     {12, "Customers", MenuCommand::OpenDialog, "ModifyCustomers", right(12)},
     {14, "Vendors / Suppliers", MenuCommand::OpenDialog, "ModifySuppliers", right(12)},
     {16, "Bank Accounts", MenuCommand::OpenDialog, "ModifyBanks", right(12)},
-    {20, "&Accounts Opening Balances", MenuCommand::OpenScreen, "OpeningBalancesAcc", right(14)},
+    documents(20, "&Accounts Opening Balances", "OpeningBalancesAcc"),
     {30},
     {40, "Chart of &Inventory", MenuCommand::OpenDialog, "ModifyInventory", right(22)},
-    {50, "Inventory &Opening Balances", MenuCommand::OpenScreen, "OpeningBalancesInv", right(24)},
+    documents(50, "Inventory &Opening Balances", "OpeningBalancesInv"),
     {55, "Inventory Brands", MenuCommand::OpenDialog, "InvBrands", right(25)},
     {60, "Inventory &Locations", MenuCommand::OpenDialog, "InvLocations", right(26)},
     {70, "Items &Price Settings", MenuCommand::OpenDialog, "InvPrices", right(28)},
@@ -59,40 +66,40 @@ constexpr MenuEntry maintain[] = {
 };
 
 constexpr MenuEntry purchases[] = {
-    {10, "Purchase &Orders", MenuCommand::OpenScreen, "PurchaseOrders", right(52)},
+    documents(10, "Purchase &Orders", "PurchaseOrders"),
     {20},
-    {25, "Inwards &Gate Passes", MenuCommand::OpenScreen, "GatePassesIn", right(152)},
+    documents(25, "Inwards &Gate Passes", "GatePassesIn"),
     {28},
-    {35, "Purchases", MenuCommand::OpenScreen, "PurchaseBillsSimple", right(57)},
-    {40, "Purchase &Returns / Debit Notes", MenuCommand::OpenScreen, "PurchaseReturns", right(60)},
+    documents(35, "Purchases", "PurchaseBillsSimple"),
+    documents(40, "Purchase &Returns / Debit Notes", "PurchaseReturns"),
     {50},
-    {60, "Ca&sh Payments", MenuCommand::OpenScreen, "CashPayments", right(68)},
-    {70, "&Bank Payments", MenuCommand::OpenScreen, "BankPayments", right(64)},
+    documents(60, "Ca&sh Payments", "CashPayments"),
+    documents(70, "&Bank Payments", "BankPayments"),
 };
 
 constexpr MenuEntry sales[] = {
-    {10, "&Quotations", MenuCommand::OpenScreen, "Quotations", right(82)},
-    {20, "Sale &Orders", MenuCommand::OpenScreen, "SaleOrders", right(86)},
+    documents(10, "&Quotations", "Quotations"),
+    documents(20, "Sale &Orders", "SaleOrders"),
     {30},
-    {40, "Delivery &Challans", MenuCommand::OpenScreen, "DeliveryChallans", right(90)},
-    {45, "Outwards &Gate Passes", MenuCommand::OpenScreen, "GatePassesOut", right(156)},
-    {55, "S&ale Invoices", MenuCommand::OpenScreen, "SaleInvoicesSimple", right(93)},
-    {57, "&Point of Sale Invoices", MenuCommand::OpenScreen, "SaleInvoicesPOS", right(95)},
-    {60, "Sale &Returns / Credit Notes", MenuCommand::OpenScreen, "SaleReturns", right(98)},
+    documents(40, "Delivery &Challans", "DeliveryChallans"),
+    documents(45, "Outwards &Gate Passes", "GatePassesOut"),
+    documents(55, "S&ale Invoices", "SaleInvoicesSimple"),
+    documents(57, "&Point of Sale Invoices", "SaleInvoicesPOS"),
+    documents(60, "Sale &Returns / Credit Notes", "SaleReturns"),
     {70},
-    {80, "Ca&sh Receipts", MenuCommand::OpenScreen, "CashReceipts", right(106)},
-    {90, "&Bank Receipts", MenuCommand::OpenScreen, "BankReceipts", right(102)},
+    documents(80, "Ca&sh Receipts", "CashReceipts"),
+    documents(90, "&Bank Receipts", "BankReceipts"),
 };
 
 constexpr MenuEntry adjustments[] = {
-    {10, "&General Journal", MenuCommand::OpenScreen, "GeneralJournal", right(122)},
+    documents(10, "&General Journal", "GeneralJournal"),
     {20},
-    {30, "Bill of Materials", MenuCommand::OpenScreen, "BillofMaterial", right(129)},
-    {40, "Production", MenuCommand::OpenScreen, "Production", right(132)},
-    {45, "Inventory &Transfers", MenuCommand::OpenScreen, "InventoryTransfers", right(126)},
+    documents(30, "Bill of Materials", "BillofMaterial"),
+    documents(40, "Production", "Production"),
+    documents(45, "Inventory &Transfers", "InventoryTransfers"),
     {50},
-    {60, "&Add Inventory Adjustments", MenuCommand::OpenScreen, "AddInventory", right(142)},
-    {70, "&Reduce Inventory Adjustments", MenuCommand::OpenScreen, "ReduceInventory", right(142)},
+    documents(60, "&Add Inventory Adjustments", "AddInventory"),
+    documents(70, "&Reduce Inventory Adjustments", "ReduceInventory"),
 };
 
 constexpr MenuEntry reports[] = {

@@ -5,9 +5,7 @@ namespace velmo::vouchers {
 frame::FindType findJournals() {
   using enum frame::FindCondition;
   using enum forms::ColumnAlignment;
-  return {.screen = "FindGJV",
-          .title = "FIND JOURNAL VOUCHERS",
-          .viewRight = 124,
+  return {.title = "FIND JOURNAL VOUCHERS",
           .select =
               "Transactions.TranNo, Transactions.DocNo, Transactions.TranDate, Transactions.Desc, "
               "Transactions.TrAmount, Employees.EmpName, iif(Transactions.Cancel=0, '', 'CANCELLED') AS "

@@ -28,11 +28,9 @@ void writeHeader(const DocumentValues& values, const session::LoginContext&, fra
 }  // namespace
 
 frame::DocumentType generalJournalType() {
-  return {.TranType = 41,
-          .screen = "GeneralJournal",
+  return {.form = schema::documentForm("GeneralJournal"),
           .title = "GENERAL JOURNAL",
           .duplicateText = "This Serial No. already exists. Saving this would create duplicate values.",
-          .viewRight = 124,
           .find = findJournals(),
           .makeBody = [](const frame::BodyPlace& place) -> std::shared_ptr<frame::DocumentBody> {
             return std::make_shared<JournalBody>(place);

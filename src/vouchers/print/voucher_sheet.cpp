@@ -4,6 +4,8 @@
 #include <array>
 #include <stdexcept>
 
+#include "schema/document_kinds.h"
+
 namespace velmo::vouchers {
 
 using namespace printing;
@@ -19,18 +21,19 @@ struct Voucher {
 };
 
 using enum VoucherLayout;
-constexpr std::array Vouchers{Voucher{22, Voucher2, "PURCHASE VOUCHER"},
-                              Voucher{25, Voucher2, "PURCHASE RETURN VOUCHER"},
-                              Voucher{28, Voucher1, "BANK PAYMENT VOUCHER"},
-                              Voucher{29, Voucher1, "CASH PAYMENT VOUCHER"},
-                              Voucher{32, Voucher2, "SALE VOUCHER"},
-                              Voucher{35, Voucher2, "SALE RETURN VOUCHER"},
-                              Voucher{38, Voucher1, "BANK RECEIPT VOUCHER"},
-                              Voucher{39, Voucher1, "CASH RECEIPT VOUCHER"},
-                              Voucher{41, Voucher1, "GENERAL JOURNAL VOUCHER"},
-                              Voucher{42, Voucher2, "PRODUCTION VOUCHER"},
-                              Voucher{45, Voucher2, "ADD INVENTORY ADJUSTMENT VOUCHER"},
-                              Voucher{47, Voucher2, "REDUCE INVENTORY ADJUSTMENT VOUCHER"}};
+using namespace schema::tran_type;
+constexpr std::array Vouchers{Voucher{PurchaseBill, Voucher2, "PURCHASE VOUCHER"},
+                              Voucher{PurchaseReturn, Voucher2, "PURCHASE RETURN VOUCHER"},
+                              Voucher{BankPayment, Voucher1, "BANK PAYMENT VOUCHER"},
+                              Voucher{CashPayment, Voucher1, "CASH PAYMENT VOUCHER"},
+                              Voucher{SaleInvoice, Voucher2, "SALE VOUCHER"},
+                              Voucher{SaleReturn, Voucher2, "SALE RETURN VOUCHER"},
+                              Voucher{BankReceipt, Voucher1, "BANK RECEIPT VOUCHER"},
+                              Voucher{CashReceipt, Voucher1, "CASH RECEIPT VOUCHER"},
+                              Voucher{JournalVoucher, Voucher1, "GENERAL JOURNAL VOUCHER"},
+                              Voucher{Production, Voucher2, "PRODUCTION VOUCHER"},
+                              Voucher{InventoryAdded, Voucher2, "ADD INVENTORY ADJUSTMENT VOUCHER"},
+                              Voucher{InventoryReduced, Voucher2, "REDUCE INVENTORY ADJUSTMENT VOUCHER"}};
 
 const Voucher& voucherOf(int tranType) {
   const auto* found = std::ranges::find(Vouchers, tranType, &Voucher::tranType);

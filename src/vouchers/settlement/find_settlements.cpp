@@ -80,9 +80,7 @@ std::string_view titleOf(const SettlementKind& kind) {
 }  // namespace
 
 frame::FindType findSettlements(const SettlementKind& kind) {
-  return {.screen = kind.findScreen,
-          .title = titleOf(kind),
-          .viewRight = kind.viewRight,
+  return {.title = titleOf(kind),
           .select = select,
           .columns = searched(kind),
           .result = found(kind),

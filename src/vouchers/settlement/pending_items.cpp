@@ -26,10 +26,16 @@ struct OpenItems {
 };
 
 OpenItems openItems(const SettlementKind& kind) {
+  using namespace schema::tran_type;
   if (isReceipt(kind))
-    return {"AgingDr", std::string(keyColumn(kind)), {"DocNo", "TranDate", "PartyCode", "FYID"}, {11, 31, 32}};
-  return {
-      "AgingCr", std::string(keyColumn(kind)), {"DocNo", "VendorInvNo", "TranDate", "PartyCode", "FYID"}, {11, 21, 22}};
+    return {"AgingDr",
+            std::string(keyColumn(kind)),
+            {"DocNo", "TranDate", "PartyCode", "FYID"},
+            {OpeningBalance, SalesTaxInvoice, SaleInvoice}};
+  return {"AgingCr",
+          std::string(keyColumn(kind)),
+          {"DocNo", "VendorInvNo", "TranDate", "PartyCode", "FYID"},
+          {OpeningBalance, SalesTaxPurchase, PurchaseBill}};
 }
 
 // The balance of every item of the year: `SubAging`.

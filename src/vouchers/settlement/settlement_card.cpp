@@ -12,13 +12,13 @@
 #include "forms/look.h"
 #include "forms/name_box.h"
 #include "frame/posting/party_balance.h"
+#include "schema/account_types.h"
 
 namespace velmo::vouchers {
 
 namespace {
 
 constexpr int codeWidth = 92;  // eight digits with room to type a part of a name
-constexpr std::string_view parties = "Level1ID=120 or Level1ID=210";
 
 // Who may not open the balances of cash and banks does not see them here.
 constexpr int cashBalancesRight = 242;
@@ -100,8 +100,8 @@ SettlementCard::AccountRow SettlementCard::addAccount(QGridLayout& grid, int row
 }
 
 void SettlementCard::buildMoney(QGridLayout& grid, frame::AccountDropList& list) {
-  money_ = addAccount(grid, 1, kind_.accountCaption, std::string(kind_.accountCondition), list, "BankCode", "BankAcc",
-                      "CBBalance", "BalLbl");
+  money_ = addAccount(grid, 1, kind_.accountCaption, kind_.accountCondition, list, "BankCode", "BankAcc", "CBBalance",
+                      "BalLbl");
   connect(money_.code, &frame::AccountCodeBox::textChanged, this, &SettlementCard::ShowCashBalance);
   connect(money_.code, &frame::AccountCodeBox::moveOn, this, [this] {
     if (mode() == SettlementMode::Party)
@@ -122,8 +122,8 @@ void SettlementCard::buildParty(QGridLayout& grid, frame::AccountDropList& list)
   forms::setGrid(*inner, 0);
   inner->setVerticalSpacing(forms::spacing::Tight);
   inner->setColumnStretch(2, 1);
-  party_ = addAccount(*inner, 0, kind_.partyCaption, std::string(parties), list, "PartyCode", "PartyAcc", "PartyBal",
-                      "PartyBalLbl");
+  party_ = addAccount(*inner, 0, kind_.partyCaption, schema::account_type::parties(), list, "PartyCode", "PartyAcc",
+                      "PartyBal", "PartyBalLbl");
   grid.addWidget(PartyFrame_, 3, 0, 1, 3);
   // Both captions begin their fields in one line.
   const int captions = std::max(grid.itemAtPosition(1, 0)->widget()->sizeHint().width(),

@@ -6,6 +6,7 @@
 
 #include "frame/posting/aging.h"
 #include "frame/posting/fixed_accounts.h"
+#include "schema/document_kinds.h"
 #include "text/date_time.h"
 
 namespace velmo::vouchers {
@@ -23,13 +24,10 @@ inline constexpr int columnCount = 8;
 
 // Everything in which the four screens of receipts and payments differ.
 struct SettlementKind {
-  int TranType = 0;
+  schema::DocumentForm form = {};
   Money money = Money::Received;
   PaidBy by = PaidBy::Cash;
-  std::string_view screen = {};
   std::string_view title = {};
-  std::string_view findScreen = {};
-  int viewRight = 0;
 
   std::string_view partyOption = {};  // captions of RecOpt
   std::string_view pettyOption = {};
@@ -37,7 +35,7 @@ struct SettlementKind {
   std::string_view pettyNature = {};
   std::string_view partyCaption = {};
   std::string_view accountCaption = {};
-  std::string_view accountCondition = {};  // on acclevel3
+  std::string accountCondition = {};  // on acclevel3
   std::string_view accountRefusal = {};
   std::string_view partyRefusal = {};
   std::string_view gridCaption = {};

@@ -1,8 +1,11 @@
+#include "schema/account_types.h"
 #include "vouchers/settlement/settlement_kind.h"
 
 namespace velmo::vouchers {
 
 namespace {
+
+namespace account_type = schema::account_type;
 
 constexpr std::string_view noCashAccount = "Select correct cash account.";
 constexpr std::string_view noBankAccount = "Select correct bank account.";
@@ -55,7 +58,7 @@ SettlementKind payments() {
 void byCash(SettlementKind& kind) {
   kind.by = PaidBy::Cash;
   kind.accountCaption = "Cash Account";
-  kind.accountCondition = "Level1ID=100";
+  kind.accountCondition = account_type::anyOf({account_type::Cash});
   kind.accountRefusal = noCashAccount;
   kind.means = "Cash";
 }
@@ -63,7 +66,7 @@ void byCash(SettlementKind& kind) {
 void byCheque(SettlementKind& kind) {
   kind.by = PaidBy::Cheque;
   kind.accountCaption = "Bank Account";
-  kind.accountCondition = "Level1ID=110";
+  kind.accountCondition = account_type::anyOf({account_type::Banks});
   kind.accountRefusal = noBankAccount;
   kind.means = "Cheque";
 }
@@ -74,11 +77,8 @@ const SettlementKind& cashReceipts() {
   static const SettlementKind kind = [] {
     SettlementKind k = receipts();
     byCash(k);
-    k.TranType = 39;
-    k.screen = "CashReceipts";
+    k.form = schema::documentForm("CashReceipts");
     k.title = "CASH RECEIPTS";
-    k.findScreen = "FindCashReceipts";
-    k.viewRight = 108;
     k.paymentCaption = "Cash Received for Amt.";
     k.summary = "Cash Rec Rs.";
     k.partyOpening = "Cash Rcvd";
@@ -91,11 +91,8 @@ const SettlementKind& bankReceipts() {
   static const SettlementKind kind = [] {
     SettlementKind k = receipts();
     byCheque(k);
-    k.TranType = 38;
-    k.screen = "BankReceipts";
+    k.form = schema::documentForm("BankReceipts");
     k.title = "BANK RECEIPTS";
-    k.findScreen = "FindBankReceipts";
-    k.viewRight = 104;
     k.paymentCaption = "Cheque Received for Amt.";
     k.summary = "Chq Rec Rs.";
     k.partyOpening = "Cheque Rcvd";
@@ -108,11 +105,8 @@ const SettlementKind& cashPayments() {
   static const SettlementKind kind = [] {
     SettlementKind k = payments();
     byCash(k);
-    k.TranType = 29;
-    k.screen = "CashPayments";
+    k.form = schema::documentForm("CashPayments");
     k.title = "CASH PAYMENTS";
-    k.findScreen = "FindCashPayments";
-    k.viewRight = 70;
     k.paymentCaption = "Cash Paid for Amount";
     k.summary = "Cash Paid Rs.";
     k.partyOpening = "Cash Paid";
@@ -125,11 +119,8 @@ const SettlementKind& bankPayments() {
   static const SettlementKind kind = [] {
     SettlementKind k = payments();
     byCheque(k);
-    k.TranType = 28;
-    k.screen = "BankPayments";
+    k.form = schema::documentForm("BankPayments");
     k.title = "BANK PAYMENTS";
-    k.findScreen = "FindBankPayments";
-    k.viewRight = 66;
     k.paymentCaption = "Cheque Paid for Amount";
     k.summary = "Chq Paid Rs.";
     k.partyOpening = "Cheque Paid";

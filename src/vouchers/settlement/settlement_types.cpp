@@ -53,11 +53,9 @@ QWidget* makeScreen(const SettlementKind& kind, session::Workplace& workplace, Q
 }  // namespace
 
 frame::DocumentType settlementType(const SettlementKind& kind) {
-  return {.TranType = kind.TranType,
-          .screen = kind.screen,
+  return {.form = kind.form,
           .title = kind.title,
           .duplicateText = "This Serial No. already exists. Saving this would create duplicate values.",
-          .viewRight = kind.viewRight,
           .find = findSettlements(kind),
           .makeBody = [&kind](const frame::BodyPlace& place) -> std::shared_ptr<frame::DocumentBody> {
             return std::make_shared<SettlementBody>(kind, place);

@@ -93,7 +93,7 @@ void writeSettlement(const SettlementKind& kind, store::Recordset& invoices, con
                      {"docno2", store::integerOf(values.DocNo)},
                      {"trandate2", values.TrDate.date()},
                      {"partycode", store::integerOf(values.PartyCodeTxt)},
-                     {"trantype", std::int64_t{kind.TranType}},
+                     {"trantype", std::int64_t{kind.form.tranType}},
                      {"tramount", 0.0},
                      {"return", 0.0},
                      {"fyid", std::int64_t{fyid}}});

@@ -5,7 +5,7 @@
 
 #include "documents/invoice_company.h"
 #include "documents/invoices/trade_screens.h"
-#include "frame/trade/payment_panel.h"
+#include "documents/trade/payment_panel.h"
 #include "printing/preview_window.h"
 #include "session/settings.h"
 
@@ -109,7 +109,7 @@ TEST(Counter, ScansPaysAndPostsStraightIntoTheDebitAccount) {
 }
 
 TEST(Counter, OffersWhatIsLikelyHandedOver) {
-  using frame::likelyTenders;
+  using documents::likelyTenders;
   EXPECT_EQ(likelyTenders(100.34), (std::vector<double>{100.34, 110, 150, 200, 500, 1000}));
   EXPECT_EQ(likelyTenders(100), (std::vector<double>{100, 110, 150, 200, 500, 1000}));
   EXPECT_EQ(likelyTenders(999.99), (std::vector<double>{999.99, 1000}));

@@ -272,9 +272,10 @@ TEST(FindJournals, FindsByEveryColumnUnderItsRight) {
       EXPECT_EQ(frame::findCondition(column, "", {}).error(), refusal);
     }
   }
-  EXPECT_EQ(type.viewRight, 124);
+  const schema::DocumentForm& form = schema::documentForm("GeneralJournal");
+  EXPECT_EQ(form.viewRight, 124);
   const frame::FindScreen find(
-      type, 41, company.workplace, [] {}, nullptr);
+      type, form, company.workplace, [] {}, nullptr);
   const auto& found = *find.findChild<QTableView*>("TranGrid")->model();
   for (int column = 0; column < found.columnCount(); ++column)
     EXPECT_TRUE(found.index(0, column).data().isValid()) << column;

@@ -19,8 +19,8 @@ void save(SettlementCompany& company, const SettlementKind& kind, int docNo, con
       "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Nature, Text1, Text2, Text4, D1, D1Date, Received, "
       "Carriage, AdditionalTax, Discount, Tax1, TrAmount, Balance, LocationFrom, LocationTo, UserAdded, UserEdited, "
       "Cancel, InvLedger) VALUES (" +
-      std::to_string(docNo) + ", #03-05-2026#, " + std::to_string(kind.TranType) + ", 1, 'x', " + store::quoted(party) +
-      ", 'City Bank', 'Harbour Bank', 'C-" + std::to_string(docNo) +
+      std::to_string(docNo) + ", #03-05-2026#, " + std::to_string(kind.form.tranType) + ", 1, 'x', " +
+      store::quoted(party) + ", 'City Bank', 'Harbour Bank', 'C-" + std::to_string(docNo) +
       "/77', '3/5/2026', 960.5, 30, 5, 4.5, 2, 1000, 0, 0, 0, 1, 2, No, No)");
 }
 
@@ -38,7 +38,7 @@ TEST(FindSettlements, FindsByEveryColumnOfItsKindAndRefusesWhatCannotBeFound) {
   for (const SettlementKind* kind : kinds) {
     const bool receipt = isReceipt(*kind);
     const frame::FindType type = findSettlements(*kind);
-    SCOPED_TRACE(type.screen);
+    SCOPED_TRACE(kind->form.screen);
     std::vector<Search> searches = {{"Serial No.", "7", "8", "Give serial no. to find."},
                                     {"Date", "", "", ""},
                                     {receipt ? "Customer Name" : "Vendor Name", "o'b", "x'y",
@@ -54,9 +54,10 @@ TEST(FindSettlements, FindsByEveryColumnOfItsKindAndRefusesWhatCannotBeFound) {
     ASSERT_EQ(type.columns.size(), searches.size());
     const text::DateTime day = text::DateTime::fromCalendar(2026, 3, 5);
     const auto count = [&](const std::string& condition) {
-      const store::Recordset rows(company.context.KORDconn, frame::findStatement(type, kind->TranType, 1, condition));
+      const store::Recordset rows(company.context.KORDconn,
+                                  frame::findStatement(type, kind->form.tranType, 1, condition));
       const store::Recordset counted(company.context.KORDconn,
-                                     frame::findCountStatement(type, kind->TranType, 1, condition));
+                                     frame::findCountStatement(type, kind->form.tranType, 1, condition));
       EXPECT_EQ(rows.recordCount(), counted.integer("Documents"));
       return rows.recordCount();
     };
@@ -83,11 +84,10 @@ TEST(FindSettlements, APickAsksForTheRightOfItsKindAndShowsTheDocument) {
     save(company, *kind, 7);
     save(company, *kind, 9, "Mills");
     const frame::FindType type = findSettlements(*kind);
-    EXPECT_EQ(type.viewRight, right);
     int shown = 0;
     frame::FindScreen find(
-        type, kind->TranType, company.workplace, [&] { ++shown; }, nullptr);
-    EXPECT_EQ(find.objectName().toStdString(), kind->findScreen);
+        type, kind->form, company.workplace, [&] { ++shown; }, nullptr);
+    EXPECT_EQ(find.objectName().toStdString(), kind->form.findScreen);
     find.show();
     auto& grid = *find.findChild<QTableView*>("TranGrid");
     QStringList headings;
@@ -110,7 +110,7 @@ TEST(FindSettlements, APickAsksForTheRightOfItsKindAndShowsTheDocument) {
     EXPECT_EQ(shown, 1);
     EXPECT_EQ(company.context.OpenTranNo,
               std::stoll(company.one("select tranno from transactions where docno = 9 and trantype = " +
-                                     std::to_string(kind->TranType))));
+                                     std::to_string(kind->form.tranType))));
   }
 }
 

@@ -27,7 +27,7 @@ class PendingItems : public testing::Test {
   };
 
   void settle(const SettlementKind& kind, const Against& against) {
-    const std::string type = std::to_string(kind.TranType);
+    const std::string type = std::to_string(kind.form.tranType);
     company_.context.KORDconn.execute(
         "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, UserEdited) VALUES "
         "(" +
@@ -113,7 +113,7 @@ TEST_F(PendingItems, AnOpeningBalanceIsOpenAndAReturnIsNot) {
 
 TEST_F(PendingItems, TheListHasTheSumsOfAllThatWasWrittenAgainstAnItem) {
   for (const SettlementKind* kind : {&cashReceipts(), &cashPayments()}) {
-    SCOPED_TRACE(kind->screen);
+    SCOPED_TRACE(kind->form.screen);
     const std::int64_t party = isReceipt(*kind) ? SettlementCompany::customer : SettlementCompany::vendor;
     const Against first{.docNo = isReceipt(*kind) ? 12 : 7, .number = "A-1", .day = "01-10-2026", .party = party};
     for (const char* amounts : {"100, 0, 0, 0, 0, 100", "0, 200, 10, 20, 30, 260", "0, 5, 0.5, 0, -1, 4.5"}) {

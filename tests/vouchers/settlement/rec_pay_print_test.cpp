@@ -65,7 +65,7 @@ class RecPay : public testing::Test {
     store::Recordset rows(company_.context.KORDconn, "select * from transactions where tranno=0");
     rows.addNew({{"docno", 7},
                  {"trandate", text::DateTime::fromCalendar(2026, 11, 22)},
-                 {"trantype", std::int64_t{kind.TranType}},
+                 {"trantype", std::int64_t{kind.form.tranType}},
                  {"nature", std::string(note.nature)},
                  {"desc", std::string("As agreed")},
                  {"d1", std::string(cheque ? "C-77" : "")},

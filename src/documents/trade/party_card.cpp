@@ -1,4 +1,4 @@
-#include "frame/trade/party_card.h"
+#include "documents/trade/party_card.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -11,7 +11,7 @@
 #include "forms/name_box.h"
 #include "frame/posting/party_balance.h"
 
-namespace velmo::frame {
+namespace velmo::documents {
 
 namespace {
 
@@ -19,11 +19,12 @@ constexpr int codeWidth = 92;  // eight digits with room to type a part of a nam
 
 }  // namespace
 
-PartyCard::PartyCard(const PartyRules& rules, AccountDropList& list, session::Workplace& workplace, QWidget* parent)
+PartyCard::PartyCard(const PartyRules& rules, frame::AccountDropList& list, session::Workplace& workplace,
+                     QWidget* parent)
     : QFrame(parent), rules_(rules), workplace_(workplace) {
   forms::makeCard(*this);
   setAccessibleName(forms::shownText(rules_.caption));
-  code_ = new AccountCodeBox(workplace.context, list, {.listCondition = std::string(rules_.listCondition)});
+  code_ = new frame::AccountCodeBox(workplace.context, list, {.listCondition = rules_.listCondition});
   code_->setObjectName("PartyCodeTxt");
   code_->setAccessibleName(tr("%1 code").arg(forms::shownText(rules_.caption)));
   code_->setFixedWidth(codeWidth);
@@ -61,9 +62,9 @@ PartyCard::PartyCard(const PartyRules& rules, AccountDropList& list, session::Wo
   grid->setColumnStretch(2, 1);
   grid->setRowStretch(5, 1);
 
-  connect(code_, &AccountCodeBox::accountResolved, this, &PartyCard::fill);
-  connect(code_, &AccountCodeBox::accountCleared, this, &PartyCard::blank);
-  connect(code_, &AccountCodeBox::moveOn, this, [this] {
+  connect(code_, &frame::AccountCodeBox::accountResolved, this, &PartyCard::fill);
+  connect(code_, &frame::AccountCodeBox::accountCleared, this, &PartyCard::blank);
+  connect(code_, &frame::AccountCodeBox::moveOn, this, [this] {
     if (name_->isReadOnly())
       terms_->setFocus(Qt::TabFocusReason);
     else
@@ -123,7 +124,7 @@ void PartyCard::focusCode() {
   (fixedCode_ != 0 ? static_cast<QWidget*>(name_) : code_)->setFocus(Qt::OtherFocusReason);
 }
 
-void PartyCard::fill(const Account& account) {
+void PartyCard::fill(const frame::Account& account) {
   name_->setText(QString::fromStdString(account.name));
   address_->setText(QString::fromStdString(account.address));
   telephone_->setText(QString::fromStdString(account.phone));
@@ -156,7 +157,7 @@ void PartyCard::ShowPartyBalance() {
   frame::PartyBalance found;
   try {
     if (code_->account())
-      found = partyBalance(workplace_.context.KORDconn, code_->account()->code, workplace_.context.FYID);
+      found = frame::partyBalance(workplace_.context.KORDconn, code_->account()->code, workplace_.context.FYID);
   } catch (const store::StoreError& error) {
     workplace_.prompts.tell("Cannot Show Balance", error.what());
   }
@@ -164,4 +165,4 @@ void PartyCard::ShowPartyBalance() {
   shownBalance_->setText(QString::fromStdString(found.shown));
 }
 
-}  // namespace velmo::frame
+}  // namespace velmo::documents

@@ -8,7 +8,7 @@
 class QComboBox;
 class QLabel;
 
-namespace velmo::frame {
+namespace velmo::documents {
 
 // Below the lines of a document at the counter: the key of the item list, what became of the last scan, and how this
 // counter works, which is kept with the company.
@@ -18,7 +18,7 @@ class CounterStrip : public QWidget {
  public:
   explicit CounterStrip(session::Workplace& workplace, QWidget* parent = nullptr);
 
-  ScannedAgain scannedAgain() const { return again_; }
+  frame::ScannedAgain scannedAgain() const { return again_; }
   void clear();  // nothing is to be said of the last scan
   void tellUnknown(const QString& code);
 
@@ -31,8 +31,8 @@ class CounterStrip : public QWidget {
   void keep(std::string_view setting, const std::string& value);
 
   session::Workplace& workplace_;
-  ScannedAgain again_ = ScannedAgain::RaiseQuantity;
+  frame::ScannedAgain again_ = frame::ScannedAgain::RaiseQuantity;
   QLabel* lastScan_;
 };
 
-}  // namespace velmo::frame
+}  // namespace velmo::documents

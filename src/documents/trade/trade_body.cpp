@@ -1,4 +1,4 @@
-#include "frame/trade/trade_body.h"
+#include "documents/trade/trade_body.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -7,6 +7,11 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "documents/trade/counter_strip.h"
+#include "documents/trade/party_card.h"
+#include "documents/trade/payment_panel.h"
+#include "documents/trade/scan_listener.h"
+#include "documents/trade/totals_panel.h"
 #include "forms/caption.h"
 #include "forms/date_picker.h"
 #include "forms/digits_box.h"
@@ -17,18 +22,13 @@
 #include "frame/document/compose_document.h"
 #include "frame/document/open_master.h"
 #include "frame/items/item_grid.h"
-#include "frame/trade/counter_strip.h"
-#include "frame/trade/party_card.h"
-#include "frame/trade/payment_panel.h"
-#include "frame/trade/scan_listener.h"
-#include "frame/trade/totals_panel.h"
 #include "text/format.h"
 
-namespace velmo::frame {
+namespace velmo::documents {
 
 namespace {
 
-constexpr MasterCommand newItem{.caption = "New Item", .right = 22, .dialog = "ModifyInventory"};
+constexpr frame::MasterCommand newItem{.caption = "New Item", .right = 22, .dialog = "ModifyInventory"};
 
 std::string shownAmount(const store::Recordset& tran, std::string_view column) {
   return text::formatNumber(tran.number(column), "#0.00; (#0.00)");
@@ -50,52 +50,54 @@ bool isSpoiltByScans(const QWidget& focus) {
 
 }  // namespace
 
-std::shared_ptr<DocumentBody> makeTradeBody(const BodyPlace& place) {
-  return std::make_shared<TradeBody>(place);
+std::function<std::shared_ptr<frame::DocumentBody>(const frame::BodyPlace&)> tradeBody(TradeKind kind) {
+  return [kind = std::move(kind)](const frame::BodyPlace& place) -> std::shared_ptr<frame::DocumentBody> {
+    return std::make_shared<TradeBody>(kind, place);
+  };
 }
 
-TradeBody::TradeBody(const BodyPlace& place) : place_(place) {}
+TradeBody::TradeBody(TradeKind kind, const frame::BodyPlace& place) : kind_(std::move(kind)), place_(place) {}
 
 // The widgets
 
-DocumentBody::Parts TradeBody::build() {
-  const DocumentType& type = place_.type;
-  PartyList_ = new AccountDropList(&place_.screen);
+frame::DocumentBody::Parts TradeBody::build() {
+  PartyList_ = new frame::AccountDropList(&place_.screen);
   PartyList_->setObjectName("PartyList");
   Parts parts;
-  party_ = new PartyCard(type.party, *PartyList_, place_.workplace, nullptr);
+  party_ = new PartyCard(kind_.party, *PartyList_, place_.workplace, nullptr);
   parts.beside = party_;
-  lines_ = new ItemGrid(type.lines, place_.workplace, &place_.screen);
+  lines_ = new frame::ItemGrid(kind_.lines, place_.workplace, &place_.screen);
   parts.lines = lines_;
-  if (type.counter) parts.strip = buildCounterStrip();
-  if (type.head || type.counter) parts.aboveRemarks = buildAccounts();
-  totals_ = new TotalsPanel(type.receivedCaption, place_.workplace.prompts, nullptr);
+  if (kind_.counter) parts.strip = buildCounterStrip();
+  if (kind_.head || kind_.counter) parts.aboveRemarks = buildAccounts();
+  totals_ = new TotalsPanel(kind_.figures, kind_.receivedCaption, place_.workplace.prompts, nullptr);
   parts.totals = totals_;
-  if (type.counter) buildPayment();
+  if (kind_.counter) buildPayment();
   listenToScanner();
 
   connect(party_, &PartyCard::partyChanged, this, &TradeBody::partyChanged);
   connect(party_, &PartyCard::employeeFound, this, &TradeBody::employeeFound);
-  connect(lines_, &ItemGrid::linesChanged, this, &TradeBody::recalculate);
-  connect(lines_, &ItemGrid::escapePressed, this, &TradeBody::recalculate);
-  connect(lines_, &ItemGrid::saveRequested, this, &TradeBody::saveRequested);
+  connect(lines_, &frame::ItemGrid::linesChanged, this, &TradeBody::recalculate);
+  connect(lines_, &frame::ItemGrid::escapePressed, this, &TradeBody::recalculate);
+  connect(lines_, &frame::ItemGrid::saveRequested, this, &TradeBody::saveRequested);
   return parts;
 }
 
 void TradeBody::buildPayment() {
-  party_->fixCode(place_.type.counter->partyCode, place_.type.counter->termsWithoutParty);
-  totals_->setReceivedRule(ReceivedRule::Tendered);
+  party_->fixCode(kind_.counter->partyCode, kind_.counter->termsWithoutParty);
+  totals_->setReceivedRule(frame::ReceivedRule::Tendered);
   BalPic_ = new PaymentPanel(*totals_, place_.workplace, &place_.screen);
   connect(BalPic_, &PaymentPanel::givenUp, this, &TradeBody::closePayment);
 }
 
-TradeBody::AccountLine TradeBody::buildAccount(std::string_view caption, AccountBoxKind kind, AccountDropList& list,
-                                               const char* codeName, const char* accountName) {
+TradeBody::AccountLine TradeBody::buildAccount(std::string_view caption, frame::AccountBoxKind kind,
+                                               frame::AccountDropList& list, const char* codeName,
+                                               const char* accountName) {
   AccountLine line;
   line.whole = new QWidget;
   auto* row = new QHBoxLayout(line.whole);
   forms::setGrid(*row, 0);
-  line.code = new AccountCodeBox(place_.workplace.context, list, std::move(kind));
+  line.code = new frame::AccountCodeBox(place_.workplace.context, list, std::move(kind));
   line.code->setObjectName(codeName);
   line.code->setFixedWidth(96);
   line.name = new QLineEdit;
@@ -105,32 +107,31 @@ TradeBody::AccountLine TradeBody::buildAccount(std::string_view caption, Account
   row->addWidget(forms::captionFor(*line.code, forms::shownText(caption)));
   row->addWidget(line.code);
   row->addWidget(line.name, 1);
-  connect(line.code, &AccountCodeBox::accountResolved, line.name,
-          [name = line.name](const Account& account) { name->setText(QString::fromStdString(account.name)); });
-  connect(line.code, &AccountCodeBox::accountCleared, line.name, &QLineEdit::clear);
-  connect(line.code, &AccountCodeBox::moveOn, lines_, &ItemGrid::focusFirstCell);
+  connect(line.code, &frame::AccountCodeBox::accountResolved, line.name,
+          [name = line.name](const frame::Account& account) { name->setText(QString::fromStdString(account.name)); });
+  connect(line.code, &frame::AccountCodeBox::accountCleared, line.name, &QLineEdit::clear);
+  connect(line.code, &frame::AccountCodeBox::moveOn, lines_, &frame::ItemGrid::focusFirstCell);
   return line;
 }
 
 // At the counter, where the money goes stands in place of the income account, which the counter does not change.
 QWidget* TradeBody::buildAccounts() {
-  const DocumentType& type = place_.type;
   auto* accounts = new QWidget;
   auto* column = new QVBoxLayout(accounts);
   forms::setGrid(*column, 0, forms::spacing::Tight);
-  if (type.head) {
-    income_ = buildAccount(
-        type.head->caption,
-        {.listCondition = std::string(type.head->listCondition), .withoutAccounts = WithoutAccounts::LeaveAsIs},
-        *PartyList_, "IncomeCode", "IncomeAcc");
+  if (kind_.head) {
+    income_ =
+        buildAccount(kind_.head->caption,
+                     {.listCondition = kind_.head->listCondition, .withoutAccounts = frame::WithoutAccounts::LeaveAsIs},
+                     *PartyList_, "IncomeCode", "IncomeAcc");
     column->addWidget(income_.whole);
-    income_.whole->setVisible(!type.counter);
+    income_.whole->setVisible(!kind_.counter);
   }
-  if (type.counter) {
-    auto* list = new AccountDropList(&place_.screen);
+  if (kind_.counter) {
+    auto* list = new frame::AccountDropList(&place_.screen);
     list->setObjectName("AccCodeList");
-    debit_ = buildAccount(type.counter->caption, {.listCondition = std::string(type.counter->listCondition)}, *list,
-                          "ACodeTxt", "Acc");
+    debit_ =
+        buildAccount(kind_.counter->caption, {.listCondition = kind_.counter->listCondition}, *list, "ACodeTxt", "Acc");
     column->addWidget(debit_.whole);
   }
   return accounts;
@@ -139,13 +140,13 @@ QWidget* TradeBody::buildAccounts() {
 // At the counter every scan is an item, but for one into a line that waits for it; elsewhere one that went astray only
 // changes nothing.
 void TradeBody::listenToScanner() {
-  const bool counter = place_.type.counter.has_value();
+  const bool counter = kind_.counter.has_value();
   auto* scanner = new ScanListener(place_.screen, [this, counter](const QWidget& focus) {
     if (lines_->isAncestorOf(&focus)) return counter ? !lines_->waitsForCode() : !lines_->isInCode();
     return counter ? !lines_->isSerialBox(focus) : isSpoiltByScans(focus);
   });
   connect(scanner, &ScanListener::scanned, this, [this, counter](const QString& code) {
-    for (AccountDropList* list : place_.screen.findChildren<AccountDropList*>()) list->hide();
+    for (frame::AccountDropList* list : place_.screen.findChildren<frame::AccountDropList*>()) list->hide();
     if (counter && !BalPic_->isVisible()) return lines_->scan(code);
     QApplication::beep();
     if (counter) BalPic_->tellScan(code);
@@ -156,35 +157,35 @@ void TradeBody::listenToScanner() {
 QWidget* TradeBody::buildCounterStrip() {
   auto* strip = new CounterStrip(place_.workplace);
   lines_->setScannedAgain(strip->scannedAgain());
-  connect(strip, &CounterStrip::scannedAgainChosen, lines_, &ItemGrid::setScannedAgain);
-  connect(lines_, &ItemGrid::scanned, strip, &CounterStrip::clear);
-  connect(lines_, &ItemGrid::unknownScanned, strip, &CounterStrip::tellUnknown);
+  connect(strip, &CounterStrip::scannedAgainChosen, lines_, &frame::ItemGrid::setScannedAgain);
+  connect(lines_, &frame::ItemGrid::scanned, strip, &CounterStrip::clear);
+  connect(lines_, &frame::ItemGrid::unknownScanned, strip, &CounterStrip::tellUnknown);
   counterStrip_ = strip;
   return strip;
 }
 
-void TradeBody::addCommands(CommandBar& commands) {
-  addMasterCommand(commands, party_->newPartyCommand(), place_.type.party.newParty, place_.workplace);
+void TradeBody::addCommands(frame::CommandBar& commands) {
+  frame::addMasterCommand(commands, party_->newPartyCommand(), kind_.party.newParty, place_.workplace);
   auto* CI = new QPushButton(tr("New Item"));
   CI->setObjectName("CI");
   CI->setAccessibleName(CI->text());
   CI->setToolTip(tr("Opens the list of items to add one"));
   forms::makeQuiet(*CI);
   commands.place(*CI);
-  addMasterCommand(commands, *CI, newItem, place_.workplace);
+  frame::addMasterCommand(commands, *CI, newItem, place_.workplace);
 }
 
 // What stands in it
 
 void TradeBody::open(std::int64_t tranNo) {
   lines_->detach();
-  openSheet(place_.workplace.context.KORDconn, SubTran_, tranNo);
+  frame::openSheet(place_.workplace.context.KORDconn, SubTran_, tranNo);
 }
 
 void TradeBody::clear() {
   party_->clear();
-  if (income_.code) income_.code->setText(QString::number(place_.type.head->initialCode));
-  if (debit_.code) debit_.code->setText(QString::number(place_.type.counter->debitCode));
+  if (income_.code) income_.code->setText(QString::number(kind_.head->initialCode));
+  if (debit_.code) debit_.code->setText(QString::number(kind_.counter->debitCode));
   if (counterStrip_) counterStrip_->clear();
   totals_->setCurrencyName(place_.workplace.context.currencyname);
   totals_->setTyped({.Discount = "0.00", .Carriage = "0.00", .Received = "0.00"});
@@ -221,7 +222,7 @@ bool TradeBody::commitEdit() {
 }
 
 void TradeBody::focusFirst() {
-  if (place_.type.counter)
+  if (kind_.counter)
     lines_->focusFirstCell();
   else
     party_->focusCode();
@@ -230,7 +231,11 @@ void TradeBody::focusFirst() {
 // Heading, lines, amounts, and round again: what would be a long way by Tab.
 void TradeBody::focusNextPart(const QWidget* focus) {
   if (lines_->isAncestorOf(focus)) {
-    if (lines_->commitEdit()) totals_->firstBox()->setFocus(Qt::TabFocusReason);
+    if (!lines_->commitEdit()) return;
+    if (QWidget* amount = totals_->firstBox())
+      amount->setFocus(Qt::TabFocusReason);
+    else
+      party_->focusCode();
   } else if (totals_->isAncestorOf(focus)) {
     party_->focusCode();
   } else {
@@ -239,17 +244,17 @@ void TradeBody::focusNextPart(const QWidget* focus) {
 }
 
 void TradeBody::recalculate() {
-  totals_->setSums(sumLines(SubTran_));
+  totals_->setSums(frame::sumLines(SubTran_));
 }
 
 void TradeBody::partyChanged() {
   const PartyCard::Party party = party_->party();
   lines_->setParty(party.code, party.name);
-  if (place_.type.counter) return;
-  totals_->setReceivedRule(party_->isCashParty() ? place_.type.party.cashRule : ReceivedRule::AsTyped);
+  if (kind_.counter) return;
+  totals_->setReceivedRule(party_->isCashParty() ? kind_.party.cashRule : frame::ReceivedRule::AsTyped);
 }
 
-void TradeBody::fill(DocumentValues& values) const {
+void TradeBody::fill(frame::DocumentValues& values) const {
   const PartyCard::Party party = party_->party();
   values.PartyCodeTxt = party.code;
   values.PartyNameTxt = party.name;
@@ -272,10 +277,10 @@ void TradeBody::fill(DocumentValues& values) const {
 // Saving
 
 // An amount without an item would be in the total and not among the goods.
-bool TradeBody::refuses(const DocumentValues&) {
+bool TradeBody::refuses(const frame::DocumentValues&) {
   const std::optional<int> row = lines_->sheet().lineWithoutItem();
   if (!row) return false;
-  lines_->setCurrentCell(*row, GridColumn::ItemCode);
+  lines_->setCurrentCell(*row, frame::GridColumn::ItemCode);
   lines_->focusCurrentCell();
   place_.workplace.prompts.tell("Cannot Save",
                                 "Line " + std::to_string(*row + 1) +
@@ -301,13 +306,15 @@ void TradeBody::closePayment() {
   lines_->setFocus(Qt::OtherFocusReason);
 }
 
-tl::expected<DocumentWrite, std::string> TradeBody::compose(const DocumentValues& values, const text::DateTime& now,
-                                                            HeaderWrite mode) {
-  return composeDocument(place_.type, values, place_.workplace.context, now, SubTran_, mode);
+tl::expected<frame::DocumentWrite, std::string> TradeBody::compose(const frame::DocumentValues& values,
+                                                                   const text::DateTime& now, frame::HeaderWrite mode) {
+  return frame::composeDocument(
+      place_.type, values, place_.workplace.context, now,
+      frame::lineNarrations(SubTran_, kind_.lines.quantityField, place_.workplace.context.ccode), mode);
 }
 
-void TradeBody::writeRows(const DocumentValues& values, std::int64_t tranNo) {
-  writeLines(SubTran_, {.tranNo = tranNo, .locationId = values.LocationList.id, .jobId = values.JobList.id});
+void TradeBody::writeRows(const frame::DocumentValues& values, std::int64_t tranNo) {
+  frame::writeLines(SubTran_, {.tranNo = tranNo, .locationId = values.LocationList.id, .jobId = values.JobList.id});
 }
 
-}  // namespace velmo::frame
+}  // namespace velmo::documents

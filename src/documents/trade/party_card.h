@@ -3,7 +3,7 @@
 #include <QFrame>
 #include <string>
 
-#include "frame/document/document_type.h"
+#include "documents/trade/trade_kind.h"
 #include "frame/picking/account_code_box.h"
 #include "session/workplace.h"
 
@@ -11,14 +11,14 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 
-namespace velmo::frame {
+namespace velmo::documents {
 
 // The party of a document: its account, the name and address as they are written on this document, and its balance.
 class PartyCard : public QFrame {
   Q_OBJECT
 
  public:
-  PartyCard(const PartyRules& rules, AccountDropList& list, session::Workplace& workplace, QWidget* parent);
+  PartyCard(const PartyRules& rules, frame::AccountDropList& list, session::Workplace& workplace, QWidget* parent);
 
   struct Party {
     std::string code;
@@ -50,7 +50,7 @@ class PartyCard : public QFrame {
 
  private:
   QLineEdit* makeLine(const char* name, const QString& accessibleName);
-  void fill(const Account& account);
+  void fill(const frame::Account& account);
   void blank();
   void openName();
 
@@ -60,7 +60,7 @@ class PartyCard : public QFrame {
   double creditLimit_ = 0;
   std::int64_t fixedCode_ = 0;  // 0 for none
   std::string termsWithoutParty_;
-  AccountCodeBox* code_;
+  frame::AccountCodeBox* code_;
   QLineEdit* name_;
   QLineEdit* address_;
   QLineEdit* telephone_;
@@ -69,4 +69,4 @@ class PartyCard : public QFrame {
   QPushButton* CA_;
 };
 
-}  // namespace velmo::frame
+}  // namespace velmo::documents

@@ -3,13 +3,13 @@
 #include <QFrame>
 #include <vector>
 
-#include "frame/trade/totals_panel.h"
+#include "documents/trade/totals_panel.h"
 #include "session/workplace.h"
 
 class QBoxLayout;
 class QPushButton;
 
-namespace velmo::frame {
+namespace velmo::documents {
 
 // The amounts that a customer is likely to hand over for a total above zero, rising: the total itself, and for notes of
 // 10, 50, 100, 500 and 1000 the next whole number of them above it.
@@ -55,4 +55,4 @@ class PaymentPanel : public QFrame {
   QLabel* keys_ = nullptr;  // or what else is to be told
 };
 
-}  // namespace velmo::frame
+}  // namespace velmo::documents

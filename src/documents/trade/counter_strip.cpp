@@ -1,4 +1,4 @@
-#include "frame/trade/counter_strip.h"
+#include "documents/trade/counter_strip.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -10,7 +10,7 @@
 #include "printing/print_at_once.h"
 #include "session/settings.h"
 
-namespace velmo::frame {
+namespace velmo::documents {
 
 CounterStrip::CounterStrip(session::Workplace& workplace, QWidget* parent) : QWidget(parent), workplace_(workplace) {
   auto* row = new QHBoxLayout(this);
@@ -31,14 +31,14 @@ CounterStrip::CounterStrip(session::Workplace& workplace, QWidget* parent) : QWi
 
 void CounterStrip::addScanChoice(QWidget& place) {
   if (session::setting(workplace_.context.KORDconn, session::settings::ScannedAgain) == "NewLine")
-    again_ = ScannedAgain::NewLine;
+    again_ = frame::ScannedAgain::NewLine;
   auto* raise = new QCheckBox(tr("Scanning an item again raises its quantity"));
   raise->setObjectName("RaiseQuantity");
-  raise->setChecked(again_ == ScannedAgain::RaiseQuantity);
+  raise->setChecked(again_ == frame::ScannedAgain::RaiseQuantity);
   raise->setFocusPolicy(Qt::ClickFocus);
   place.layout()->addWidget(raise);
   connect(raise, &QCheckBox::toggled, this, [this](bool on) {
-    again_ = on ? ScannedAgain::RaiseQuantity : ScannedAgain::NewLine;
+    again_ = on ? frame::ScannedAgain::RaiseQuantity : frame::ScannedAgain::NewLine;
     keep(session::settings::ScannedAgain, on ? "RaiseQuantity" : "NewLine");
     Q_EMIT scannedAgainChosen(again_);
   });
@@ -79,4 +79,4 @@ void CounterStrip::tellUnknown(const QString& code) {
   lastScan_->setText(tr("No item has the code %1.").arg(code));
 }
 
-}  // namespace velmo::frame
+}  // namespace velmo::documents

@@ -1,4 +1,4 @@
-#include "frame/trade/payment_panel.h"
+#include "documents/trade/payment_panel.h"
 
 #include <QCheckBox>
 #include <QGraphicsDropShadowEffect>
@@ -17,7 +17,7 @@
 #include "text/format.h"
 #include "text/number.h"
 
-namespace velmo::frame {
+namespace velmo::documents {
 
 namespace {
 
@@ -178,7 +178,7 @@ void PaymentPanel::offerTenders() {
 }
 
 double PaymentPanel::shortBy() const {
-  const DocumentTotals& totals = totals_.totals();
+  const frame::DocumentTotals& totals = totals_.totals();
   return std::max(0.0, text::sumOf({text::amountFrom(totals.NetTotal), -text::amountFrom(totals.Received)}));
 }
 
@@ -221,4 +221,4 @@ bool PaymentPanel::eventFilter(QObject* watched, QEvent* event) {
   return QFrame::eventFilter(watched, event);
 }
 
-}  // namespace velmo::frame
+}  // namespace velmo::documents

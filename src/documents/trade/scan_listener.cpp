@@ -1,4 +1,4 @@
-#include "frame/trade/scan_listener.h"
+#include "documents/trade/scan_listener.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -6,7 +6,7 @@
 #include <QScopeGuard>
 #include <algorithm>
 
-namespace velmo::frame {
+namespace velmo::documents {
 
 namespace {
 
@@ -137,4 +137,4 @@ void ScanListener::serve() {
   Q_EMIT scanned(waiting_.takeFirst());
 }
 
-}  // namespace velmo::frame
+}  // namespace velmo::documents
