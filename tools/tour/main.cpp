@@ -22,8 +22,8 @@ class TravelClock : public session::Clock {
 
 // In the order of the visit.
 constexpr Stop stops[] = {
-    visitSettings, visitMasters,       visitSaleInvoices, visitTradeDocuments, visitSettlements,
-    visitJournal,  visitLedgerReports, visitBalances,     visitPrintOuts,
+    visitSettings,    visitMasters, visitSaleInvoices,  visitTradeDocuments, visitOrders,
+    visitSettlements, visitJournal, visitLedgerReports, visitBalances,       visitPrintOuts,
 };
 
 void walk(const std::filesystem::path& pictures, Scenery scenery, QSize size) {

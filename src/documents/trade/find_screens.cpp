@@ -1,14 +1,14 @@
 #include "documents/trade/find_screens.h"
 
+#include "documents/trade/find_columns.h"
+
 namespace velmo::documents {
 
 namespace {
 
+using namespace find_columns;
 using enum frame::FindCondition;
 using enum forms::ColumnAlignment;
-
-constexpr const char* day = "dd-mm-yyyy";
-constexpr const char* money = "0.00;(0.00)";
 
 constexpr std::string_view select =
     "Transactions.TranNo, Transactions.DocNo, Transactions.TranDate, Transactions.Text1, Transactions.TrAmount, "
@@ -17,12 +17,7 @@ constexpr std::string_view select =
     "'', 'CANCELLED') AS CStatus, Users.UserName AS AddedBy, Transactions.TimeAdded, Users_1.UserName AS EditedBy, "
     "Transactions.TimeEdited";
 
-const frame::FindColumn serialNo{"Serial No.", "Transactions.DocNo", Number, "Give serial no. to find."};
-const frame::FindColumn date{"Date", "Transactions.TranDate", OnDay};
 const frame::FindColumn terms{"Terms of Payment", "Transactions.Nature", AsTyped, "Give terms of payment to find."};
-const frame::FindColumn customer{"Customer Name", "Transactions.Text1", Contains, "Give customer name to find."};
-const frame::FindColumn vendor{"Vendor Name", "Transactions.Text1", Contains, "Give vendor name to find."};
-const frame::FindColumn amount{"Amount", "Transactions.TrAmount", Number, "Give amount to find."};
 
 // What the two references of a kind of document are called in the list of what was found.
 struct References {
@@ -45,15 +40,8 @@ std::vector<forms::TableColumn> resultColumns(const char* party, const char* pai
     columns.push_back({.caption = references.second, .field = "D2", .width = 16});
     columns.push_back({.caption = "Dated", .field = "D2Date", .width = 10});
   }
-  const forms::TableColumn last[] = {
-      {.caption = "Employee", .field = "EmpName", .width = 18},
-      {.caption = "Location", .field = "LocationName", .width = 16},
-      {.caption = "Status", .field = "CStatus", .width = 10},
-      {.caption = "Added By", .field = "AddedBy", .width = 14},
-      {.caption = "Time Added", .field = "TimeAdded", .format = frame::momentFormat, .width = 19},
-      {.caption = "Edited By", .field = "EditedBy", .width = 14},
-      {.caption = "Time Edited", .field = "TimeEdited", .format = frame::momentFormat, .width = 19}};
-  columns.insert(columns.end(), std::begin(last), std::end(last));
+  const std::vector<forms::TableColumn> last = lastColumns();
+  columns.insert(columns.end(), last.begin(), last.end());
   return columns;
 }
 

@@ -78,12 +78,19 @@ void writeAging(store::Connection& connection, std::int64_t tranNo, const Docume
 std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
                            const std::function<void(std::int64_t tranNo)>& writeRows) {
   store::Connection::Transaction transaction(connection);
+  const std::int64_t tranNo = writeDocumentRows(connection, document, tran, writeRows);
+  transaction.commit();
+  return tranNo;
+}
+
+std::int64_t writeDocumentRows(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
+                               const std::function<void(std::int64_t tranNo)>& writeRows) {
+  if (document.demand) document.demand();
   demandFreeNumber(connection, document, tran);
   const std::int64_t tranNo = writeHeader(document, tran);
   writeRows(tranNo);
   if (document.ledger) writeLedger(connection, tranNo, document);
   if (document.agingSide) writeAging(connection, tranNo, document);
-  transaction.commit();
   return tranNo;
 }
 

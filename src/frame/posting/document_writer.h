@@ -30,6 +30,7 @@ struct DocumentWrite {
   std::optional<std::vector<LedgerLine>> ledger = {};  // nothing: a document without ledger effect
   std::optional<AgingSide> agingSide = {};             // nothing: a document without open items
   std::optional<AgingRow> aging = {};                  // nothing: cancelled
+  std::function<void()> demand = {};                   // asked before all else: throws StoreError when it may not be
 };
 
 // Writes a document in this order: header, its lines by `writeRows`, ledger lines (the old ones go, all are built
@@ -38,6 +39,10 @@ struct DocumentWrite {
 // earlier test may have been overtaken by another program. `tran` then stands on the document's row.
 std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
                            const std::function<void(std::int64_t tranNo)>& writeRows);
+
+// The same within a transaction that the caller has open and commits.
+std::int64_t writeDocumentRows(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
+                               const std::function<void(std::int64_t tranNo)>& writeRows);
 
 // The same of a document with item lines.
 std::int64_t writeDocument(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,

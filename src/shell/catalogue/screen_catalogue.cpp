@@ -2,6 +2,7 @@
 
 #include "documents/invoices/sale_invoice.h"
 #include "documents/invoices/trade_screens.h"
+#include "documents/orders/order_screens.h"
 #include "masters/accounts/modify_accounts.h"
 #include "masters/accounts/modify_parties.h"
 #include "masters/catalogue/inv_below_reorder.h"
@@ -59,6 +60,30 @@ QWidget* makePurchaseReturns(session::Workplace& workplace, QWidget* parent) {
   return documents::makePurchaseReturns(workplace, parent, {.voucher = showDocumentVoucher});
 }
 
+QWidget* makeQuotations(session::Workplace& workplace, QWidget* parent) {
+  return documents::makeQuotations(workplace, parent);
+}
+
+QWidget* makeSaleOrders(session::Workplace& workplace, QWidget* parent) {
+  return documents::makeSaleOrders(workplace, parent);
+}
+
+QWidget* makeDeliveryChallans(session::Workplace& workplace, QWidget* parent) {
+  return documents::makeDeliveryChallans(workplace, parent);
+}
+
+QWidget* makeGatePassesOut(session::Workplace& workplace, QWidget* parent) {
+  return documents::makeGatePassesOut(workplace, parent);
+}
+
+QWidget* makePurchaseOrders(session::Workplace& workplace, QWidget* parent) {
+  return documents::makePurchaseOrders(workplace, parent);
+}
+
+QWidget* makeGatePassesIn(session::Workplace& workplace, QWidget* parent) {
+  return documents::makeGatePassesIn(workplace, parent);
+}
+
 QWidget* makeCashReceipts(session::Workplace& workplace, QWidget* parent) {
   return vouchers::makeCashReceipts(workplace, parent, {.voucher = showDocumentVoucher});
 }
@@ -91,6 +116,12 @@ constexpr ScreenEntry screens[] = {
     {"SaleReturns", ScreenKind::ChildWindow, makeSaleReturns},
     {"PurchaseBillsSimple", ScreenKind::ChildWindow, makePurchaseBillsSimple},
     {"PurchaseReturns", ScreenKind::ChildWindow, makePurchaseReturns},
+    {"Quotations", ScreenKind::ChildWindow, makeQuotations},
+    {"SaleOrders", ScreenKind::ChildWindow, makeSaleOrders},
+    {"DeliveryChallans", ScreenKind::ChildWindow, makeDeliveryChallans},
+    {"GatePassesOut", ScreenKind::ChildWindow, makeGatePassesOut},
+    {"PurchaseOrders", ScreenKind::ChildWindow, makePurchaseOrders},
+    {"GatePassesIn", ScreenKind::ChildWindow, makeGatePassesIn},
     {"CashReceipts", ScreenKind::ChildWindow, makeCashReceipts},
     {"BankReceipts", ScreenKind::ChildWindow, makeBankReceipts},
     {"CashPayments", ScreenKind::ChildWindow, makeCashPayments},
