@@ -1,10 +1,12 @@
-# What the project is built from, all of it Debian 12 packages. Sourced by run and test.
+# shellcheck shell=bash disable=SC2034
+# What the project is built from, all of it Debian 12 packages. Sourced by run, test and check.
 
 build_packages="g++ cmake ninja-build ccache mold pkg-config qt6-base-dev libqt6svg6-dev libgl-dev libsqlite3-dev
  libicu-dev libexpected-dev libzint-dev libxlsxwriter-dev libzip-dev libcsv-dev qt6-qpa-plugins fonts-inter
  fonts-noto-core fonts-dejavu-core"
-test_packages="libgtest-dev libgmock-dev poppler-utils xvfb openbox xdotool qt6-base-private-dev"
+test_packages="libgtest-dev libgmock-dev poppler-utils xvfb openbox xdotool qt6-base-private-dev clang-format"
 bench_packages="libbenchmark-dev"
+check_packages="clang-format clang-tidy cppcheck shellcheck"
 
 # install_missing <packages...>: installs those that are not there; says what to do when it may not.
 install_missing() {

@@ -8,7 +8,7 @@ namespace velmo::printing {
 namespace {
 
 QString expandMarks(const std::string& caption, const TextSource& source) {
-  const QString plain = QString::fromStdString(caption);
+  QString plain = QString::fromStdString(caption);
   if (!plain.contains(u'%')) return plain;
   QString expanded;
   for (qsizetype at = 0; at < plain.size(); ++at) {

@@ -90,8 +90,7 @@ class DataWithoutEmptyGroups : public ReportData {
 
 Report listReport(const session::LoginContext& context, const ListSheet& sheet, std::shared_ptr<const ReportData> rows,
                   text::DateTime today) {
-  Report report{
-      .title = sheet.title, .author = context.CompanyName, .data = std::move(rows), .printedOn = std::move(today)};
+  Report report{.title = sheet.title, .author = context.CompanyName, .data = std::move(rows), .printedOn = today};
   const Letterhead letterhead = letterheadOf(context);
   const Twips width = report.design.bodyWidth();
   const std::vector<ColumnPlace> columns = placeColumns(sheet.columns, width);

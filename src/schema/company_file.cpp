@@ -73,9 +73,9 @@ std::string connectionStringFor(const std::filesystem::path& file) {
 
 std::filesystem::path programFolder() {
   std::error_code error;
-  const std::filesystem::path current = std::filesystem::current_path(error);
+  std::filesystem::path current = std::filesystem::current_path(error);
   if (!error && std::filesystem::is_directory(current / dataFolder, error)) return current;
-  const std::filesystem::path folder = userDataFolder() / "velmo";
+  std::filesystem::path folder = userDataFolder() / "velmo";
   const bool made = std::filesystem::create_directories(folder, error);
   if (!error && made) std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
   if (error)

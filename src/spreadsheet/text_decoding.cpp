@@ -4,6 +4,7 @@
 #include <unicode/ucsdet.h>
 #include <unicode/utf8.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "spreadsheet/read_failure.h"

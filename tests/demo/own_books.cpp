@@ -232,7 +232,7 @@ class Clerk {
   PlainFile& company_;
   bool stockCounted_;
   OwnBooks books_;
-  Document document_;
+  Document document_ = {};
   std::vector<Posting> postings_;
 };
 

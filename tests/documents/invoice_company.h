@@ -142,7 +142,7 @@ class InvoiceScreen {
 
   explicit InvoiceScreen(InvoiceCompany& shop, frame::PrintOuts printOuts = {},
                          Make make = documents::makeSaleInvoicesSimple)
-      : shop_(shop), screen_(make(shop.workplace, nullptr, std::move(printOuts))) {
+      : screen_(make(shop.workplace, nullptr, std::move(printOuts))) {
     screen_->resize(1280, 800);
     screen_->show();
     QApplication::setActiveWindow(screen_.get());
@@ -202,7 +202,6 @@ class InvoiceScreen {
   }
 
  private:
-  InvoiceCompany& shop_;
   std::unique_ptr<QWidget> screen_;
 };
 

@@ -63,6 +63,34 @@ TEST_F(CompanyChecks, FindAnIndexThatIsNotOfItsTable) {
   EXPECT_THAT(damage.front(), testing::HasSubstr("Transactions_TranDate"));
 }
 
+// To SQLite all is well with them; made again, a trigger of the totals would then stand twice in the file.
+TEST_F(CompanyChecks, FindWhatIsListedOtherwiseThanDeclared) {
+  for (const auto& [change, listed] :
+       {std::pair{"name = 'StoCkTotalsStockFlowAdded' WHERE name = 'StockTotalsStockFlowAdded'", "as \"StoCk"},
+        {"type = 'Trigger' WHERE name = 'AccountTotalsSubTransactionsAdded'", "as \"AccountTotals"},
+        {"tbl_name = 'AccountDayz' WHERE name = 'AccountDays'", "as \"AccountDays"},
+        {"tbl_name = 'Transaction' WHERE name = 'Transactions_TranDate'", "as \"Transactions_TranDate"}}) {
+    test::NewCompany spoilt;
+    spoilt.connection.close();
+    test::past(spoilt.file, "PRAGMA writable_schema = ON; UPDATE sqlite_schema SET " + std::string(change) +
+                                "; PRAGMA wal_checkpoint(TRUNCATE)");
+    const std::string before = test::bytesOf(spoilt.file);
+    try {
+      prepareCompanyFile(connectionStringFor(spoilt.file), text::DateTime::fromCalendar(2026, 11, 24));
+    } catch (const store::StoreError& refusal) {
+      EXPECT_EQ(refusal.kind(), store::ErrorKind::Damaged) << change << ": " << refusal.what();
+      EXPECT_TRUE(test::bytesOf(spoilt.file) == before) << change;
+      continue;
+    }
+    spoilt.connection.open(connectionStringFor(spoilt.file));
+    store::CheckRound round(spoilt.connection.snapshot(), companyChecks());
+    const auto findings = *round.run();
+    ASSERT_EQ(findings.size(), 1U) << change;
+    EXPECT_EQ(findings.front().kind, Finding::Kind::Damage) << change;
+    EXPECT_THAT(findings.front().words, testing::HasSubstr(listed)) << change;
+  }
+}
+
 TEST_F(CompanyChecks, FindRecordsWithoutWhatTheyReferTo) {
   test::past(company.file, "INSERT INTO SubTransactions (TranNo, AccCode, Debit) VALUES (12345, 10001001, 5)");
   EXPECT_THAT(found(), ElementsAre("D the table \"SubTransactions\" (1 record refers to what is not there in "

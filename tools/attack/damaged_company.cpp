@@ -157,13 +157,16 @@ void DamagedCompany::judge(const Harm& harm, const Reading& harmed, const Progra
       loss("the back-up is not the file: " + listed(changesOfBooks(after, copy)));
   }
 
+  countWhatWasSeen(harmed, said, changes, outcome);
+}
+
+void DamagedCompany::countWhatWasSeen(const Reading& harmed, const ProgramSaid& said,
+                                      const std::set<std::string>& changes, Outcome& outcome) {
+  const auto counted = [&](const std::string& words) { ++outcome.counts[words]; };
   if (said.found(Finding::Document)) return counted("told of documents that are not balanced");
   if (said.mended) return counted("told of totals that were set right");
-  if (isUnharmed) return counted("unharmed");
-  if (harmed.has(Flaw::Kind::Document)) {
-    counted("seen by the other reader alone: " + listed(changes));
-    return;
-  }
+  if (changes.empty() && harmed.flaws.empty()) return counted("unharmed");
+  if (harmed.has(Flaw::Kind::Document)) return counted("seen by the other reader alone: " + listed(changes));
   // The books agree with themselves.
   if (std::ranges::any_of(changes, [](const std::string& place) { return place == "Transactions"; }))
     return counted("not to be seen: the end of the log is gone, and the books are those of an earlier save");

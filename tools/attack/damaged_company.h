@@ -1,6 +1,8 @@
 #pragma once
 
 #include <random>
+#include <set>
+#include <string>
 
 #include "attack/attacks.h"
 #include "attack/harms.h"
@@ -24,6 +26,9 @@ class DamagedCompany {
 
  private:
   void judge(const Harm& harm, const Reading& harmed, const ProgramSaid& said, Outcome& outcome);
+  // Of a file that is no loss: what came of the damage.
+  static void countWhatWasSeen(const Reading& harmed, const ProgramSaid& said, const std::set<std::string>& changes,
+                               Outcome& outcome);
 
   RiskFolder folder_;
   Reading original_;

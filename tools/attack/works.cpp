@@ -63,7 +63,8 @@ void importAccounts(store::Connection& books) {
   const masters::ImportDescriptor& kind = masters::importDescriptor(masters::ImportKind::Customers);
   spreadsheet::Sheet sheet{.name = "List", .rows = {{"Name", "Sub type"}}};
   // A sub type has room for a thousand.
-  if (numberIn(books.handle(), "select count(*) from AccLevel3 where AccName like 'Imported %'") > 2 * importedAccounts)
+  if (numberIn(books.handle(), "select count(*) from AccLevel3 where AccName like 'Imported %'") >
+      2L * importedAccounts)
     return;
   static int imports = 0;  // each brings accounts of its own
   const std::string name = "Imported " + std::to_string(::getpid()) + "-" + std::to_string(++imports) + " ";

@@ -2,13 +2,13 @@
 
 #include "demo_company/parties.h"
 #include "demo_company/people.h"
+#include "schema/document_kinds.h"
 #include "store/recordset/recordset.h"
 #include "text/number.h"
 
 namespace velmo::demo {
 namespace {
 
-constexpr int openingEntry = 11;
 constexpr int cash = 10001001;
 constexpr int openingInventory = 50001001;
 constexpr int capital = 31001001;
@@ -96,13 +96,22 @@ struct OpenItem {
 
 void addOpenItem(store::Recordset& rows, const Opening& opening, const OpenItem& item) {
   const text::DateTime date = opening.date.addDays(-item.daysBefore);
-  std::vector<store::FieldValue> values = {
-      {"TranNo", opening.tranNo}, {"DocNo", item.number},    {"DocNo2", item.number},
-      {"TranDate", date},         {"TranDate2", date},       {"PartyCode", item.party},
-      {"TranType", openingEntry}, {"TrAmount", item.amount}, {"Return", 0.0},
-      {"Payment", 0.0},           {"WHTaxRt", 0.0},          {"WHTax", 0.0},
-      {"Discount", 0.0},          {"AdvAdj", 0.0},           {"TotPayment", 0.0},
-      {"FYID", opening.year}};
+  std::vector<store::FieldValue> values = {{"TranNo", opening.tranNo},
+                                           {"DocNo", item.number},
+                                           {"DocNo2", item.number},
+                                           {"TranDate", date},
+                                           {"TranDate2", date},
+                                           {"PartyCode", item.party},
+                                           {"TranType", schema::tran_type::OpeningBalance},
+                                           {"TrAmount", item.amount},
+                                           {"Return", 0.0},
+                                           {"Payment", 0.0},
+                                           {"WHTaxRt", 0.0},
+                                           {"WHTax", 0.0},
+                                           {"Discount", 0.0},
+                                           {"AdvAdj", 0.0},
+                                           {"TotPayment", 0.0},
+                                           {"FYID", opening.year}};
   if (!item.vendorNumber.empty()) values.push_back({"VendorInvNo", item.vendorNumber});
   rows.addNew(values);
 }

@@ -14,6 +14,7 @@
 #include "frame/document/compose_document.h"
 #include "frame/items/line_arithmetic.h"
 #include "frame/posting/day_text.h"
+#include "schema/account_types.h"
 #include "text/format.h"
 #include "text/number.h"
 
@@ -48,7 +49,8 @@ class TradeClerk {
       : context_(context),
         dice_(dice),
         items_(context.KORDconn, "SELECT * FROM StockLevel3 ORDER BY ItemCode"),
-        parties_(context.KORDconn, "SELECT * from AccLevel3 where Level1ID=120 or Level1ID=210 order by acccode") {
+        parties_(context.KORDconn,
+                 "SELECT * from AccLevel3 where " + schema::account_type::parties() + " order by acccode") {
     for (store::Recordset stock(context.KORDconn,
                                 "SELECT ItemCode, Sum(IIf(IsNull([StockIn]),0,[StockIn])) AS Ins FROM StockFlow GROUP "
                                 "BY ItemCode");

@@ -165,9 +165,8 @@ Section closing(Report& report, const InvoiceSlip& slip, const InvoiceSheet& she
   Section foot{.name = "Section5", .height = mm(0.6)};
   addRule(foot, width, 20);
   addText(foot, "Tlbl", {}, width, {.size = TableSize, .weight = Weight::SemiBold}, Align::Left);
-  FittedColumns sums = fitted;
   addFigures(
-      foot, sums, Weight::SemiBold,
+      foot, fitted, Weight::SemiBold,
       [](const Column& column) -> Content {
         if (column.totalName.empty()) return Label{};
         return Function{Statistic::Sum, column.dataField, column.format, {}};

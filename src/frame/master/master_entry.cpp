@@ -46,25 +46,25 @@ bool MasterEntry::finds(const std::string& statement) const {
   return !store::Recordset(connection(), statement, store::LockType::ReadOnly, store::Fetch::AsNeeded).isEmpty();
 }
 
-Refusal emptyText(std::string column, std::string words) {
+Refusal emptyText(const std::string& column, const std::string& words) {
   return
       [=](const MasterEntry& entry) { return text::isBlank(entry.text(column)) ? std::optional(words) : std::nullopt; };
 }
 
-Refusal notNumeric(std::string column, std::string words) {
+Refusal notNumeric(const std::string& column, const std::string& words) {
   return [=](const MasterEntry& entry) {
     return text::isNumeric(entry.text(column)) ? std::nullopt : std::optional(words);
   };
 }
 
-Refusal noEntry(std::string column, std::string words) {
+Refusal noEntry(const std::string& column, const std::string& words) {
   return [=](const MasterEntry& entry) {
     return store::isNull(entry.value(column)) ? std::optional(words) : std::nullopt;
   };
 }
 
 // Codes differ only in more than the case of their letters, as the key's own order has it.
-Refusal codeTaken(std::string column, std::string select, std::string words) {
+Refusal codeTaken(const std::string& column, const std::string& select, const std::string& words) {
   return [=](const MasterEntry& entry) -> std::optional<std::string> {
     const std::string own = entry.stored(column);
     for (const std::string& literal : literalsOf(entry.text(column))) {
@@ -76,14 +76,15 @@ Refusal codeTaken(std::string column, std::string select, std::string words) {
   };
 }
 
-Refusal hasRows(std::string select, std::function<std::string(const MasterEntry&)> literal,
-                std::function<std::string(const MasterEntry&)> words) {
+Refusal hasRows(const std::string& select, const std::function<std::string(const MasterEntry&)>& literal,
+                const std::function<std::string(const MasterEntry&)>& words) {
   return [=](const MasterEntry& entry) {
     return entry.finds(select + literal(entry)) ? std::optional(words(entry)) : std::nullopt;
   };
 }
 
-Refusal codeHasRows(std::string column, std::string select, std::function<std::string(const MasterEntry&)> words) {
+Refusal codeHasRows(const std::string& column, const std::string& select,
+                    const std::function<std::string(const MasterEntry&)>& words) {
   return [=](const MasterEntry& entry) {
     const auto findsRows = [&](const std::string& literal) { return entry.finds(select + literal); };
     return std::ranges::any_of(literalsOf(entry.stored(column)), findsRows) ? std::optional(words(entry))
@@ -91,7 +92,7 @@ Refusal codeHasRows(std::string column, std::string select, std::function<std::s
   };
 }
 
-Refusal isYesColumn(std::string column, std::string words) {
+Refusal isYesColumn(const std::string& column, const std::string& words) {
   return [=](const MasterEntry& entry) {
     const bool yes = !entry.isNew && !entry.rows.isEmpty() && entry.rows.yes(column);
     return yes ? std::optional(words) : std::nullopt;

@@ -35,20 +35,25 @@ struct MasterEntry {
 };
 
 // The tests that many kinds of rows share.
-std::function<std::optional<std::string>(const MasterEntry&)> emptyText(std::string column, std::string words);
-std::function<std::optional<std::string>(const MasterEntry&)> notNumeric(std::string column, std::string words);
-std::function<std::optional<std::string>(const MasterEntry&)> noEntry(std::string column, std::string words);
+std::function<std::optional<std::string>(const MasterEntry&)> emptyText(const std::string& column,
+                                                                        const std::string& words);
+std::function<std::optional<std::string>(const MasterEntry&)> notNumeric(const std::string& column,
+                                                                         const std::string& words);
+std::function<std::optional<std::string>(const MasterEntry&)> noEntry(const std::string& column,
+                                                                      const std::string& words);
 // Another row has the code, or is like it where it has wildcards. `select` is the statement up to the quoted code:
 // "select itemcode from stocklevel3 where itemcode like ".
-std::function<std::optional<std::string>(const MasterEntry&)> codeTaken(std::string column, std::string select,
-                                                                        std::string words);
+std::function<std::optional<std::string>(const MasterEntry&)> codeTaken(const std::string& column,
+                                                                        const std::string& select,
+                                                                        const std::string& words);
 // The statement, up to the key of the row, gives rows.
 std::function<std::optional<std::string>(const MasterEntry&)> hasRows(
-    std::string select, std::function<std::string(const MasterEntry&)> literal,
-    std::function<std::string(const MasterEntry&)> words);
+    const std::string& select, const std::function<std::string(const MasterEntry&)>& literal,
+    const std::function<std::string(const MasterEntry&)>& words);
 // The statement, up to the code of the row in a column, gives rows that have the code or are like it.
 std::function<std::optional<std::string>(const MasterEntry&)> codeHasRows(
-    std::string column, std::string select, std::function<std::string(const MasterEntry&)> words);
-std::function<std::optional<std::string>(const MasterEntry&)> isYesColumn(std::string column, std::string words);
+    const std::string& column, const std::string& select, const std::function<std::string(const MasterEntry&)>& words);
+std::function<std::optional<std::string>(const MasterEntry&)> isYesColumn(const std::string& column,
+                                                                          const std::string& words);
 
 }  // namespace velmo::frame

@@ -21,7 +21,7 @@ std::optional<text::DateTime> dayFrom(std::string_view text) {
   const std::size_t second = text.find(text[first], first + 1);
   if (second == std::string_view::npos) return std::nullopt;
   std::string monthFirst(text);
-  if (text[first] == '-' && first <= 2)
+  if (first <= 2 && text[first] == '-')
     monthFirst = std::string(text.substr(first + 1, second - first)) + std::string(text.substr(0, first)) +
                  std::string(text.substr(second));
   const auto day = store::sql::dateFromLiteral(monthFirst);

@@ -18,7 +18,7 @@ using Layout = printing::Report (*)(const session::LoginContext&, const store::R
 // The hierarchy to print, from what is chosen in the dialog; "" when nothing is.
 using Hierarchy = std::function<std::string(MasterDialog&)>;
 
-MasterPrint print(const std::string& caption, Layout layout, Hierarchy hierarchy) {
+MasterPrint print(const std::string& caption, Layout layout, const Hierarchy& hierarchy) {
   return {caption, [=](MasterDialog& dialog) -> std::optional<printing::Report> {
             const std::string statement = hierarchy(dialog);
             if (statement.empty()) return std::nullopt;

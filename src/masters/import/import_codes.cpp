@@ -1,5 +1,7 @@
 #include "masters/import/import_codes.h"
 
+#include <algorithm>
+
 #include "masters/codes/code_series.h"
 #include "store/recordset/recordset.h"
 

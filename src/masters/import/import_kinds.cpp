@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "masters/import/import_kind.h"
 #include "schema/account_types.h"
 
@@ -6,7 +8,6 @@ namespace {
 
 using enum ImportValue;
 constexpr ImportNeed Required = ImportNeed::Required;
-constexpr ImportNeed Optional = ImportNeed::Optional;
 
 ImportField text(const char* name, const char* caption, std::vector<std::string> words, const char* initial = "") {
   return {.name = name, .caption = caption, .initial = initial, .words = std::move(words)};

@@ -1,5 +1,7 @@
 #include "masters/import/import_plan.h"
 
+#include <algorithm>
+
 #include "masters/import/import_planner.h"
 
 namespace velmo::masters {

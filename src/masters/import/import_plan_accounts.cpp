@@ -75,7 +75,7 @@ class AccountPlanner : public ImportPlanner {
 
   // The name and what it is classified by come first, as the dialogs test them.
   std::string nameOf(ImportRow& row) {
-    const std::string name = row.text("AccName");
+    std::string name = row.text("AccName");
     if (options_.sameNames == SameNames::Refuse && !name.empty() && !level2_.empty())
       taken_.check(takenName(kind_, level2_, name), row);
     ids_ = kind_.kind == ImportKind::Customers ? classification(row) : Classification{};

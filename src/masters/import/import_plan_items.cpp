@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "masters/codes/code_series.h"
 #include "masters/import/import_planner.h"
 
@@ -99,7 +101,7 @@ class ItemPlanner : public ImportPlanner {
   }
 
   std::string codeOf(ImportRow& row) {
-    const std::string code = row.text("ItemCode");
+    std::string code = row.text("ItemCode");
     taken_.checkCode(code, row);
     return code;
   }

@@ -9,7 +9,7 @@
 namespace velmo::shell {
 namespace {
 
-constexpr qint64 largestFile = 64 * 1024 * 1024;
+constexpr qint64 largestFile = qint64{64} * 1024 * 1024;
 
 QImage pictureIn(const QString& file, const QSize& largest) {
   if (store::isOpenDatabase(file.toStdString())) return {};

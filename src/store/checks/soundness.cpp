@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "store/checks/check_round.h"
+#include "store/checks/declaration_faults.h"
 #include "store/connection/connection_impl.h"
 #include "store/sqlite/kept_totals.h"
 #include "store/sqlite/table_sql.h"
@@ -106,6 +107,7 @@ std::vector<Finding> pageFaults(Connection& connection) {
 
 std::vector<Finding> structureFaults(Connection& connection) {
   std::vector<Finding> faults = faultsByTable(connection, "integrity_check");
+  if (faults.empty()) faults = declarationFaults(connection);
   return faults.empty() ? pageFaults(connection) : faults;  // pages that belong to no table, or to two
 }
 

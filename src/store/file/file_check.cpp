@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <fstream>
 #include <memory>
+#include <span>
 #include <string>
 
 #include "store/file/file_mark.h"
@@ -127,7 +128,7 @@ bool isDatabaseFile(const fs::path& file) {
   std::array<unsigned char, idAt + 4> bytes{};
   std::ifstream(file, std::ios::binary).read(reinterpret_cast<char*>(bytes.data()), bytes.size());
   std::uint32_t id = 0;
-  for (std::size_t i = idAt; i < bytes.size(); ++i) id = id << 8 | bytes[i];
+  for (const unsigned char byte : std::span(bytes).subspan(idAt)) id = id << 8 | byte;
   constexpr std::string_view magic("SQLite format 3\0", 16);
   return std::string_view(reinterpret_cast<const char*>(bytes.data()), magic.size()) == magic &&
          id == static_cast<std::uint32_t>(applicationId);

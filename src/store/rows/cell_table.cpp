@@ -13,7 +13,7 @@ namespace velmo::store {
 namespace {
 
 constexpr std::size_t smallestBlock = 256;
-constexpr std::size_t largestBlock = 1024 * 1024;
+constexpr std::size_t largestBlock = std::size_t{1024} * 1024;
 
 int compareTexts(std::string_view left, std::string_view right) {
   const int order = sqlite3_strnicmp(left.data(), right.data(), static_cast<int>(std::min(left.size(), right.size())));

@@ -21,7 +21,7 @@ RowSet::RowSet(std::shared_ptr<const ResultSource> source)
 
 std::shared_ptr<RowSet> RowSet::open(std::shared_ptr<const ResultSource> source) {
   const BoundStatement& statement = source->statement;
-  return open(source, statement.compiled->sql, statement.parameters);
+  return open(std::move(source), statement.compiled->sql, statement.parameters);
 }
 
 std::shared_ptr<RowSet> RowSet::open(std::shared_ptr<const ResultSource> source, std::string_view sql,
@@ -114,6 +114,7 @@ RowId RowSet::append() {
   return row;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the values are moved out of it
 void RowSet::edit(RowId row, FieldValues values) {
   if (values.empty()) return;
   Undo* const before = rememberEdit(row);

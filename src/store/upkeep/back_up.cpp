@@ -218,12 +218,12 @@ BackUpResult makeCopy(const Catalog& catalog, const BackUpRequest& request, cons
   besideScreen(request, BackUpStage::Compacting, sync);
   verify(catalog, request, evidence, compacted.path, destination.password, file);
   besideScreen(request, BackUpStage::Verifying, sync);
-  const BackUpResult result{.file = file, .bytes = fs::file_size(compacted.path), .records = [&] {
-                              std::int64_t sum = 0;
-                              for (const auto& [table, rows] : evidence.rowCounts)
-                                if (catalog.find(table) != nullptr) sum += rows;
-                              return sum;
-                            }()};
+  BackUpResult result{.file = file, .bytes = fs::file_size(compacted.path), .records = [&] {
+                        std::int64_t sum = 0;
+                        for (const auto& [table, rows] : evidence.rowCounts)
+                          if (catalog.find(table) != nullptr) sum += rows;
+                        return sum;
+                      }()};
   if (::rename(compacted.path.c_str(), file.c_str()) != 0) throw cannotMake(file, errno);
   syncToDisk(folderOf(file), O_RDONLY | O_DIRECTORY);
   return result;

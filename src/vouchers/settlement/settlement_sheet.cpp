@@ -221,7 +221,7 @@ void SettlementSheet::roundStored(int row) {
   if (finer) RecalculateSettlementRow(row);
 }
 
-void SettlementSheet::write(int row, int column, store::Value value) {
+void SettlementSheet::write(int row, int column, const store::Value& value) {
   if (valueAt(row, column) != value) invoices_.setAt(row, field(column), value);
 }
 

@@ -58,7 +58,7 @@ class SettlementSheet : public frame::SheetRows {
   bool hasInvoice(int row) const;
   double numberAt(int row, int column) const;
   store::Value valueAt(int row, int column) const;
-  void write(int row, int column, store::Value value);
+  void write(int row, int column, const store::Value& value);
   bool accepts(int row, int column, std::string_view typed) const;
   bool enterInvoice(int row, std::string_view typed);
   void roundStored(int row);

@@ -204,7 +204,7 @@ TEST_F(AccBalances, SaysWhatIsMissingAndLeavesTheBooksAlone) {
   const auto refuse = [&](const char* title, const std::string& text, const char* focus) {
     for (const auto& [button, verb] : {std::pair("ViewBttn", "view"), {"PrintBttn", "print"}, {"ExcelBttn", "view"}}) {
       std::string said = text;
-      if (const auto at = said.find("%"); at != said.npos) said.replace(at, 1, verb);
+      if (const auto at = said.find('%'); at != std::string::npos) said.replace(at, 1, verb);
       prompts.expect(title, said);
       click(button);
       EXPECT_TRUE(control<QWidget>(focus).hasFocus()) << said;

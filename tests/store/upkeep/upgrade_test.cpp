@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <algorithm>
+
 #include "store/file/open_database.h"
 #include "store/small_shop.h"
 #include "support/another_program.h"
