@@ -4,6 +4,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "demo_company/next_number.h"
 #include "demo_company/parties.h"
 #include "text/format.h"
 #include "text/number.h"
@@ -31,13 +32,11 @@ class Settlement {
  public:
   Settlement(session::LoginContext& context, const SettlementKind& kind, const text::DateTime& moment)
       : context_(context), kind_(kind), moment_(moment) {
-    const store::Recordset last(context.KORDconn, "select Max(DocNo) as LastNo from transactions where trantype=" +
-                                                      std::to_string(kind.form.tranType) +
-                                                      " and fyid=" + std::to_string(context.FYID));
-    values_.DocNo = std::to_string(last.integer("LastNo") + 1);
+    const std::int64_t number = nextNumber(context, kind.form.tranType);
+    values_.DocNo = std::to_string(number);
     values_.TrDate = moment.date();
     if (kind.by == PaidBy::Cheque) {
-      values_.fields["ChqNo"] = std::to_string(400100 + last.integer("LastNo"));
+      values_.fields["ChqNo"] = std::to_string(400099 + number);
       values_.fields["ChqDt"] = text::formatDate(moment, "dd-MM-yyyy");
       if (isReceipt(kind)) values_.fields["ChqBank"] = "City Bank";
     }

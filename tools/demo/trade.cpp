@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "demo_company/money.h"
+#include "demo_company/next_number.h"
+#include "demo_company/orders.h"
 #include "demo_company/parties.h"
 #include "documents/invoices/purchase_bill_type.h"
 #include "documents/invoices/purchase_return_type.h"
@@ -121,6 +123,9 @@ class TradeClerk {
     save(frame::ReceivedRule::AsTyped, nullptr);
   }
 
+  // What is left to sell, by item.
+  std::map<std::string, double>& stock() { return stock_; }
+
  private:
   void begin(const frame::DocumentType& type, const documents::TradeKind& kind, const text::DateTime& moment) {
     context_.UserID = dice_.inHundred(70) ? 2 : 1;
@@ -133,7 +138,7 @@ class TradeClerk {
     lines_ = store::Recordset(context_.KORDconn, "Select * from stockflow where tranno = 0",
                               store::LockType::BatchOptimistic);
     values_ = {};
-    values_.DocNo = std::to_string(lastNumber_[type.form.tranType] + 1);
+    values_.DocNo = std::to_string(nextNumber(context_, type.form.tranType));
     values_.TrDate = moment.date();
     values_.IncomeCode = std::to_string(kind.head->initialCode);
     values_.IncomeAcc =
@@ -226,7 +231,6 @@ class TradeClerk {
     if (!document) throw std::logic_error(document.error());
     store::Recordset tran(context_.KORDconn, "SELECT * from transactions where tranno = 0");
     frame::writeDocument(context_.KORDconn, *document, tran, lines_);
-    ++lastNumber_[type_->form.tranType];
     if (remembered) remembered->insert(remembered->end(), traded_.begin(), traded_.end());
   }
 
@@ -235,7 +239,6 @@ class TradeClerk {
   store::Recordset items_;
   store::Recordset parties_;
   std::map<std::string, double> stock_;
-  std::map<int, std::int64_t> lastNumber_;  // by type of document
   std::vector<TradedLine> sold_;
   std::vector<TradedLine> bought_;
 
@@ -271,12 +274,14 @@ void tradeOn(TradeClerk& clerk, Dice& dice, const text::DateTime& day, const tex
 
 void writeTrade(session::LoginContext& context, Dice& dice, const text::DateTime& now) {
   TradeClerk clerk(context, dice);
+  OrderClerk orders(context, clerk.stock());
   text::DateTime day = now.date().addDays(1 - daysOfTrade);
   if (day < context.FinancialYearStart) day = context.FinancialYearStart;
   constexpr std::uint32_t seed = 39;
   Dice moneyDice(seed);  // of its own, so that the trade stays as it is
   for (; day <= now.date(); day = day.addDays(1)) {
     tradeOn(clerk, dice, day, now);
+    orders.work(day, now);
     moveMoney(context, moneyDice, day, now);
   }
 }
