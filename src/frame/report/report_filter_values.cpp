@@ -27,8 +27,7 @@ std::string ReportFilters::text(std::string_view name) const {
 }
 
 std::int64_t ReportFilters::account(std::string_view name) const {
-  const auto& account = control<AccountCodeBox>(name).account();
-  return account ? account->code : 0;
+  return store::integerOf(control<AccountCodeBox>(name).code());
 }
 
 store::Value ReportFilters::bound(std::string_view name) const {
@@ -41,6 +40,15 @@ text::DateTime ReportFilters::day(std::string_view name) const {
 
 ReportPeriod ReportFilters::period(std::string_view from, std::string_view to) const {
   return {.from = day(from), .to = day(to)};
+}
+
+store::Value ReportFilters::value(std::string_view name) const {
+  const QWidget& asked = control<QWidget>(name);
+  if (const auto* list = qobject_cast<const forms::DropCombo*>(&asked)) return list->boundValue();
+  if (const auto* code = qobject_cast<const CodeBox*>(&asked)) return code->code();
+  if (const auto* picker = qobject_cast<const forms::DatePicker*>(&asked)) return picker->day();
+  const std::string typed = text(name);
+  return typed.empty() ? store::Value() : store::Value(typed);
 }
 
 void ReportFilters::choose(std::string_view name, bool chosen) {

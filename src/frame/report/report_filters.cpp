@@ -44,18 +44,6 @@ QLabel* caption(const std::string& text) {
   return label;
 }
 
-// The control that a caption stands for.
-std::string captioned(const ReportFilter& filter) {
-  return std::visit(
-      Overloaded{[](const ReportOption&) { return std::string(); }, [](const ReportOptions&) { return std::string(); },
-                 [](const ReportPeriodBoxes& boxes) { return boxes.from; },
-                 [](const ReportAccount& account) { return account.code; },
-                 [](const ReportList& list) { return list.name; },
-                 [](const ReportEntryBoxes&) { return std::string(); },
-                 [](const ReportDigits& digits) { return digits.name; }},
-      filter);
-}
-
 }  // namespace
 
 ReportFilters::ReportFilters(const std::vector<ReportFilterRow>& rows, session::Workplace& workplace, QWidget* screen)
@@ -90,8 +78,9 @@ void ReportFilters::addRow(const ReportFilterRow& filters, QGridLayout& grid, in
     addControls(filter, before, *rest);
     leads.push_back(before);
   }
-  const bool fills = std::ranges::any_of(
-      filters, [](const ReportFilter& filter) { return std::holds_alternative<ReportAccount>(filter); });
+  const bool fills = std::ranges::any_of(filters, [](const ReportFilter& filter) {
+    return std::holds_alternative<ReportAccount>(filter) || std::holds_alternative<ReportItem>(filter);
+  });
   if (!fills) rest->addStretch(1);
   grid.addLayout(rest, line, 1);
   std::vector<std::size_t> kinds;
@@ -167,6 +156,7 @@ QWidget* ReportFilters::lead(const ReportFilter& filter) {
                                  return makeButton(boxes.check, boxes.caption, {}, {boxes.from, boxes.to});
                                },
                                [&](const ReportAccount& account) -> QWidget* { return caption(account.caption); },
+                               [&](const ReportItem& item) -> QWidget* { return caption(item.caption); },
                                [&](const ReportList& list) -> QWidget* { return caption(list.caption); },
                                [&](const ReportDigits& digits) -> QWidget* { return caption(digits.caption); },
                                [](const ReportOptions&) -> QWidget* { return nullptr; },
@@ -178,6 +168,7 @@ void ReportFilters::addControls(const ReportFilter& filter, QWidget* leading, QH
   std::visit(Overloaded{[](const ReportOption&) {}, [](const ReportOptions&) {},
                         [&](const ReportPeriodBoxes& boxes) { addDates(boxes, row); },
                         [&](const ReportAccount& account) { addAccount(account, row); },
+                        [&](const ReportItem& item) { addItem(item, row); },
                         [&](const ReportList& list) { addList(list, row); },
                         [&](const ReportEntryBoxes& boxes) { addEntryBoxes(boxes, row); },
                         [&](const ReportDigits& digits) {
@@ -187,7 +178,7 @@ void ReportFilters::addControls(const ReportFilter& filter, QWidget* leading, QH
                           row.addWidget(box);
                         }},
              filter);
-  if (auto* label = qobject_cast<QLabel*>(leading)) label->setBuddy(&control<QWidget>(captioned(filter)));
+  if (auto* label = qobject_cast<QLabel*>(leading)) label->setBuddy(&control<QWidget>(controlsOf(filter).front()));
 }
 
 void ReportFilters::addDates(const ReportPeriodBoxes& boxes, QHBoxLayout& row) {
@@ -210,17 +201,27 @@ void ReportFilters::addAccount(const ReportAccount& account, QHBoxLayout& row) {
     accounts_ = new AccountDropList(screen_);
     accounts_->setObjectName("AccCodeList");
   }
-  auto* code = new AccountCodeBox(workplace_.context, *accounts_, {.listCondition = account.condition}, this);
-  code->setFixedWidth(code->fontMetrics().averageCharWidth() * 16);
-  name(*code, account.code, account.caption);
+  addCodeBox(*new AccountCodeBox(workplace_.context, *accounts_, {.listCondition = account.condition}, this), account,
+             row);
+}
+
+void ReportFilters::addItem(const ReportItem& item, QHBoxLayout& row) {
+  if (!items_)
+    items_ = new CodeDropList({.name = "ItemCodeList", .spoken = "Items", .nothing = "No item matches"}, screen_);
+  addCodeBox(*new ItemCodeBox(workplace_.context, *items_, item.kinds, this), item, row);
+}
+
+// The box, and the name of what it stands for.
+template <typename Filter>
+void ReportFilters::addCodeBox(CodeBox& code, const Filter& filter, QHBoxLayout& row) {
+  code.setFixedWidth(code.fontMetrics().averageCharWidth() * 16);
+  name(code, filter.code, filter.caption);
   auto* nameBox = new QLineEdit(this);
   forms::makeNameBox(*nameBox);
-  name(*nameBox, account.name, plain(account.caption) + " name");
-  connect(code, &AccountCodeBox::accountResolved, nameBox,
-          [nameBox](const Account& found) { nameBox->setText(forms::shownText(found.name)); });
-  connect(code, &AccountCodeBox::accountCleared, nameBox, &QLineEdit::clear);
-  connect(code, &AccountCodeBox::moveOn, code, [this] { focusNextChild(); });
-  row.addWidget(code);
+  name(*nameBox, filter.name, plain(filter.caption) + " name");
+  connect(&code, &CodeBox::named, nameBox, &QLineEdit::setText);
+  connect(&code, &CodeBox::moveOn, &code, [this] { focusNextChild(); });
+  row.addWidget(&code);
   row.addWidget(nameBox, 1);
 }
 

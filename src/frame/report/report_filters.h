@@ -18,8 +18,9 @@ class QHBoxLayout;
 
 namespace velmo::frame {
 
-class AccountCodeBox;
 class AccountDropList;
+class CodeBox;
+class CodeDropList;
 
 // The controls of a report's filters, which enable, disable, clear and reload one another as the descriptor says, and
 // what stands in them. A name that no control has throws std::logic_error.
@@ -40,6 +41,8 @@ class ReportFilters : public QWidget {
   // Of a drop list; null when the text is no entry of it.
   store::Value bound(std::string_view name) const;
   text::DateTime day(std::string_view name) const;
+  // What a control stands for: the bound value of a list, the code of a code box, a day, or the text; null for nothing.
+  store::Value value(std::string_view name) const;
   ReportPeriod period(std::string_view from = "LedgerDt_0", std::string_view to = "LedgerDt_1") const;
 
   // As the user would.
@@ -72,6 +75,9 @@ class ReportFilters : public QWidget {
   void addControls(const ReportFilter& filter, QWidget* leading, QHBoxLayout& row);
   void addDates(const ReportPeriodBoxes& boxes, QHBoxLayout& row);
   void addAccount(const ReportAccount& account, QHBoxLayout& row);
+  void addItem(const ReportItem& item, QHBoxLayout& row);
+  template <typename Filter>
+  void addCodeBox(CodeBox& code, const Filter& filter, QHBoxLayout& row);
   void addList(const ReportList& list, QHBoxLayout& row);
   void addEntryBoxes(const ReportEntryBoxes& boxes, QHBoxLayout& row);
   store::Recordset read(const ReportList& list) const;
@@ -88,6 +94,7 @@ class ReportFilters : public QWidget {
   session::Workplace& workplace_;
   QWidget* screen_;
   AccountDropList* accounts_ = nullptr;
+  CodeDropList* items_ = nullptr;
   std::map<std::string, QWidget*, std::less<>> controls_;
   std::map<std::string, QButtonGroup*, std::less<>> groups_;
   std::map<std::string, ListSource, std::less<>> lists_;

@@ -8,6 +8,8 @@
 #include "forms/caption.h"
 #include "forms/figure_fit.h"
 #include "forms/look.h"
+#include "frame/report/report_model.h"
+#include "text/format.h"
 
 namespace velmo::frame {
 namespace {
@@ -22,6 +24,36 @@ void addTo(QHBoxLayout& row, QWidget& widget, bool shown) {
 }
 
 }  // namespace
+
+FigureBoxes addFigures(const std::vector<ReportFigure>& figures, QHBoxLayout& row, FigureCaptions captions) {
+  FigureBoxes boxes;
+  QFont font = forms::figureFont();
+  font.setWeight(QFont::DemiBold);
+  for (const ReportFigure& figure : figures) {
+    auto* box = new QLineEdit;
+    box->setObjectName(forms::shownText(figure.name));
+    box->setAccessibleName(forms::shownText(figure.caption.empty() ? figure.name : figure.caption));
+    box->setReadOnly(true);
+    box->setFocusPolicy(Qt::NoFocus);
+    box->setAlignment(Qt::AlignRight);
+    box->setFont(font);
+    box->setFixedWidth(box->fontMetrics().averageCharWidth() * figure.width);
+    forms::keepFigureWhole(*box);
+    const bool isFirst = &figure == &figures.front();
+    if (!figure.caption.empty() && (captions == FigureCaptions::Shown || !isFirst)) {
+      auto* label = new QLabel(forms::shownText(figure.caption));
+      forms::makeCaption(*label);
+      addTo(row, *label, captions == FigureCaptions::Shown);
+    }
+    addTo(row, *box, !figure.name.empty());
+    if (!figure.name.empty()) boxes[figure.name] = box;
+  }
+  return boxes;
+}
+
+std::string sumText(const ReportFigure& figure, const ReportModel& rows) {
+  return text::formatNumber(rows.sum(figure.sum), figure.format);
+}
 
 ReportFoot::ReportFoot(const ReportType& type) : message_(new QLabel) {
   if (!type.totalsFrame.empty()) setObjectName(forms::shownText(type.totalsFrame));
@@ -38,14 +70,14 @@ ReportFoot::ReportFoot(const ReportType& type) : message_(new QLabel) {
     label->setObjectName("TtlLbl");
     row->addWidget(label);
   }
-  addFigures(type.totals, *row);
+  boxes_.merge(addFigures(type.totals, *row));
   for (const ReportGrid& grid : type.grids) {
     if (grid.totals.empty()) continue;
     auto* frame = new QWidget(this);
     frame->setObjectName(forms::shownText(grid.totalsFrame));
     auto* figures = new QHBoxLayout(frame);
     forms::setGrid(*figures, 0);
-    addFigures(grid.totals, *figures);
+    boxes_.merge(addFigures(grid.totals, *figures));
     row->addWidget(frame);
     frames_[grid.name] = frame;
     if (grid.further.frame.empty()) continue;
@@ -64,32 +96,8 @@ void ReportFoot::addFurtherTotals(const ReportFurtherTotals& further, QVBoxLayou
   forms::setGrid(*row, 0);
   row->addStretch(1);
   row->addWidget(new QLabel(forms::shownText(further.caption)));
-  addFigures(further.figures, *row, Captions::RoomOnly);
+  boxes_.merge(addFigures(further.figures, *row, FigureCaptions::RoomOnly));
   column.addWidget(frame);
-}
-
-void ReportFoot::addFigures(const std::vector<ReportFigure>& figures, QHBoxLayout& row, Captions captions) {
-  QFont font = forms::figureFont();
-  font.setWeight(QFont::DemiBold);
-  for (const ReportFigure& figure : figures) {
-    auto* box = new QLineEdit;
-    box->setObjectName(forms::shownText(figure.name));
-    box->setAccessibleName(forms::shownText(figure.caption.empty() ? figure.name : figure.caption));
-    box->setReadOnly(true);
-    box->setFocusPolicy(Qt::NoFocus);
-    box->setAlignment(Qt::AlignRight);
-    box->setFont(font);
-    box->setFixedWidth(box->fontMetrics().averageCharWidth() * figure.width);
-    forms::keepFigureWhole(*box);
-    const bool isFirst = &figure == &figures.front();
-    if (!figure.caption.empty() && (captions == Captions::Shown || !isFirst)) {
-      auto* label = new QLabel(forms::shownText(figure.caption));
-      forms::makeCaption(*label);
-      addTo(row, *label, captions == Captions::Shown);
-    }
-    addTo(row, *box, !figure.name.empty());
-    if (!figure.name.empty()) boxes_[figure.name] = box;
-  }
 }
 
 void ReportFoot::showMessage(const QString& text) {

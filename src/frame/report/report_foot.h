@@ -13,6 +13,16 @@ class QVBoxLayout;
 
 namespace velmo::frame {
 
+class ReportModel;
+
+using FigureBoxes = std::map<std::string, QWidget*, std::less<>>;  // by their names
+
+enum class FigureCaptions { Shown, RoomOnly };
+FigureBoxes addFigures(const std::vector<ReportFigure>& figures, QHBoxLayout& row,
+                       FigureCaptions captions = FigureCaptions::Shown);
+// The sum that a figure shows of the rows.
+std::string sumText(const ReportFigure& figure, const ReportModel& rows);
+
 // What stands under the grids of a report: a message at the left, and its totals, those of the grid that is shown.
 class ReportFoot : public QWidget {
  public:
@@ -21,16 +31,14 @@ class ReportFoot : public QWidget {
   void showMessage(const QString& text);
   void showTotalsOf(const std::string& grid);
   void showFurtherTotals(const std::string& grid, bool shown);
-  const std::map<std::string, QWidget*, std::less<>>& boxes() const { return boxes_; }
+  const FigureBoxes& boxes() const { return boxes_; }
 
  private:
-  enum class Captions { Shown, RoomOnly };
-  void addFigures(const std::vector<ReportFigure>& figures, QHBoxLayout& row, Captions captions = Captions::Shown);
   void addFurtherTotals(const ReportFurtherTotals& further, QVBoxLayout& column);
   void showFrames();
 
   QLabel* message_;
-  std::map<std::string, QWidget*, std::less<>> boxes_;
+  FigureBoxes boxes_;
   std::map<std::string, QWidget*, std::less<>> frames_;   // by the grids that have their own
   std::map<std::string, QWidget*, std::less<>> further_;  // below those
   std::set<std::string, std::less<>> furtherShown_;       // grids

@@ -1,7 +1,6 @@
 #include "frame/report/report_rows.h"
 
 #include <map>
-#include <string>
 
 #include "store/values/error.h"
 
@@ -41,6 +40,10 @@ class Walk : public printing::ReportRows {
 };
 
 }  // namespace
+
+std::shared_ptr<ReportRows> rowsOf(store::Connection& connection, const std::string& statement) {
+  return std::make_shared<RecordsetRows>(store::Recordset(connection, statement, store::LockType::ReadOnly));
+}
 
 std::unique_ptr<printing::ReportRows> ReportRowsData::rows() const {
   return std::make_unique<Walk>(rows_);

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "printing/report_data.h"
@@ -36,6 +37,9 @@ class RecordsetRows : public ReportRows {
  protected:
   store::Recordset rows_;
 };
+
+// The rows of a statement, which are only read. Throws StoreError.
+std::shared_ptr<ReportRows> rowsOf(store::Connection& connection, const std::string& statement);
 
 // The same rows for a print-out of one level. A walk reads on as it comes to the end of what is ready.
 class ReportRowsData : public printing::ReportData {

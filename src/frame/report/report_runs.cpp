@@ -44,6 +44,14 @@ void ReportScreen::attempt(const char* title, const std::function<void()>& actio
   }
 }
 
+void ReportScreen::attemptAside(const char* title, const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const store::StoreError& failure) {
+    workplace_.prompts.tell(title, failure.what());
+  }
+}
+
 bool ReportScreen::load(ReportUse use) {
   if (type_.check && !type_.check(*this, use)) return false;
   if (!type_.load) return true;
@@ -82,8 +90,18 @@ void ReportScreen::readOn() {
     foot_->showMessage(tr("Reading ... %1 rows").arg(QLocale(QLocale::English).toString(qlonglong{model().ready()})));
 }
 
+void ReportScreen::showSums() {
+  const auto show = [this](const std::vector<ReportFigure>& figures, const ReportModel& rows) {
+    for (const ReportFigure& figure : figures)
+      if (!figure.sum.empty()) setFigure(figure.name, sumText(figure, rows));
+  };
+  if (!type_.grids.empty()) show(type_.totals, model(type_.grids.front().name));
+  for (const ReportGrid& grid : type_.grids) show(grid.totals, model(grid.name));
+}
+
 void ReportScreen::completed() {
   idle_.stop();
+  showSums();
   if (type_.figures) type_.figures(*this);
   if (tables_) showCount();
   setRunning(false);
@@ -157,13 +175,16 @@ void ReportScreen::exportSheet() {
 }
 
 void ReportScreen::drillDown(std::int64_t row) {
-  attempt("Cannot Open", [&] {
+  attemptAside("Cannot Open", [&] {
     if (type_.drillDown) return type_.drillDown(*this, row);
-    const store::Value tranNo = model().value(row, "TranNo");
-    if (store::isBlank(tranNo)) return;
-    openDocument(workplace_, static_cast<int>(store::integerOf(model().value(row, "TranType"))),
-                 store::integerOf(tranNo));
+    openDocumentOf(model(), row);
   });
+}
+
+void ReportScreen::openDocumentOf(const ReportModel& rows, std::int64_t row) {
+  const store::Value tranNo = rows.value(row, "TranNo");
+  if (store::isBlank(tranNo)) return;
+  openDocument(workplace_, static_cast<int>(store::integerOf(rows.value(row, "TranType"))), store::integerOf(tranNo));
 }
 
 }  // namespace velmo::frame

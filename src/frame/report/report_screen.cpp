@@ -10,6 +10,7 @@
 #include "forms/look.h"
 #include "forms/stop_listening.h"
 #include "forms/table_view.h"
+#include "frame/report/report_detail.h"
 #include "frame/report/report_foot.h"
 #include "frame/report/report_model.h"
 
@@ -26,10 +27,11 @@ ReportScreen::ReportScreen(ReportType type, session::Workplace& workplace, QWidg
   wait_->setObjectName("WaitPic");
   wait_->hide();
   column_->addWidget(wait_);
-  if (!type_.grids.empty()) column_->addWidget(makeTables(), 1);
+  if (!type_.grids.empty()) column_->addWidget(makeTables(), 3);
   foot_ = new ReportFoot(type_);
   for (const auto& [name, box] : foot_->boxes()) figures_[name] = box;
   column_->addWidget(foot_);
+  if (!type_.detail.name.empty()) addDetail();
   idle_.setInterval(0);
   connect(&idle_, &QTimer::timeout, this, [this] { attempt("Cannot Show", [this] { readOn(); }); });
   connect(filters_, &ReportFilters::confirmed, this, &ReportScreen::confirm);
@@ -115,7 +117,7 @@ void ReportScreen::addLabels(QHBoxLayout& row) {
 }
 
 ReportScreen::Table ReportScreen::makeTable(const ReportGrid& grid) {
-  auto* model = new ReportModel(grid.columns, grid.sums, this);
+  auto* model = new ReportModel(grid.columns, summedFields(type_, grid), this);
   auto* view = new forms::TableView;
   view->setObjectName(forms::shownText(grid.name));
   view->setAccessibleName(windowTitle());
@@ -139,6 +141,21 @@ QWidget* ReportScreen::makeTables() {
   return tables_;
 }
 
+void ReportScreen::addDetail() {
+  detail_ = new ReportDetailPane(type_.detail, this);
+  column_->addWidget(detail_, 2);
+  for (const auto& [name, table] : byName_) {
+    connect(table.view->selectionModel(), &QItemSelectionModel::currentRowChanged, detail_,
+            &ReportDetailPane::leaveRow);
+    connect(table.model, &ReportModel::modelReset, detail_, &ReportDetailPane::leaveRow);
+  }
+  connect(detail_, &ReportDetailPane::due, this,
+          [this] { attemptAside("Cannot Show", [this] { detail_->proceed(*this); }); });
+  connect(&detail_->grid(), &forms::TableView::picked, this, [this](const QModelIndex& index) {
+    attemptAside("Cannot Open", [&] { openDocumentOf(detail_->model(), index.row()); });
+  });
+}
+
 ReportModel& ReportScreen::model(const std::string& grid) {
   return *byName_.at(grid).model;
 }
@@ -155,9 +172,14 @@ void ReportScreen::setRows(const std::string& grid, std::shared_ptr<ReportRows> 
   byName_.at(grid).model->setRows(std::move(rows));
 }
 
+void ReportScreen::setRows(const std::string& grid, const std::string& statement) {
+  setRows(grid, rowsOf(workplace_.context.KORDconn, statement));
+}
+
 void ReportScreen::showGrid(const std::string& grid) {
   tables_->setCurrentWidget(byName_.at(grid).view);
   foot_->showTotalsOf(grid);
+  if (detail_) detail_->leaveRow();
   if (model().rows() && isComplete()) showCount();
 }
 

@@ -22,6 +22,7 @@ class TableView;
 
 namespace velmo::frame {
 
+class ReportDetailPane;
 class ReportFoot;
 class ReportModel;
 class ReportRows;
@@ -42,6 +43,7 @@ class ReportScreen : public QWidget {
 
   // For the functions of the descriptor.
   void setRows(const std::string& grid, std::shared_ptr<ReportRows> rows);
+  void setRows(const std::string& grid, const std::string& statement);
   void showGrid(const std::string& grid);
   ReportModel& model(const std::string& grid);
   ReportModel& model();  // of the grid that is shown
@@ -80,17 +82,21 @@ class ReportScreen : public QWidget {
   QAbstractButton* makeCommand(const ReportCommand& command, const QKeySequence& keys, std::function<void()> run);
   void addLabels(QHBoxLayout& row);
   QWidget* makeTables();
+  void addDetail();
   Table makeTable(const ReportGrid& grid);
   bool load(ReportUse use);
   bool isComplete() const;
   bool pauses() const;
   void readOn();
   void completed();
+  void showSums();
   void showCount();
   void setRunning(bool running);
   void confirm();
-  void attempt(const char* title, const std::function<void()>& action);
+  void attempt(const char* title, const std::function<void()>& action);       // a failure ends the run
+  void attemptAside(const char* title, const std::function<void()>& action);  // the run goes on
   void drillDown(std::int64_t row);
+  void openDocumentOf(const ReportModel& rows, std::int64_t row);
 
   const ReportType type_;
   session::Workplace& workplace_;
@@ -99,6 +105,7 @@ class ReportScreen : public QWidget {
   QStackedWidget* tables_ = nullptr;
   QLabel* wait_ = nullptr;
   ReportFoot* foot_ = nullptr;
+  ReportDetailPane* detail_ = nullptr;
   std::vector<QAbstractButton*> commands_;  // view, print and sheet
   QPointer<QWidget> hadFocus_;              // before the commands were disabled
   QPointer<QWidget> hasFocusMeanwhile_;

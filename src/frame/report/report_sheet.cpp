@@ -15,10 +15,12 @@ ReportSheet plainSheet(ReportScreen& screen) {
   const auto& grids = screen.type().grids;
   const std::string shown = screen.grid().objectName().toStdString();
   const auto grid = std::ranges::find(grids, shown, &ReportGrid::name);
-  if (grid == grids.end() || grid->sums.empty()) return sheet;
+  if (grid == grids.end()) return sheet;
+  const std::vector<std::string> summed = summedFields(screen.type(), *grid);
+  if (summed.empty()) return sheet;
   for (const forms::TableColumn& column : sheet.columns) {
     store::Value& total = sheet.totals.emplace_back();
-    if (std::ranges::find(grid->sums, column.field) != grid->sums.end()) total = model.sum(column.field);
+    if (std::ranges::find(summed, column.field) != summed.end()) total = model.sum(column.field);
   }
   return sheet;
 }

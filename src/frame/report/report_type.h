@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "forms/recordset_model.h"
+#include "frame/picking/item_code_box.h"
 #include "frame/report/report_period.h"
 #include "printing/report.h"
 
@@ -50,6 +51,14 @@ struct ReportAccount {
   std::string condition = {};  // on acclevel3: "Level1ID=120 or Level1ID=210"
 };
 
+// The same for an item.
+struct ReportItem {
+  std::string code = "ICode";
+  std::string name = "IName";
+  std::string caption = "&Item";
+  ItemKinds kinds = ItemKinds::Goods;
+};
+
 // A list to choose from. It is read when the screen opens; one that depends on another list is read again whenever
 // something else is chosen there, and is empty while nothing is.
 struct ReportList {
@@ -78,8 +87,12 @@ struct ReportDigits {
   int longest = 10;
 };
 
-using ReportFilter = std::variant<ReportOption, ReportOptions, ReportPeriodBoxes, ReportAccount, ReportList,
+using ReportFilter = std::variant<ReportOption, ReportOptions, ReportPeriodBoxes, ReportAccount, ReportItem, ReportList,
                                   ReportEntryBoxes, ReportDigits>;
+
+// The names of the controls that a filter asks with beside its own button or check box; the first is the one that its
+// caption stands for.
+std::vector<std::string> controlsOf(const ReportFilter& filter);
 
 // Filters side by side. What leads the first of them (its button, check box or caption) stands in a column of its own,
 // and in rows of the same kinds of filters what leads the others does too.
@@ -87,11 +100,13 @@ using ReportFilterRow = std::vector<ReportFilter>;
 
 // ---- What it shows ------------------------------------------------------------------------------------------------
 
-// A read-only box under the grid.
+// A read-only box under the grid. One with a sum shows it by itself once all rows have been read.
 struct ReportFigure {
   std::string name;
   std::string caption = {};
-  int width = 16;  // in average characters
+  int width = 16;        // in average characters
+  std::string sum = {};  // the field that is summed up
+  std::string format = figureFormat;
 };
 
 // A line of figures below the totals of a grid, each under one of those; one without a name keeps a place free. It is
@@ -105,12 +120,28 @@ struct ReportFurtherTotals {
 struct ReportGrid {
   std::string name;
   std::vector<forms::TableColumn> columns;
-  std::vector<std::string> sums = {};  // fields that are summed up as the rows come
+  std::vector<std::string> sums = {};  // further fields that are summed up as the rows come, beside those of figures
   std::string shownBy = {};            // the option that shows this grid, of many
   std::string totalsFrame = {};        // the name of a frame with figures of this grid alone
   std::vector<ReportFigure> totals = {};
   ReportFurtherTotals further = {};
 };
+
+// A second grid, which shows what belongs to the current row of the first and follows when the keys rest. Double click
+// or Enter there opens the row's document.
+struct ReportDetail {
+  std::string name = {};  // of the grid; none: the report has none
+  std::string caption = {};
+  std::vector<forms::TableColumn> columns = {};
+  std::function<std::string(ReportScreen&, std::int64_t row)> statement = {};  // nothing to show when it is empty
+  std::string totalsFrame = {};
+  std::vector<ReportFigure> totals = {};  // sums over its rows
+};
+
+struct ReportType;
+
+// The fields of a grid of which its rows keep sums: those that it names, and those of its figures.
+std::vector<std::string> summedFields(const ReportType& type, const ReportGrid& grid);
 
 // What the user wants the rows for.
 enum class ReportUse { View, Print, Export };
@@ -142,11 +173,12 @@ struct ReportType {
   std::string heading = {};       // none: as the caption
   std::string filtersFrame = {};  // the name of the frame around the filters
   std::vector<ReportFilterRow> filters = {};
-  std::vector<ReportGrid> grids = {};    // the first is shown; ReportScreen::showGrid() changes that
-  std::vector<std::string> labels = {};  // above the grid, at the right: the balance brought forward
-  std::string totalsFrame = {};          // the frame's name
-  std::string totalsLabel = {};          // shown at its left, named `TtlLbl`
-  std::vector<ReportFigure> totals = {};
+  std::vector<ReportGrid> grids = {};     // the first is shown; ReportScreen::showGrid() changes that
+  std::vector<std::string> labels = {};   // above the grid, at the right: the balance brought forward
+  std::string totalsFrame = {};           // the frame's name
+  std::string totalsLabel = {};           // shown at its left, named `TtlLbl`
+  std::vector<ReportFigure> totals = {};  // sums are those of the first grid
+  ReportDetail detail = {};
 
   ReportCommand view = {};   // F5, and Enter in a date
   ReportCommand print = {};  // Ctrl+P

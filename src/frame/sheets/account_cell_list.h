@@ -7,7 +7,7 @@
 namespace velmo::frame {
 
 // The drop list of accounts below a cell for the code of any account.
-class AccountCellList : public CellList, public AccountListOwner {
+class AccountCellList : public CellList, public CodeListOwner {
   Q_OBJECT
 
  public:

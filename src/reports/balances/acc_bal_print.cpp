@@ -2,8 +2,7 @@
 
 #include <cmath>
 
-#include "printing/level_heading.h"
-#include "reports/parts/report_pieces.h"
+#include "reports/parts/table_print.h"
 #include "text/format.h"
 
 namespace velmo::reports {
@@ -15,25 +14,31 @@ namespace {
 constexpr Twips CodeWidth = mm(22);
 constexpr Twips AmountWidth = mm(30);
 constexpr Twips SideWidth = mm(16);
-constexpr Twips Padding = mm(0.9);
+constexpr Twips AboveTotals = mm(1);
 
 enum class Layout { SixColumns, TwoColumns };
 
+Column codeColumn(std::string heading, std::string field) {
+  return {.heading = std::move(heading), .dataField = std::move(field), .width = CodeWidth};
+}
+
+Column amount(std::string heading, std::string field, std::string headingName = {}) {
+  return {.heading = std::move(heading),
+          .dataField = std::move(field),
+          .width = AmountWidth,
+          .align = Align::Right,
+          .format = frame::groupedFigureFormat,
+          .headingName = std::move(headingName)};
+}
+
+Column side(std::string field) {
+  return {.dataField = std::move(field), .width = SideWidth};
+}
+
 std::vector<Column> columnsOf(Layout layout, const std::string& currency, const std::string& nameHeading) {
-  const auto amount = [](std::string heading, std::string field) {
-    return Column{.heading = std::move(heading),
-                  .dataField = std::move(field),
-                  .width = AmountWidth,
-                  .align = Align::Right,
-                  .format = frame::groupedFigureFormat};
-  };
-  const auto side = [](std::string field) { return Column{.dataField = std::move(field), .width = SideWidth}; };
-  Column debits = amount("Debit " + currency, "debits");
-  debits.headingName = "Lbl1";
-  Column credits = amount("Credit " + currency, "credits");
-  credits.headingName = "Lbl2";
-  std::vector<Column> columns = {{.heading = "Acc Code", .dataField = "acccode", .width = CodeWidth},
-                                 {.heading = nameHeading, .dataField = "accname"}};
+  std::vector<Column> columns = {codeColumn("Acc Code", "acccode"), {.heading = nameHeading, .dataField = "accname"}};
+  const Column debits = amount("Debit " + currency, "debits", "Lbl1");
+  const Column credits = amount("Credit " + currency, "credits", "Lbl2");
   if (layout == Layout::TwoColumns) {
     columns.insert(columns.end(), {debits, credits});
   } else {
@@ -43,149 +48,74 @@ std::vector<Column> columnsOf(Layout layout, const std::string& currency, const 
   return columns;
 }
 
-const ColumnPlace& placeOf(const std::vector<ColumnPlace>& columns, std::string_view field) {
-  return *std::ranges::find_if(columns, [field](const ColumnPlace& place) { return place.column.dataField == field; });
+std::string figure(double value) {
+  return text::formatNumber(value, frame::groupedFigureFormat);
 }
 
-// A type or a sub type with its balance at the right end.
-Section headingOf(const std::string& name, const std::string& code, const std::string& words, std::size_t depth,
-                  Twips width) {
-  const Twips right = width - SideWidth;
-  return levelHeading({.name = name,
-                       .fields = {{.dataField = code, .width = CodeWidth},
-                                  {.dataField = words, .left = CodeWidth, .width = right - AmountWidth - CodeWidth},
-                                  {.dataField = "tbalance",
-                                   .format = frame::groupedFigureFormat,
-                                   .left = right - AmountWidth,
-                                   .width = AmountWidth,
-                                   .align = Align::Right},
-                                  {.dataField = "tstatus", .left = right, .width = SideWidth}}},
-                      depth, width);
+// The amount under its column, the side under the next.
+void addBalance(TotalsRow& row, const std::string& name, double balance, const char* amountField,
+                const char* sideField) {
+  row.totals.push_back({.column = amountField, .name = name, .text = figure(std::fabs(balance))});
+  row.totals.push_back({.column = sideField, .text = frame::sideOf(balance)});
 }
 
-enum class Ground { Band, Plain };
-
-// A row of totals: the label, and what stands under the columns.
-class TotalsRow {
- public:
-  TotalsRow(Section& section, Twips width, Ground ground) : section_(section), top_(section.height + mm(1)) {
-    if (ground == Ground::Band)
-      section.elements.push_back(
-          {.at = {0, top_, width, Height}, .content = Box{.fill = ink::Band}, .stretch = Stretch::WithContents});
-    section.height = top_ + Height;
-  }
-  void addLabel(const std::string& name, Content content, Twips left, Twips right) {
-    add(name, std::move(content), left, right - left);
-  }
-  // The amount under its column, the side under the next.
-  void addBalance(Report& report, const std::string& name, double balance, const ColumnPlace& amount,
-                  const ColumnPlace& side) {
-    report.variables[name] = text::formatNumber(std::fabs(balance), frame::groupedFigureFormat);
-    add(name, Label{}, amount.left, amount.width);
-    add({}, Label{frame::sideOf(balance)}, side.left, side.width, Align::Left);
-  }
-  void addAmount(Report& report, const std::string& name, double amount, const ColumnPlace& place) {
-    report.variables[name] = text::formatNumber(amount, frame::groupedFigureFormat);
-    add(name, Label{}, place.left, place.width);
-  }
-  void addSum(const std::string& name, const ColumnPlace& place, const std::string& field) {
-    add(name, Function{Statistic::Sum, field, frame::groupedFigureFormat, {}}, place.left, place.width);
-  }
-
- private:
-  static constexpr Twips Height = mm(6.2);
-
-  void add(const std::string& name, Content content, Twips left, Twips width, Align align = Align::Right) {
-    section_.elements.push_back({.name = name,
-                                 .at = {left + Padding, top_ + mm(1.3), width - 2 * Padding, mm(3.5)},
-                                 .content = std::move(content),
-                                 .font = {.size = 7.5, .weight = Weight::SemiBold},
-                                 .align = align});
-  }
-
-  Section& section_;
-  Twips top_;
-};
-
-Section sixTotals(Report& report, const BalancesSheet& sheet, const std::vector<ColumnPlace>& columns) {
-  const Twips width = report.design.bodyWidth();
-  Section foot{.name = "Section5"};
-  TotalsRow row(foot, width, Ground::Band);
-  const ColumnPlace& opening = placeOf(columns, "obalance");
-  const ColumnPlace& debits = placeOf(columns, "debits");
-  row.addLabel("TtlLbl", Label{}, 0, opening.left);
-  row.addBalance(report, "OBLbl", sheet.opening, opening, placeOf(columns, "ostatus"));
-  row.addSum("DebitSum", debits, "debits");
-  row.addSum("CreditSum", placeOf(columns, "credits"), "credits");
-  row.addBalance(report, "CBLbl", sheet.closing, placeOf(columns, "cbalance"), placeOf(columns, "cstatus"));
-  if (!sheet.settled) return foot;
-  TotalsRow settled(foot, width, Ground::Plain);
-  settled.addLabel("SettledLbl", Label{settledCaption}, 0, opening.left);
-  settled.addBalance(report, "SettledOBLbl", sheet.settled->opening, opening, placeOf(columns, "ostatus"));
-  settled.addAmount(report, "SettledDebits", sheet.settled->debits, debits);
-  settled.addAmount(report, "SettledCredits", sheet.settled->credits, placeOf(columns, "credits"));
-  return foot;
+std::vector<TotalsRow> sixTotals(const std::string& label, const BalancesSheet& sheet) {
+  TotalsRow all{.labelName = "TtlLbl", .label = label, .above = AboveTotals};
+  addBalance(all, "OBLbl", sheet.opening, "obalance", "ostatus");
+  all.totals.push_back({.column = "debits", .name = "DebitSum", .sumOf = "debits"});
+  all.totals.push_back({.column = "credits", .name = "CreditSum", .sumOf = "credits"});
+  addBalance(all, "CBLbl", sheet.closing, "cbalance", "cstatus");
+  if (!sheet.settled) return {all};
+  TotalsRow settled{.labelName = "SettledLbl", .label = settledCaption, .ground = Ground::Plain, .above = AboveTotals};
+  addBalance(settled, "SettledOBLbl", sheet.settled->opening, "obalance", "ostatus");
+  settled.totals.push_back({.column = "debits", .name = "SettledDebits", .text = figure(sheet.settled->debits)});
+  settled.totals.push_back({.column = "credits", .name = "SettledCredits", .text = figure(sheet.settled->credits)});
+  return {all, settled};
 }
 
 // The sums are over fields that are 0, and not null, on the other side.
-void addTwoSums(TotalsRow& row, const std::string& level, const std::vector<ColumnPlace>& columns) {
-  row.addSum("DebitSum" + level, placeOf(columns, "debits"), "debits2");
-  row.addSum("CreditSum" + level, placeOf(columns, "credits"), "credits2");
+std::vector<UnderColumn> twoSums(const std::string& level) {
+  return {{.column = "debits", .name = "DebitSum" + level, .sumOf = "debits2"},
+          {.column = "credits", .name = "CreditSum" + level, .sumOf = "credits2"}};
 }
 
-Section twoTotals(Report& report, const std::vector<ColumnPlace>& columns) {
-  Section foot{.name = "Section5"};
-  TotalsRow row(foot, report.design.bodyWidth(), Ground::Band);
-  row.addLabel("TtlLbl", Label{}, 0, placeOf(columns, "debits").left);
-  addTwoSums(row, "", columns);
-  return foot;
+// A type or a sub type with its balance at the right end.
+TableLevel levelOf(const std::string& member, const std::string& name, const std::string& code,
+                   const std::string& words, Layout layout) {
+  TableLevel level{.dataMember = member,
+                   .headingName = name,
+                   .heading = {codeColumn({}, code), {.dataField = words}, amount({}, "tbalance"), side("tstatus")}};
+  if (layout == Layout::TwoColumns)
+    level.totals = {{.labelField = words,
+                     .labelLeft = CodeWidth,
+                     .totals = twoSums(member),
+                     .ground = Ground::Plain,
+                     .above = AboveTotals}};
+  return level;
 }
 
-Section twoSumsOf(const std::string& level, const std::string& words, const std::vector<ColumnPlace>& columns,
-                  Twips width) {
-  Section foot{.name = level + "Footer"};
-  TotalsRow row(foot, width, Ground::Plain);
-  row.addLabel({}, Field{words, {}, level}, CodeWidth, placeOf(columns, "debits").left);
-  addTwoSums(row, level, columns);
-  return foot;
+TablePrint balancesTable(const session::LoginContext& context, const BalancesSheet& sheet, Layout layout) {
+  const std::string label = "Totals " + context.ccode;
+  return {.head = {{"ReportLabel", sheet.reportLabel}, {"ReportDate", sheet.dateLine}},
+          .paper = layout == Layout::SixColumns ? A4Landscape : A4,
+          .columns = columnsOf(layout, context.ccode, sheet.nameHeading),
+          .totals = layout == Layout::SixColumns
+                        ? sixTotals(label, sheet)
+                        : std::vector<TotalsRow>{
+                              {.labelName = "TtlLbl", .label = label, .totals = twoSums({}), .above = AboveTotals}}};
 }
 
-Report balancesReport(const session::LoginContext& context, const BalancesSheet& sheet, BalancesData rows,
-                      Layout layout) {
-  Report report{
-      .title = sheet.reportLabel, .author = context.CompanyName, .data = std::move(rows), .printedOn = sheet.today};
-  if (layout == Layout::SixColumns) report.design.paper = A4Landscape;
-  const Letterhead letterhead = letterheadOf(context);
-  const Twips width = report.design.bodyWidth();
-  const std::vector<ColumnPlace> columns = placeColumns(columnsOf(layout, context.ccode, sheet.nameHeading), width);
-  report.variables["TtlLbl"] = "Totals " + context.ccode;
-  report.design.reportHeader =
-      titledHead(report, letterhead,
-                 {{"ReportLabel", sheet.reportLabel},
-                  {"ReportDate", "From  " + frame::dayInWords(sheet.from) + "  To  " + frame::dayInWords(sheet.to)}});
-  report.design.pageHeader = Section{.name = "Section2"};
-  addColumnHeadings(*report.design.pageHeader, columns, width);
-  report.design.detail = tableLine(columns, width);
-  report.design.reportFooter =
-      layout == Layout::SixColumns ? sixTotals(report, sheet, columns) : twoTotals(report, columns);
-  report.design.pageFooter = pageFoot(report, letterhead, width);
-  return report;
+Report flatReport(const session::LoginContext& context, const BalancesSheet& sheet, BalancesData rows, Layout layout) {
+  return tablePrint(context, balancesTable(context, sheet, layout), std::move(rows), sheet.today);
 }
 
 Report groupedReport(const session::LoginContext& context, const BalancesSheet& sheet, BalancesData hierarchy,
                      Layout layout) {
-  Report report = balancesReport(context, sheet, std::move(hierarchy), layout);
-  const Twips width = report.design.bodyWidth();
-  report.design.groups = {
-      {.dataMember = "Level1", .header = headingOf("TypeHeading", "typeid", "type", 0, width)},
-      {.dataMember = "level2", .header = headingOf("SubTypeHeading", "level2id", "l2accname", 1, width)}};
-  report.design.detailMember = "level3";
-  if (layout == Layout::TwoColumns) {
-    const std::vector<ColumnPlace> columns = placeColumns(columnsOf(layout, context.ccode, sheet.nameHeading), width);
-    report.design.groups[0].footer = twoSumsOf("Level1", "type", columns, width);
-    report.design.groups[1].footer = twoSumsOf("level2", "l2accname", columns, width);
-  }
-  return report;
+  TablePrint table = balancesTable(context, sheet, layout);
+  table.levels = {levelOf("Level1", "TypeHeading", "typeid", "type", layout),
+                  levelOf("level2", "SubTypeHeading", "level2id", "l2accname", layout)};
+  table.detailMember = "level3";
+  return tablePrint(context, table, std::move(hierarchy), sheet.today);
 }
 
 }  // namespace
@@ -199,11 +129,11 @@ Report accBalRpt2(const session::LoginContext& context, const BalancesSheet& she
 }
 
 Report accBalRptRange(const session::LoginContext& context, const BalancesSheet& sheet, BalancesData rows) {
-  return balancesReport(context, sheet, std::move(rows), Layout::SixColumns);
+  return flatReport(context, sheet, std::move(rows), Layout::SixColumns);
 }
 
 Report accBalRptRange2(const session::LoginContext& context, const BalancesSheet& sheet, BalancesData rows) {
-  return balancesReport(context, sheet, std::move(rows), Layout::TwoColumns);
+  return flatReport(context, sheet, std::move(rows), Layout::TwoColumns);
 }
 
 }  // namespace velmo::reports

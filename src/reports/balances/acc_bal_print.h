@@ -14,9 +14,8 @@ namespace velmo::reports {
 struct BalancesSheet {
   std::string reportLabel = "Trial Balance";
   std::string nameHeading = "Account Name";
-  text::DateTime from = {};
-  text::DateTime to = {};
-  double opening = 0;  // totals of the six columns, debits less credits
+  std::string dateLine = {};  // "From  April 01, 2026  To  June 30, 2026"
+  double opening = 0;         // totals of the six columns, debits less credits
   double closing = 0;
   text::DateTime today = {};
   std::optional<SettledAccounts> settled = {};  // a line of their own below the totals of six columns

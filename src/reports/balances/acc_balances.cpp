@@ -13,18 +13,20 @@ namespace {
 
 using frame::ReportOption;
 using frame::ReportScreen;
-using frame::ReportUse;
 
 constexpr const char* twoColumnGrid = "DetailGrid2";
 
-bool checkSelection(ReportScreen& screen, ReportUse use) {
-  const frame::ReportFilters& filters = screen.filters();
-  const std::string purpose = use == ReportUse::Print ? " to print balances." : " to view balances.";
-  if (filters.chosen("SelectOpt") && !filters.chosen("SubTypeOpt") && store::isNull(filters.bound("Acc")))
-    return screen.refuse("Select Main Account Type", ("Select main account type" + purpose).c_str(), "Acc");
-  if (filters.chosen("SelectOpt") && filters.chosen("SubTypeOpt") && store::isNull(filters.bound("SubList")))
-    return screen.refuse("Select Sub Account Type", ("Select sub account type" + purpose).c_str(), "SubList");
-  return !filters.chosen("RangeOpt") || checkAccountRange(screen);
+std::vector<Selection> accountSelections() {
+  constexpr const char* group = "AccountOpt";
+  return {{.box = "AllOpt", .caption = "&All Accounts", .group = group},
+          accountTypeSelection("SelectOpt", group, "Acc",
+                               {.title = "Select Main Account Type",
+                                .text = "Select main account type to view balances.",
+                                .onPrint = "Select main account type to print balances."},
+                               {.title = "Select Sub Account Type",
+                                .text = "Select sub account type to view balances.",
+                                .onPrint = "Select sub account type to print balances."}),
+          accountRangeSelection("RangeOpt", "&Range", group)};
 }
 
 AccountChoice choiceOf(const frame::ReportFilters& filters) {
@@ -34,11 +36,6 @@ AccountChoice choiceOf(const frame::ReportFilters& filters) {
   }
   if (filters.chosen("RangeOpt")) return AccountRange{filters.account("CodeFrom"), filters.account("CodeTo")};
   return AllAccounts();
-}
-
-std::shared_ptr<frame::ReportRows> rowsOf(ReportScreen& screen, const std::string& statement) {
-  return std::make_shared<frame::RecordsetRows>(
-      store::Recordset(screen.workplace().context.KORDconn, statement, store::LockType::ReadOnly));
 }
 
 // Of the last run; nothing unless all accounts were chosen.
@@ -52,8 +49,8 @@ void loadBalances(ReportScreen& screen, const Settled& settled) {
   const AccountChoice choice = choiceOf(screen.filters());
   settled->reset();
   if (std::holds_alternative<AllAccounts>(choice)) *settled = settledAccounts(context.KORDconn, period);
-  screen.setRows(sixColumnGrid, rowsOf(screen, sixColumnBalances(period, choice)));
-  screen.setRows(twoColumnGrid, rowsOf(screen, twoColumnBalances(period, choice)));
+  screen.setRows(sixColumnGrid, sixColumnBalances(period, choice));
+  screen.setRows(twoColumnGrid, twoColumnBalances(period, choice));
 }
 
 void showTotals(ReportScreen& screen, const Settled& settled) {
@@ -64,9 +61,6 @@ void showTotals(ReportScreen& screen, const Settled& settled) {
     screen.setFigure("SettledDr", totalText((*settled)->debits));
     screen.setFigure("SettledCr", totalText((*settled)->credits));
   }
-  const frame::ReportModel& rows = screen.model(twoColumnGrid);
-  screen.setFigure("TDr", totalText(rows.sum("Debits")));
-  screen.setFigure("TCr", totalText(rows.sum("Credits")));
 }
 
 BalancesData hierarchy(ReportScreen& screen, const std::string& statement) {
@@ -80,9 +74,9 @@ printing::Report printRange(ReportScreen& screen, const BalancesSheet& sheet, co
   const session::LoginContext& context = screen.workplace().context;
   if (screen.filters().chosen("TrialOpt_0"))
     return accBalRptRange(context, sheet, std::make_shared<frame::ReportRowsData>(screen.model(sixColumnGrid).rows()));
-  return accBalRptRange2(
-      context, sheet,
-      std::make_shared<frame::ReportRowsData>(rowsOf(screen, twoColumnRangePrint(balancePeriod(screen), range))));
+  return accBalRptRange2(context, sheet,
+                         std::make_shared<frame::ReportRowsData>(frame::rowsOf(
+                             screen.workplace().context.KORDconn, twoColumnRangePrint(balancePeriod(screen), range))));
 }
 
 printing::Report printOut(ReportScreen& screen, const Settled& settled) {
@@ -124,24 +118,18 @@ frame::ReportGrid twoColumns() {
   columns.insert(columns.end(), {balanceColumn("Debit", "Debits"), balanceColumn("Credit", "Credits")});
   return {.name = twoColumnGrid,
           .columns = std::move(columns),
-          .sums = {"Debits", "Credits"},
           .shownBy = "TrialOpt_1",
           .totalsFrame = "LedgerTotals2",
-          .totals = {{"TDr", "Debit"}, {"TCr", "Credit"}}};
+          .totals = {{.name = "TDr", .caption = "Debit", .sum = "Debits", .format = totalFormat},
+                     {.name = "TCr", .caption = "Credit", .sum = "Credits", .format = totalFormat}}};
 }
 
 std::vector<frame::ReportFilterRow> filterRows() {
-  constexpr const char* selection = "AccountOpt";
-  return {{ReportOption{.name = "AllOpt", .caption = "&All Accounts", .group = selection}},
-          {ReportOption{.name = "SelectOpt",
-                        .caption = "&Main Account Type",
-                        .group = selection,
-                        .inputs = {"Acc", "SubTypeOpt", "SubList"}},
-           mainTypeList("Acc"), ReportOption{.name = "SubTypeOpt", .caption = "&Sub Type", .inputs = {"SubList"}},
-           subTypeList("SubList", "Acc")},
-          accountRangeRow("RangeOpt", "&Range", selection),
-          {balancesPeriodBoxes(), ReportOption{.name = "TrialOpt_0", .caption = "&6 Column", .group = "TrialOpt"},
-           ReportOption{.name = "TrialOpt_1", .caption = "&2 Column", .group = "TrialOpt"}}};
+  std::vector<frame::ReportFilterRow> rows = selectionRows(accountSelections(), 1);
+  rows.push_back(selectionRow(balancesPeriodSelection()));
+  rows.back().emplace_back(ReportOption{.name = "TrialOpt_0", .caption = "&6 Column", .group = "TrialOpt"});
+  rows.back().emplace_back(ReportOption{.name = "TrialOpt_1", .caption = "&2 Column", .group = "TrialOpt"});
+  return rows;
 }
 
 frame::ReportType balancesType(const session::LoginContext& context) {
@@ -155,7 +143,8 @@ frame::ReportType balancesType(const session::LoginContext& context) {
           .print = printCommand(),
           .sheet = exportCommand(),
           .runs = frame::ReportRuns::OneByOne,
-          .check = checkSelection,
+          .check = [](ReportScreen& screen,
+                      frame::ReportUse use) { return checkSelections(screen, use, accountSelections()); },
           .load = [settled](ReportScreen& screen) { loadBalances(screen, settled); },
           .figures = [settled](ReportScreen& screen) { showTotals(screen, settled); },
           .printOut = [settled](ReportScreen& screen) { return printOut(screen, settled); },

@@ -37,17 +37,20 @@ frame::ReportGrid sixColumns(const char* nameCaption, const char* shownBy) {
                                  balanceColumn("Closing Balance", "CBalance", 16), side("CStatus")});
   return {.name = sixColumnGrid,
           .columns = std::move(columns),
-          .sums = {"ODiff", "Debits", "Credits", "CDiff"},
+          .sums = {"ODiff", "CDiff"},
           .shownBy = shownBy,
           .totalsFrame = "LedgerTotals",
           .totals = {{"OpenBalance", "Opening", 23},
-                     {"TotalDr", "Debit", 17},
-                     {"TotalCr", "Credit", 17},
+                     {"TotalDr", "Debit", 17, "Debits", totalFormat},
+                     {"TotalCr", "Credit", 17, "Credits", totalFormat},
                      {"CloseBalance", "Closing", 20}}};
 }
 
-frame::ReportPeriodBoxes balancesPeriodBoxes() {
-  return {.caption = "For Peri&od From", .from = "BalDt_0", .to = "BalDt_1", .start = frame::PeriodStart::YearsStart};
+Selection balancesPeriodSelection() {
+  return {
+      .inputs = {frame::ReportPeriodBoxes{
+          .caption = "For Peri&od From", .from = "BalDt_0", .to = "BalDt_1", .start = frame::PeriodStart::YearsStart}},
+      .words = "From  ?  To  ?"};
 }
 
 BalancePeriod balancePeriod(ReportScreen& screen) {
@@ -68,7 +71,7 @@ frame::ReportCommand exportCommand() {
 }
 
 std::string totalText(double amount) {
-  return text::formatNumber(amount, "0.00; (0.00)");
+  return text::formatNumber(amount, totalFormat);
 }
 
 std::string totalWithSide(double balance) {
@@ -78,24 +81,19 @@ std::string totalWithSide(double balance) {
 void showSixTotals(ReportScreen& screen) {
   const frame::ReportModel& rows = screen.model(sixColumnGrid);
   screen.setFigure("OpenBalance", totalWithSide(rows.sum("ODiff")));
-  screen.setFigure("TotalDr", totalText(rows.sum("Debits")));
-  screen.setFigure("TotalCr", totalText(rows.sum("Credits")));
   screen.setFigure("CloseBalance", totalWithSide(rows.sum("CDiff")));
 }
 
 BalancesSheet balancesSheet(ReportScreen& screen, const std::string& reportLabel, const char* nameHeading) {
-  const BalancePeriod period = balancePeriod(screen);
   return {.reportLabel = reportLabel,
           .nameHeading = nameHeading,
-          .from = period.from,
-          .to = period.to,
+          .dateLine = wordsOf(screen, balancesPeriodSelection()),
           .opening = screen.model(sixColumnGrid).sum("ODiff"),
           .closing = screen.model(sixColumnGrid).sum("CDiff"),
           .today = screen.workplace().clock.today()};
 }
 
 frame::ReportSheet sixColumnSheet(ReportScreen& screen, const std::string& title) {
-  const BalancePeriod period = balancePeriod(screen);
   const frame::ReportModel& rows = screen.model(sixColumnGrid);
   std::vector<forms::TableColumn> columns = rows.columns();
   for (forms::TableColumn& column : columns)
@@ -103,7 +101,7 @@ frame::ReportSheet sixColumnSheet(ReportScreen& screen, const std::string& title
   const double opening = rows.sum("ODiff");
   const double closing = rows.sum("CDiff");
   return {.title = title,
-          .head = {title, "From " + frame::dayInWords(period.from) + " To " + frame::dayInWords(period.to)},
+          .head = {title, singleSpaced(wordsOf(screen, balancesPeriodSelection()))},
           .columns = std::move(columns),
           .totals = {{},
                      screen.type().totalsLabel,

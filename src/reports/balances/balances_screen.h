@@ -3,6 +3,7 @@
 #include "frame/report/report_screen.h"
 #include "reports/balances/acc_bal_print.h"
 #include "reports/balances/balances_statements.h"
+#include "reports/parts/selections.h"
 
 // What the screens of balances have in common: six columns with their sums, two days, the way to the ledger.
 namespace velmo::reports {
@@ -15,13 +16,14 @@ std::vector<forms::TableColumn> accountColumns(const char* nameCaption);
 // `DetailGrid`, whose figures stand in `LedgerTotals`.
 frame::ReportGrid sixColumns(const char* nameCaption, const char* shownBy = "");
 // `BalDt`: the year's first day to today.
-frame::ReportPeriodBoxes balancesPeriodBoxes();
+Selection balancesPeriodSelection();
 BalancePeriod balancePeriod(frame::ReportScreen& screen);
 frame::ReportCommand displayCommand();
 frame::ReportCommand printCommand();
 frame::ReportCommand exportCommand();
 
-// "0.00; (0.00)", as the totals are written; of a balance with its side: "125.00  Debit ".
+inline constexpr const char* totalFormat = "0.00; (0.00)";
+// As the totals are written; of a balance with its side: "125.00  Debit ".
 std::string totalText(double amount);
 std::string totalWithSide(double balance);
 void showSixTotals(frame::ReportScreen& screen);

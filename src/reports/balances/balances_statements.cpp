@@ -70,10 +70,6 @@ std::string sixColumnStatement(const BalancePeriod& period, const SixColumns& si
          six.condition + " ORDER BY OBQry.Acccode";
 }
 
-std::string sixColumnsWhere(const BalancePeriod& period, const std::string& condition) {
-  return sixColumnStatement(period, {.condition = "Where " + condition + " AND " + notSettled});
-}
-
 enum class Use { Screen, RangePrint, Hierarchy };
 
 std::string twoColumnStatement(const BalancePeriod& period, const std::string& clause, Use use) {
@@ -157,8 +153,12 @@ std::string hierarchy(const BalancePeriod& period, const Levels& levels, const s
 
 }  // namespace
 
+std::string narrowBalances(const BalancePeriod& period, const std::string& accounts) {
+  return sixColumnStatement(period, {.condition = "Where " + accounts + " AND " + notSettled});
+}
+
 std::string sixColumnBalances(const BalancePeriod& period, const AccountChoice& choice) {
-  return sixColumnsWhere(period, std::visit(SixCondition(), choice));
+  return narrowBalances(period, std::visit(SixCondition(), choice));
 }
 
 std::string sixColumnsOfAll(const BalancePeriod& period) {
@@ -184,31 +184,11 @@ std::string twoColumnRangePrint(const BalancePeriod& period, const AccountRange&
   return twoColumnStatement(period, TwoCondition()(range), Use::RangePrint);
 }
 
-std::string customerBalances(const BalancePeriod& period, const CustomerFilters& filters) {
-  std::string condition = filters.subType ? "((OBQry.level2id) = " + number(*filters.subType) + ")"
-                                          : SixCondition()(AccountsOfType{account_type::Customers});
-  const auto demand = [&condition](const char* column, const std::optional<std::int64_t>& id) {
-    if (id) condition += std::string(" AND ((OBQry.") + column + ")=" + number(*id) + ")";
-  };
-  demand("Empid", filters.employee);
-  demand("sectorid", filters.sector);
-  if (filters.department) condition += " AND ((OBQry.Department) like " + store::quotedWhole(*filters.department) + ")";
-  demand("region1id", filters.mainRegion);
-  demand("region2id", filters.subRegion);
+std::string customerBalances(const BalancePeriod& period, const std::string& accounts) {
   return sixColumnStatement(period, {.columns = ", AccLevel3.EmpID, Employees.Department, AccLevel3.SectorID, "
                                                 "AccLevel3.Region1ID, AccLevel3.Region2ID",
                                      .employees = " LEFT JOIN Employees ON AccLevel3.EmpID = Employees.EmpID",
-                                     .condition = "Where " + condition + " AND " + notSettled});
-}
-
-std::string vendorBalances(const BalancePeriod& period, std::optional<std::int64_t> subType) {
-  return sixColumnsWhere(period, subType ? "((OBQry.level2id) = " + number(*subType) + ")"
-                                         : SixCondition()(AccountsOfType{account_type::Vendors}));
-}
-
-std::string cashBalances(const BalancePeriod& period) {
-  return sixColumnsWhere(period, "(" + SixCondition()(AccountsOfType{account_type::Cash}) + " Or " +
-                                     SixCondition()(AccountsOfType{account_type::Banks}) + ")");
+                                     .condition = "Where " + accounts + " AND " + notSettled});
 }
 
 }  // namespace velmo::reports

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <variant>
 
@@ -47,19 +46,9 @@ std::string twoColumnHierarchy(const BalancePeriod& period, const AccountChoice&
 // The two columns of a range with Debits2 and Credits2; its six columns are those of the screen.
 std::string twoColumnRangePrint(const BalancePeriod& period, const AccountRange& range);
 
-// Each one that is given must fit.
-struct CustomerFilters {
-  std::optional<std::int64_t> subType = {};
-  std::optional<std::int64_t> employee = {};
-  std::optional<std::int64_t> sector = {};
-  std::optional<std::string> department = {};
-  std::optional<std::int64_t> mainRegion = {};
-  std::optional<std::int64_t> subRegion = {};
-};
-
-// The six columns of one kind of accounts.
-std::string customerBalances(const BalancePeriod& period, const CustomerFilters& filters);
-std::string vendorBalances(const BalancePeriod& period, std::optional<std::int64_t> subType);
-std::string cashBalances(const BalancePeriod& period);
+// The six columns of the accounts that fulfil a condition on OBQry, which is the opening half: its AccCode, Level1ID
+// and Level2ID. That of the customers has EmpID, Department, SectorID, Region1ID and Region2ID as well.
+std::string narrowBalances(const BalancePeriod& period, const std::string& accounts);
+std::string customerBalances(const BalancePeriod& period, const std::string& accounts);
 
 }  // namespace velmo::reports

@@ -2,25 +2,12 @@
 
 #include "frame/report/report_model.h"
 #include "reports/balances/balances_screen.h"
-#include "reports/parts/account_filters.h"
-#include "schema/account_types.h"
+#include "reports/parts/common_selections.h"
 
 namespace velmo::reports {
 namespace {
 
-using frame::ReportFilters;
-using frame::ReportList;
-using frame::ReportOption;
 using frame::ReportScreen;
-
-// A check box that demands a choice in its list, and what is said when there is none.
-struct Selection {
-  const char* box;
-  const char* caption;
-  ReportList list;
-  const char* title;
-  const char* text;
-};
 
 // What tells one screen from the others.
 struct Kind {
@@ -28,94 +15,38 @@ struct Kind {
   const char* caption;
   const char* reportLabel;
   const char* nameHeading;
-  std::vector<Selection> selections = {};
-  std::string (*statement)(const BalancePeriod& period, const ReportFilters& filters);
+  std::vector<Selection> selections;
+  const char* accounts;  // the condition that the clauses of the selections follow
+  std::string (*statement)(const BalancePeriod& period, const std::string& accounts) = narrowBalances;
 };
 
-ReportList listOf(const char* name, const char* shown, const char* bound, const char* statement) {
-  return {.name = name, .shown = shown, .bound = bound, .statement = [statement](const store::Value&) {
-            return std::string(statement);
-          }};
-}
-
 std::vector<Selection> customerSelections() {
-  const ReportList subRegions{.name = "RegionList2",
-                              .shown = "Region2Name",
-                              .bound = "Region2ID",
-                              .statement =
-                                  [](const store::Value& region) {
-                                    return "SELECT * from regions2 where region1id=" +
-                                           std::to_string(store::integerOf(region)) + " order by region2name";
-                                  },
-                              .parent = "RegionList1"};
-  return {{"SelectionOpt_0", "Customer &Type", subTypesOf(schema::account_type::Customers, "SubList"),
-           "Invalid Customer Type", "Select a valid customer type to view report"},
-          {"SelectionOpt_1", "E&mployee",
-           listOf("EmployeeList", "EmpName", "Empid", "Select Empid, EmpName from Employees order by empname"),
-           "Invalid Employee", "Select a valid employee to print report"},
-          {"SelectionOpt_4", "&Business Sector",
-           listOf("SectorList", "SectorName", "SectorID", "Select * from bizsectors order by sectorname"),
-           "Invalid Sector", "Select a valid sector to view report"},
-          {"SelectionOpt_5", "De&partment",
-           listOf("EmpDeptt", "department", "department",
-                  "SELECT department From employees GROUP BY department Having ((department) Is Not Null) ORDER BY "
-                  "department"),
-           "Invalid Department", "Select a valid department to view report"},
-          {"SelectionOpt_6", "Main &Region",
-           listOf("RegionList1", "Region1Name", "Region1ID", "Select * from regions1 order by region1name"),
-           "Invalid Region", "Select a valid region to view report"},
-          {"SelectionOpt_7", "&Sub Region", subRegions, "Invalid Region", "Select a valid region to view report"}};
+  return {partyTypeSelection(
+              PartyKind::Customers,
+              {.box = "SelectionOpt_0", .clause = "((OBQry.level2id) = ?)", .otherwise = "((OBQry.Level1ID) = 120)"}),
+          employeeSelection({.box = "SelectionOpt_1", .clause = " AND ((OBQry.Empid)=?)", .to = "to print report"}),
+          sectorSelection({.box = "SelectionOpt_4", .clause = " AND ((OBQry.sectorid)=?)"}),
+          departmentSelection({.box = "SelectionOpt_5", .clause = " AND ((OBQry.Department) like ?)"}),
+          mainRegionSelection({.box = "SelectionOpt_6", .clause = " AND ((OBQry.region1id)=?)"}),
+          subRegionSelection({.box = "SelectionOpt_7", .clause = " AND ((OBQry.region2id)=?)"})};
 }
 
-std::optional<std::int64_t> chosenId(const ReportFilters& filters, const char* box, const char* list) {
-  if (!filters.chosen(box)) return std::nullopt;
-  return store::integerOf(filters.bound(list));
-}
-
-std::string customersStatement(const BalancePeriod& period, const ReportFilters& filters) {
-  CustomerFilters wanted{.subType = chosenId(filters, "SelectionOpt_0", "SubList"),
-                         .employee = chosenId(filters, "SelectionOpt_1", "EmployeeList"),
-                         .sector = chosenId(filters, "SelectionOpt_4", "SectorList"),
-                         .mainRegion = chosenId(filters, "SelectionOpt_6", "RegionList1"),
-                         .subRegion = chosenId(filters, "SelectionOpt_7", "RegionList2")};
-  if (filters.chosen("SelectionOpt_5")) wanted.department = store::textOf(filters.bound("EmpDeptt"));
-  return customerBalances(period, wanted);
-}
-
-std::string vendorsStatement(const BalancePeriod& period, const ReportFilters& filters) {
-  return vendorBalances(period, chosenId(filters, "SelectionOpt_0", "SubList"));
-}
-
-std::string cashStatement(const BalancePeriod& period, const ReportFilters&) {
-  return cashBalances(period);
+Selection vendorTypeSelection() {
+  return partyTypeSelection(
+      PartyKind::Vendors,
+      {.box = "SelectionOpt_0", .clause = "((OBQry.level2id) = ?)", .otherwise = "((OBQry.Level1ID) = 210)"});
 }
 
 // Two selections in a row, and the period below them.
 std::vector<frame::ReportFilterRow> filterRows(const std::vector<Selection>& selections) {
-  std::vector<frame::ReportFilterRow> rows;
-  for (std::size_t i = 0; i < selections.size(); ++i) {
-    const Selection& selection = selections[i];
-    if (i % 2 == 0) rows.emplace_back();
-    rows.back().emplace_back(
-        ReportOption{.name = selection.box, .caption = selection.caption, .inputs = {selection.list.name}});
-    rows.back().emplace_back(selection.list);
-  }
-  rows.push_back({balancesPeriodBoxes()});
+  std::vector<frame::ReportFilterRow> rows = selectionRows(selections, 2);
+  rows.push_back(selectionRow(balancesPeriodSelection()));
   return rows;
 }
 
-bool checkSelections(ReportScreen& screen, const std::vector<Selection>& selections) {
-  for (const Selection& selection : selections)
-    if (screen.filters().chosen(selection.box) && store::isNull(screen.filters().bound(selection.list.name)))
-      return screen.refuse(selection.title, selection.text, selection.list.name.c_str());
-  return true;
-}
-
 void load(ReportScreen& screen, const Kind& kind) {
-  screen.setRows(sixColumnGrid,
-                 std::make_shared<frame::RecordsetRows>(store::Recordset(
-                     screen.workplace().context.KORDconn, kind.statement(balancePeriod(screen), screen.filters()),
-                     store::LockType::ReadOnly)));
+  const std::string accounts = kind.accounts + clausesOf(screen.filters(), kind.selections);
+  screen.setRows(sixColumnGrid, kind.statement(balancePeriod(screen), accounts));
 }
 
 printing::Report printOut(ReportScreen& screen, const Kind& kind) {
@@ -133,8 +64,8 @@ frame::ReportType typeOf(const Kind& kind, const session::LoginContext& context)
           .print = printCommand(),
           .sheet = exportCommand(),
           .runs = frame::ReportRuns::OneByOne,
-          .check = [selections = kind.selections](ReportScreen& screen,
-                                                  frame::ReportUse) { return checkSelections(screen, selections); },
+          .check = [selections = kind.selections](
+                       ReportScreen& screen, frame::ReportUse use) { return checkSelections(screen, use, selections); },
           .load = [kind](ReportScreen& screen) { load(screen, kind); },
           .figures = showSixTotals,
           .printOut = [kind](ReportScreen& screen) { return printOut(screen, kind); },
@@ -150,19 +81,18 @@ QWidget* makeCustomerBalances(session::Workplace& workplace, QWidget* parent) {
                   .reportLabel = "Customers' Balances",
                   .nameHeading = "Customer Name",
                   .selections = customerSelections(),
-                  .statement = customersStatement};
+                  .accounts = "",
+                  .statement = customerBalances};
   return frame::makeReportWindow(typeOf(kind, workplace.context), workplace, parent);
 }
 
 QWidget* makeVendorBalances(session::Workplace& workplace, QWidget* parent) {
-  const Kind kind{
-      .screen = "VendorBalances",
-      .caption = "Vendors' Balances",
-      .reportLabel = "Vendors' Balances",
-      .nameHeading = "Vendor Name",
-      .selections = {{"SelectionOpt_0", "Vendor &Type", subTypesOf(schema::account_type::Vendors, "SubList"),
-                      "Invalid Vendor Type", "Select a valid vendor type to view report"}},
-      .statement = vendorsStatement};
+  const Kind kind{.screen = "VendorBalances",
+                  .caption = "Vendors' Balances",
+                  .reportLabel = "Vendors' Balances",
+                  .nameHeading = "Vendor Name",
+                  .selections = {vendorTypeSelection()},
+                  .accounts = ""};
   return frame::makeReportWindow(typeOf(kind, workplace.context), workplace, parent);
 }
 
@@ -171,7 +101,8 @@ QWidget* makeCashBalances(session::Workplace& workplace, QWidget* parent) {
                   .caption = "Cash & Bank Balances",
                   .reportLabel = "Cash & Banks Balances",
                   .nameHeading = "Account Name",
-                  .statement = cashStatement};
+                  .selections = {},
+                  .accounts = "(((OBQry.Level1ID) = 100) Or ((OBQry.Level1ID) = 110))"};
   return frame::makeReportWindow(typeOf(kind, workplace.context), workplace, parent);
 }
 

@@ -7,6 +7,7 @@
 #include "reports/ledgers/ledger_print.h"
 #include "reports/ledgers/ledger_rows.h"
 #include "reports/ledgers/ledger_statements.h"
+#include "reports/parts/selections.h"
 #include "text/format.h"
 #include "text/number.h"
 
@@ -15,7 +16,6 @@ namespace {
 
 using forms::ColumnAlignment;
 using frame::ReportScreen;
-using frame::ReportUse;
 
 constexpr const char* grid = "LedgerGrid";
 
@@ -44,12 +44,20 @@ std::vector<forms::TableColumn> sheetColumns() {
   return columns;
 }
 
-bool checkAccount(ReportScreen& screen, ReportUse use) {
-  if (!screen.filters().text("Acc").empty()) return true;
-  return screen.refuse(
-      "Select Account",
-      use == ReportUse::Print ? "Select a valid account to print ledger." : "Select a valid account to view ledger.",
-      "ACodeTxt");
+Selection account() {
+  return {.inputs = {frame::ReportAccount{}},
+          .refusals = {{.control = "ACodeTxt",
+                        .title = "Select Account",
+                        .text = "Select a valid account to view ledger.",
+                        .onPrint = "Select a valid account to print ledger."}}};
+}
+
+Selection period() {
+  return {.box = "DateOpt",
+          .caption = "Peri&od From",
+          .inputs = {frame::ReportPeriodBoxes{.caption = ""}},
+          .words = ledgerFromToWords,
+          .otherwiseWords = ledgerEndedOnWords};
 }
 
 void showBroughtForward(ReportScreen& screen, const std::optional<double>& balance) {
@@ -83,13 +91,10 @@ const LedgerRows& ledger(ReportScreen& screen) {
   return dynamic_cast<const LedgerRows&>(*screen.model(grid).rows());
 }
 
-void showFigures(ReportScreen& screen) {
-  const frame::ReportModel& lines = screen.model(grid);
+void showClosingBalance(ReportScreen& screen) {
   const double closing = ledger(screen).balance();
-  screen.setFigure("TotalDr", text::formatNumber(lines.sum("Debit"), frame::figureFormat));
-  screen.setFigure("TotalCr", text::formatNumber(lines.sum("Credit"), frame::figureFormat));
   screen.setFigure("Balance", text::formatNumber(std::fabs(closing), frame::figureFormat));
-  screen.setFigure("Status", lines.ready() > 0 ? frame::sideOf(closing) : "");
+  screen.setFigure("Status", screen.model(grid).ready() > 0 ? frame::sideOf(closing) : "");
 }
 
 std::string grouped(const std::string& figure) {
@@ -98,18 +103,16 @@ std::string grouped(const std::string& figure) {
 
 printing::Report printOut(ReportScreen& screen) {
   const frame::ReportFilters& filters = screen.filters();
-  const text::DateTime today = screen.workplace().clock.today();
-  const frame::ReportPeriod period = filters.period();
   return ledgerPrint(screen.workplace().context,
                      {.account = filters.account("ACodeTxt"),
                       .accountName = filters.text("Acc"),
-                      .period = filters.chosen("DateOpt") ? ledgerFromTo(period.from, period.to) : ledgerEndedOn(today),
+                      .period = wordsOf(screen, period()),
                       .broughtForward = screen.figure("OBLbl1"),
                       .openingBalance = grouped(screen.figure("OBLbl2")),
                       .openingStatus = screen.figure("OBLbl3"),
                       .closingBalance = grouped(screen.figure("Balance")),
                       .closingStatus = screen.figure("Status")},
-                     screen.model(grid).rows(), today);
+                     screen.model(grid).rows(), screen.workplace().clock.today());
 }
 
 store::Value amountIn(const std::string& figure) {
@@ -118,15 +121,10 @@ store::Value amountIn(const std::string& figure) {
 }
 
 frame::ReportSheet sheetOf(ReportScreen& screen) {
-  const frame::ReportFilters& filters = screen.filters();
-  const frame::ReportPeriod period = filters.period();
-  const std::string words =
-      filters.chosen("DateOpt")
-          ? "Ledger For The Period From " + frame::dayInWords(period.from) + " To " + frame::dayInWords(period.to)
-          : "Ledger For The Period Ended On " + frame::dayInWords(screen.workplace().clock.today());
+  const std::string name = screen.filters().text("Acc");
   const frame::ReportModel& lines = screen.model(grid);
-  return {.title = "Ledger " + filters.text("Acc"),
-          .head = {filters.text("Acc"), words},
+  return {.title = "Ledger " + name,
+          .head = {name, singleSpaced(wordsOf(screen, period()))},
           .columns = sheetColumns(),
           .opening =
               {{}, {}, {}, screen.figure("OBLbl1"), {}, {}, amountIn(screen.figure("OBLbl2")), screen.figure("OBLbl3")},
@@ -155,20 +153,23 @@ frame::ReportType ledgersType(const session::LoginContext& context) {
   return {.screen = "AccLedgers",
           .caption = "Accounts Ledgers",
           .heading = "Account Ledgers",
-          .filters = {{frame::ReportAccount{}}, {frame::ReportPeriodBoxes{.check = "DateOpt"}}},
-          .grids = {{.name = grid, .columns = gridColumns(), .sums = {"Debit", "Credit"}}},
+          .filters = selectionRows({account(), period()}, 1),
+          .grids = {{.name = grid, .columns = gridColumns()}},
           .labels = {"OBLbl1", "OBLbl2", "OBLbl3"},
           .totalsFrame = "LedgerTotals",
           .totalsLabel = "Totals " + context.ccode,
-          .totals = {{"TotalDr"}, {"TotalCr"}, {"Balance"}, {.name = "Status", .width = 9}},
+          .totals = {{.name = "TotalDr", .sum = "Debit"},
+                     {.name = "TotalCr", .sum = "Credit"},
+                     {"Balance"},
+                     {.name = "Status", .width = 9}},
           .view = {"ViewBttn", "&View Ledger", "Shows the ledger of the account"},
           .print = {"PrintBttn", "&Print", "Shows the ledger as it will be printed"},
           .sheet = {"ExcelBttn", "&Export to Excel", "Saves the ledger as a spreadsheet"},
           .others = {{"MultiBttn", "Print &Multiple Ledgers", "Prints the ledgers of many accounts",
                       [](ReportScreen& screen) { screen.workplace().screens.openDialog("PrintLedgers"); }}},
-          .check = checkAccount,
+          .check = [](ReportScreen& screen, frame::ReportUse use) { return checkSelections(screen, use, {account()}); },
           .load = loadLedger,
-          .figures = showFigures,
+          .figures = showClosingBalance,
           .printOut = printOut,
           .sheetOf = sheetOf,
           .opened = showWantedAccount};

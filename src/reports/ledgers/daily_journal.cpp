@@ -4,6 +4,7 @@
 #include "reports/ledgers/journal_print.h"
 #include "reports/ledgers/ledger_statements.h"
 #include "reports/ledgers/posted_lines.h"
+#include "reports/parts/selections.h"
 
 namespace velmo::reports {
 namespace {
@@ -12,27 +13,31 @@ using frame::ReportScreen;
 
 constexpr const char* grid = "GJGrid";
 
+Selection period() {
+  return {.inputs = {frame::ReportPeriodBoxes{.caption = "For the Peri&od From"}},
+          .words = "For The Period From  ?  To  ?"};
+}
+
 void loadDayBook(ReportScreen& screen) {
-  loadPostedLines(screen, grid, dayBookStatement(screen.workplace().context.FYID, screen.filters().period()));
+  screen.setRows(grid, dayBookStatement(screen.workplace().context.FYID, screen.filters().period()));
 }
 
 printing::Report printOut(ReportScreen& screen) {
-  return journalPrint(screen.workplace().context, screen.filters().period(), screen.model(grid).rows(),
+  return journalPrint(screen.workplace().context, wordsOf(screen, period()), screen.model(grid).rows(),
                       screen.workplace().clock.today());
 }
 
 frame::ReportType journalType(const session::LoginContext& context) {
   return {.screen = "DailyJournal",
           .caption = "Journal Report",
-          .filters = {{frame::ReportPeriodBoxes{.caption = "For the Peri&od From"}}},
+          .filters = {selectionRow(period())},
           .grids = {postedLinesGrid(grid)},
           .totalsLabel = "Totals " + context.ccode,
-          .totals = {{"TotalDr"}, {"TotalCr"}},
+          .totals = {{.name = "TotalDr", .sum = "Debit"}, {.name = "TotalCr", .sum = "Credit"}},
           .view = {"ViewBttn", "&View Journal", "Shows the lines of the period"},
           .print = {"PrintBttn", "&Print", "Shows the journal as it will be printed"},
           .sheet = {"ExcelBttn", "&Export to Excel", "Saves the journal as a spreadsheet"},
           .load = loadDayBook,
-          .figures = [](ReportScreen& screen) { showPostedTotals(screen, grid); },
           .printOut = printOut};
 }
 

@@ -1,6 +1,7 @@
 #include "reports/ledgers/job_ledgers.h"
 
 #include "frame/report/report_model.h"
+#include "frame/report/report_screen.h"
 #include "reports/ledgers/ledger_statements.h"
 #include "reports/ledgers/posted_lines.h"
 #include "text/decimal_sum.h"
@@ -44,11 +45,10 @@ bool checkJob(ReportScreen& screen, frame::ReportUse) {
 
 void loadLedger(ReportScreen& screen) {
   const std::int64_t job = store::integerOf(screen.filters().bound("JobList"));
-  loadPostedLines(screen, grid, jobLedgerStatement(job, screen.workplace().context.FYID));
+  screen.setRows(grid, jobLedgerStatement(job, screen.workplace().context.FYID));
 }
 
-void showTotals(ReportScreen& screen) {
-  showPostedTotals(screen, grid);
+void showBalance(ReportScreen& screen) {
   const frame::ReportModel& lines = screen.model(grid);
   screen.setFigure("Balance",
                    text::formatNumber(text::sumOf({lines.sum("Debit"), -lines.sum("Credit")}), frame::figureFormat));
@@ -66,11 +66,13 @@ frame::ReportType ledgersType(const session::LoginContext& context) {
                       {jobBoxes()}},
           .grids = {postedLinesGrid(grid)},
           .totalsLabel = "Totals " + context.ccode,
-          .totals = {{"TotalDr", "Debit"}, {"TotalCr", "Credit"}, {"Balance", "Balance"}},
+          .totals = {{.name = "TotalDr", .caption = "Debit", .sum = "Debit"},
+                     {.name = "TotalCr", .caption = "Credit", .sum = "Credit"},
+                     {"Balance", "Balance"}},
           .view = {"ViewBttn", "&View Ledger", "Shows what documents for the job put into the ledgers"},
           .check = checkJob,
           .load = loadLedger,
-          .figures = showTotals};
+          .figures = showBalance};
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "reports/ledgers/journal_print.h"
 
-#include "reports/parts/report_pieces.h"
+#include "reports/parts/table_print.h"
 
 namespace velmo::reports {
 
@@ -20,27 +20,15 @@ std::vector<Column> lineColumns(const std::string& currencyCode) {
 
 }  // namespace
 
-Report journalPrint(const session::LoginContext& context, const frame::ReportPeriod& period,
+Report journalPrint(const session::LoginContext& context, const std::string& dateLine,
                     std::shared_ptr<frame::ReportRows> lines, text::DateTime today) {
-  Report report{.title = "Journal Report",
-                .author = context.CompanyName,
-                .data = std::make_shared<frame::ReportRowsData>(std::move(lines)),
-                .printedOn = today};
-  const Letterhead letterhead = letterheadOf(context);
-  const Twips width = report.design.bodyWidth();
-  const std::vector<ColumnPlace> columns = placeColumns(lineColumns(context.ccode), width);
-  report.design.reportHeader = titledHead(report, letterhead,
-                                          {{"ReportLabel", "Journal Report"},
-                                           {"LedgerDate", "For The Period From  " + frame::dayInWords(period.from) +
-                                                              "  To  " + frame::dayInWords(period.to)}});
-  report.design.pageHeader = Section{.name = "Section2"};
-  addColumnHeadings(*report.design.pageHeader, columns, width);
-  report.design.detail = tableLine(columns, width);
-  report.design.reportFooter = Section{.name = "Section5"};
-  report.variables["TtlLbl"] = "Totals  " + context.ccode;
-  addTotalsRow(*report.design.reportFooter, columns, width, "TtlLbl");
-  report.design.pageFooter = pageFoot(report, letterhead, width);
-  return report;
+  const std::vector<Column> columns = lineColumns(context.ccode);
+  return tablePrint(
+      context,
+      {.head = {{"ReportLabel", "Journal Report"}, {"LedgerDate", dateLine}},
+       .columns = columns,
+       .totals = {{.labelName = "TtlLbl", .label = "Totals  " + context.ccode, .totals = sumsOf(columns)}}},
+      std::make_shared<frame::ReportRowsData>(std::move(lines)), std::move(today));
 }
 
 }  // namespace velmo::reports

@@ -22,6 +22,9 @@ struct LedgerSheet {
   std::string closingStatus = {};
 };
 
+// What a ledger says of its days; each "?" is one.
+inline constexpr const char* ledgerEndedOnWords = "Ledger For The Period Ended On  ?";
+inline constexpr const char* ledgerFromToWords = "Ledger For The Period From  ?  To  ?";
 // "Ledger For The Period Ended On  November 22, 2026", or "Ledger For The Period From  ...  To  ...".
 std::string ledgerEndedOn(const text::DateTime& day);
 std::string ledgerFromTo(const text::DateTime& from, const text::DateTime& to);

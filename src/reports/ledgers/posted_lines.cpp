@@ -1,8 +1,5 @@
 #include "reports/ledgers/posted_lines.h"
 
-#include "frame/report/report_model.h"
-#include "text/format.h"
-
 namespace velmo::reports {
 
 frame::ReportGrid postedLinesGrid(const char* name) {
@@ -20,19 +17,7 @@ frame::ReportGrid postedLinesGrid(const char* name) {
                       {.caption = "Account Name", .field = "AccName", .width = 24},
                       {.caption = "Description", .field = "Desc", .width = 42},
                       figure("Debit"),
-                      figure("Credit")},
-          .sums = {"Debit", "Credit"}};
-}
-
-void loadPostedLines(frame::ReportScreen& screen, const char* grid, const std::string& statement) {
-  screen.setRows(grid, std::make_shared<frame::RecordsetRows>(store::Recordset(screen.workplace().context.KORDconn,
-                                                                               statement, store::LockType::ReadOnly)));
-}
-
-void showPostedTotals(frame::ReportScreen& screen, const char* grid) {
-  const frame::ReportModel& lines = screen.model(grid);
-  screen.setFigure("TotalDr", text::formatNumber(lines.sum("Debit"), frame::figureFormat));
-  screen.setFigure("TotalCr", text::formatNumber(lines.sum("Credit"), frame::figureFormat));
+                      figure("Credit")}};
 }
 
 }  // namespace velmo::reports

@@ -31,12 +31,7 @@ frame::ReportType unbalancedType() {
                                  {.caption = "State", .field = "State", .width = 24}}}},
           .view = {"ViewBttn", "&View Documents", "Looks through all documents once more"},
           .sheet = {"ExcelBttn", "&Export to Excel", "Saves the list as a spreadsheet"},
-          .load =
-              [](ReportScreen& screen) {
-                screen.setRows(grid, std::make_shared<frame::RecordsetRows>(
-                                         store::Recordset(screen.workplace().context.KORDconn,
-                                                          schema::unbalancedDocuments(), store::LockType::ReadOnly)));
-              },
+          .load = [](ReportScreen& screen) { screen.setRows(grid, schema::unbalancedDocuments()); },
           .opened = [](ReportScreen& screen) { screen.view(); }};
 }
 

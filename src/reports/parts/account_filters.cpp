@@ -1,7 +1,5 @@
 #include "reports/parts/account_filters.h"
 
-#include "frame/report/report_screen.h"
-
 namespace velmo::reports {
 namespace {
 
@@ -37,19 +35,39 @@ frame::ReportList subTypesOf(int typeId, const std::string& name) {
           }};
 }
 
+Selection accountTypeSelection(const std::string& name, const std::string& group, const std::string& mainList,
+                               Refusal noMainType, Refusal noSubType) {
+  noMainType.control = mainList;
+  noSubType.control = "SubList";
+  return {.box = name,
+          .caption = "&Main Account Type",
+          .group = group,
+          .inputs = {mainTypeList(mainList)},
+          .refusals = {std::move(noMainType)},
+          .narrower = {{.box = "SubTypeOpt",
+                        .caption = "&Sub Type",
+                        .inputs = {subTypeList("SubList", mainList)},
+                        .refusals = {std::move(noSubType)}}}};
+}
+
+Selection accountRangeSelection(const std::string& name, const std::string& caption, const std::string& group) {
+  constexpr const char* title = "Select Account Code";
+  return {.box = name,
+          .caption = caption,
+          .group = group,
+          .inputs = {frame::ReportAccount{.code = "CodeFrom", .name = "AccFrom", .caption = "&From"},
+                     frame::ReportAccount{.code = "CodeTo", .name = "AccTo", .caption = "&To"}},
+          .refusals = {{"CodeFrom", title, "Select account code to start from."},
+                       {"CodeTo", title, "Select account code to end at."}}};
+}
+
 frame::ReportFilterRow accountRangeRow(const std::string& name, const std::string& caption, const std::string& group) {
-  return {frame::ReportOption{
-              .name = name, .caption = caption, .group = group, .inputs = {"CodeFrom", "AccFrom", "CodeTo", "AccTo"}},
-          frame::ReportAccount{.code = "CodeFrom", .name = "AccFrom", .caption = "&From"},
-          frame::ReportAccount{.code = "CodeTo", .name = "AccTo", .caption = "&To"}};
+  return selectionRow(accountRangeSelection(name, caption, group));
 }
 
 bool checkAccountRange(frame::ReportScreen& screen) {
-  if (screen.filters().text("AccFrom").empty())
-    return screen.refuse("Select Account Code", "Select account code to start from.", "CodeFrom");
-  if (screen.filters().text("AccTo").empty())
-    return screen.refuse("Select Account Code", "Select account code to end at.", "CodeTo");
-  return true;
+  Selection range = accountRangeSelection({}, {}, {});  // its option is known to be chosen
+  return checkSelections(screen, frame::ReportUse::View, {std::move(range)});
 }
 
 }  // namespace velmo::reports

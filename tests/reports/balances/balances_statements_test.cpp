@@ -104,33 +104,34 @@ TEST_F(BalancesStatements, GiveWhatTheLinesAddUpTo) {
     }
 }
 
-TEST_F(BalancesStatements, NarrowCustomersByAllFiltersAtOnce) {
+TEST_F(BalancesStatements, NarrowCustomersByAllConditionsAtOnce) {
   struct Case {
-    CustomerFilters filters;
+    std::string accounts;
     std::set<std::int64_t> customers;
   };
   const std::set<std::int64_t> all = {12001002, 12001003, 12002001, 12002002};
+  const std::string ofAll = "((OBQry.Level1ID) = 120)";
+  const std::string rest =
+      " AND ((OBQry.Empid)=6) AND ((OBQry.sectorid)=1) AND ((OBQry.Department) like 'Export') AND "
+      "((OBQry.region1id)=7) AND ((OBQry.region2id)=0)";
   const Case cases[] = {
-      {{}, all},
-      {{.subType = 12002}, {12002001, 12002002}},
-      {{.employee = 6}, {12001003, 12002001}},
-      {{.sector = 2}, {12001003}},
-      {{.department = "export"}, {12001003, 12002001}},
-      {{.department = "Sal%"}, {}},
-      {{.department = "sales"}, {12001002}},
-      {{.department = "O'Neil"}, {}},
-      {{.mainRegion = 7}, {12001002, 12002001, 12002002}},
-      {{.subRegion = 71}, {12001002}},
-      {{.employee = 6, .mainRegion = 7}, {12002001}},
-      {{.subType = 12002, .employee = 6, .sector = 1, .department = "Export", .mainRegion = 7, .subRegion = 0},
-       {12002001}},
-      {{.subType = 12001, .employee = 6, .sector = 1, .department = "Export", .mainRegion = 7, .subRegion = 0}, {}},
+      {ofAll, all},
+      {"((OBQry.level2id) = 12002)", {12002001, 12002002}},
+      {ofAll + " AND ((OBQry.Empid)=6)", {12001003, 12002001}},
+      {ofAll + " AND ((OBQry.sectorid)=2)", {12001003}},
+      {ofAll + " AND ((OBQry.Department) like 'export')", {12001003, 12002001}},
+      {ofAll + " AND ((OBQry.Department) like " + store::quotedWhole("Sal%") + ")", {}},
+      {ofAll + " AND ((OBQry.Department) like " + store::quotedWhole("O'Neil") + ")", {}},
+      {ofAll + " AND ((OBQry.region1id)=7)", {12001002, 12002001, 12002002}},
+      {ofAll + " AND ((OBQry.region2id)=71)", {12001002}},
+      {"((OBQry.level2id) = 12002)" + rest, {12002001}},
+      {"((OBQry.level2id) = 12001)" + rest, {}},
   };
   for (const BalancePeriod& period : periods)
     for (const Case& one : cases)
-      EXPECT_EQ(six(customerBalances(period, one.filters)),
+      EXPECT_EQ(six(customerBalances(period, one.accounts)),
                 fromBooks(period, [&one](std::int64_t account) { return one.customers.contains(account); }))
-          << customerBalances(period, one.filters);
+          << customerBalances(period, one.accounts);
 }
 
 TEST_F(BalancesStatements, KeepVendorsAndCashToThemselves) {
@@ -138,12 +139,11 @@ TEST_F(BalancesStatements, KeepVendorsAndCashToThemselves) {
     return [types](std::int64_t account) { return types.contains(account / 100000); };
   };
   for (const BalancePeriod& period : periods) {
-    EXPECT_EQ(six(vendorBalances(period, std::nullopt)), fromBooks(period, ofType({210})));
-    EXPECT_EQ(six(vendorBalances(period, 21001)), fromBooks(period, ofType({210})));
-    EXPECT_EQ(six(vendorBalances(period, 12001)),
-              fromBooks(period, [](std::int64_t account) { return account / 1000 == 12001; }))
-        << "a sub type takes the place of the type";
-    EXPECT_EQ(six(cashBalances(period)), fromBooks(period, ofType({100, 110})));
+    EXPECT_EQ(six(narrowBalances(period, "((OBQry.Level1ID) = 210)")), fromBooks(period, ofType({210})));
+    EXPECT_EQ(six(narrowBalances(period, "((OBQry.level2id) = 12001)")),
+              fromBooks(period, [](std::int64_t account) { return account / 1000 == 12001; }));
+    EXPECT_EQ(six(narrowBalances(period, "(((OBQry.Level1ID) = 100) Or ((OBQry.Level1ID) = 110))")),
+              fromBooks(period, ofType({100, 110})));
   }
 }
 

@@ -18,12 +18,14 @@
 #include "support/new_company.h"
 #include "support/queued_prompts.h"
 #include "support/small_disk.h"
+#include "support/waiting.h"
 
 namespace velmo::shell {
 namespace {
 
 namespace fs = std::filesystem;
 using session::settings::LastRound;
+using test::waitFor;
 
 class SetClock : public session::Clock {
  public:
@@ -70,13 +72,6 @@ class IdleShell : public testing::Test {
   IdleChecker& checker() { return *shell_->findChild<IdleChecker*>(); }
   store::Connection& books() { return shell_->workplace().context.KORDconn; }
   std::string note() { return child<QAbstractButton>("Panel_3").text().toStdString(); }
-  static bool waitFor(const std::function<bool()>& condition) {
-    QElapsedTimer clock;
-    clock.start();
-    while (!condition() && clock.elapsed() < 20000)
-      QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
-    return condition();
-  }
   // Nobody works for a while.
   void rest() { Q_EMIT child<QTimer>("IdleTimer").timeout({}); }
   void restUntilChecked() {

@@ -1,6 +1,5 @@
 #include <QAction>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiSubWindow>
@@ -21,11 +20,13 @@
 #include "support/new_company.h"
 #include "support/queued_prompts.h"
 #include "support/typing.h"
+#include "support/waiting.h"
 
 namespace velmo::shell {
 namespace {
 
 using session::Answer;
+using test::waitFor;
 
 class FixedClock : public session::Clock {
  public:
@@ -135,14 +136,6 @@ class Shell : public testing::Test {
   bool isOpen(std::string_view screen) { return shell_->screens().openWindow(screen) != nullptr; }
   void expectBackUpQuestion(Answer answer) {
     prompts_.expect("Back-Up Confirmation", "Do you want to save back-up of your data?", answer);
-  }
-  // Lets events run until the condition holds, at most some seconds.
-  static bool waitFor(const std::function<bool()>& condition, int milliseconds = 4000) {
-    QElapsedTimer clock;
-    clock.start();
-    while (!condition() && clock.elapsed() < milliseconds)
-      QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
-    return condition();
   }
 
   test::NewCompany company_;

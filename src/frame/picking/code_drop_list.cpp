@@ -1,4 +1,4 @@
-#include "frame/picking/account_drop_list.h"
+#include "frame/picking/code_drop_list.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -10,9 +10,9 @@
 
 namespace velmo::frame {
 
-AccountDropList::AccountDropList(QWidget* screen) : QListView(screen) {
-  setObjectName("PartyList");
-  setAccessibleName("Accounts");
+CodeDropList::CodeDropList(const CodeListWords& words, QWidget* screen) : QListView(screen), nothing_(words.nothing) {
+  setObjectName(words.name);
+  setAccessibleName(words.spoken);
   setUniformItemSizes(true);
   setEditTriggers(NoEditTriggers);
   setFocusPolicy(Qt::ClickFocus);
@@ -28,7 +28,7 @@ AccountDropList::AccountDropList(QWidget* screen) : QListView(screen) {
   });
 }
 
-void AccountDropList::takeOver(AccountListOwner& owner) {
+void CodeDropList::takeOver(CodeListOwner& owner) {
   if (owner_ != &owner) hide();
   owner_ = &owner;
   InPartyList_ = true;
@@ -37,7 +37,7 @@ void AccountDropList::takeOver(AccountListOwner& owner) {
   place();
 }
 
-void AccountDropList::place() {
+void CodeDropList::place() {
   constexpr int rows = 10;
   const int row = forms::rowHeight(*this);
   const QRect area = owner_->listArea();
@@ -45,7 +45,7 @@ void AccountDropList::place() {
   setGeometry(placeBelow(owner_->listAnchor(), area, *parentWidget(), wanted, row));
 }
 
-void AccountDropList::showMatching(const QString& typed) {
+void CodeDropList::showMatching(const QString& typed) {
   entries_.narrow(typed);
   setCurrentIndex(entries_.index(0));
   scrollToTop();
@@ -54,30 +54,30 @@ void AccountDropList::showMatching(const QString& typed) {
   raise();
 }
 
-void AccountDropList::highlight(const QString& code) {
+void CodeDropList::highlight(const QString& code) {
   const QModelIndex entry = code.isEmpty() ? QModelIndex() : entries_.indexOfKey(code.toStdString());
   if (!entry.isValid()) return;
   setCurrentIndex(entry);
   scrollTo(entry, PositionAtCenter);
 }
 
-void AccountDropList::enter() {
+void CodeDropList::enter() {
   if (!currentIndex().isValid()) setCurrentIndex(entries_.index(0));
   setFocus(Qt::OtherFocusReason);
 }
 
-void AccountDropList::ownerLeft() {
+void CodeDropList::ownerLeft() {
   InPartyList_ = false;
   PListTimer_.start();
 }
 
-void AccountDropList::focusInEvent(QFocusEvent* event) {
+void CodeDropList::focusInEvent(QFocusEvent* event) {
   InPartyList_ = true;
   QListView::focusInEvent(event);
   Q_EMIT entered();
 }
 
-void AccountDropList::focusOutEvent(QFocusEvent* event) {
+void CodeDropList::focusOutEvent(QFocusEvent* event) {
   QListView::focusOutEvent(event);
   if (isPassingFocusLoss(*event)) return;
   InPartyList_ = false;
@@ -85,7 +85,7 @@ void AccountDropList::focusOutEvent(QFocusEvent* event) {
   Q_EMIT left();
 }
 
-bool AccountDropList::event(QEvent* event) {
+bool CodeDropList::event(QEvent* event) {
   const auto isKey = [&](Qt::Key key) { return static_cast<QKeyEvent*>(event)->key() == key; };
   if (event->type() == QEvent::KeyPress && isKey(Qt::Key_Tab)) {
     choose(Then::MoveOn);
@@ -98,7 +98,7 @@ bool AccountDropList::event(QEvent* event) {
   return QListView::event(event);
 }
 
-void AccountDropList::keyPressEvent(QKeyEvent* event) {
+void CodeDropList::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -117,7 +117,7 @@ void AccountDropList::keyPressEvent(QKeyEvent* event) {
   QListView::keyPressEvent(event);
 }
 
-void AccountDropList::mouseReleaseEvent(QMouseEvent* event) {
+void CodeDropList::mouseReleaseEvent(QMouseEvent* event) {
   QListView::mouseReleaseEvent(event);
   if (event->button() != Qt::LeftButton || !owner_) return;
   const QModelIndex clicked = indexAt(event->pos());
@@ -127,18 +127,18 @@ void AccountDropList::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 // The code goes to the owner; an empty list clears it.
-void AccountDropList::choose(Then then) {
+void CodeDropList::choose(Then then) {
   owner_->takeFromList(entries_.key(currentIndex()));
   hide();
   if (then == Then::MoveOn) owner_->moveOnFromList();
 }
 
-void AccountDropList::paintEvent(QPaintEvent* event) {
+void CodeDropList::paintEvent(QPaintEvent* event) {
   QListView::paintEvent(event);
   if (entries_.rowCount() > 0) return;
   QPainter painter(viewport());
   painter.setPen(forms::colours().quietText);
-  painter.drawText(viewport()->rect(), Qt::AlignCenter, "No account matches");
+  painter.drawText(viewport()->rect(), Qt::AlignCenter, nothing_);
 }
 
 }  // namespace velmo::frame
