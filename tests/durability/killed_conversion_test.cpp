@@ -33,15 +33,15 @@ TEST(ConversionAfterKill, TheNewDocumentAndItsMarkAreThereOrNeither) {
   const test::NewCompany company;
   test::NewCompany::run(
       {"INSERT INTO Transactions (TranNo, DocNo, TranType, FYID, TranDate, Text1, Cancel, InvLedger) "
-       "VALUES (1, 1, 93, 1, #11-20-2026#, 'A customer', No, Yes)",
-       "INSERT INTO StockFlow (TranNo, Serial, ItemCode, StockOut) VALUES (1, 1, 'H1', 2)",
-       "INSERT INTO StockFlow (TranNo, Serial, ItemCode, StockOut) VALUES (1, 2, 'H2', 3)"});
+       "VALUES (9001, 1, 93, 1, #11-20-2026#, 'A customer', No, Yes)",
+       "INSERT INTO StockFlow (TranNo, Serial, ItemCode, StockOut) VALUES (9001, 1, 'H1', 2)",
+       "INSERT INTO StockFlow (TranNo, Serial, ItemCode, StockOut) VALUES (9001, 2, 'H2', 3)"});
   std::mt19937 random(20261122);
   std::int64_t made = 0;
   int grown = 0;
   for (int kill = 0; kill < 40 && !testing::Test::HasFailure(); ++kill) {
     SCOPED_TRACE("kill " + std::to_string(kill));
-    Process program([] { convertWithoutEnd(1); });
+    Process program([] { convertWithoutEnd(9001); });
     ::usleep(static_cast<useconds_t>(std::uniform_int_distribution(5000, 50000)(random)));
     program.send(SIGKILL);
     EXPECT_EQ(program.status(), -SIGKILL) << "it ended by itself";
@@ -50,9 +50,9 @@ TEST(ConversionAfterKill, TheNewDocumentAndItsMarkAreThereOrNeither) {
         test::plainTexts(file, "SELECT count(*) FROM Transactions WHERE TranType = 94").front();
     EXPECT_EQ(test::plainTexts(file, "SELECT max(DocNo) FROM Transactions WHERE TranType = 94").front(),
               challans == "0" ? "" : challans);
-    EXPECT_EQ(test::plainTexts(file, "SELECT Text9 FROM Transactions WHERE TranNo = 1").front(),
+    EXPECT_EQ(test::plainTexts(file, "SELECT Text9 FROM Transactions WHERE TranNo = 9001").front(),
               challans == "0" ? "" : "D.C. No. " + challans);
-    EXPECT_EQ(test::plainTexts(file, "SELECT count(*) FROM StockFlow WHERE TranNo > 1").front(),
+    EXPECT_EQ(test::plainTexts(file, "SELECT count(*) FROM StockFlow WHERE TranNo > 9001").front(),
               std::to_string(2 * std::stoll(challans)));
     grown += std::stoll(challans) > made ? 1 : 0;
     made = std::stoll(challans);

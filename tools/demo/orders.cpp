@@ -120,11 +120,15 @@ void OrderClerk::carryOn(const text::DateTime& moment) {
     }
     const std::int64_t made = documents::convertDocument(context_, way(due.from, due.to), due.tranNo, moment);
     if (due.to == SaleOrder)
-      complete(documents::saleOrderType(), made, moment, "PO-" + std::to_string(dice_.between(1000, 9999)));
-    if (due.to == DeliveryChallan && dice_.inHundred(20))
-      complete(documents::deliveryChallanType(), made, moment, {}, Delivered::Half);
+      complete(documents::saleOrderType(), made, moment,
+               {{"D1", "PO-" + std::to_string(dice_.between(1000, 9999))}, {"D1Dt", frame::dayText(moment)}});
+    if (due.to == DeliveryChallan)
+      complete(documents::deliveryChallanType(), made, moment,
+               {{"Vehicle", dice_.pick(vehicles)}, {"Driver", dice_.pick(drivers)}},
+               dice_.inHundred(20) ? Delivered::Half : Delivered::Whole);
     if (due.to == PurchaseBill) {
-      complete(documents::purchaseBillType(), made, moment, "V-" + std::to_string(dice_.between(10000, 99999)));
+      complete(documents::purchaseBillType(), made, moment,
+               {{"D1", "V-" + std::to_string(dice_.between(10000, 99999))}, {"D1Dt", frame::dayText(moment)}});
       stockUp(made);
     }
     follow(made, due.to, moment);
@@ -155,7 +159,7 @@ void OrderClerk::addLines(store::Recordset& sheet, bool inward) {
 }
 
 std::int64_t OrderClerk::write(const frame::DocumentType& type, const text::DateTime& moment, std::int64_t party,
-                               std::map<std::string, std::string, std::less<>> fields) {
+                               Fields fields) {
   store::Recordset sheet(context_.KORDconn, "Select * from stockflow where tranno = 0",
                          store::LockType::BatchOptimistic);
   while (sheet.isEmpty()) addLines(sheet, isInward(type));
@@ -179,7 +183,7 @@ std::int64_t OrderClerk::write(const frame::DocumentType& type, const text::Date
 }
 
 void OrderClerk::complete(const frame::DocumentType& type, std::int64_t tranNo, const text::DateTime& moment,
-                          const std::string& reference, Delivered delivered) {
+                          const Fields& given, Delivered delivered) {
   const std::string ofIt = " where tranno = " + std::to_string(tranNo);
   store::Recordset tran(context_.KORDconn, "SELECT * from transactions" + ofIt);
   store::Recordset sheet(context_.KORDconn, "Select * from stockflow" + ofIt + " order by serial",
@@ -205,10 +209,7 @@ void OrderClerk::complete(const frame::DocumentType& type, std::int64_t tranNo, 
   values.LocationList.id = context_.stocklocationid;
   for (const frame::DocumentField& field : type.fields)
     values.fields[std::string(field.name)] = tran.text(field.column);
-  if (!reference.empty()) {
-    values.fields["D1"] = reference;
-    values.fields["D1Dt"] = frame::dayText(moment);
-  }
+  for (const auto& [field, text] : given) values.fields[field] = text;
   values.totals = totalsOf(sheet, context_);
   const std::string narrations = frame::lineNarrations(sheet, isInward(type) ? "StockIn" : "StockOut", context_.ccode);
   const auto document = frame::composeDocument(type, values, context_, moment, narrations, frame::HeaderWrite::Update);

@@ -21,6 +21,7 @@ class OrderClerk {
   void work(const text::DateTime& day, const text::DateTime& now);
 
  private:
+  using Fields = std::map<std::string, std::string, std::less<>>;  // by control name
   // A paper that is to become another one.
   struct Due {
     text::DateTime day;
@@ -36,13 +37,12 @@ class OrderClerk {
   void follow(std::int64_t tranNo, int tranType, const text::DateTime& day);
   void expect(int chances, std::int64_t tranNo, int from, int to, const text::DateTime& day);
 
-  std::int64_t write(const frame::DocumentType& type, const text::DateTime& moment, std::int64_t party,
-                     std::map<std::string, std::string, std::less<>> fields);
+  std::int64_t write(const frame::DocumentType& type, const text::DateTime& moment, std::int64_t party, Fields fields);
   void addLines(store::Recordset& sheet, bool inward);
   // A person gives what a conversion left empty, or takes half of the goods off.
   enum class Delivered { Whole, Half };
-  void complete(const frame::DocumentType& type, std::int64_t tranNo, const text::DateTime& moment,
-                const std::string& reference, Delivered delivered = Delivered::Whole);
+  void complete(const frame::DocumentType& type, std::int64_t tranNo, const text::DateTime& moment, const Fields& given,
+                Delivered delivered = Delivered::Whole);
   void stockUp(std::int64_t bill);
 
   session::LoginContext& context_;

@@ -19,7 +19,7 @@ frame::DocumentType quotation() {
   type.locationChoice = frame::LocationChoice::OfCompany;
   type.jobChoice = frame::JobChoice::None;
   type.fields = {{.name = "Subject", .column = "D1", .label = "Subject"},
-                 {.name = "D1Dt", .column = "D1Date", .label = "Dated ", .place = Beside},
+                 {.name = "D1Dt", .column = "D1Date", .label = "Dated "},
                  {.name = "PartyContact", .column = "Text6", .label = "Contact Person"},
                  {.name = "Conditions", .column = "Text8", .label = "Conditions"}};
   type.validation = {partyChosen("Select a correct customer."), frame::employeeIsListedOrBlank()};
@@ -46,7 +46,7 @@ frame::DocumentType purchaseOrder() {
   frame::DocumentType type = orderPaper("PurchaseOrders", "PURCHASE ORDERS", purchasePaper(std::move(lines)));
   type.find = findPO();
   type.locationChoice = frame::LocationChoice::OfCompany;
-  type.fields = {{.name = "D1Dt", .column = "D1Date", .label = "Dated "},
+  type.fields = {{.name = "D1Dt", .column = "D1Date", .label = "Delivery Date"},
                  {.name = "Conditions", .column = "Text8", .label = "Conditions"}};
   type.validation = {partyChosen("Select a correct vendor."), frame::jobIsListedOrBlank(),
                      frame::employeeIsListedOrBlank()};

@@ -2,7 +2,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QStyle>
+#include <QPainter>
 
 #include "forms/caption.h"
 #include "forms/link_button.h"
@@ -17,6 +17,18 @@
 namespace velmo::frame {
 
 namespace {
+
+QIcon arrowIcon(const QWidget& box) {
+  constexpr int side = 16;
+  QPixmap picture(QSize(side, side) * box.devicePixelRatioF());
+  picture.setDevicePixelRatio(box.devicePixelRatioF());
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(forms::colours().accent, 1.6));
+  painter.drawPolyline(QPolygonF{{3, 8}, {13, 8}, {9, 4}, {13, 8}, {9, 12}});
+  return QIcon(picture);
+}
 
 bool isNumber(const QString& text) {
   return !text.isEmpty() && std::ranges::all_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
@@ -59,7 +71,7 @@ void DocumentScreen::connectConversions() {
 // A number that is saved leads to its document, by Enter or by the arrow at its end; one that is still typed does not.
 void DocumentScreen::connectReference(const DocumentField& field) {
   auto& box = *references_->findChild<QLineEdit*>(forms::shownText(field.name));
-  QAction* arrow = box.addAction(style()->standardIcon(QStyle::SP_ArrowForward), QLineEdit::TrailingPosition);
+  QAction* arrow = box.addAction(arrowIcon(box), QLineEdit::TrailingPosition);
   arrow->setObjectName(forms::shownText(field.name) + "Link");
   arrow->setToolTip(tr("Opens the document of this number (Enter)"));
   const auto isSaved = [this, &box, &field] {

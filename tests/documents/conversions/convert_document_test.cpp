@@ -49,10 +49,16 @@ class Books : public InvoiceCompany {
     return documents::convertDocument(context, conversion, tranNo, clock.now());
   }
   std::string of(std::int64_t tranNo, const char* columns, const char* table = "transactions") {
-    Rows found =
-        rows(std::string("select ") + columns + " from " + table + " where tranno = " + std::to_string(tranNo));
     std::string all;
-    for (const std::string& row : found) all += (all.empty() ? "" : " / ") + row;
+    for (store::Recordset found(context.KORDconn, std::string("select ") + columns + " from " + table +
+                                                      " where tranno = " + std::to_string(tranNo));
+         !found.eof(); found.moveNext()) {
+      if (!all.empty()) all += " / ";
+      const char* between = "";
+      for (const store::FieldInfo& field : found.fields()) {
+        all += std::exchange(between, "|") + found.text(field.name);
+      }
+    }
     return all;
   }
   std::string everything() {
@@ -85,8 +91,8 @@ struct Expected {
 };
 
 constexpr const char* net = "74.5|74.5|seventy-four and 50/100 only.";
-constexpr const char* sale = "12001002|O'Brien||74.5| / 40001001|Sales|O'Brien - ||74.5";
-constexpr const char* purchase = "50001002|Purchases|O'Brien - |74.5| / 12001002|O'Brien|||74.5";
+constexpr const char* sale = "12001002|O'Brien||74.5| / 40001001|Sales|O'Brien -||74.5";
+constexpr const char* purchase = "50001002|Purchases|O'Brien -|74.5| / 12001002|O'Brien|||74.5";
 
 // The setting is 22: bills and challans move stock.
 const Expected ways[] = {

@@ -36,6 +36,7 @@ class ChainDesk {
     shop_.context.KORDconn.execute("delete from transactions where trantype=93");
     shop_.screens.known = {"Quotations",     "SaleOrders",   "DeliveryChallans",    "GatePassesOut",
                            "PurchaseOrders", "GatePassesIn", "PurchaseBillsSimple", "SaleInvoicesSimple"};
+    others_ = shop_.rows("select tranno from transactions").size();
     session::applyStockMovement(shop_.context, std::int64_t{setting});
     shop_.prompts.anything.emplace();
     const std::pair<int, InvoiceScreen::Make> makes[] = {
@@ -71,7 +72,7 @@ class ChainDesk {
       checkBooks(tranNo, paper);
     }
     EXPECT_EQ(frame::itemBalance(shop_.context.KORDconn, "H1", 1), stock);
-    EXPECT_EQ(shop_.rows("select tranno from transactions where trantype<>45").size(), papers_.size());
+    EXPECT_EQ(shop_.rows("select tranno from transactions").size(), others_ + papers_.size());
   }
 
   int conversions = 0;
@@ -92,8 +93,13 @@ class ChainDesk {
     return highest + 1;
   }
 
+  InvoiceScreen& goTo(int tranType) {
+    InvoiceScreen& screen = *screens_.at(tranType);
+    QApplication::setActiveWindow(&screen.widget());
+    return screen;
+  }
   InvoiceScreen& show(std::int64_t tranNo) {
-    InvoiceScreen& screen = *screens_.at(papers_.at(tranNo).tranType);
+    InvoiceScreen& screen = goTo(papers_.at(tranNo).tranType);
     shop_.context.OpenTranNo = tranNo;
     static_cast<frame::DocumentScreen&>(screen.widget()).ShowRecord();
     return screen;
@@ -105,8 +111,8 @@ class ChainDesk {
     const int kinds[] = {91, 93, 94, 30, 92, 20, 32};
     Paper paper{.tranType = kinds[pick(7)], .quantity = 1 + pick(9)};
     paper.number = nextNumber(paper.tranType);
-    InvoiceScreen& screen = *screens_.at(paper.tranType);
-    if (auto* add = screen.widget().findChild<QPushButton*>("AddBttn")) add->click();
+    InvoiceScreen& screen = goTo(paper.tranType);
+    for (const char* command : {"AddBttn", "CancelBttn"}) screen.press(command);  // with the number that is next now
     screen.type("PartyCodeTxt", "12001003");
     if (paper.tranType == 93) screen.type("D1", "PO");
     screen.line(0, "H1", QString::number(paper.quantity), "50");
@@ -162,10 +168,11 @@ class ChainDesk {
                 mark == paper.marks.end() ? "" : mark->second)
           << column;
     }
-    EXPECT_EQ(shop_.one("select sum(stockin) as i, sum(stockout) as o from stockflow" + ofIt),
-              paper.tranType == 92 || paper.tranType == 20 || paper.tranType == 22
-                  ? std::to_string(paper.quantity) + "|"
-                  : "|" + std::to_string(paper.quantity));
+    EXPECT_EQ(shop_.one("select itemcode, sum(stockin) as i, sum(stockout) as o from stockflow" + ofIt +
+                        " group by itemcode"),
+              "H1|" + (paper.tranType == 92 || paper.tranType == 20 || paper.tranType == 22
+                           ? std::to_string(paper.quantity) + "|"
+                           : "|" + std::to_string(paper.quantity)));
     // All on credit: the party against its head, with a narration once a screen has posted it.
     Rows ledger, receivable, payable;
     const std::string named = "Zoe Builders - Invoice No " + std::to_string(paper.number);
@@ -197,6 +204,7 @@ class ChainDesk {
   const int setting_;
   std::mt19937 random_;
   InvoiceCompany shop_;
+  std::size_t others_ = 0;  // documents that the company had before
   std::map<int, std::unique_ptr<InvoiceScreen>> screens_;
   std::map<std::int64_t, Paper> papers_;
 };
