@@ -10,43 +10,21 @@
 #include "large_company_folder.h"
 #include "schema/company_file.h"
 #include "session/login.h"
-#include "session/workplace.h"
+#include "support/stand_ins.h"
 
 // What the benchmarks of single screens share.
 namespace velmo::bench {
 
 inline constexpr demo::LargeCompany manyItems = {.invoices = 200000, .items = 200000, .accounts = 20000};
 
-// Lets one message pass, by its title.
-class OnePrompt : public session::Prompts {
- public:
-  session::Answer ask(const session::Prompt& prompt) override {
-    if (prompt.title != expected) throw std::logic_error("unexpected message: " + prompt.text);
-    told = std::exchange(expected, {});
-    return session::Answer::Ok;
-  }
-  std::string expected;
-  std::string told;
-};
-
-class OneFile : public session::FileChooser {
- public:
-  std::string openFile(const std::string&, const std::string&, const std::string&) override { return name; }
-  std::string saveFile(const std::string&, const std::string&, const std::string&) override { return name; }
-  std::string name;
-};
-
-class NoScreens : public session::ScreenOpener {
- public:
-  bool openScreen(std::string_view) override { return false; }
-  bool openDialog(std::string_view) override { return false; }
-  bool hasScreen(std::string_view) const override { return true; }
-};
-
 // User 1 at work on a copy of a large company, a quarter of whose items stand in one sub category.
 class Desk {
  public:
   Desk() : company_(enter()) {
+    prompts_.answer = [this](const session::Prompt& prompt) {
+      if (prompt.title != std::exchange(expected_, {})) throw std::logic_error("unexpected message: " + prompt.text);
+      return session::Answer::Ok;
+    };
     context_.KORDconn.open(schema::plainConnectionString);
     for (const char* other : {"G02", "G03", "G04", "G05"})
       context_.KORDconn.execute(std::string("UPDATE StockLevel3 SET SubCatID = 'G01' WHERE SubCatID = '") + other +
@@ -55,8 +33,13 @@ class Desk {
   }
 
   session::LoginContext& context() { return context_; }
-  OnePrompt& prompts() { return prompts_; }
-  OneFile& files() { return files_; }
+  // The message that may come next, by its title.
+  void expect(std::string title) {
+    prompts_.told.clear();
+    expected_ = std::move(title);
+  }
+  test::AgreeingPrompts& prompts() { return prompts_; }
+  test::NamedFile& files() { return files_; }
 
   template <typename Make>
   QWidget& open(Make make, Durations& durations) {
@@ -78,9 +61,10 @@ class Desk {
 
   CompanyCopy company_;
   session::SystemClock clock_;
-  OnePrompt prompts_;
-  NoScreens screens_;
-  OneFile files_;
+  std::string expected_;
+  test::AgreeingPrompts prompts_;
+  test::NotedScreens screens_;
+  test::NamedFile files_;
   session::LoginContext context_{schema::companyCatalog()};
   session::Workplace workplace_{context_, clock_, prompts_, files_, screens_};
   std::unique_ptr<QWidget> screen_;

@@ -9,6 +9,7 @@
 #include "printing/pdf_writer.h"
 #include "printing/pieces.h"
 #include "printing/preview_window.h"
+#include "support/stand_ins.h"
 
 namespace velmo::bench {
 namespace {
@@ -116,15 +117,9 @@ void LedgerToPdf(benchmark::State& state) {
 }
 BENCHMARK(LedgerToPdf)->Arg(1000)->Arg(4000)->Iterations(3)->UseRealTime()->Unit(benchmark::kMillisecond);
 
-class NoFiles : public session::FileChooser {
- public:
-  std::string openFile(const std::string&, const std::string&, const std::string&) override { return {}; }
-  std::string saveFile(const std::string&, const std::string&, const std::string&) override { return {}; }
-};
-
 // From the command to the first page painted on the screen.
 void FirstPreviewPage(benchmark::State& state) {
-  NoFiles files;
+  test::NamedFile files;
   double slowest = 0;
   for (auto _ : state) {
     const auto begin = std::chrono::steady_clock::now();

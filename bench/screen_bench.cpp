@@ -12,17 +12,10 @@
 #include "shell/login/login_form.h"
 #include "shell/window/main_shell.h"
 #include "shell/window/screen_windows.h"
+#include "support/stand_ins.h"
 
 namespace velmo::bench {
 namespace {
-
-class NoPrompts : public session::Prompts {
- public:
-  session::Answer ask(const session::Prompt& prompt) override {
-    if (prompt.buttons == session::Buttons::Ok) throw std::logic_error("unexpected message: " + prompt.text);
-    return session::Answer::No;
-  }
-};
 
 double residentMegabytes() {
   std::ifstream file("/proc/self/statm");
@@ -35,6 +28,10 @@ double residentMegabytes() {
 class OpenShell {
  public:
   OpenShell() {
+    prompts_.answer = [](const session::Prompt& prompt) {
+      if (prompt.buttons == session::Buttons::Ok) throw std::logic_error("unexpected message: " + prompt.text);
+      return session::Answer::No;
+    };
     login_.measure([&] {
       form_ = std::make_unique<shell::LoginForm>(schema::companyCatalog(), schema::plainConnectionString, prompts_);
       form_->show();
@@ -42,7 +39,7 @@ class OpenShell {
     });
     form_->findChild<QPushButton*>("OkBttn")->click();
     start_.measure([&] {
-      shell_ = std::make_unique<shell::Parent>(
+      shell_ = std::make_unique<shell::MainShell>(
           form_->takeContext(),
           shell::Surroundings{
               .clock = clock_, .prompts = prompts_, .files = files_, .programFolder = ".", .screenWidth = 1920});
@@ -68,11 +65,11 @@ class OpenShell {
 
  private:
   session::SystemClock clock_;
-  NoPrompts prompts_;
+  test::AgreeingPrompts prompts_;
   forms::FileDialogs files_;
   Durations login_, start_;
   std::unique_ptr<shell::LoginForm> form_;
-  std::unique_ptr<shell::Parent> shell_;
+  std::unique_ptr<shell::MainShell> shell_;
 };
 
 struct ScreenCosts {

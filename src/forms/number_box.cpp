@@ -23,10 +23,6 @@ bool NumberBox::isNumber() const {
   return text::isNumeric(text().toStdString());
 }
 
-void NumberBox::setAmount(double amount) {
-  setText(QString::fromStdString(text::formatNumber(amount, options_.restFormat)));
-}
-
 bool NumberBox::accepts(QChar typed) const {
   if (amount() > options_.keyLimit) return false;
   if (typed >= QLatin1Char('0') && typed <= QLatin1Char('9')) return true;

@@ -29,7 +29,6 @@ class NumberBox : public FilteredBox {
 
   double amount() const;  // 0 when the text is no number
   bool isNumber() const;
-  void setAmount(double amount);  // shown in the rest format
   const NumberBoxOptions& options() const { return options_; }
 
  Q_SIGNALS:

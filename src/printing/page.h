@@ -61,7 +61,6 @@ struct Drawing {
   std::vector<TextRun> texts = {};
 
   QString textOf(const TextRun& run) const { return pool.mid(run.first, run.length); }
-  bool isEmpty() const { return areas.empty() && pictures.empty() && strokes.empty() && texts.empty(); }
   void add(const Drawing& other, Twips right, Twips down);  // other, moved
 };
 

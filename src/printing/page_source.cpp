@@ -27,8 +27,4 @@ void PageSource::makeFor(int milliseconds) {
   }
 }
 
-void PageSource::makeAll() {
-  while (!complete()) makeOne();
-}
-
 }  // namespace velmo::printing

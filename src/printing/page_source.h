@@ -21,7 +21,6 @@ class PageSource {
   int total() const { return complete() ? made() : 0; }  // 0: not yet known
   // Makes further pages for about so long, at least one.
   void makeFor(int milliseconds);
-  void makeAll();
 
  private:
   void makeOne();

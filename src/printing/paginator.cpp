@@ -177,11 +177,4 @@ void Paginator::endPage() {
   pageOpen_ = false;
 }
 
-int countPages(const Report& report) {
-  Paginator paginator(report, Output::HeightsOnly);
-  int count = 0;
-  while (paginator.next()) ++count;
-  return count;
-}
-
 }  // namespace velmo::printing

@@ -61,7 +61,4 @@ class Paginator {
   bool ended_ = false;
 };
 
-// Counts without keeping anything of the pages.
-int countPages(const Report& report);
-
 }  // namespace velmo::printing

@@ -39,8 +39,8 @@ std::vector<store::IdleCheck> companyChecks() {
           {"the balance of its documents", documentFaults}};
 }
 
-std::vector<store::IdleCheck> pageChecks() {
-  return {{"the structure of the file", store::pageFaults}};
+std::vector<store::IdleCheck> startChecks() {
+  return {{"the structure of the file", store::pageFaults}, {"its kept totals", store::totalSumFaults}};
 }
 
 std::string unbalancedDocuments() {

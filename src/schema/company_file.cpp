@@ -45,7 +45,9 @@ FileState stateOf(store::Connection& connection) {
   FileState state{.seenThrough = found.has_value(), .damage = found.value_or(std::vector<store::Finding>())};
   if (!state.damage.empty()) return state;
   try {
-    state.totalsMended = store::mendKeptTotals(connection);
+    const auto until = std::chrono::steady_clock::now() + longestWait;
+    state.totalsMended = store::mendKeptTotals(connection, store::TotalsCheck::Latest, until);
+    if (std::chrono::steady_clock::now() > until) state.seenThrough = false;
   } catch (const store::StoreError& failure) {
     if (failure.kind() != store::ErrorKind::Damaged) throw;
     state.damage = {{.kind = store::Finding::Kind::Damage, .words = "the documents or their kept totals"}};

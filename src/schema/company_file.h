@@ -22,7 +22,7 @@ std::filesystem::path programFolder();
 
 // What was seen of a company's file before the first screen, where nobody is to wait.
 struct FileState {
-  bool seenThrough = true;             // its pages; otherwise they are to be checked in an idle moment
+  bool seenThrough = true;             // pages and sums of totals; otherwise they are to be checked in an idle moment
   std::vector<store::Finding> damage;  // with any, the file is opened for reading alone
   bool totalsMended = false;           // kept totals were not the sums of their lines, and are now
 };

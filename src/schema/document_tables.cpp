@@ -176,6 +176,25 @@ store::KeptTotals stockTotals() {
           .adds = store::KeptTotals::Adds::Later};
 }
 
+// The costs of items are the averages of what they were received for, by the kind of document.
+store::KeptTotals receiptTotals() {
+  return {.name = "Receipt",
+          .documents = "Transactions",
+          .key = "TranNo",
+          .group = "FYID",
+          .day = "TranDate",
+          .excluded = {"Cancel", "InvLedger"},
+          .kind = "TranType",
+          .lines = "StockFlow",
+          .lineKey = "FlowId",
+          .link = "TranNo",
+          .subject = "ItemCode",
+          .subjectType = store::KeptTotals::Subject::Text,
+          .amounts = {"StockIn", "ItemValue"},
+          .counted = "StockIn",
+          .adds = store::KeptTotals::Adds::Later};
+}
+
 std::vector<store::Table> documentTables() {
   return {transactions(), subTransactions(), stockFlow(), aging("AgingDr", {}),
           aging("AgingCr", {{"VendorInvNo", Text}})};

@@ -26,15 +26,16 @@ void toVersion2(store::Connection& connection) {
   for (const std::string& sql : store::createIndexSql(items)) run(connection, sql);
 }
 
-// The totals of accounts and items by day and month, which came with version 3, became whole numbers.
-void toVersion4(store::Connection& connection) {
+// The totals of accounts and items by day and month, which came with version 3, became whole numbers with version 4.
+// Now they come with those of receipts, with whole years, and with what is pending.
+void toVersion5(store::Connection& connection) {
   for (const store::KeptTotals& kept : companyCatalog().keptTotals()) store::makeKeptTotals(connection.handle(), kept);
 }
 
 }  // namespace
 
 std::vector<store::UpgradeStep> upgrades() {
-  return {{.version = 2, .run = toVersion2}, {.version = 4, .run = toVersion4}};
+  return {{.version = 2, .run = toVersion2}, {.version = 5, .run = toVersion5}};
 }
 
 }  // namespace velmo::schema

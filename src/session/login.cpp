@@ -10,12 +10,6 @@ LoginRecords::LoginRecords(store::Connection& connection)
       financialYears(connection, "Select * from FinancialYear order by abbreviation"),
       users(connection, "Select userid, username, password from users") {}
 
-void LoginRecords::close() {
-  businessInfo.close();
-  financialYears.close();
-  users.close();
-}
-
 void cleanUpMasters(store::Connection& connection) {
   for (const char* statement : {"Delete * from acclevel3 where level2id is null or level1id is null",
                                 "Delete * from acclevel2 where typeid is null",

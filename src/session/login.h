@@ -14,7 +14,6 @@ struct LoginRecords {
 
   // Opens the three on the connection, in this order.
   explicit LoginRecords(store::Connection& connection);
-  void close();
 };
 
 // Removes the rows that were left half-written when the entry of a new account or item was abandoned.

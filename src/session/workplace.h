@@ -1,5 +1,6 @@
 #pragma once
 
+#include "session/attempt.h"
 #include "session/clock.h"
 #include "session/login_context.h"
 #include "session/prompts.h"
@@ -17,6 +18,10 @@ struct Workplace {
   ScreenOpener& screens;
 
   RightsGate rights() const { return RightsGate(context, prompts); }
+  // Runs what a person asked for; false when the store failed, which was told under the title.
+  bool attempt(std::string_view title, const std::function<void()>& action) const {
+    return session::attempt(prompts, title, action);
+  }
 };
 
 }  // namespace velmo::session

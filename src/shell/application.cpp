@@ -44,12 +44,12 @@ int Application::run() {
       if (login.exec() != QDialog::Accepted) return 0;
       context = login.takeContext();
     }
-    Parent shell(std::move(context), {.clock = clock_,
-                                      .prompts = prompts_,
-                                      .files = files_,
-                                      .programFolder = folder,
-                                      .screenWidth = primaryScreen()->size().width(),
-                                      .file = file});
+    MainShell shell(std::move(context), {.clock = clock_,
+                                         .prompts = prompts_,
+                                         .files = files_,
+                                         .programFolder = folder,
+                                         .screenWidth = primaryScreen()->size().width(),
+                                         .file = file});
     shell.showMaximized();
     setQuitOnLastWindowClosed(true);
     return exec();

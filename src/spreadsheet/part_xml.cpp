@@ -17,10 +17,6 @@ QString PartXml::attribute(QStringView name) const {
   return {};
 }
 
-bool PartXml::hasAttribute(QStringView name) const {
-  return std::ranges::any_of(reader.attributes(), [name](const auto& attribute) { return attribute.name() == name; });
-}
-
 int PartXml::count(QStringView name) const {
   bool isNumber = false;
   const int repetitions = attribute(name).toInt(&isNumber);

@@ -21,8 +21,7 @@ class PartXml {
   void skip() { reader.skipCurrentElement(); }
   bool is(QStringView name) const { return reader.name() == name; }
   QString attribute(QStringView name) const;  // "" when absent
-  bool hasAttribute(QStringView name) const;
-  int count(QStringView name) const;  // of a repetition: at least 1, also when absent
+  int count(QStringView name) const;          // of a repetition: at least 1, also when absent
   // The text of the present element, up to its end.
   QString text() { return reader.readElementText(QXmlStreamReader::IncludeChildElements); }
   // To be called when everything was read: throws ReadFailure unless all of the part was sound.

@@ -182,10 +182,6 @@ std::string foldedText(std::string_view text) {
   return result;
 }
 
-bool likeMatches(std::string_view text, std::string_view pattern) {
-  return LikePattern(pattern).matches(text);
-}
-
 bool isPlainPattern(std::string_view pattern) {
   return isAscii(pattern) && pattern.find_first_of("%_[") == std::string_view::npos;
 }

@@ -44,8 +44,6 @@ void appendFolded(std::string& result, std::string_view text);
 
 bool isAscii(std::string_view text);
 
-bool likeMatches(std::string_view text, std::string_view pattern);
-
 // True when the pattern has no wildcards and is ASCII, so that it equals the text it matches but for case.
 bool isPlainPattern(std::string_view pattern);
 

@@ -8,69 +8,17 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
-#include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "documents/invoices/sale_invoice.h"
 #include "frame/items/item_grid.h"
 #include "session/login.h"
-#include "session/workplace.h"
 #include "support/new_company.h"
 #include "support/queued_prompts.h"
 #include "support/typing.h"
 
 namespace velmo::test {
-
-class FixedClock : public session::Clock {
- public:
-  text::DateTime time = text::DateTime::fromCalendar(2026, 11, 22, 10, 30, 15);
-  text::DateTime now() const override { return time; }
-};
-
-class NoFiles : public session::FileChooser {
- public:
-  std::string openFile(const std::string&, const std::string&, const std::string&) override { return {}; }
-  std::string saveFile(const std::string&, const std::string&, const std::string&) override { return {}; }
-};
-
-class NotedScreens : public session::ScreenOpener {
- public:
-  std::set<std::string, std::less<>> known;
-  std::vector<std::string> opened;
-  bool openScreen(std::string_view name) override { return note(name); }
-  bool openDialog(std::string_view name) override { return note(name); }
-  bool hasScreen(std::string_view name) const override { return known.contains(name); }
-
- private:
-  bool note(std::string_view name) {
-    opened.emplace_back(name);
-    return known.contains(name);
-  }
-};
-
-// Also takes a message whose words are the store's own, and whatever comes when that is wanted.
-class Prompts : public QueuedPrompts {
- public:
-  std::optional<std::vector<std::string>> anything;  // the texts that came
-  void expectTitle(std::string title) { titles_.push_back(std::move(title)); }
-  session::Answer ask(const session::Prompt& prompt) override {
-    if (anything) {
-      anything->push_back(prompt.text);
-      return session::Answer::Yes;
-    }
-    if (titles_.empty()) return QueuedPrompts::ask(prompt);
-    EXPECT_EQ(prompt.title, titles_.front());
-    EXPECT_EQ(prompt.text.substr(prompt.text.size() - 1), ".") << "a full sentence: " << prompt.text;
-    titles_.erase(titles_.begin());
-    return session::Answer::Ok;
-  }
-  ~Prompts() override { EXPECT_TRUE(titles_.empty()) << "prompt never came: " << titles_.front(); }
-
- private:
-  std::vector<std::string> titles_;
-};
 
 // A logged-in company with two customers, an item in stock and a sale order.
 class InvoiceCompany {
@@ -100,9 +48,9 @@ class InvoiceCompany {
     for (const char* item : {"H1", "N1"})
       context.KORDconn.execute("INSERT INTO StockFlow (TranNo, ItemCode, StockIn) VALUES (" + tranNo + ", '" + item +
                                "', 100000)");
-    session::LoginRecords records(context.KORDconn);
-    session::fillLoginContext(context, records);
-    records.close();
+    session::fillLoginContext(context, session::LoginRecords(context.KORDconn));
+    clock.moment = text::DateTime::fromCalendar(2026, 11, 22, 10, 30, 15);
+    screens.known.emplace();
     context.UserID = 1;
     context.currencyname = "Rupees";
     context.ccode = "Rs.";
@@ -128,9 +76,9 @@ class InvoiceCompany {
 
   NewCompany company;
   session::LoginContext context{schema::companyCatalog()};
-  FixedClock clock;
-  Prompts prompts;
-  NoFiles files;
+  SetClock clock;
+  QueuedPrompts prompts;
+  NamedFile files;
   NotedScreens screens;
   session::Workplace workplace{context, clock, prompts, files, screens};
 };

@@ -4,29 +4,10 @@
 
 #include <string>
 
-#include "session/workplace.h"
 #include "support/new_company.h"
 #include "support/queued_prompts.h"
 
 namespace velmo::test {
-
-class FixedClock : public session::Clock {
- public:
-  text::DateTime now() const override { return text::DateTime::fromCalendar(2026, 11, 22, 14, 7, 9); }
-};
-
-class NoFiles : public session::FileChooser {
- public:
-  std::string openFile(const std::string&, const std::string&, const std::string&) override { return {}; }
-  std::string saveFile(const std::string&, const std::string&, const std::string&) override { return {}; }
-};
-
-class NoScreens : public session::ScreenOpener {
- public:
-  bool openScreen(std::string_view) override { return false; }
-  bool openDialog(std::string_view) override { return false; }
-  bool hasScreen(std::string_view) const override { return false; }
-};
 
 // A small company with a few items, two customers and one sale, logged in; messages are answered from a queue.
 class Shop : public testing::Test {
@@ -34,6 +15,7 @@ class Shop : public testing::Test {
   Shop() : context(schema::companyCatalog()), workplace{context, clock, prompts, files, screens} {
     context.KORDconn.open(schema::plainConnectionString);
     context.FYID = 1;
+    screens.known.emplace();
     NewCompany::run(context.KORDconn,
                     {"INSERT INTO StockLevel1 (CatID, CatName) VALUES ('HND', 'Hand Tools')",
                      "INSERT INTO StockLevel2 (SubCatID, SubCatName, CatID) VALUES ('HND01', 'Hammers', 'HND')"});
@@ -82,10 +64,10 @@ class Shop : public testing::Test {
 
   NewCompany company;
   session::LoginContext context;
-  FixedClock clock;
+  SetClock clock;
   QueuedPrompts prompts;
-  NoFiles files;
-  NoScreens screens;
+  NamedFile files;
+  NotedScreens screens;
   session::Workplace workplace;
 };
 

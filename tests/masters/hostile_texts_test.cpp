@@ -60,22 +60,13 @@ const std::vector<QString>& hostileTexts() {
 
 class HostileTexts : public test::MasterCompany {
  protected:
-  class Listening : public session::Prompts {
-   public:
-    session::Answer ask(const session::Prompt& prompt) override {
-      told.push_back(prompt);
-      return prompt.buttons == session::Buttons::Ok ? session::Answer::Ok : session::Answer::Yes;
-    }
-    std::vector<session::Prompt> told;
-  };
-
   void openListening(Make make) {
     if (!context) {
       logIn();
       run({"insert into stocklevel1 (catid, catname) values ('A', 'First')",
            "insert into stocklevel2 (subcatid, subcatname, catid) values ('A01', 'First', 'A')",
            "insert into regions1 (region1id, region1name) values (2, 'North')"});
-      workplace = std::make_unique<session::Workplace>(session::Workplace{*context, clock, listening, files, screens});
+      prompts.listen();
     }
     open(make);
   }
@@ -105,8 +96,6 @@ class HostileTexts : public test::MasterCompany {
     std::string bytes = text.toStdString();
     return std::string(text::trimmed(bytes));
   }
-
-  Listening listening;
 };
 
 TEST_F(HostileTexts, AreRefusedOrKeptAsTypedByEveryBoxOfEveryDialog) {
@@ -121,20 +110,20 @@ TEST_F(HostileTexts, AreRefusedOrKeptAsTypedByEveryBoxOfEveryDialog) {
       for (const QString& text : hostileTexts()) {
         SCOPED_TRACE(dialog->objectName().toStdString() + " level " + std::to_string(level) + " <" +
                      text.left(30).toStdString() + ">");
-        listening.told.clear();
+        prompts.told.clear();
         panel.add();
         if (!panel.isBusy()) break;  // no more logins
         if (dialog->objectName() == QStringLiteral("ModifyAccounts") && level == 0) pick("FSList", std::int64_t{10});
         fill(panel, text);
         panel.save();
         if (panel.isBusy()) {
-          ASSERT_EQ(listening.told.size(), 1U);
-          expectPlainWords(listening.told.front());
+          ASSERT_EQ(prompts.told.size(), 1U);
+          expectPlainWords(prompts.told.front());
           panel.cancel();
           continue;
         }
         ++saved;
-        EXPECT_TRUE(listening.told.empty());
+        EXPECT_TRUE(prompts.told.empty());
         const bool isBank = dialog->objectName() == QStringLiteral("ModifyBanks");
         for (const frame::MasterField& field : panel.level().fields) {
           const bool isTyped = field.kind == BoxKind::Text && field.use == frame::BoxUse::Open;
@@ -156,11 +145,11 @@ TEST_F(HostileTexts, NoListTakesThemForAnEntry) {
     for (const QString& text : hostileTexts()) {
       click("AddBttn3");
       write("AccCodeTxt", "Someone");
-      listening.told.clear();
+      prompts.told.clear();
       control<forms::DropCombo>(list).setEditText(text);
       click("SaveBttn3");
-      ASSERT_EQ(listening.told.size(), 1U) << list << text.left(20).toStdString();
-      EXPECT_TRUE(listening.told.front().text.starts_with("Select correct ")) << listening.told.front().text;
+      ASSERT_EQ(prompts.told.size(), 1U) << list << text.left(20).toStdString();
+      EXPECT_TRUE(prompts.told.front().text.starts_with("Select correct ")) << prompts.told.front().text;
       click("CancelBttn3");
     }
 }
@@ -174,23 +163,23 @@ TEST_F(HostileTexts, PickersSearchesFiltersAndCellsBearThem) {
         picker.grab();
       }
     });
-    EXPECT_TRUE(listening.told.empty());
+    EXPECT_TRUE(prompts.told.empty());
   }
   openListening(makeSearchItem);
   for (const QString& text : hostileTexts()) {
     control<QLineEdit>("SearchBox").setText(text);
     click("FindBttn");
   }
-  for (const session::Prompt& told : listening.told) ADD_FAILURE() << told.title << ": " << told.text.substr(0, 300);
+  for (const session::Prompt& told : prompts.told) ADD_FAILURE() << told.title << ": " << told.text.substr(0, 300);
   openListening(makeInvPrices);
   click("ItemOpt_1");
   for (const QString& text : hostileTexts()) {
     control<QComboBox>("CatList").setEditText(text);
-    listening.told.clear();
+    prompts.told.clear();
     control<QLineEdit>("ProfitTxt").setText(text);
     click("UpdateBttn");
     const bool isNumber = text::numberFrom(text.toStdString()).has_value();
-    EXPECT_EQ(listening.told.size(), isNumber ? 0U : 1U) << text.left(20).toStdString();
+    EXPECT_EQ(prompts.told.size(), isNumber ? 0U : 1U) << text.left(20).toStdString();
   }
 }
 

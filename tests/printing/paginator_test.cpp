@@ -29,6 +29,14 @@ TEST(Paginator, SectionsComeInTheirOrder) {
   EXPECT_EQ(textsOf(reportOf(design, {})), Texts{"RH PH RF PF"});
 }
 
+// As a PDF counts them before it draws any.
+int countPages(const Report& report) {
+  Paginator paginator(report, Output::HeightsOnly);
+  int count = 0;
+  while (paginator.next()) ++count;
+  return count;
+}
+
 TEST(Paginator, FillsPagesAndLeavesNoneEmpty) {
   ReportDesign design = smallSheet();
   design.detail = labelled("x");

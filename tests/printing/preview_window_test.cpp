@@ -22,20 +22,10 @@
 #include "printing/sample_report.h"
 #include "store/values/error.h"
 #include "support/small_disk.h"
+#include "support/stand_ins.h"
 
 namespace velmo::printing::test {
 namespace {
-
-class NamedFile : public session::FileChooser {
- public:
-  std::string openFile(const std::string&, const std::string&, const std::string&) override { return {}; }
-  std::string saveFile(const std::string&, const std::string&, const std::string& proposed) override {
-    proposed_ = proposed;
-    return path_;
-  }
-  std::string path_ = {};
-  std::string proposed_ = {};
-};
 
 // Rows that come slowly, so that a long report is long on any machine.
 class SlowData : public ReportData {
@@ -99,7 +89,7 @@ class PreviewWindowTest : public testing::Test {
   }
 
   const QTemporaryDir folder_ = {};
-  NamedFile files_ = {};
+  velmo::test::NamedFile files_ = {};
   int closed_ = 0;
   QPointer<PreviewWindow> window_ = {};
 };
@@ -111,7 +101,7 @@ TEST_F(PreviewWindowTest, GoesWithTheFocusInItsBar) {
     window_->activateWindow();
     QApplication::setActiveWindow(window_);
     control<QWidget>(box).setFocus();
-    files_.path_ = folder_.filePath("three.pdf").toStdString();
+    files_.name = folder_.filePath("three.pdf").toStdString();
     window_->savePdf();
     ASSERT_TRUE(comesTrue([this] { return !window_->isBusy(); }));
     delete window_.data();
@@ -202,9 +192,9 @@ TEST_F(PreviewWindowTest, FindGoesRoundInBothDirectionsAndMarksTheHits) {
 
 TEST_F(PreviewWindowTest, SavesWhileTheProgramGoesOn) {
   show(20000);
-  files_.path_ = folder_.filePath(QStringLiteral("saved.pdf")).toStdString();
+  files_.name = folder_.filePath(QStringLiteral("saved.pdf")).toStdString();
   press(QKeySequence::Save);
-  EXPECT_EQ(files_.proposed_, "Sample.pdf");
+  EXPECT_EQ(files_.proposedName, "Sample.pdf");
   EXPECT_TRUE(window_->isRunning()) << "2,000 pages are not written between two keys";
   EXPECT_FALSE(control<QAction>("PrintBttn").isEnabled());
   EXPECT_TRUE(control<QProgressBar>("Progress").isVisible());
@@ -269,7 +259,7 @@ TEST_F(PreviewWindowTest, FindsOnThePagesThatAreThereWithoutTheOthers) {
 TEST_F(PreviewWindowTest, TellsHowSavingEnded) {
   show(3);
   const auto save = [&](const QString& name) {
-    files_.path_ = folder_.filePath(name).toStdString();
+    files_.name = folder_.filePath(name).toStdString();
     press(QKeySequence::Save);
     EXPECT_TRUE(comesTrue([&] { return !window_->isRunning(); }));
   };
@@ -321,7 +311,7 @@ TEST_F(PreviewWindowTest, LivesBesideItsOwnerAndGoesWithIt) {
   auto* inside = new QWidget(&owner);
   owner.show();
   show(3, inside);
-  NamedFile files;
+  velmo::test::NamedFile files;
   const QPointer<PreviewWindow> second = showPreview(inside, reportOf(smallSheet(), {}), files);
   EXPECT_EQ(window_->windowModality(), Qt::NonModal);
   EXPECT_EQ(window_->windowHandle()->transientParent(), nullptr) << "it would stay before the till";

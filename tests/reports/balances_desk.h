@@ -13,15 +13,6 @@ namespace velmo::test {
 // document.
 class BalancesDesk : public LedgerCompany {
  protected:
-  // Opens what is asked for, and keeps its name.
-  class Screens : public session::ScreenOpener {
-   public:
-    bool openScreen(std::string_view name) override { return opened = name, true; }
-    bool openDialog(std::string_view) override { return false; }
-    bool hasScreen(std::string_view) const override { return true; }
-    std::string opened;
-  };
-
   BalancesDesk() {
     context->ccode = "Rs.";
     context->CompanyName = "Harbour Timber";
@@ -38,10 +29,6 @@ class BalancesDesk : public LedgerCompany {
     post({.day = "12-01-2026", .tranType = 28, .lines = {{21001002, 640.1, 0}, {11001001, 0, 640.1}}});
   }
 
-  void sit(Make make) {
-    workplace = std::make_unique<session::Workplace>(session::Workplace{*context, clock, prompts, files, opener});
-    open(make);
-  }
   void choose(const char* button, bool chosen = true) { control<QAbstractButton>(button).setChecked(chosen); }
   void chooseEntry(const char* list, const store::Value& value) {
     control<forms::DropCombo>(list).setBoundValue(value);
@@ -72,11 +59,9 @@ class BalancesDesk : public LedgerCompany {
   }
   void doubleClick(const char* grid, int row) {
     auto& view = control<QTableView>(grid);
-    opener.opened.clear();
+    screens.opened.clear();
     Q_EMIT view.doubleClicked(view.model()->index(row, 0));
   }
-
-  Screens opener;
 };
 
 }  // namespace velmo::test

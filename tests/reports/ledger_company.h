@@ -83,7 +83,7 @@ class LedgerCompany : public CompanySession {
       auto* preview = qobject_cast<printing::PreviewWindow*>(window);
       if (!preview || !preview->isVisible()) continue;
       std::vector<std::string> texts;
-      preview->pages().makeAll();
+      while (!preview->pages().complete()) preview->pages().makeFor(1000);
       pages = preview->pages().total();
       for (int i = 0; i < pages; ++i)
         for (const printing::TextRun& run : preview->pages().page(i)->drawing.texts)

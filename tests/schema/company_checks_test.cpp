@@ -2,8 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include "schema/company_tables.h"
 #include "schema/new_company.h"
 #include "store/checks/check_round.h"
+#include "store/sqlite/kept_totals.h"
 #include "store/upkeep/database_file.h"
 #include "support/damage.h"
 
@@ -38,9 +40,9 @@ class CompanyChecks : public testing::Test {
                                  ")");
   }
   // Each as "D words", "T words" or "B words", the last with a mark behind it when the document is cancelled.
-  std::vector<std::string> found() {
+  std::vector<std::string> found(const std::vector<store::IdleCheck>& checks = companyChecks()) {
     std::vector<std::string> all;
-    store::CheckRound round(company.connection.snapshot(), companyChecks());
+    store::CheckRound round(company.connection.snapshot(), checks);
     const auto findings = round.run();
     for (const Finding& each : *findings)
       all.push_back(std::string(1, "DTB"[static_cast<int>(each.kind)]) + " " + each.words +
@@ -114,8 +116,9 @@ TEST_F(CompanyChecks, FindTotalsThatAreNotTheirLinesAndMendThem) {
 // What a comparison of the latest days and of the whole sums does not see.
 TEST_F(CompanyChecks, FindOldTotalsThatMakeUpForEachOther) {
   post(901, 32, 0, {{7, 0}, {0, 7}});
+  test::past(company.file, "UPDATE Transactions SET TranDate = '2026-10-01' WHERE TranNo = 901");
+  store::addLaterLines(company.connection.handle(), accountTotals());
   test::past(company.file,
-             "UPDATE Transactions SET TranDate = '2026-10-01' WHERE TranNo = 901;"
              "INSERT INTO Transactions (TranNo, TranDate, FYID) VALUES (902, '2026-11-23', 1), (903, '2026-11-24', 1),"
              "(904, '2026-11-25', 1);"
              "UPDATE AccountDays SET Debit = Debit + iif(TranDate < '2026-11-01', 1, -1) WHERE Debit > 0");
@@ -123,6 +126,14 @@ TEST_F(CompanyChecks, FindOldTotalsThatMakeUpForEachOther) {
   EXPECT_THAT(found(), ElementsAre("T the totals of \"SubTransactions\""));
   store::mendKeptTotals(company.connection, store::TotalsCheck::All);
   EXPECT_THAT(found(), IsEmpty());
+}
+
+TEST_F(CompanyChecks, CompareSumsLaterWhereTheStartHadNoTime) {
+  test::past(company.file, "UPDATE AccountMonths SET Debit = Debit + 1");
+  EXPECT_FALSE(store::mendKeptTotals(company.connection, store::TotalsCheck::Latest, std::chrono::steady_clock::now()));
+  EXPECT_THAT(found(startChecks()), ElementsAre("T the totals of \"SubTransactions\""));
+  EXPECT_TRUE(store::mendKeptTotals(company.connection));
+  EXPECT_THAT(found(startChecks()), IsEmpty());
 }
 
 TEST_F(CompanyChecks, ListDocumentsThatPromiseBalanceAndHaveNone) {

@@ -53,29 +53,39 @@ std::vector<std::string> layoutOf(const fs::path& file) {
   return all;
 }
 
-TEST(CompanyFile, OfTheFirstVersionIsBroughtUpToDate) {
-  test::NewCompany company;
-  company.connection.close();
-  const fs::path& file = company.file;
-  const std::vector<std::string> current = layoutOf(file);
-  sqlite3* database = nullptr;
-  ASSERT_EQ(SQLITE_OK, sqlite3_open(file.c_str(), &database));
-  ASSERT_EQ(SQLITE_OK, sqlite3_exec(database,
-                                    "DROP TABLE Settings; DROP INDEX StockLevel3_SubCatID; CREATE INDEX "
-                                    "StockLevel3_SubCatID ON StockLevel3 (SubCatID); PRAGMA user_version = 1",
-                                    nullptr, nullptr, nullptr));
-  for (const char* trigger : {"SubTransactionsAdded", "SubTransactionsRemoved", "SubTransactionsChanged",
-                              "TransactionsDeleted", "TransactionsMoved"})
-    sqlite3_exec(database, ("DROP TRIGGER AccountTotals" + std::string(trigger)).c_str(), nullptr, nullptr, nullptr);
-  ASSERT_EQ(SQLITE_OK,
-            sqlite3_exec(database, "DROP TABLE AccountDays; DROP TABLE AccountMonths", nullptr, nullptr, nullptr));
-  sqlite3_close(database);
-  ASSERT_NE(layoutOf(file), current);
-  prepareCompanyFile(connectionStringFor(file), today);
-  EXPECT_EQ(layoutOf(file), current);
-  EXPECT_TRUE(fs::exists(file.string() + " before version 4"));
-  prepareCompanyFile(connectionStringFor(file), today);  // nothing is left to do
-  EXPECT_EQ(layoutOf(file), current);
+TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
+  const std::string withoutAccounts = "DROP TABLE AccountPending; DROP TABLE AccountDays; DROP TABLE AccountMonths";
+  const std::string asVersion4 =
+      "DROP TABLE AccountPending; DROP TABLE StockPending; DROP TABLE StockYears; DROP TABLE ReceiptPending; DROP "
+      "TABLE ReceiptDays; DROP TABLE ReceiptMonths; DROP TABLE ReceiptYears; DROP TABLE ReceiptAdded; DROP INDEX "
+      "StockFlow_ApartStockIn; CREATE TRIGGER AccountTotalsTransactionsMoved AFTER UPDATE OF Cancel ON Transactions "
+      "BEGIN UPDATE AccountDays SET Debit = 0; END; PRAGMA user_version = 4";
+  const std::pair<const char*, std::string> earlier[] = {
+      {"Account", withoutAccounts +
+                      "; DROP TABLE Settings; DROP INDEX StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON "
+                      "StockLevel3 (SubCatID); PRAGMA user_version = 1"},
+      {"", asVersion4}};
+  for (const auto& [triggersOf, sql] : earlier) {
+    test::NewCompany company;
+    company.connection.execute("INSERT INTO Transactions (TranNo, TranDate, FYID) VALUES (900, #11-22-2026#, 1)");
+    company.connection.execute("INSERT INTO SubTransactions (TranNo, AccCode, Debit) VALUES (900, 10001001, 5)");
+    company.connection.close();
+    const fs::path& file = company.file;
+    const std::vector<std::string> current = layoutOf(file);
+    const std::string triggers = test::past(
+        file,
+        "SELECT group_concat('DROP TRIGGER ' || name, '; ') FROM sqlite_schema WHERE type = 'trigger' AND name "
+        "LIKE '" +
+            std::string(triggersOf) + "%'");
+    test::past(file, triggers + "; " + sql);
+    ASSERT_NE(layoutOf(file), current);
+    prepareCompanyFile(connectionStringFor(file), today);
+    EXPECT_EQ(layoutOf(file), current);
+    EXPECT_EQ(test::past(file, "SELECT Debit FROM AccountDays WHERE AccCode = 10001001"), "50000");
+    EXPECT_TRUE(fs::exists(file.string() + " before version 5"));
+    prepareCompanyFile(connectionStringFor(file), today);  // nothing is left to do
+    EXPECT_EQ(layoutOf(file), current);
+  }
 }
 
 TEST(CompanyFile, OfTheFirstVersionIsRefusedAsItIsWhenATableIsMissing) {
@@ -93,7 +103,7 @@ TEST(CompanyFile, OfTheFirstVersionIsRefusedAsItIsWhenATableIsMissing) {
       EXPECT_NE(std::string(failure.what()).find(table), std::string::npos) << failure.what();
     }
     EXPECT_EQ(layoutOf(company.file), before);
-    EXPECT_FALSE(fs::exists(company.file.string() + " before version 3"));
+    EXPECT_FALSE(fs::exists(company.file.string() + " before version 5"));
   }
 }
 

@@ -16,8 +16,9 @@ bool readsTotals(const std::string& statement) {
   const auto compiled = store::sql::compile(statement, companyCatalog());
   EXPECT_TRUE(compiled.has_value()) << statement << "\n" << compiled.error().describe(statement);
   return compiled &&
-         std::ranges::any_of(std::array{"AccountDays", "AccountMonths", "StockDays", "StockMonths"},
-                             [&](const char* table) { return compiled->sql.find(table) != std::string::npos; });
+         std::ranges::any_of(
+             std::array{"AccountDays", "AccountMonths", "StockDays", "StockMonths", "StockYears", "ReceiptYears"},
+             [&](const char* table) { return compiled->sql.find(table) != std::string::npos; });
 }
 
 // Writes documents and lines past the program, as any SQLite program could.
@@ -44,6 +45,7 @@ class KeptTotals : public testing::Test {
     return between(0, 30) == 0 ? "NULL" : "date('2025-12-29', '+" + std::to_string(between(0, 200)) + " days')";
   }
   std::string anyYear() { return oneOf({"1", "1", "1", "1", "2", "NULL"}); }
+  std::string anyType() { return oneOf({"22", "32", "22", "11", "35", "NULL"}); }
   std::string anyAccount() { return between(0, 30) == 0 ? "NULL" : std::to_string(12001101 + between(0, 5)); }
   std::string anyItem() { return oneOf({"NULL", "'A1'", "'B2'", "'C3'", "'Ö9'", "'A1'"}); }
   // Some fit no whole number of ten-thousandths, some are not quite what they show, and large ones may have any fifteen
@@ -70,16 +72,16 @@ class KeptTotals : public testing::Test {
   std::string anyFlag() { return oneOf({"0", "0", "0", "-1"}); }
 
   void addDocument() {
-    run("INSERT INTO Transactions (TranType, TranDate, FYID, Cancel, InvLedger) VALUES (32, " + anyDay() + ", " +
-        anyYear() + ", " + anyFlag() + ", " + anyFlag() + ")");
+    run("INSERT INTO Transactions (TranType, TranDate, FYID, Cancel, InvLedger) VALUES (" + anyType() + ", " +
+        anyDay() + ", " + anyYear() + ", " + anyFlag() + ", " + anyFlag() + ")");
     for (int line = between(0, 5); line > 0; --line) addLines("(SELECT max(TranNo) FROM Transactions)");
   }
   void addLines(const std::string& document) {
     run("INSERT INTO SubTransactions (TranNo, AccCode, Debit, Credit) VALUES (" + document + ", " + anyAccount() +
         ", " + anyAmount() + ", " + anyAmount() +
-        "); INSERT INTO StockFlow (TranNo, ItemCode, StockIn, StockOut) "
+        "); INSERT INTO StockFlow (TranNo, ItemCode, StockIn, StockOut, ItemValue) "
         "VALUES (" +
-        document + ", " + anyItem() + ", " + anyAmount() + ", " + anyAmount() + ")");
+        document + ", " + anyItem() + ", " + anyAmount() + ", " + anyAmount() + ", " + anyAmount() + ")");
   }
 
   void changeAnything() {
@@ -95,13 +97,13 @@ class KeptTotals : public testing::Test {
         return run("UPDATE Transactions SET InvLedger = -1 - InvLedger WHERE TranNo = " + anyDocument());
       case 4:
         return run("UPDATE Transactions SET TranDate = " + anyDay() + ", FYID = " + anyYear() +
-                   ", \"Desc\" = 'moved' WHERE TranNo = " + anyDocument());
+                   ", TranType = " + anyType() + ", \"Desc\" = 'moved' WHERE TranNo = " + anyDocument());
       case 5:
         return run("UPDATE SubTransactions SET Debit = " + anyAmount() + ", AccCode = " + anyAccount() +
                    " WHERE Serial = " + anyLedgerLine());
       case 6:
-        return run("UPDATE StockFlow SET StockIn = " + anyAmount() + ", ItemCode = " + anyItem() +
-                   " WHERE FlowId = " + anyItemLine());
+        return run("UPDATE StockFlow SET StockIn = " + anyAmount() + ", ItemValue = " + anyAmount() +
+                   ", ItemCode = " + anyItem() + " WHERE FlowId = " + anyItemLine());
       case 7:
         return run("UPDATE SubTransactions SET TranNo = " + anyDocument() + " WHERE Serial = " + anyLedgerLine() +
                    "; UPDATE StockFlow SET TranNo = " + anyDocument() + " WHERE FlowId = " + anyItemLine());
@@ -284,6 +286,49 @@ TEST_F(KeptTotals, AnswerForItemsAsTheLinesDo) {
   expectSameAsOfLines(alone + " GROUP BY StockFlow.ItemCode");
   EXPECT_FALSE(
       readsTotals(alone + " AND Transactions.InvLedger = No AND StockFlow.LocationID = 1 GROUP BY StockFlow.ItemCode"));
+}
+
+// Up to any day, beside what was cancelled, moved and deleted since.
+TEST_F(KeptTotals, AnswerForReceiptsAsTheLinesDo) {
+  run("INSERT INTO StockLevel1 (CatID, CatName) VALUES ('GDS', 'Goods'); INSERT INTO StockLevel2 (SubCatID, "
+      "SubCatName, CatID) VALUES ('GDS01', 'Goods', 'GDS'); INSERT INTO StockLevel3 (ItemCode, ItemName, CatID, "
+      "SubCatID, ValuationCost2) VALUES ('A1', 'Anchor', 'GDS', 'GDS01', 2.5), ('B2', 'Bolt', 'GDS', 'GDS01', 3), "
+      "('C3', 'Care', 'SERVICE', 'GDS01', 1)");
+  const auto receipts = [](const std::string& types, const std::string& more) {
+    return "SELECT StockCosts.ItemCode, Sum(StockCosts.StockIn) AS Quantity, Sum(StockCosts.ItemValue) AS ItemValues, "
+           "IIF([Quantity]>0, [ItemValues]/[Quantity], 0) AS WeightedCosts FROM (SELECT StockFlow.ItemCode, "
+           "StockFlow.StockIn, StockFlow.ItemValue FROM Transactions INNER JOIN (Stocklevel3 INNER JOIN StockFlow ON "
+           "Stocklevel3.ItemCode = StockFlow.ItemCode) ON Transactions.TranNo = StockFlow.TranNo WHERE "
+           "(((Stocklevel3.CatID) Not like 'Service') AND ((Transactions.FYID)=1) AND ((Transactions.Cancel)=No) AND "
+           "((Transactions.InvLedger)=No) AND (" +
+           types + ")" + more + ")) as StockCosts GROUP BY StockCosts.ItemCode";
+  };
+  const std::string received = " AND ((StockFlow.StockIn) Is Not Null)";
+  const std::string types = "(Transactions.TranType)=11 Or (Transactions.TranType)=22";
+  const std::string closing = "SELECT StockLevel3.ItemCode, Sum(Q.StocksIn) AS Ins, Sum(Q.StocksOut) AS Outs FROM " +
+                              ofItems +
+                              " AND ((Transactions.TranDate)<=#DAY#)) AS Q INNER JOIN StockLevel3 ON Q.ItemCode = "
+                              "StockLevel3.ItemCode GROUP BY StockLevel3.ItemCode ORDER BY StockLevel3.ItemCode";
+  for (const bool withLarge : {false, true}) {
+    large = withLarge;
+    makeBooks();
+    for (int change = 0; change < 30; ++change) changeAnything();
+    for (const char* day : {"12-31-2026", "07-15-2026", "07-10-2026", "04-20-2026"}) {
+      for (const char* end : {"<=", "<"}) {
+        const std::string upTo = " AND ((Transactions.TranDate)" + std::string(end) + "#" + day + "#)";
+        EXPECT_TRUE(readsTotals(receipts(types, received + upTo)));
+        expectSameAsOfLines(receipts(types, received + upTo));
+      }
+      std::string ofDay = closing;
+      expectSameAsOfLines(ofDay.replace(ofDay.find("DAY"), 3, day));
+    }
+    expectSameAsOfLines(receipts(types, received));
+    for (const std::string& other : {receipts(types, ""), receipts("(Transactions.TranType)>11", received),
+                                     receipts(types + " Or (Transactions.DocNo)=5", received)}) {
+      EXPECT_FALSE(readsTotals(other)) << other;
+      expectSameAsOfLines(other);
+    }
+  }
 }
 
 // What the totals cannot tell is told by the lines.

@@ -17,18 +17,6 @@ namespace {
 
 class SaveAs : public test::SheetFiles {
  protected:
-  class Chooser : public session::FileChooser {
-   public:
-    std::string openFile(const std::string&, const std::string&, const std::string&) override { return {}; }
-    std::string saveFile(const std::string&, const std::string&, const std::string& proposed) override {
-      proposedName = proposed;
-      std::filesystem::current_path("/");  // as some desktops' dialogs do
-      return answer;
-    }
-    std::string answer;
-    std::string proposedName;
-  };
-
   SaveAs() {
     connection.open(schema::plainConnectionString);
     store::Connection::Transaction transaction(connection);
@@ -41,6 +29,7 @@ class SaveAs : public test::SheetFiles {
                         {"Status", i % 2 == 1}});
     transaction.commit();
     table.setObjectName("Grid");
+    files.meanwhile = [] { std::filesystem::current_path("/"); };  // as some desktops' dialogs do
   }
   void showEmployees(store::Fetch fetch = store::Fetch::All) {
     model.setRecordset(store::Recordset(connection,
@@ -59,7 +48,7 @@ class SaveAs : public test::SheetFiles {
        {.caption = "Left", .field = "Status"},
        {.caption = "Unknown", .field = "nosuch"}}};
   forms::TableView table;
-  Chooser files;
+  test::NamedFile files;
   test::QueuedPrompts prompts;
 };
 
@@ -70,18 +59,18 @@ TEST_F(SaveAs, SavesTheListAsTheTableShowsIt) {
     table.horizontalHeader()->moveSection(3, 0);
     table.setColumnHidden(5, true);
     ASSERT_LT(model.rowCount(), 700);
-    files.answer = (folder / "staff.xlsx").string();
-    prompts.expect("Spreadsheet Saved", "700 rows were saved in \"" + files.answer + "\".");
+    files.name = (folder / "staff.xlsx").string();
+    prompts.expect("Spreadsheet Saved", "700 rows were saved in \"" + files.name + "\".");
     action->trigger();
     EXPECT_EQ(files.proposedName, "Staff- all-none.xlsx");
     EXPECT_EQ(std::filesystem::current_path(), company.folder());
-    const auto sheet = readSheet(files.answer);
+    const auto sheet = readSheet(files.name);
     ASSERT_TRUE(sheet) << sheet.error();
     ASSERT_EQ(sheet->rows.size(), 701U);
     const std::string cells = shown(*sheet);
     EXPECT_THAT(cells, testing::StartsWith("Joined|Name|Salary|Number|Left\n2028-02-01|Name 1699|696.5|-|Yes\n"));
     EXPECT_THAT(cells, testing::EndsWith("2026-03-05|Name 1001|-1.5|1234.50|Yes\n2026-03-04|Name 1000|-2.5|-|No\n"));
-    std::filesystem::remove(files.answer);
+    std::filesystem::remove(files.name);
     table.horizontalHeader()->moveSection(0, 3);
   }
 }
@@ -103,15 +92,15 @@ TEST_F(SaveAs, ACellHoldsTheAmountThatIsShownAndOfOtherFiguresEveryDigitThatIsKn
     columns.reload();
     std::string written;
     for (const char* ending : {"xlsx", "csv"}) {
-      files.answer = (folder / ("figures." + std::string(ending))).string();
-      prompts.expect("Spreadsheet Saved", "1 row was saved in \"" + files.answer + "\".");
+      files.name = (folder / ("figures." + std::string(ending))).string();
+      prompts.expect("Spreadsheet Saved", "1 row was saved in \"" + files.name + "\".");
       saveAsSpreadsheet(table, "Figures", files, prompts);
       if (std::string(ending) == "csv") {
-        const std::string bytes = bytesOf(files.answer);
+        const std::string bytes = bytesOf(files.name);
         written += bytes.substr(bytes.find('\n') + 1);
         continue;
       }
-      const Archive archive(files.answer);
+      const Archive archive(files.name);
       const std::string sheet = archive.open("xl/worksheets/sheet1.xml")->read(1 << 20).toStdString();
       for (std::size_t at = sheet.find("<v>", sheet.find("r=\"A2\"")); at != std::string::npos;
            at = sheet.find("<v>", at + 1))
@@ -133,10 +122,10 @@ TEST_F(SaveAs, SavesTheListOfAnyModel) {
   items.setData(items.index(0, 1), 12.5, Qt::EditRole);
   items.setData(items.index(1, 1), QDate(2026, 11, 22), Qt::EditRole);
   table.setModel(&items);
-  files.answer = (folder / "stock.xlsx").string();
-  prompts.expect("Spreadsheet Saved", "2 rows were saved in \"" + files.answer + "\".");
+  files.name = (folder / "stock.xlsx").string();
+  prompts.expect("Spreadsheet Saved", "2 rows were saved in \"" + files.name + "\".");
   saveAsSpreadsheet(table, "Stock", files, prompts);
-  EXPECT_EQ(read(files.answer), "Code|Stock\n007|12.5\n=A1|2026-11-22\n");
+  EXPECT_EQ(read(files.name), "Code|Stock\n007|12.5\n=A1|2026-11-22\n");
 }
 
 TEST_F(SaveAs, AsksBeforeItReplacesAndTellsWhatFailed) {
@@ -144,22 +133,22 @@ TEST_F(SaveAs, AsksBeforeItReplacesAndTellsWhatFailed) {
   addSaveAsSpreadsheet(table, "Staff", files, prompts);
   test::focus(table);
   const auto command = [this] { test::press(table, Qt::Key_E, Qt::ControlModifier); };
-  files.answer = "";
+  files.name = "";
   command();
   EXPECT_EQ(files.proposedName, "Staff.xlsx");
 
   written("staff.xlsx", "older");
-  files.answer = (folder / "staff").string();
-  const std::string question = "The file \"" + files.answer + ".xlsx\" is already there. Do you want to replace it?";
+  files.name = (folder / "staff").string();
+  const std::string question = "The file \"" + files.name + ".xlsx\" is already there. Do you want to replace it?";
   prompts.expect("Save as Spreadsheet", question, session::Answer::No);
   command();
   EXPECT_EQ(bytesOf(folder / "staff.xlsx"), "older");
   prompts.expect("Save as Spreadsheet", question, session::Answer::Yes);
-  prompts.expect("Spreadsheet Saved", "700 rows were saved in \"" + files.answer + ".xlsx\".");
+  prompts.expect("Spreadsheet Saved", "700 rows were saved in \"" + files.name + ".xlsx\".");
   command();
   EXPECT_EQ(readSheet(folder / "staff.xlsx")->rows.size(), 701U);
 
-  files.answer = (folder / "none" / "staff.xlsx").string();
+  files.name = (folder / "none" / "staff.xlsx").string();
   prompts.expect("Spreadsheet Not Saved", "There is no folder \"" + (folder / "none").string() + "\".");
   command();
 }

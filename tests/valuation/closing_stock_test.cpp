@@ -70,6 +70,16 @@ TEST_F(ClosingStock, LeavesEverythingElseAsItIs) {
   const store::Recordset other(context.KORDconn,
                                "select * from SubTransactions where TranNo=7001 and AccCode=13001001");
   EXPECT_EQ(other.number("Debit"), 5);
+  // What is right already is not written again.
+  const auto written = [this] {
+    return context.KORDconn.generationOf("Transactions") + context.KORDconn.generationOf("SubTransactions");
+  };
+  const std::int64_t once = written();
+  postClosingStock(context.KORDconn, 1, day(3, 1));
+  EXPECT_EQ(written(), once);
+  run("update SubTransactions set Credit=Null where AccCode=50001006");
+  postClosingStock(context.KORDconn, 1, day(3, 1));
+  EXPECT_EQ(written(), once + 2) << "one by hand, one by the posting";
 }
 
 }  // namespace

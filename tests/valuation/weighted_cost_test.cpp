@@ -1,6 +1,8 @@
 
 #include "valuation/weighted_cost.h"
 
+#include <sqlite3.h>
+
 #include <map>
 
 #include "session/login_context.h"
@@ -172,6 +174,53 @@ TEST_F(WeightedCost, WritesOnlyWhatDiffersAndAllOrNothing) {
   context.Costs.arm();
   EXPECT_THROW(context.Costs.settle(context.KORDconn, context.FYID, context.FinancialYearEnd), store::StoreError);
   EXPECT_FALSE(context.Costs.areArmed()) << "a failed run does not come back with every screen";
+}
+
+// By whomever it was changed. A program that holds the file would make a run wait.
+TEST_F(WeightedCost, AreComputedAgainOnlyWhenSomethingChanged) {
+  sqlite3* other = nullptr;
+  ASSERT_EQ(SQLITE_OK, sqlite3_open("Uninstall/Uninstall.MDB", &other));
+  const auto inOther = [other](const char* sql) { return sqlite3_exec(other, sql, nullptr, nullptr, nullptr); };
+  const auto settle = [this] {
+    context.Costs.arm();
+    context.Costs.settle(context.KORDconn, context.FYID, context.FinancialYearEnd);
+  };
+  add({.in = "10", .value = "1000"});
+  settle();
+  EXPECT_EQ(cost("A"), 100);
+  ASSERT_EQ(SQLITE_OK, inOther("BEGIN IMMEDIATE"));
+  EXPECT_NO_THROW(settle()) << "nothing changed";
+  ASSERT_EQ(SQLITE_OK, inOther("UPDATE StockLevel3 SET ValuationCost2 = 5 WHERE ItemCode = 'A'; COMMIT"));
+  settle();
+  EXPECT_EQ(cost("A"), 100);
+  const int second = add({.in = "30", .value = "6000"});
+  settle();
+  EXPECT_EQ(cost("A"), 175);
+  run("update Transactions set TranType=35 where TranNo=" + std::to_string(second));
+  settle();
+  EXPECT_EQ(cost("A"), 100);
+  computeWeightedCosts(context.KORDconn, 1, {.day = DateTime::fromCalendar(2026, 1, 1)}, ItemCost::AtClosing);
+  run("update StockFlow set ItemValue=500 where TranNo=" + std::to_string(second - 1));
+  {
+    store::Connection::Transaction undone(context.KORDconn);
+    run("update StockFlow set ItemValue=700 where TranNo=" + std::to_string(second - 1));
+  }
+  settle();
+  EXPECT_EQ(cost("A"), 50);
+  run("update StockLevel3 set ValuationType=No, ValuationCost2=9 where ItemCode='A'");
+  settle();
+  EXPECT_EQ(cost("A"), 9);
+  run("update StockLevel3 set ValuationType=Yes where ItemCode='A'");
+  settle();
+  EXPECT_EQ(cost("A"), 50);
+  context.FinancialYearEnd = DateTime::fromCalendar(2026, 2, 1);
+  run("update StockLevel3 set ValuationCost2=9 where ItemCode='A'");
+  settle();
+  EXPECT_EQ(cost("A"), 9) << "no receipts by then";
+  context.FinancialYearEnd = yearEnd;
+  settle();
+  EXPECT_EQ(cost("A"), 50) << "another year's end";
+  sqlite3_close(other);
 }
 
 }  // namespace

@@ -30,9 +30,9 @@ void run(const std::string& command) {
   if (std::system(command.c_str()) != 0) throw std::runtime_error(command + " failed");
 }
 
-shell::Parent* mainWindow() {
+shell::MainShell* mainWindow() {
   for (QWidget* window : QApplication::topLevelWidgets())
-    if (auto* shell = qobject_cast<shell::Parent*>(window)) return shell;
+    if (auto* shell = qobject_cast<shell::MainShell*>(window)) return shell;
   return nullptr;
 }
 

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "attack/cashier.h"
+#include "attack/kept_check.h"
 #include "attack/process.h"
 #include "attack/program_opens.h"
 #include "attack/report_pipe.h"
@@ -53,8 +54,11 @@ bool isAsGiven(const fs::path& one, const fs::path& other) {
 
 // What the program keeps by itself, and what an upgrade changes.
 bool isOfProgram(const std::string& place) {
-  static const std::set<std::string> own = {"header",    "sqlite_schema", "AccountDays", "AccountMonths",
-                                            "StockDays", "StockMonths",   "StockAdded",  "Settings"};
+  static const std::set<std::string> own = [] {
+    std::set<std::string> names = {"header", "sqlite_schema", "Settings"};
+    names.merge(tablesOfKeptTotals());
+    return names;
+  }();
   return own.contains(place.substr(0, place.find('.')));
 }
 

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <string>
 
+#include "attack/kept_check.h"
 #include "attack/risk_places.h"
 #include "support/damage.h"
 
@@ -139,8 +140,11 @@ void changeTotal(std::mt19937& random) {
   static constexpr Kept all[] = {{"AccountDays", "FYID, TranDate, AccCode", {"Debit", "Credit", "Lines"}},
                                  {"AccountMonths", "FYID, AccCode, Month", {"Debit", "Credit", "Lines"}},
                                  {"StockDays", "FYID, TranDate, ItemCode", {"StockIn", "StockOut", "Lines"}},
-                                 {"StockMonths", "FYID, ItemCode, Month", {"StockIn", "StockOut", "Lines"}}};
-  const Kept& kept = all[between(random, 0, 3)];
+                                 {"StockMonths", "FYID, ItemCode, Month", {"StockIn", "StockOut", "Lines"}},
+                                 {"StockYears", "FYID, ItemCode", {"StockIn", "StockOut", "Lines"}},
+                                 {"ReceiptDays", "FYID, TranDate, ItemCode", {"StockIn", "ItemValue", "Lines"}},
+                                 {"ReceiptYears", "FYID, ItemCode", {"StockIn", "ItemValue", "Lines"}}};
+  const Kept& kept = all[between(random, 0, 6)];
   const std::string amount = kept.amounts[between(random, 0, 2)];
   const std::string row = anyRow(random, kept.table, kept.key);
   if (between(random, 0, 4) == 0)
@@ -218,9 +222,8 @@ void putOtherDatabase(std::mt19937& random) {
 
 // One without which the program cannot work; it makes kept totals by itself.
 void dropTable(std::mt19937& random) {
-  const std::string tables =
-      " FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite_%' AND name NOT IN ('AccountDays', "
-      "'AccountMonths', 'StockDays', 'StockMonths', 'StockAdded')";
+  std::string tables = " FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite_%'";
+  for (const std::string& kept : tablesOfKeptTotals()) tables += " AND name <> '" + kept + "'";
   const std::int64_t number = std::stoll(test::past(companyFile, "SELECT count(*)" + tables));
   past("DROP TABLE \"" +
        test::past(companyFile,

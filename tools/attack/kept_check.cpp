@@ -18,13 +18,15 @@ struct Kind {
   std::string lines, lineKey, subject;
   std::string in, out;  // the amounts
   bool withInvLedger;   // documents that are in the books of an earlier system do not count
-  bool addsLater;       // "<name>Added" says how far the lines are in
+  bool addsLater;       // "<name>Added" says how far the lines are in, and "<name>Years" has whole years
+  bool isReceipt;       // by the type of the document as well, of lines with an amount in; null is no amount out
 };
 
-const Kind kinds[] = {{"Account", "SubTransactions", "Serial", "AccCode", "Debit", "Credit", false, false},
-                      {"Stock", "StockFlow", "FlowId", "ItemCode", "StockIn", "StockOut", true, true}};
+const Kind kinds[] = {{"Account", "SubTransactions", "Serial", "AccCode", "Debit", "Credit", false, false, false},
+                      {"Stock", "StockFlow", "FlowId", "ItemCode", "StockIn", "StockOut", true, true, false},
+                      {"Receipt", "StockFlow", "FlowId", "ItemCode", "StockIn", "ItemValue", true, true, true}};
 
-using Key = std::tuple<std::string, std::string, std::string>;  // year, day or month, subject
+using Key = std::tuple<std::string, std::string, std::string>;  // year, day or month or "", subject and type
 
 struct Sums {
   std::int64_t lines = 0;
@@ -57,17 +59,17 @@ std::string monthOf(const std::string& day) {
 }
 
 struct Document {
-  std::string year, day;
+  std::string year, day, type;
 };
 
 // Those that count.
 std::map<std::int64_t, Document> documentsOf(sqlite3* file, const Kind& kind) {
   std::map<std::int64_t, Document> documents;
-  PlainRows rows(file, "SELECT TranNo, FYID, TranDate, Cancel, InvLedger FROM Transactions");
+  PlainRows rows(file, "SELECT TranNo, FYID, TranDate, Cancel, InvLedger, TranType FROM Transactions");
   const auto isNo = [&](int column) { return rows.isNumber(column) && rows.number(column) == 0; };
   while (rows.next())
-    if (!rows.isNull(1) && isNo(3) && (!kind.withInvLedger || isNo(4)))
-      documents[rows.integer(0)] = {rows.text(1), rows.isNull(2) ? "~" : lowerCase(rows.text(2))};
+    if (!rows.isNull(1) && isNo(3) && (!kind.withInvLedger || isNo(4)) && (!kind.isReceipt || !rows.isNull(5)))
+      documents[rows.integer(0)] = {rows.text(1), rows.isNull(2) ? "~" : lowerCase(rows.text(2)), rows.text(5)};
   return documents;
 }
 
@@ -93,7 +95,9 @@ Totals totalsOfLines(sqlite3* file, const Kind& kind) {
     const auto document = documents.find(rows.integer(1));
     if (rows.integer(0) > *last || rows.isNull(1) || document == documents.end() || rows.isNull(2)) continue;
     if (isApart(rows.number(3)) || isApart(rows.number(4))) continue;
-    totals[{document->second.year, document->second.day, lowerCase(rows.text(2))}].add(
+    if (kind.isReceipt && (rows.isNull(3) || rows.isNull(4))) continue;
+    const std::string type = kind.isReceipt ? " of type " + document->second.type : std::string();
+    totals[{document->second.year, document->second.day, lowerCase(rows.text(2)) + type}].add(
         {1, Amount(rows.number(3)), Amount(rows.number(4))});
   }
   return totals;
@@ -106,13 +110,21 @@ Amount keptAmount(const PlainRows& rows, int column) {
                                                            : Amount(std::numeric_limits<double>::infinity());
 }
 
+// Of one table, with what is pending.
 Totals keptTotals(sqlite3* file, const Kind& kind, const std::string& table, const std::string& time) {
   Totals totals;
-  PlainRows rows(
-      file, "SELECT FYID, " + time + ", " + kind.subject + ", Lines, " + kind.in + ", " + kind.out + " FROM " + table);
-  while (rows.next())
-    totals[{rows.text(0), lowerCase(rows.text(1)), lowerCase(rows.text(2))}].add(
-        {rows.integer(3), keptAmount(rows, 4), keptAmount(rows, 5)});
+  const auto add = [&](const std::string& from, const std::string& timeOf) {
+    PlainRows rows(file, "SELECT FYID, " + timeOf + ", " + kind.subject + ", Lines, " + kind.in + ", " + kind.out +
+                             (kind.isReceipt ? ", TranType" : "") + " FROM " + from);
+    while (rows.next()) {
+      const std::string type = kind.isReceipt ? " of type " + rows.text(6) : std::string();
+      totals[{rows.text(0), lowerCase(rows.text(1)), lowerCase(rows.text(2)) + type}].add(
+          {rows.integer(3), keptAmount(rows, 4), keptAmount(rows, 5)});
+    }
+  };
+  add(kind.name + table, time);
+  add(kind.name + "Pending", time == "Month" ? "substr(TranDate, 1, 7)" : time);
+  std::erase_if(totals, [](const auto& total) { return total.second == Sums(); });
   return totals;
 }
 
@@ -139,13 +151,23 @@ Problems flawsOfKeptTotals(sqlite3* file) {
   Problems flaws;
   for (const Kind& kind : kinds) {
     const Totals days = totalsOfLines(file, kind);
-    Totals months;
-    for (const auto& [key, sums] : days)
+    Totals months, years;
+    for (const auto& [key, sums] : days) {
       months[{std::get<0>(key), monthOf(std::get<1>(key)), std::get<2>(key)}].add(sums);
-    compare(days, keptTotals(file, kind, kind.name + "Days", "TranDate"), kind.name + "Days", flaws);
-    compare(months, keptTotals(file, kind, kind.name + "Months", "Month"), kind.name + "Months", flaws);
+      years[{std::get<0>(key), "", std::get<2>(key)}].add(sums);
+    }
+    compare(days, keptTotals(file, kind, "Days", "TranDate"), kind.name + "Days", flaws);
+    compare(months, keptTotals(file, kind, "Months", "Month"), kind.name + "Months", flaws);
+    if (kind.addsLater) compare(years, keptTotals(file, kind, "Years", "''"), kind.name + "Years", flaws);
   }
   return flaws;
+}
+
+std::set<std::string> tablesOfKeptTotals() {
+  std::set<std::string> tables;
+  for (const Kind& kind : kinds)
+    for (const char* part : {"Days", "Months", "Years", "Pending", "Added"}) tables.insert(kind.name + part);
+  return tables;
 }
 
 }  // namespace velmo::attack

@@ -33,9 +33,7 @@ void makeDemonstrationCompany(const std::filesystem::path& folder, const text::D
     session::LoginContext context(schema::companyCatalog());
     context.KORDconn.open(connectionString);
     fillMasters(context.KORDconn, dice);
-    session::LoginRecords records(context.KORDconn);
-    session::fillLoginContext(context, records);
-    records.close();
+    session::fillLoginContext(context, session::LoginRecords(context.KORDconn));
     writeTrade(context, dice, now);
     context.KORDconn.close();
   });

@@ -14,7 +14,7 @@ namespace velmo::tour {
 
 namespace {
 
-QWidget& openScreen(Guide& guide, shell::Parent& shell, const char* screen) {
+QWidget& openScreen(Guide& guide, shell::MainShell& shell, const char* screen) {
   shell.workplace().screens.openScreen(screen);
   guide.rest(50);
   return *shell.screens().openWindow(screen);
@@ -41,7 +41,7 @@ void setFrom(Guide& guide, QWidget& screen, int month) {
   guide.control<forms::DatePicker>(screen, "BalDt_0").setDay(text::DateTime::fromCalendar(2026, month, 1));
 }
 
-void visitTrialBalance(Guide& guide, shell::Parent& shell) {
+void visitTrialBalance(Guide& guide, shell::MainShell& shell) {
   QWidget& screen = openScreen(guide, shell, "AccBalances");
   setFrom(guide, screen, 11);
   view(guide, screen);
@@ -70,7 +70,7 @@ void visitTrialBalance(Guide& guide, shell::Parent& shell) {
   guide.picture(shell, "ledger-of-balance");
 }
 
-void visitNarrowBalances(Guide& guide, shell::Parent& shell) {
+void visitNarrowBalances(Guide& guide, shell::MainShell& shell) {
   QWidget& customers = openScreen(guide, shell, "CustomerBalances");
   setFrom(guide, customers, 11);
   choose(guide, customers, "SelectionOpt_0");
@@ -91,7 +91,7 @@ void visitNarrowBalances(Guide& guide, shell::Parent& shell) {
 }
 
 // A job that some of the latest sales and purchases were for.
-void visitJobLedger(Guide& guide, shell::Parent& shell) {
+void visitJobLedger(Guide& guide, shell::MainShell& shell) {
   store::Connection& books = shell.workplace().context.KORDconn;
   store::Recordset jobs(books, "select * from Jobs");
   jobs.addNew({{"JobNo", 1},
@@ -114,7 +114,7 @@ void visitJobLedger(Guide& guide, shell::Parent& shell) {
 
 }  // namespace
 
-void visitBalances(Guide& guide, shell::Parent& shell) {
+void visitBalances(Guide& guide, shell::MainShell& shell) {
   visitTrialBalance(guide, shell);
   visitNarrowBalances(guide, shell);
   visitJobLedger(guide, shell);

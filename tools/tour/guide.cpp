@@ -43,11 +43,6 @@ QImage withoutEmptyFoot(const QImage& sheet, int keep) {
 
 }  // namespace
 
-session::Answer TravelPrompts::ask(const session::Prompt& prompt) {
-  std::cout << "  [" << prompt.title << "] " << prompt.text << "\n";
-  return prompt.buttons == session::Buttons::Ok ? session::Answer::Ok : session::Answer::Yes;
-}
-
 void Guide::save(const QPixmap& pixmap, const std::string& fileName) {
   const std::string file = (pictures_ / fileName).string();
   QImageWriter writer(QString::fromStdString(file));
@@ -58,7 +53,7 @@ void Guide::save(const QPixmap& pixmap, const std::string& fileName) {
 
 void Guide::picture(QWidget& widget, const std::string& name) {
   rest(30);
-  if (scenery_ == Scenery::Wide && !qobject_cast<shell::Parent*>(&widget)) return;
+  if (scenery_ == Scenery::Wide && !qobject_cast<shell::MainShell*>(&widget)) return;
   const std::string suffix = scenery_ == Scenery::Dark ? "-dark" : scenery_ == Scenery::Wide ? "-wide" : "";
   save(widget.grab(), name + suffix + ".png");
 }

@@ -7,7 +7,6 @@
 #include <string>
 
 #include "printing/report.h"
-#include "session/prompts.h"
 #include "stops.h"
 
 namespace velmo::printing {
@@ -16,30 +15,8 @@ class PreviewWindow;
 
 namespace velmo::tour {
 
+// What is opened on the way: in the company's folder, once it is there.
 inline constexpr const char* priceList = "price-list.csv";
-
-// Answers the program's questions on the way and keeps what was said; questions are answered with yes.
-class TravelPrompts : public session::Prompts {
- public:
-  session::Answer ask(const session::Prompt& prompt) override;
-};
-
-// Files that print-outs are saved to go into the tour's folder, under their proposed names. What is opened is the price
-// list in the company's folder, once there is one.
-class TravelFiles : public session::FileChooser {
- public:
-  explicit TravelFiles(std::filesystem::path folder) : folder_(std::move(folder)) {}
-  std::string openFile(const std::string&, const std::string&, const std::string&) override {
-    const std::filesystem::path offered = std::filesystem::current_path() / priceList;
-    return std::filesystem::exists(offered) ? offered.string() : std::string();
-  }
-  std::string saveFile(const std::string&, const std::string&, const std::string& proposedName) override {
-    return (folder_ / proposedName).string();
-  }
-
- private:
-  std::filesystem::path folder_;
-};
 
 // How the tour sees the program: on a small screen in the light look, in the dark look, or on a large screen.
 enum class Scenery { Light, Dark, Wide };

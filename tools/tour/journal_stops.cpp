@@ -29,7 +29,7 @@ constexpr JournalLine lines[] = {{"60002002", "Rent of the store", debit, "1500"
 
 class Journal {
  public:
-  Journal(Guide& guide, shell::Parent& shell) : guide_(guide) {
+  Journal(Guide& guide, shell::MainShell& shell) : guide_(guide) {
     shell.workplace().screens.openScreen("GeneralJournal");
     guide.rest(50);
     screen_ = shell.screens().openWindow("GeneralJournal");
@@ -60,7 +60,7 @@ class Journal {
 };
 
 // Shows a saved document of a type again and prints it.
-void printNote(Guide& guide, shell::Parent& shell, const char* screenName, int tranType, const char* nature,
+void printNote(Guide& guide, shell::MainShell& shell, const char* screenName, int tranType, const char* nature,
                const char* command, const char* name) {
   session::LoginContext& context = shell.workplace().context;
   const store::Recordset found(context.KORDconn,
@@ -81,7 +81,7 @@ void printNote(Guide& guide, shell::Parent& shell, const char* screenName, int t
 
 }  // namespace
 
-void visitJournal(Guide& guide, shell::Parent& shell) {
+void visitJournal(Guide& guide, shell::MainShell& shell) {
   Journal journal(guide, shell);
   journal.control<QPlainTextEdit>("Desc").setPlainText(QStringLiteral("Running expenses of November"));
   int row = 0;

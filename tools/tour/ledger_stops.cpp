@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* customer = "12001007";
 
-QWidget& openScreen(Guide& guide, shell::Parent& shell, const char* screen) {
+QWidget& openScreen(Guide& guide, shell::MainShell& shell, const char* screen) {
   shell.workplace().screens.openScreen(screen);
   guide.rest(50);
   return *shell.screens().openWindow(screen);
@@ -35,7 +35,7 @@ void setFrom(Guide& guide, QWidget& screen, int month, int day) {
 }
 
 // The customer's year, and the last weeks of it.
-void visitLedger(Guide& guide, shell::Parent& shell) {
+void visitLedger(Guide& guide, shell::MainShell& shell) {
   QWidget& screen = openScreen(guide, shell, "AccLedgers");
   auto& code = guide.control<QLineEdit>(screen, "ACodeTxt");
   guide.focus(code);
@@ -52,7 +52,7 @@ void visitLedger(Guide& guide, shell::Parent& shell) {
   print(guide, screen, "PrintBttn", "AccLedger");
 }
 
-void visitLedgers(Guide& guide, shell::Parent& shell) {
+void visitLedgers(Guide& guide, shell::MainShell& shell) {
   const auto choose = [&](QWidget& dialog, const char* name) {
     guide.control<QAbstractButton>(dialog, name).setChecked(true);
   };
@@ -69,7 +69,7 @@ void visitLedgers(Guide& guide, shell::Parent& shell) {
                  });
 }
 
-void visitDayBook(Guide& guide, shell::Parent& shell) {
+void visitDayBook(Guide& guide, shell::MainShell& shell) {
   QWidget& screen = openScreen(guide, shell, "DailyJournal");
   setFrom(guide, screen, 11, 16);
   guide.control<QPushButton>(screen, "ViewBttn").click();
@@ -77,7 +77,7 @@ void visitDayBook(Guide& guide, shell::Parent& shell) {
   print(guide, screen, "PrintBttn", "GJ");
 }
 
-void visitVouchers(Guide& guide, shell::Parent& shell) {
+void visitVouchers(Guide& guide, shell::MainShell& shell) {
   guide.inDialog(
       [&] { shell.workplace().screens.openDialog("PrintVouchers"); },
       [&](QWidget& dialog) {
@@ -93,7 +93,7 @@ void visitVouchers(Guide& guide, shell::Parent& shell) {
 }
 
 // Documents that another program changed in the file, as the check in idle moments leads to them; none stays so.
-void visitUnbalanced(Guide& guide, shell::Parent& shell) {
+void visitUnbalanced(Guide& guide, shell::MainShell& shell) {
   store::Connection& company = shell.workplace().context.KORDconn;
   const store::Connection::Transaction undone(company);
   company.execute("UPDATE SubTransactions SET Debit = Debit + 123456789012.25 WHERE Debit > 5000");
@@ -103,7 +103,7 @@ void visitUnbalanced(Guide& guide, shell::Parent& shell) {
 
 }  // namespace
 
-void visitLedgerReports(Guide& guide, shell::Parent& shell) {
+void visitLedgerReports(Guide& guide, shell::MainShell& shell) {
   visitLedger(guide, shell);
   visitLedgers(guide, shell);
   visitDayBook(guide, shell);

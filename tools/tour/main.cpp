@@ -10,15 +10,13 @@
 #include "shell/application.h"
 #include "shell/login/login_form.h"
 #include "stops.h"
+#include "support/stand_ins.h"
 
 namespace velmo::tour {
 namespace {
 
 // The day on which the tour takes place, so that its pictures are the same whenever they are made.
-class TravelClock : public session::Clock {
- public:
-  text::DateTime now() const override { return text::DateTime::fromCalendar(2026, 11, 20, 15, 4, 5); }
-};
+const text::DateTime today = text::DateTime::fromCalendar(2026, 11, 20, 15, 4, 5);
 
 // In the order of the visit.
 constexpr Stop stops[] = {
@@ -27,9 +25,19 @@ constexpr Stop stops[] = {
 };
 
 void walk(const std::filesystem::path& pictures, Scenery scenery, QSize size) {
-  TravelClock today;
-  TravelPrompts prompts;
-  TravelFiles files(pictures);
+  test::SetClock clock;
+  clock.moment = today;
+  test::AgreeingPrompts prompts;
+  prompts.answer = [](const session::Prompt& prompt) {
+    std::cout << "  [" << prompt.title << "] " << prompt.text << "\n";
+    return test::AgreeingPrompts::agree(prompt);
+  };
+  test::NamedFile files;
+  files.meanwhile = [&files] {
+    const std::filesystem::path offered = std::filesystem::current_path() / priceList;
+    files.name = std::filesystem::exists(offered) ? offered.string() : std::string();
+  };
+  files.folder = pictures;
   Guide guide(pictures, scenery);
 
   shell::LoginForm login(schema::companyCatalog(), schema::plainConnectionString, prompts);
@@ -37,11 +45,11 @@ void walk(const std::filesystem::path& pictures, Scenery scenery, QSize size) {
   guide.picture(login, "login");
   guide.control<QPushButton>(login, "OkBttn").click();
 
-  shell::Parent shell(login.takeContext(), shell::Surroundings{.clock = today,
-                                                               .prompts = prompts,
-                                                               .files = files,
-                                                               .programFolder = std::filesystem::current_path(),
-                                                               .screenWidth = size.width()});
+  shell::MainShell shell(login.takeContext(), shell::Surroundings{.clock = clock,
+                                                                  .prompts = prompts,
+                                                                  .files = files,
+                                                                  .programFolder = std::filesystem::current_path(),
+                                                                  .screenWidth = size.width()});
   shell.resize(size);
   shell.show();
   guide.rest(1200);  // the shared lists of accounts and items are read a second after the start
@@ -64,7 +72,7 @@ int run(int argc, char** argv) {
   std::string pattern = (std::filesystem::temp_directory_path() / "velmo-tour-XXXXXX").string();
   if (!mkdtemp(pattern.data())) throw std::runtime_error("no folder for the tour's company");
   const std::filesystem::path company = pattern;
-  demo::makeDemonstrationCompany(company / "company", TravelClock().now());
+  demo::makeDemonstrationCompany(company / "company", today);
   std::filesystem::current_path(company / "company");
 
   forms::applyLook(application, way == "dark" ? forms::Brightness::Dark : forms::Brightness::Light);

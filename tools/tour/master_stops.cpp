@@ -77,7 +77,7 @@ void visitImport(Guide& guide, QWidget& dialog) {
   std::filesystem::remove(priceList);
 }
 
-void visitStock(Guide& guide, shell::Parent& shell) {
+void visitStock(Guide& guide, shell::MainShell& shell) {
   session::ScreenOpener& screens = shell.workplace().screens;
   shell.workplace().context.SearchText = "04";
   guide.inDialog([&] { screens.openDialog("SearchItem"); },
@@ -90,7 +90,7 @@ void visitStock(Guide& guide, shell::Parent& shell) {
 
 }  // namespace
 
-void visitMasters(Guide& guide, shell::Parent& shell) {
+void visitMasters(Guide& guide, shell::MainShell& shell) {
   session::ScreenOpener& screens = shell.workplace().screens;
   for (const MasterStop& stop : masterStops())
     guide.inDialog([&] { screens.openDialog(stop.dialog); },

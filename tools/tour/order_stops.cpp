@@ -64,7 +64,7 @@ void typeLines(Guide& guide, QWidget& screen) {
   }
 }
 
-void visitOrder(Guide& guide, shell::Parent& shell, const OrderStop& stop) {
+void visitOrder(Guide& guide, shell::MainShell& shell, const OrderStop& stop) {
   session::ScreenOpener& screens = shell.workplace().screens;
   const auto open = [&]() -> QWidget& {
     screens.openScreen(stop.screen);
@@ -94,7 +94,7 @@ void visitOrder(Guide& guide, shell::Parent& shell, const OrderStop& stop) {
 
 }  // namespace
 
-void visitOrders(Guide& guide, shell::Parent& shell) {
+void visitOrders(Guide& guide, shell::MainShell& shell) {
   for (const OrderStop& stop : orderStops) visitOrder(guide, shell, stop);
   QWidget& challans = *shell.screens().openWindow("DeliveryChallans");
   guide.inDialog([&] { guide.control<QPushButton>(challans, "EditBttn").click(); },

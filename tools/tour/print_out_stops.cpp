@@ -40,7 +40,7 @@ std::int64_t fullInvoice(store::Connection& connection) {
 
 class Printery {
  public:
-  Printery(Guide& guide, shell::Parent& shell) : guide_(guide), shell_(shell) {}
+  Printery(Guide& guide, shell::MainShell& shell) : guide_(guide), shell_(shell) {}
 
   // Chooses the layout where the user does, from the invoice itself, and prints the invoice in it at once.
   void printInvoice(std::int64_t tranNo, const LayoutChoice& choice, Head head) {
@@ -88,12 +88,12 @@ class Printery {
   }
 
   Guide& guide_;
-  shell::Parent& shell_;
+  shell::MainShell& shell_;
 };
 
 }  // namespace
 
-void visitPrintOuts(Guide& guide, shell::Parent& shell) {
+void visitPrintOuts(Guide& guide, shell::MainShell& shell) {
   Printery printery(guide, shell);
   const std::int64_t invoice = fullInvoice(shell.workplace().context.KORDconn);
   for (const LayoutChoice& choice : layouts)

@@ -21,7 +21,7 @@ void visitPreview(Guide& guide, const std::string& name) {
   guide.rest(20);
 }
 
-void visitFind(Guide& guide, shell::Parent& shell, QWidget& screen) {
+void visitFind(Guide& guide, shell::MainShell& shell, QWidget& screen) {
   guide.inDialog([&] { guide.control<QPushButton>(screen, "EditBttn").click(); },
                  [&guide](QWidget& find) {
                    guide.picture(find, "find-sales");
@@ -34,7 +34,7 @@ void visitFind(Guide& guide, shell::Parent& shell, QWidget& screen) {
 
 }  // namespace
 
-void visitSaleInvoices(Guide& guide, shell::Parent& shell) {
+void visitSaleInvoices(Guide& guide, shell::MainShell& shell) {
   shell.workplace().screens.openScreen("SaleInvoicesSimple");
   guide.rest(50);
   QWidget& screen = *shell.screens().openWindow("SaleInvoicesSimple");

@@ -25,7 +25,7 @@ constexpr Settings letterheadSettings[] = {{"POSettings", "settings-purchase-ord
 
 class Office {
  public:
-  Office(Guide& guide, shell::Parent& shell) : guide_(guide), shell_(shell) {}
+  Office(Guide& guide, shell::MainShell& shell) : guide_(guide), shell_(shell) {}
 
   void visit(const char* screen, const std::function<void(QWidget&)>& look) {
     guide_.inDialog([&] { shell_.workplace().screens.openDialog(screen); }, look);
@@ -36,12 +36,12 @@ class Office {
 
  private:
   Guide& guide_;
-  shell::Parent& shell_;
+  shell::MainShell& shell_;
 };
 
 }  // namespace
 
-void visitSettings(Guide& guide, shell::Parent& shell) {
+void visitSettings(Guide& guide, shell::MainShell& shell) {
   Office office(guide, shell);
   for (const Settings& settings : plainSettings) office.picture(settings);
   for (const Settings& settings : letterheadSettings)

@@ -10,7 +10,7 @@ namespace velmo::tour {
 
 namespace {
 
-QWidget& openScreen(Guide& guide, shell::Parent& shell, const char* screen) {
+QWidget& openScreen(Guide& guide, shell::MainShell& shell, const char* screen) {
   shell.workplace().screens.openScreen(screen);
   guide.rest(50);
   return *shell.screens().openWindow(screen);
@@ -24,7 +24,7 @@ void fill(Guide& guide, QWidget& screen, std::initializer_list<std::pair<const c
 }
 
 // A cheque against the oldest invoices of a customer, picked from those that are open.
-void takeCheque(Guide& guide, shell::Parent& shell) {
+void takeCheque(Guide& guide, shell::MainShell& shell) {
   QWidget& screen = openScreen(guide, shell, "BankReceipts");
   fill(guide, screen, {{"BankCode", "11001001"}, {"PartyCode", "12001007"}, {"ChqNo", "400731"}, {"AdvTxt", "250"}});
   auto& grid = guide.control<QTableView>(screen, "AgingGrid");
@@ -46,7 +46,7 @@ void takeCheque(Guide& guide, shell::Parent& shell) {
   guide.control<QPushButton>(screen, "SaveBttn").click();
 }
 
-void spendPettyCash(Guide& guide, shell::Parent& shell) {
+void spendPettyCash(Guide& guide, shell::MainShell& shell) {
   QWidget& screen = openScreen(guide, shell, "CashPayments");
   guide.control<QRadioButton>(screen, "RecOpt_1").click();
   fill(guide, screen, {{"BankCode", "10001001"}});
@@ -68,7 +68,7 @@ void spendPettyCash(Guide& guide, shell::Parent& shell) {
 
 }  // namespace
 
-void visitSettlements(Guide& guide, shell::Parent& shell) {
+void visitSettlements(Guide& guide, shell::MainShell& shell) {
   takeCheque(guide, shell);
   spendPettyCash(guide, shell);
 }

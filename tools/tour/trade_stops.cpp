@@ -24,7 +24,7 @@ const TradeStop tradeStops[] = {
     {"PurchaseReturns", "purchase-return", "21001002", {{"D1", "V-2291"}, {"D2", "1"}}},
 };
 
-void visitTrade(Guide& guide, shell::Parent& shell, const TradeStop& stop) {
+void visitTrade(Guide& guide, shell::MainShell& shell, const TradeStop& stop) {
   shell.workplace().screens.openScreen(stop.screen);
   guide.rest(50);
   QWidget& screen = *shell.screens().openWindow(stop.screen);
@@ -58,7 +58,7 @@ void visitTrade(Guide& guide, shell::Parent& shell, const TradeStop& stop) {
 namespace {
 
 // A sale at the counter: scanned, paid, printed on a slip.
-void visitCounter(Guide& guide, shell::Parent& shell) {
+void visitCounter(Guide& guide, shell::MainShell& shell) {
   shell.workplace().screens.openScreen("SaleInvoicesPOS");
   guide.rest(50);
   QWidget& screen = *shell.screens().openWindow("SaleInvoicesPOS");
@@ -77,7 +77,7 @@ void visitCounter(Guide& guide, shell::Parent& shell) {
 
 }  // namespace
 
-void visitTradeDocuments(Guide& guide, shell::Parent& shell) {
+void visitTradeDocuments(Guide& guide, shell::MainShell& shell) {
   visitCounter(guide, shell);
   for (const TradeStop& stop : tradeStops) visitTrade(guide, shell, stop);
 }

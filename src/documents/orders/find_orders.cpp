@@ -1,6 +1,7 @@
 #include "documents/orders/find_orders.h"
 
 #include "documents/trade/find_columns.h"
+#include "frame/document/find_columns.h"
 
 namespace velmo::documents {
 
@@ -8,7 +9,6 @@ namespace {
 
 using namespace find_columns;
 using enum frame::FindCondition;
-using enum forms::ColumnAlignment;
 
 constexpr std::string_view select =
     "Transactions.TranNo, Transactions.DocNo, Transactions.TranDate, Transactions.Text1, Transactions.TrAmount, "
@@ -31,32 +31,27 @@ struct Reference {
   const char* dayField;
 };
 
-std::vector<forms::TableColumn> found(const char* party, std::vector<Reference> references,
-                                      std::vector<forms::TableColumn> own) {
-  std::vector<forms::TableColumn> columns = {
-      {.caption = "Serial No.", .field = "DocNo", .alignment = Right, .width = 9},
-      {.caption = "Date", .field = "TranDate", .format = day, .width = 10},
-      {.caption = party, .field = "Text1", .width = 28}};
+std::vector<forms::TableColumn> found(const char* party, const std::vector<Reference>& references,
+                                      const std::vector<forms::TableColumn>& own) {
+  std::vector<forms::TableColumn> columns = {{.caption = party, .field = "Text1", .width = 28}};
   columns.insert(columns.end(), own.begin(), own.end());
   for (const Reference& reference : references) {
     columns.push_back({.caption = reference.caption, .field = reference.field, .width = 16});
     columns.push_back({.caption = "Dated", .field = reference.dayField, .width = 10});
   }
   columns.push_back({.caption = "Terms of Payment", .field = "Nature", .width = 16});
-  const std::vector<forms::TableColumn> last = lastColumns();
-  columns.insert(columns.end(), last.begin(), last.end());
-  return columns;
+  return frame::findColumns(columns, frame::FindLocation::Joined);
 }
 
-const forms::TableColumn amountFound{.caption = "Amount", .field = "TrAmount", .format = money, .alignment = Right};
+const forms::TableColumn amountFound = frame::findAmount("Amount", "TrAmount");
 
 // Challans and gate passes are looked for by what carried the goods, not by an amount.
 frame::FindType findGatePaper(std::string_view title, const frame::FindColumn& party, const char* partyCaption,
-                              std::string_view orderColumn, std::vector<Reference> references) {
+                              std::string_view orderColumn, const std::vector<Reference>& references) {
   return {.title = title,
           .select = select,
           .columns = {serialNo, date, orderNo(orderColumn), party, vehicle, driver},
-          .result = found(partyCaption, std::move(references),
+          .result = found(partyCaption, references,
                           {{.caption = "Vehicle", .field = "Text7", .width = 16},
                            {.caption = "Driver", .field = "Text8", .width = 16}})};
 }

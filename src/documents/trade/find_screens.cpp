@@ -1,6 +1,7 @@
 #include "documents/trade/find_screens.h"
 
 #include "documents/trade/find_columns.h"
+#include "frame/document/find_columns.h"
 
 namespace velmo::documents {
 
@@ -8,7 +9,6 @@ namespace {
 
 using namespace find_columns;
 using enum frame::FindCondition;
-using enum forms::ColumnAlignment;
 
 constexpr std::string_view select =
     "Transactions.TranNo, Transactions.DocNo, Transactions.TranDate, Transactions.Text1, Transactions.TrAmount, "
@@ -26,23 +26,18 @@ struct References {
 };
 
 std::vector<forms::TableColumn> resultColumns(const char* party, const char* paid, References references) {
-  std::vector<forms::TableColumn> columns = {
-      {.caption = "Serial No.", .field = "DocNo", .alignment = Right, .width = 9},
-      {.caption = "Date", .field = "TranDate", .format = day, .width = 10},
-      {.caption = party, .field = "Text1", .width = 28},
-      {.caption = "Amount", .field = "TrAmount", .format = money, .alignment = Right},
-      {.caption = paid, .field = "Received", .format = money, .alignment = Right},
-      {.caption = "Balance", .field = "Balance", .format = money, .alignment = Right},
-      {.caption = "Terms of Payment", .field = "Nature", .width = 16},
-      {.caption = references.first, .field = "D1", .width = 16},
-      {.caption = "Dated", .field = "D1Date", .width = 10}};
+  std::vector<forms::TableColumn> columns = {{.caption = party, .field = "Text1", .width = 28},
+                                             frame::findAmount("Amount", "TrAmount"),
+                                             frame::findAmount(paid, "Received"),
+                                             frame::findAmount("Balance", "Balance"),
+                                             {.caption = "Terms of Payment", .field = "Nature", .width = 16},
+                                             {.caption = references.first, .field = "D1", .width = 16},
+                                             {.caption = "Dated", .field = "D1Date", .width = 10}};
   if (references.second) {
     columns.push_back({.caption = references.second, .field = "D2", .width = 16});
     columns.push_back({.caption = "Dated", .field = "D2Date", .width = 10});
   }
-  const std::vector<forms::TableColumn> last = lastColumns();
-  columns.insert(columns.end(), last.begin(), last.end());
-  return columns;
+  return frame::findColumns(columns, frame::FindLocation::Joined);
 }
 
 }  // namespace

@@ -53,13 +53,13 @@ void DocumentScreen::addCommand() {
                             "You have already been adding a new record. To clear the changes, click on CANCEL button.");
     return;
   }
-  if (MayLeave()) attempt("Cannot Add", [this] { ClearForNewRecord(); });
+  if (MayLeave()) workplace_.attempt("Cannot Add", [this] { ClearForNewRecord(); });
 }
 
 void DocumentScreen::cancelCommand() {
   if (!MayLeave()) return;
   if (AddMode_) {
-    attempt("Cannot Cancel", [this] { ClearForNewRecord(); });
+    workplace_.attempt("Cannot Cancel", [this] { ClearForNewRecord(); });
     return;
   }
   workplace_.context.OpenTranNo = TranNo_->text().toLongLong();
@@ -76,7 +76,7 @@ void DocumentScreen::deleteCommand() {
                "transaction.",
        .buttons = session::Buttons::YesNo});
   if (answer != session::Answer::Yes) return;
-  attempt("Cannot Delete", [this] {
+  workplace_.attempt("Cannot Delete", [this] {
     store::Connection::Transaction transaction(workplace_.context.KORDconn);
     Tran_.remove();  // its lines, ledger entries and open items go with it
     transaction.commit();
@@ -102,7 +102,7 @@ bool DocumentScreen::mayBrowse() {
 
 void DocumentScreen::previousCommand() {
   if (Tran_.isEmpty() || !mayBrowse() || !MayLeave()) return;
-  attempt("Cannot Show", [this] {
+  workplace_.attempt("Cannot Show", [this] {
     if (!AddMode_) Tran_.movePrevious();
     if (Tran_.bof()) Tran_.moveFirst();
     workplace_.context.OpenTranNo = Tran_.integer("tranno");
@@ -114,7 +114,7 @@ void DocumentScreen::nextCommand() {
   if (Tran_.isEmpty() || !mayBrowse()) return;
   if (AddMode_) return workplace_.prompts.tell("Last Record", "You have aleady been on the last record.");
   if (!MayLeave()) return;
-  attempt("Cannot Show", [this] {
+  workplace_.attempt("Cannot Show", [this] {
     Tran_.moveNext();
     if (Tran_.eof()) Tran_.moveLast();
     workplace_.context.OpenTranNo = Tran_.integer("tranno");

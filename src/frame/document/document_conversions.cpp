@@ -82,7 +82,7 @@ void DocumentScreen::connectReference(const DocumentField& field) {
   showArrows_.push_back(showArrow);
   const auto open = [this, &box, &field, isSaved] {
     if (!isSaved()) return;
-    attempt("Cannot Open", [&] {
+    workplace_.attempt("Cannot Open", [&] {
       openDocumentOf(workplace_, schema::documentForm(field.opens), box.text().toStdString(), field.label);
     });
   };
@@ -115,7 +115,7 @@ void DocumentScreen::finishConversion(const ConversionCommand& conversion) {
   session::LoginContext& context = workplace_.context;
   try {
     const std::int64_t made = conversion.convert(context, LastSavedTranNo_, workplace_.clock.now());
-    attempt("Cannot Add", [this] { ClearForNewRecord(); });
+    workplace_.attempt("Cannot Add", [this] { ClearForNewRecord(); });
     context.OpenTranNo = made;
     context.OpenTranFlag = true;
   } catch (const store::StoreError& error) {
@@ -146,7 +146,7 @@ void DocumentScreen::showMarks() {
 void DocumentScreen::openMark(const Mark& mark) {
   const std::string text = mark.link->text().toStdString();
   const std::string number = text.starts_with(mark.mark->words) ? text.substr(mark.mark->words.size()) : std::string();
-  attempt("Cannot Open", [&] { openDocumentOf(workplace_, mark.mark->target, number, mark.mark->words); });
+  workplace_.attempt("Cannot Open", [&] { openDocumentOf(workplace_, mark.mark->target, number, mark.mark->words); });
 }
 
 }  // namespace velmo::frame

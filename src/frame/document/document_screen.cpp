@@ -44,14 +44,6 @@ DocumentScreen::~DocumentScreen() {
   body_->detach();
 }
 
-void DocumentScreen::attempt(std::string_view title, const std::function<void()>& command) {
-  try {
-    command();
-  } catch (const store::StoreError& error) {
-    workplace_.prompts.tell(title, error.what());
-  }
-}
-
 // A new document, and a document shown
 
 void DocumentScreen::ClearForNewRecord() {
@@ -94,8 +86,12 @@ void DocumentScreen::ShowRecord() {
   if (MayLeave()) showTran();
 }
 
+void DocumentScreen::reopen() {
+  if (workplace_.context.OpenTranFlag) ShowRecord();
+}
+
 void DocumentScreen::showTran() {
-  attempt("Cannot Show", [this] {
+  workplace_.attempt("Cannot Show", [this] {
     const bool stood = !Tran_.bof() && !Tran_.eof();
     const std::int64_t shownTranNo = stood ? Tran_.integer("tranno") : 0;
     Tran_.requery();
@@ -173,7 +169,7 @@ void DocumentScreen::closeEvent(QCloseEvent* event) {
 void DocumentScreen::ValidateAndSave(PrintMode mode, const ConversionCommand* conversion) {
   if (!commands_->save->isEnabled() || !body_->commitEdit()) return;
   body_->beforeSave([this, mode, conversion] {
-    attempt("Cannot Save", [&] {
+    workplace_.attempt("Cannot Save", [&] {
       const DocumentValues values = this->values();
       if (!passes(values) || !PostDocument(values, conversion)) return;
       GiveUp();  // it is in the books
@@ -260,7 +256,7 @@ bool DocumentScreen::PostDocument(const DocumentValues& values, const Conversion
 
 void DocumentScreen::afterSave(PrintMode mode, const DocumentValues& values) {
   if (mode != PrintMode::Nothing && type_.afterPrint == AfterPrint::StayOnSaved)
-    attempt("Cannot Show", [this] {
+    workplace_.attempt("Cannot Show", [this] {
       body_->reopen(LastSavedTranNo_, AddMode_ ? HeaderWrite::Add : HeaderWrite::Update);
       bindAgain();
       GiveUp();
@@ -281,12 +277,12 @@ void DocumentScreen::printDocument(const DocumentValues& values) {
   context.PrintKind = type_.form.tranType;
   context.PrintRS = Tran_.clone();
   context.PrintRS.setBookmark(Tran_.bookmark());
-  attempt("Cannot Print", [&] { type_.print(workplace_, values, this); });
+  workplace_.attempt("Cannot Print", [&] { type_.print(workplace_, values, this); });
 }
 
 void DocumentScreen::printVoucher() {
-  attempt("Cannot Print", [this] { printOuts_.voucher(workplace_, LastSavedTranNo_, this); });
-  if (type_.afterPrint == AfterPrint::NewDocument) attempt("Cannot Add", [this] { ClearForNewRecord(); });
+  workplace_.attempt("Cannot Print", [this] { printOuts_.voucher(workplace_, LastSavedTranNo_, this); });
+  if (type_.afterPrint == AfterPrint::NewDocument) workplace_.attempt("Cannot Add", [this] { ClearForNewRecord(); });
 }
 
 }  // namespace velmo::frame

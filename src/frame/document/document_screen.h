@@ -12,6 +12,7 @@
 #include "frame/document/own_fields.h"
 #include "frame/document/print_outs.h"
 #include "frame/posting/document_values.h"
+#include "session/open_screen.h"
 #include "session/workplace.h"
 #include "store/recordset/recordset.h"
 
@@ -35,7 +36,7 @@ class ReferencesCard;
 //
 // Life: ClearForNewRecord -> (ShowRecord) -> ValidateAndSave -> PostDocument -> print-out -> ClearForNewRecord.
 // Leaving a document drops what was not saved, without a word unless the user wants to be asked.
-class DocumentScreen : public QWidget {
+class DocumentScreen : public QWidget, public session::Reopened, public session::UnsavedWork {
   Q_OBJECT
 
  public:
@@ -47,14 +48,12 @@ class DocumentScreen : public QWidget {
   // What stands on the screen, in the cells that are not in edit.
   DocumentValues values() const;
 
- public Q_SLOTS:
   // Shows the document LoginContext::OpenTranNo. When there is none, tells so and leaves the screen as it is, as it
   // does when the user does not want to drop what is typed.
   void ShowRecord();
-  // False when something typed would be dropped and the user, who wants to be asked, says no.
-  bool MayLeave();
-  // What is typed may go: MayLeave() asks again only when more is typed.
-  void GiveUp() { kept_ = written(); }
+  void reopen() override;  // shows a document when OpenTranFlag is set
+  bool MayLeave() override;
+  void GiveUp() override { kept_ = written(); }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -123,8 +122,6 @@ class DocumentScreen : public QWidget {
   void showTranNo();
   void bindAgain();
   void focusControl(std::string_view name);
-  // Runs a command; a failure of the store is told under the title.
-  void attempt(std::string_view title, const std::function<void()>& command);
 
   DocumentType type_;
   session::Workplace& workplace_;

@@ -157,16 +157,14 @@ std::int64_t FindScreen::countFound(const std::string& condition) const {
 
 void FindScreen::query(const std::string& condition) {
   std::int64_t count = 0;
-  try {
-    const forms::WaitCursor wait;
-    found_->setRecordset(store::Recordset(workplace_.context.KORDconn,
-                                          findStatement(type_, form_.tranType, workplace_.context.FYID, condition),
-                                          store::LockType::ReadOnly, store::Fetch::AsNeeded));
-    count = countFound(condition);
-  } catch (const store::StoreError& error) {
-    workplace_.prompts.tell("Cannot Find", error.what());
+  if (!workplace_.attempt("Cannot Find", [&] {
+        const forms::WaitCursor wait;
+        found_->setRecordset(store::Recordset(workplace_.context.KORDconn,
+                                              findStatement(type_, form_.tranType, workplace_.context.FYID, condition),
+                                              store::LockType::ReadOnly, store::Fetch::AsNeeded));
+        count = countFound(condition);
+      }))
     return;
-  }
   count_->setText(count == 1 ? tr("1 document") : tr("%1 documents").arg(count));
   if (count > 0) grid_->selectRow(0);
 }

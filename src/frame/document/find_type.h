@@ -23,9 +23,6 @@ struct FindColumn {
   std::string_view refusal = {};  // when the value is blank or no number
 };
 
-// When a document was added and edited.
-inline constexpr const char* momentFormat = "dd-mm-yyyy hh:nn:ss";
-
 // Whether the documents looked for stand at a stock location.
 enum class FindLocation { Joined, None };
 

@@ -122,12 +122,10 @@ ListChoice ReferencesCard::location() const {
 void ReferencesCard::lookUpDate(const DateLookup& lookup) {
   const std::string statement = lookup.statement(fields_.text(lookup.from), workplace_.context.FYID);
   if (statement.empty()) return;
-  try {
+  workplace_.attempt("Cannot Find", [&] {
     const store::Recordset found(workplace_.context.KORDconn, statement, store::LockType::ReadOnly);
     if (!found.isEmpty()) fields_.setText(lookup.to, dayText(found.date("trandate")));
-  } catch (const store::StoreError& error) {
-    workplace_.prompts.tell("Cannot Find", error.what());
-  }
+  });
 }
 
 }  // namespace velmo::frame

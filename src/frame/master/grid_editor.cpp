@@ -111,7 +111,7 @@ void GridEditor::buildFoot(QHBoxLayout& foot) {
     auto* button =
         makeButton(forms::shownText(command.name), forms::shownText(command.caption), forms::shownText(command.hint));
     connect(button, &QPushButton::clicked, this,
-            [this, &command] { attempt(command.failure, [&] { command.run(*this); }); });
+            [this, &command] { workplace_.attempt(command.failure, [&] { command.run(*this); }); });
     foot.addWidget(button);
   }
   foot.addWidget(count_, 1);
@@ -129,14 +129,6 @@ void GridEditor::buildFoot(QHBoxLayout& foot) {
   foot.addWidget(close);
 }
 
-void GridEditor::attempt(const char* title, const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const store::StoreError& failure) {
-    workplace_.prompts.tell(title, failure.what());
-  }
-}
-
 bool GridEditor::show(const std::string& statement) {
   if (!mayDrop()) return false;
   statement_ = statement;
@@ -145,7 +137,7 @@ bool GridEditor::show(const std::string& statement) {
 }
 
 void GridEditor::read() {
-  attempt("Cannot Show", [this] {
+  workplace_.attempt("Cannot Show", [this] {
     const forms::WaitCursor wait;
     model_->setRecordset(store::Recordset(workplace_.context.KORDconn, statement_,
                                           type_.saves ? store::LockType::BatchOptimistic : store::LockType::ReadOnly,
@@ -178,7 +170,7 @@ void GridEditor::noteEdits() {
 
 void GridEditor::save() {
   if (!type_.saves || !model_->rows().isOpen()) return;
-  attempt("Cannot Save", [this] {
+  workplace_.attempt("Cannot Save", [this] {
     const forms::WaitCursor wait;
     grid_->setFocus();  // takes what is being typed
     count_->setText(tr("Saving..."));

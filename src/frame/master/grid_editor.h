@@ -54,7 +54,6 @@ class GridEditor : public QWidget {
   bool show(const std::string& statement);
   // Rows were edited otherwise than by typing into the grid.
   void noteEdits();
-  bool hasEdits() const { return edited_; }
 
   void save();
   void cancel();
@@ -72,7 +71,6 @@ class GridEditor : public QWidget {
   void read();
   bool isEdited() const;  // cell by cell
   void showCount();
-  void attempt(const char* title, const std::function<void()>& action);
 
   const GridEditorType type_;
   session::Workplace& workplace_;

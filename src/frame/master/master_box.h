@@ -36,7 +36,6 @@ class MasterBox : public QObject {
   // None of the three is told as a change.
   void show(const store::Value& value);
   void showInitial(const text::DateTime& today);
-  void clear() { show({}); }
 
   std::string text() const;
   // Without the blanks around it, which nobody sees, where the user may type and it is no password.

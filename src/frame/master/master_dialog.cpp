@@ -175,15 +175,13 @@ void MasterDialog::giveWayTo(const std::string& dialog) {
 }
 
 void MasterDialog::printChoice(const MasterPrint& print) {
-  try {
+  workplace_.attempt("Cannot Print", [&] {
     if (std::optional<printing::Report> report = print.report(*this))
       printing::showPreview(this, std::move(*report), workplace_.files,
                             [&context = workplace_.context, closed = print.closed] {
                               if (closed) closed(context);
                             });
-  } catch (const store::StoreError& failure) {
-    workplace_.prompts.tell("Cannot Print", failure.what());
-  }
+  });
 }
 
 // Enter leads on to the next box, as Tab does.

@@ -46,14 +46,6 @@ MasterBox& MasterPanel::box(std::string_view column) const {
   throw std::logic_error("no box for " + std::string(column));
 }
 
-void MasterPanel::attempt(const char* title, const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const store::StoreError& failure) {
-    workplace_.prompts.tell(title, failure.what());
-  }
-}
-
 void MasterPanel::load(std::vector<std::string> parentKeys) {
   parentKeys_ = std::move(parentKeys);
   openRows();
@@ -61,7 +53,7 @@ void MasterPanel::load(std::vector<std::string> parentKeys) {
 }
 
 void MasterPanel::openRows() {
-  attempt("Cannot Show", [this] {
+  workplace_.attempt("Cannot Show", [this] {
     moving_ = true;
     rows_ = store::Recordset(workplace_.context.KORDconn, level_.statement(parent()), store::LockType::Optimistic,
                              store::Fetch::AsNeeded);
@@ -71,12 +63,6 @@ void MasterPanel::openRows() {
     moving_ = false;
   });
   moving_ = false;
-}
-
-void MasterPanel::reload() {
-  const std::string before = key();
-  openRows();
-  if (!goTo(before)) selectRow(rows_.isOpen() && !rows_.isEmpty() ? 0 : -1);
 }
 
 bool MasterPanel::goTo(const std::string& key) {
@@ -106,7 +92,7 @@ void MasterPanel::selectRow(std::int64_t row) {
 
 void MasterPanel::rowChosen() {
   if (moving_ || isBusy() || !list_->currentIndex().isValid()) return;
-  attempt("Cannot Show", [this] {
+  workplace_.attempt("Cannot Show", [this] {
     rows_.moveTo(list_->currentIndex().row());
     showRow();
   });
@@ -158,7 +144,7 @@ void MasterPanel::setState(State state) {
 
 void MasterPanel::add() {
   if (isBusy() || !hasParent()) return;
-  attempt("Cannot Add", [this] {
+  workplace_.attempt("Cannot Add", [this] {
     keyBefore_ = key();
     setState(State::Adding);
     for (const auto& box : boxes_) {
@@ -197,7 +183,7 @@ MasterEntry MasterPanel::entry() const {
 }
 
 void MasterPanel::save() {
-  attempt("Cannot Save", [this] {
+  workplace_.attempt("Cannot Save", [this] {
     const bool nothing = state_ != State::Adding && (!rows_.isOpen() || rows_.isEmpty());
     if (nothing) return workplace_.prompts.tell("Cannot Save", level_.addFirst);
     const MasterEntry entry = this->entry();
@@ -284,7 +270,7 @@ void MasterPanel::cancel() {
 void MasterPanel::remove() {
   if (!level_.deletion || isBusy()) return;
   const MasterDeletion& deletion = *level_.deletion;
-  attempt("Cannot Delete", [&] {
+  workplace_.attempt("Cannot Delete", [&] {
     if (!rows_.isOpen() || rows_.isEmpty() || rows_.bof() || rows_.eof())
       return workplace_.prompts.tell(deletion.none.title, deletion.none.text);
     const MasterEntry entry = this->entry();
@@ -310,7 +296,7 @@ void MasterPanel::saveSpreadsheet() {
     const bool isSeen = field.kind != BoxKind::Secret && field.kind != BoxKind::Choice && field.use != BoxUse::Hidden;
     if (!listed && isSeen) columns.push_back({.caption = field.caption, .field = field.column});
   }
-  attempt("Cannot Save", [&] {
+  workplace_.attempt("Cannot Save", [&] {
     forms::RecordsetModel all(columns);  // outlives the table
     all.setRecordset(store::Recordset(workplace_.context.KORDconn, level_.statement(parent()),
                                       store::LockType::ReadOnly, store::Fetch::AsNeeded));

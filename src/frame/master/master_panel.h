@@ -37,8 +37,6 @@ class MasterPanel : public QFrame {
 
   // Shows the rows of a parent, the first of them. parentKeys: outermost first, the type's root key before all.
   void load(std::vector<std::string> parentKeys);
-  // Reads the rows again and keeps to the row.
-  void reload();
   // False when the rows do not have it.
   bool goTo(const std::string& key);
 
@@ -102,7 +100,6 @@ class MasterPanel : public QFrame {
   void proposeCode();
   bool isCodeTaken(const MasterEntry& entry) const;
   void focusFirstBox();
-  void attempt(const char* title, const std::function<void()>& action);
 
   const MasterLevel& level_;
   session::Workplace& workplace_;

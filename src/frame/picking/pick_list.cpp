@@ -138,10 +138,6 @@ std::size_t PickList::nextHolding(std::string_view literal, std::size_t from) co
   return folded_.ends.size();
 }
 
-int PickList::size() const {
-  return sizeUpTo(std::numeric_limits<int>::max());
-}
-
 int PickList::sizeUpTo(int wanted) const {
   const auto most = static_cast<std::size_t>(std::max(0, wanted));
   if (!search_) return static_cast<int>(std::min(displays_.ends.size(), most));

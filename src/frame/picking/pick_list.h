@@ -35,21 +35,18 @@ struct PickListSource {
 //   narrow   scan the folded buffer, no further than entries are asked for; a text that extends one all of whose
 //            entries are found is looked for among those
 //
-// The entries are read again at the next reset() or narrow() after a row of the source's tables was written through
+// The entries are read again at the next narrow() after a row of the source's tables was written through
 // this connection, or after another program changed the file.
 class PickList {
  public:
   // Reads nothing yet. The connection outlives the list.
   PickList(store::Connection& connection, PickListSource source);
 
-  // All entries.
-  void reset() { narrow(""); }
-  // The entries that hold the text, as typed.
+  // The entries that hold the text, as typed; all of them for "".
   void narrow(std::string_view typed);
 
-  int size() const;                // of the present entries; all of them are looked for
-  int sizeUpTo(int wanted) const;  // the same but never above `wanted`: looks for that many only
-  // An entry below what size() or sizeUpTo() gave.
+  int sizeUpTo(int wanted) const;  // of the present entries, but never above `wanted`: looks for that many only
+  // An entry below what sizeUpTo() gave.
   std::string_view display(int entry) const;
   std::string_view key(int entry) const;
   std::string_view name(int entry) const;         // the whole display where it is not made as the source says

@@ -98,12 +98,10 @@ void PickerScreen::search() {
 }
 
 void PickerScreen::refresh() {
-  try {
+  workplace_.attempt("Cannot Show", [&] {
     const forms::WaitCursor wait;
     model_->readAgain();
-  } catch (const store::StoreError& failure) {
-    workplace_.prompts.tell("Cannot Show", failure.what());
-  }
+  });
   SearchBox_->clear();
   count();
   SearchBox_->setFocus();

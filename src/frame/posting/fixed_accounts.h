@@ -16,7 +16,6 @@ inline constexpr FixedAccount carriageInwards{50001004, "Carriage & Freight Inwa
 inline constexpr FixedAccount carriageOutwards{60001001, "Carriage & Freight Outwards"};
 
 inline constexpr std::int64_t walkInCustomer = 12001001;
-inline constexpr std::int64_t retailPurchase = 21001001;
 inline constexpr std::int64_t salesIncome = 40001001;
 inline constexpr std::int64_t salesReturnsIncome = 40001002;
 inline constexpr std::int64_t purchasesExpense = 50001002;

@@ -50,8 +50,6 @@ class ReportFilters : public QWidget {
   void setText(std::string_view name, const std::string& text);
   void focus(std::string_view name);
 
-  bool isEmpty() const { return controls_.empty(); }
-
  Q_SIGNALS:
   void confirmed();  // Enter in a date
   void optionChosen(const std::string& name);

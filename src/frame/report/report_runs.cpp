@@ -34,14 +34,11 @@ class Finally {
 }  // namespace
 
 void ReportScreen::attempt(const char* title, const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const store::StoreError& failure) {
+  session::attempt(workplace_.prompts, title, action, [this] {
     idle_.stop();
     setRunning(false);
     foot_->showMessage({});
-    workplace_.prompts.tell(title, failure.what());
-  }
+  });
 }
 
 void ReportScreen::attemptAside(const char* title, const std::function<void()>& action) {

@@ -40,15 +40,15 @@ ReportScreen::ReportScreen(ReportType type, session::Workplace& workplace, QWidg
       if (grid.shownBy == option) showGrid(grid.name);
   });
   connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &ReportScreen::closeRequested);
-  ShowLedger();
+  if (type_.opened) attempt("Cannot Show", [this] { type_.opened(*this); });
 }
 
 ReportScreen::~ReportScreen() {
   forms::stopListening(*this);
 }
 
-void ReportScreen::ShowLedger() {
-  if (type_.opened) attempt("Cannot Show", [this] { type_.opened(*this); });
+void ReportScreen::reopen() {
+  if (type_.reopened) attempt("Cannot Show", [this] { type_.reopened(*this); });
 }
 
 // The screen's heading, what is asked for, and the commands.

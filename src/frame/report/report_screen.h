@@ -9,6 +9,7 @@
 
 #include "frame/report/report_filters.h"
 #include "frame/report/report_type.h"
+#include "session/open_screen.h"
 
 class QAbstractButton;
 class QHBoxLayout;
@@ -29,7 +30,7 @@ class ReportRows;
 
 // A report as its descriptor says: filters, commands, grids, figures. The first rows of a long report show at once, the
 // others follow in idle moments with the figures behind them.
-class ReportScreen : public QWidget {
+class ReportScreen : public QWidget, public session::Reopened {
   Q_OBJECT
 
  public:
@@ -64,9 +65,7 @@ class ReportScreen : public QWidget {
   bool finishReading();
   void showMessage(const QString& text);
 
- public Q_SLOTS:
-  // The screen was asked for again, for another account.
-  void ShowLedger();
+  void reopen() override;
 
  Q_SIGNALS:
   void closeRequested();

@@ -199,6 +199,8 @@ struct ReportType {
   std::function<void(ReportScreen&, std::int64_t row)> drillDown = {};
   // Once, when the screen has been made.
   std::function<void(ReportScreen&)> opened = {};
+  // Whenever the screen is asked for again while it is open.
+  std::function<void(ReportScreen&)> reopened = {};
 };
 
 }  // namespace velmo::frame

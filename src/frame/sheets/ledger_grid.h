@@ -21,7 +21,6 @@ class LedgerGrid : public SheetGrid {
   void bind(store::Recordset lines);
   // Lets the lines go; a cell in edit is given up.
   void detach();
-  bool isBound() const { return sheet_.isBound(); }
 
   LedgerSums sums() const { return sheet_.sums(); }  // 0 without lines
 

@@ -105,13 +105,11 @@ void offerInCharge(MasterPanel& panel) {
 
 void showJobCard(MasterPanel& panel) {
   session::Workplace& workplace = panel.workplace();
-  try {
+  workplace.attempt("Cannot Print", [&] {
     const store::Recordset job(workplace.context.KORDconn, "Select * from Jobs where jobid=" + panel.key(),
                                store::LockType::ReadOnly);
     printing::showPreview(&panel, jobCardPrint(workplace.context, job, workplace.clock.today()), workplace.files);
-  } catch (const store::StoreError& failure) {
-    workplace.prompts.tell("Cannot Print", failure.what());
-  }
+  });
 }
 
 // A job can be printed as it was saved.

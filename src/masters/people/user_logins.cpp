@@ -35,12 +35,10 @@ bool beginUser(MasterPanel& panel) {
 
 // The user logs in with an empty box from then on.
 void resetPassword(MasterPanel& panel, QLabel& told) {
-  try {
+  panel.workplace().attempt("Cannot Save", [&] {
     panel.rows().update({{"password", std::string()}});
     told.setText(MasterPanel::tr("The password is empty now."));
-  } catch (const store::StoreError& failure) {
-    panel.workplace().prompts.tell("Cannot Save", failure.what());
-  }
+  });
 }
 
 void furnish(MasterPanel& panel) {

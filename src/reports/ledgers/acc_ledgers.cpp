@@ -172,7 +172,8 @@ frame::ReportType ledgersType(const session::LoginContext& context) {
           .figures = showClosingBalance,
           .printOut = printOut,
           .sheetOf = sheetOf,
-          .opened = showWantedAccount};
+          .opened = showWantedAccount,
+          .reopened = showWantedAccount};
 }
 
 }  // namespace

@@ -5,7 +5,10 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <span>
 #include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "frame/report/report_period.h"
@@ -18,6 +21,8 @@ namespace velmo::reports {
 namespace {
 
 constexpr std::int64_t linesBetweenReports = 4096;
+constexpr int linesOfPage = 25;  // of the file, or some more
+constexpr int mostRounds = 3;    // beside others who never stop writing
 
 // A line of the year; once the balances are known, one that is to be written.
 struct Line {
@@ -29,25 +34,27 @@ struct Line {
   double stored;  // the balance that it has, with the sign of its side; no number when it has none
 };
 
-// In no order: sorting millions of lines is work for memory.
+// In the order of the file, in which it is read quickest: a sum is looked up in no index.
 std::string passStatement(int fyid) {
   return "SELECT Transactions.TranNo, Transactions.TranDate, SubTransactions.AccCode, SubTransactions.Debit, "
          "SubTransactions.Credit, SubTransactions.Balance, SubTransactions.Status, SubTransactions.Serial, "
          "Transactions.FYID, Transactions.Cancel FROM Transactions INNER JOIN SubTransactions ON Transactions.TranNo = "
          "SubTransactions.TranNo Where ((((SubTransactions.Debit)<>0) or ((SubTransactions.Credit)<>0)) AND "
-         "((Transactions.FYID) =" +
-         std::to_string(fyid) + ") And ((Transactions.Cancel) = No))";
+         "((Transactions.FYID)+0 =" +
+         std::to_string(fyid) + ") And ((Transactions.Cancel) = No)) ORDER BY SubTransactions.Serial";
 }
 
 // Tells how far the work is, and remembers when the user wants it stopped.
 class Report {
  public:
   explicit Report(const LinesDone& progress) : progress_(progress) {}
-  bool goesOn() { return ++done_ % linesBetweenReports != 0 || !progress_ || progress_(done_); }
+  bool goesOn() { return ++done_, staysAwake(); }
+  // For work on a line that makes no progress.
+  bool staysAwake() { return ++worked_ % linesBetweenReports != 0 || !progress_ || progress_(done_); }
 
  private:
   const LinesDone& progress_;
-  std::int64_t done_ = 0;
+  std::int64_t done_ = 0, worked_ = 0;
 };
 
 // The days of documents as seconds. Lines of one day come together, mostly.
@@ -107,47 +114,94 @@ bool isRight(double stored, double balance) {
   return std::fabs(stored) == std::fabs(balance) && std::signbit(stored) == credit;
 }
 
-// Leaves the lines whose stored balance is another one, in the order of the file, so that each of its pages is written
-// once.
-void keepChanged(std::vector<Line>& lines) {
-  std::ranges::sort(lines, [](const Line& left, const Line& right) {
-    if (left.account != right.account) return left.account < right.account;
-    return left.moment != right.moment ? left.moment < right.moment : left.serial < right.serial;
-  });
-  std::int32_t present = 0;
-  text::DecimalSum running;
-  for (Line& line : lines) {
-    if (line.account != present) running = {};
-    present = line.account;
-    running += line.debit;
-    running -= line.credit;
-    line.debit = running.value();
+// The places of the lines, account by account, in the order of the file each. Nothing when the work was stopped.
+std::optional<std::vector<std::uint32_t>> byAccount(const std::vector<Line>& lines, Report& report) {
+  std::unordered_map<std::int32_t, std::uint32_t> begins;
+  for (const Line& line : lines) {
+    ++begins[line.account];
+    if (!report.staysAwake()) return std::nullopt;
   }
-  std::erase_if(lines, [](const Line& line) { return isRight(line.stored, line.debit); });
-  std::ranges::sort(lines, {}, &Line::serial);
+  std::uint32_t begin = 0;
+  for (auto& [account, count] : begins) begin += std::exchange(count, begin);
+  std::vector<std::uint32_t> places(lines.size());
+  for (std::uint32_t place = 0; place < lines.size(); ++place) {
+    places[begins[lines[place].account]++] = place;
+    if (!report.staysAwake()) return std::nullopt;
+  }
+  return places;
 }
 
-}  // namespace
+// Leaves the lines whose stored balance is another one, in the order of the file, so that each of its pages is written
+// once. False when the work was stopped.
+bool keepChanged(std::vector<Line>& lines, Report& report) {
+  std::optional<std::vector<std::uint32_t>> places = byAccount(lines, report);
+  if (!places) return false;
+  for (auto first = places->begin(); first != places->end();) {
+    const std::int32_t account = lines[*first].account;
+    const auto end = std::find_if(first, places->end(), [&](std::uint32_t at) { return lines[at].account != account; });
+    const auto momentAt = [&](std::uint32_t place) { return lines[place].moment; };
+    // Most books are written in the order of their days.
+    if (!std::ranges::is_sorted(first, end, {}, momentAt)) std::ranges::stable_sort(first, end, {}, momentAt);
+    text::DecimalSum running;
+    for (; first != end; ++first) {
+      Line& line = lines[*first];
+      running += line.debit;
+      running -= line.credit;
+      line.debit = running.value();
+      if (!report.staysAwake()) return false;
+    }
+  }
+  std::erase_if(lines, [](const Line& line) { return isRight(line.stored, line.debit); });
+  return true;
+}
 
-bool writeRunningBalances(store::Connection& connection, int fyid, const LinesDone& progress) {
-  if (connection.refusesWriting()) return true;  // a damaged file is still printed, with the balances that it has
-  Report report(progress);
-  store::Connection::Transaction transaction(connection);
-  std::optional<std::vector<Line>> lines = readLines(connection, fyid, report);
-  if (!lines) return false;
-  keepChanged(*lines);
+// What is written together: lines on so many pages of the file at most.
+std::span<const Line> stretchOf(std::span<const Line> lines, int pages) {
+  std::size_t count = 0;
+  std::int32_t page = -1;
+  for (; count < lines.size(); ++count) {
+    if (lines[count].serial / linesOfPage == page) continue;
+    if (--pages < 0) break;
+    page = lines[count].serial / linesOfPage;
+  }
+  return lines.first(count);
+}
+
+bool writeStretch(store::Connection& connection, std::span<const Line> lines, Report& report) {
   constexpr std::array<std::string_view, 2> columns{"Balance", "Status"};
+  store::Connection::Transaction transaction(connection);
   const bool written = store::rewriteRows(connection, "SubTransactions", columns,
-                                          {.count = lines->size(),
-                                           .keyOf = [&](std::size_t line) { return (*lines)[line].serial; },
+                                          {.count = lines.size(),
+                                           .keyOf = [&](std::size_t line) { return lines[line].serial; },
                                            .valueOf = [&](std::size_t line, std::size_t column) -> store::Value {
-                                             const double balance = (*lines)[line].debit;
+                                             const double balance = lines[line].debit;
                                              if (column == 0) return std::fabs(balance);
                                              return std::string(frame::sideOf(balance));
                                            },
                                            .goesOn = [&] { return report.goesOn(); }});
-  if (written) transaction.commit();
-  return written;
+  if (!written) return false;
+  transaction.commit();
+  connection.checkpoint();  // or the log would grow as large as all that is written
+  return true;
+}
+
+}  // namespace
+
+bool writeRunningBalances(store::Connection& connection, int fyid, const LinesDone& progress, int pagesAtOnce) {
+  if (connection.refusesWriting()) return true;  // a damaged file is still printed, with the balances that it has
+  Report report(progress);
+  for (int round = 0; round < mostRounds; ++round) {
+    const std::int64_t documents = connection.generationOf("Transactions");
+    std::optional<std::vector<Line>> lines = readLines(connection, fyid, report);
+    if (!lines || !keepChanged(*lines, report)) return false;
+    for (std::span<const Line> rest = *lines; !rest.empty();) {
+      const std::span<const Line> stretch = stretchOf(rest, pagesAtOnce);
+      if (!writeStretch(connection, stretch, report)) return false;
+      rest = rest.subspan(stretch.size());
+    }
+    if (lines->empty() || connection.generationOf("Transactions") == documents) break;  // nobody else wrote meanwhile
+  }
+  return true;
 }
 
 }  // namespace velmo::reports

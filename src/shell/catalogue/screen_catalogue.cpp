@@ -40,70 +40,6 @@
 namespace velmo::shell {
 namespace {
 
-QWidget* makeSaleInvoicesSimple(session::Workplace& workplace, QWidget* parent) {
-  return documents::makeSaleInvoicesSimple(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeSaleInvoicesPOS(session::Workplace& workplace, QWidget* parent) {
-  return documents::makeSaleInvoicesPOS(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeSaleReturns(session::Workplace& workplace, QWidget* parent) {
-  return documents::makeSaleReturns(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makePurchaseBillsSimple(session::Workplace& workplace, QWidget* parent) {
-  return documents::makePurchaseBillsSimple(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makePurchaseReturns(session::Workplace& workplace, QWidget* parent) {
-  return documents::makePurchaseReturns(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeQuotations(session::Workplace& workplace, QWidget* parent) {
-  return documents::makeQuotations(workplace, parent);
-}
-
-QWidget* makeSaleOrders(session::Workplace& workplace, QWidget* parent) {
-  return documents::makeSaleOrders(workplace, parent);
-}
-
-QWidget* makeDeliveryChallans(session::Workplace& workplace, QWidget* parent) {
-  return documents::makeDeliveryChallans(workplace, parent);
-}
-
-QWidget* makeGatePassesOut(session::Workplace& workplace, QWidget* parent) {
-  return documents::makeGatePassesOut(workplace, parent);
-}
-
-QWidget* makePurchaseOrders(session::Workplace& workplace, QWidget* parent) {
-  return documents::makePurchaseOrders(workplace, parent);
-}
-
-QWidget* makeGatePassesIn(session::Workplace& workplace, QWidget* parent) {
-  return documents::makeGatePassesIn(workplace, parent);
-}
-
-QWidget* makeCashReceipts(session::Workplace& workplace, QWidget* parent) {
-  return vouchers::makeCashReceipts(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeBankReceipts(session::Workplace& workplace, QWidget* parent) {
-  return vouchers::makeBankReceipts(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeCashPayments(session::Workplace& workplace, QWidget* parent) {
-  return vouchers::makeCashPayments(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeBankPayments(session::Workplace& workplace, QWidget* parent) {
-  return vouchers::makeBankPayments(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
-QWidget* makeGeneralJournal(session::Workplace& workplace, QWidget* parent) {
-  return vouchers::makeGeneralJournal(workplace, parent, {.voucher = showDocumentVoucher});
-}
-
 QWidget* makePrintVouchers(session::Workplace& workplace, QWidget* parent) {
   return reports::makePrintVouchers(workplace, parent,
                                     {.voucher1 = vouchers::voucher1Print, .voucher2 = vouchers::voucher2Print});
@@ -111,22 +47,22 @@ QWidget* makePrintVouchers(session::Workplace& workplace, QWidget* parent) {
 
 constexpr ScreenEntry screens[] = {
     {"Navigation", ScreenKind::ChildWindow, makeNavigation, HelpTopic::FirstSteps},
-    {"SaleInvoicesSimple", ScreenKind::ChildWindow, makeSaleInvoicesSimple},
-    {"SaleInvoicesPOS", ScreenKind::ChildWindow, makeSaleInvoicesPOS},
-    {"SaleReturns", ScreenKind::ChildWindow, makeSaleReturns},
-    {"PurchaseBillsSimple", ScreenKind::ChildWindow, makePurchaseBillsSimple},
-    {"PurchaseReturns", ScreenKind::ChildWindow, makePurchaseReturns},
-    {"Quotations", ScreenKind::ChildWindow, makeQuotations},
-    {"SaleOrders", ScreenKind::ChildWindow, makeSaleOrders},
-    {"DeliveryChallans", ScreenKind::ChildWindow, makeDeliveryChallans},
-    {"GatePassesOut", ScreenKind::ChildWindow, makeGatePassesOut},
-    {"PurchaseOrders", ScreenKind::ChildWindow, makePurchaseOrders},
-    {"GatePassesIn", ScreenKind::ChildWindow, makeGatePassesIn},
-    {"CashReceipts", ScreenKind::ChildWindow, makeCashReceipts},
-    {"BankReceipts", ScreenKind::ChildWindow, makeBankReceipts},
-    {"CashPayments", ScreenKind::ChildWindow, makeCashPayments},
-    {"BankPayments", ScreenKind::ChildWindow, makeBankPayments},
-    {"GeneralJournal", ScreenKind::ChildWindow, makeGeneralJournal},
+    {"SaleInvoicesSimple", ScreenKind::ChildWindow, documents::makeSaleInvoicesSimple},
+    {"SaleInvoicesPOS", ScreenKind::ChildWindow, documents::makeSaleInvoicesPOS},
+    {"SaleReturns", ScreenKind::ChildWindow, documents::makeSaleReturns},
+    {"PurchaseBillsSimple", ScreenKind::ChildWindow, documents::makePurchaseBillsSimple},
+    {"PurchaseReturns", ScreenKind::ChildWindow, documents::makePurchaseReturns},
+    {"Quotations", ScreenKind::ChildWindow, documents::makeQuotations},
+    {"SaleOrders", ScreenKind::ChildWindow, documents::makeSaleOrders},
+    {"DeliveryChallans", ScreenKind::ChildWindow, documents::makeDeliveryChallans},
+    {"GatePassesOut", ScreenKind::ChildWindow, documents::makeGatePassesOut},
+    {"PurchaseOrders", ScreenKind::ChildWindow, documents::makePurchaseOrders},
+    {"GatePassesIn", ScreenKind::ChildWindow, documents::makeGatePassesIn},
+    {"CashReceipts", ScreenKind::ChildWindow, vouchers::makeCashReceipts},
+    {"BankReceipts", ScreenKind::ChildWindow, vouchers::makeBankReceipts},
+    {"CashPayments", ScreenKind::ChildWindow, vouchers::makeCashPayments},
+    {"BankPayments", ScreenKind::ChildWindow, vouchers::makeBankPayments},
+    {"GeneralJournal", ScreenKind::ChildWindow, vouchers::makeGeneralJournal},
     {"ModifyAccounts", ScreenKind::Dialog, masters::makeModifyAccounts},
     {"ModifyCustomers", ScreenKind::Dialog, masters::makeModifyCustomers},
     {"ModifySuppliers", ScreenKind::Dialog, masters::makeModifySuppliers},
@@ -170,6 +106,12 @@ constexpr ScreenEntry screens[] = {
 };
 
 }  // namespace
+
+QWidget* ScreenEntry::make(session::Workplace& workplace, QWidget* parent) const {
+  if (const auto* document = std::get_if<MakeDocument>(&maker))
+    return (*document)(workplace, parent, {.voucher = showDocumentVoucher});
+  return std::get<Make>(maker)(workplace, parent);
+}
 
 std::span<const ScreenEntry> screenCatalogue() {
   return screens;

@@ -2,7 +2,9 @@
 
 #include <span>
 #include <string_view>
+#include <variant>
 
+#include "frame/document/print_outs.h"
 #include "session/workplace.h"
 
 class QWidget;
@@ -21,12 +23,18 @@ enum class HelpTopic {
   BackUp = 6,
 };
 
-// One screen of the program, by the name it is opened by. A dialog's widget is a QDialog.
+// One screen of the program, by the name it is opened by. A dialog's widget is a QDialog. What makes a document is
+// handed the print-outs that stand on no floor of its own.
 struct ScreenEntry {
+  using Make = QWidget* (*)(session::Workplace& workplace, QWidget* parent);
+  using MakeDocument = QWidget* (*)(session::Workplace& workplace, QWidget* parent, frame::PrintOuts printOuts);
+
   std::string_view name;
   ScreenKind kind;
-  QWidget* (*make)(session::Workplace& workplace, QWidget* parent);
+  std::variant<Make, MakeDocument> maker;
   HelpTopic help = HelpTopic::Keys;  // what F1 opens
+
+  QWidget* make(session::Workplace& workplace, QWidget* parent) const;
 };
 
 // Every screen that this program has; what is not listed here cannot be opened.

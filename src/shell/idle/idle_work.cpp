@@ -76,7 +76,7 @@ void IdleWork::startRound() {
   if (!isWhole_ && !pagesAreDue_) return;
   began_ = workplace_.clock.now();
   checker_.start(workplace_.context.KORDconn, connectionString_,
-                 isWhole_ ? schema::companyChecks() : schema::pageChecks(), began_);
+                 isWhole_ ? schema::companyChecks() : schema::startChecks(), began_);
 }
 
 // Whoever works with the file today may have done it.

@@ -70,7 +70,7 @@ void readAfresh(store::Recordset& list, store::Connection& connection, const cha
 
 }  // namespace
 
-Parent::Parent(std::unique_ptr<session::LoginContext> context, const Surroundings& surroundings)
+MainShell::MainShell(std::unique_ptr<session::LoginContext> context, const Surroundings& surroundings)
     : context_(std::move(context)),
       surroundings_(surroundings),
       screens_(new ScreenWindows(surroundings.catalogue, this)),
@@ -91,13 +91,13 @@ Parent::Parent(std::unique_ptr<session::LoginContext> context, const Surrounding
   warnOfNarrowScreen(surroundings_.prompts, surroundings_.screenWidth);
 }
 
-Parent::~Parent() {
+MainShell::~MainShell() {
   qApp->removeEventFilter(this);
   delete idleWork_;
   delete screens_;  // the screens let go of the file before it closes
 }
 
-void Parent::buildWindow() {
+void MainShell::buildWindow() {
   setObjectName(QStringLiteral("Parent"));
   showCompany();
   setWindowIcon(programIcon());
@@ -121,45 +121,45 @@ void Parent::buildWindow() {
   }
   note_ = new StatusNote(bar);
   note_->setObjectName(QStringLiteral("Panel_3"));
-  connect(note_, &StatusNote::clicked, this, &Parent::showUnbalancedDocuments);
+  connect(note_, &StatusNote::clicked, this, &MainShell::showUnbalancedDocuments);
   bar->addWidget(note_, 1);
   setStatusBar(bar);
 }
 
-void Parent::startTimers() {
-  connect(itemsTimer_, &QTimer::timeout, this, &Parent::readItems);
-  connect(accountsTimer_, &QTimer::timeout, this, &Parent::readAccounts);
-  connect(costTimer_, &QTimer::timeout, this, &Parent::computeCosts);
+void MainShell::startTimers() {
+  connect(itemsTimer_, &QTimer::timeout, this, &MainShell::readItems);
+  connect(accountsTimer_, &QTimer::timeout, this, &MainShell::readAccounts);
+  connect(costTimer_, &QTimer::timeout, this, &MainShell::computeCosts);
   context_->Costs.onArmed = [this] { costTimer_->start(); };
   idleWork_ = new IdleWork(workplace_, surroundings_.connectionString, surroundings_.file, *note_, this);
   connect(idleTimer_, &QTimer::timeout, idleWork_, &IdleWork::run);
   connect(idleWork_, &IdleWork::wantsToRun, idleTimer_, qOverload<>(&QTimer::start));
-  connect(screens_, &ScreenWindows::screenOpening, this, &Parent::readMissingLists);
-  connect(screens_, &ScreenWindows::screenClosed, this, &Parent::screenClosed);
+  connect(screens_, &ScreenWindows::screenOpening, this, &MainShell::readMissingLists);
+  connect(screens_, &ScreenWindows::screenClosed, this, &MainShell::screenClosed);
   itemsTimer_->start();
   accountsTimer_->start();
   idleTimer_->start();
   qApp->installEventFilter(this);
 }
 
-void Parent::readItems() {
+void MainShell::readItems() {
   itemsTimer_->stop();
   readAfresh(context_->ItemsRS, context_->KORDconn, "SELECT * FROM StockLevel3 ORDER BY ItemCode");
 }
 
-void Parent::readAccounts() {
+void MainShell::readAccounts() {
   accountsTimer_->stop();
   readAfresh(context_->AccountsRS, context_->KORDconn, "SELECT * from AccLevel3 order by acccode");
 }
 
 // For those who open a screen before the lists are read.
-void Parent::readMissingLists() {
+void MainShell::readMissingLists() {
   if (!context_->ItemsRS.isOpen()) readItems();
   if (!context_->AccountsRS.isOpen()) readAccounts();
 }
 
 // Work that shows its progress may be in the midst of a transaction.
-void Parent::computeCosts() {
+void MainShell::computeCosts() {
   if (!context_->KORDconn.isOpen() || context_->KORDconn.refusesWriting()) return;
   if (context_->KORDconn.inTransaction()) return costTimer_->start();
   try {
@@ -170,7 +170,7 @@ void Parent::computeCosts() {
 }
 
 // Keys and clicks put off the work that waits for an idle moment. F1 is heard in every window.
-bool Parent::eventFilter(QObject* watched, QEvent* event) {
+bool MainShell::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) idleTimer_->start();
   if (event->type() == QEvent::KeyPress && watched->isWidgetType() && isHelpKey(*static_cast<QKeyEvent*>(event))) {
     showHelp(static_cast<QWidget&>(*watched));
@@ -179,7 +179,7 @@ bool Parent::eventFilter(QObject* watched, QEvent* event) {
   return QMainWindow::eventFilter(watched, event);
 }
 
-void Parent::showHelp(const QWidget& focus) {
+void MainShell::showHelp(const QWidget& focus) {
   if (!context_->KORDconn.isOpen() || !screens_->hasScreen(helpScreen)) return;
   if (focus.window()->objectName() == QLatin1String(helpScreen)) return;
   const QWidget* place = &focus;
@@ -190,16 +190,16 @@ void Parent::showHelp(const QWidget& focus) {
   screens_->openDialog(helpScreen);
 }
 
-void Parent::showUnbalancedDocuments() {
+void MainShell::showUnbalancedDocuments() {
   if (note_->leadsToDocuments() && workplace_.rights().demand(journalRight)) screens_->openScreen(unbalancedScreen);
 }
 
-void Parent::showCompany() {
+void MainShell::showCompany() {
   setWindowTitle(QStringLiteral("Velmo Point of Sale - ") + QString::fromStdString(context_->CompanyName));
   if (auto* welcome = qobject_cast<Navigation*>(screens_->openWindow("Navigation"))) welcome->showCompany();
 }
 
-void Parent::screenClosed(const QString& name) {
+void MainShell::screenClosed(const QString& name) {
   if (name == QLatin1String("CompanyInfo")) showCompany();
   if (name == QLatin1String(unbalancedScreen)) idleWork_->lookAgain();  // some may have been put right
   for (const Reload& reload : reloads)
@@ -207,7 +207,7 @@ void Parent::screenClosed(const QString& name) {
       (reload.list == SharedList::Items ? itemsTimer_ : accountsTimer_)->start();
 }
 
-bool Parent::passes(const MenuGuard& guard) {
+bool MainShell::passes(const MenuGuard& guard) {
   if (!guard.refusal.empty() && context_->UserID > administrator) {
     surroundings_.prompts.tell("Not Allowed", guard.refusal);
     return false;
@@ -215,7 +215,7 @@ bool Parent::passes(const MenuGuard& guard) {
   return guard.right == 0 || workplace_.rights().demand(guard.right);
 }
 
-void Parent::choose(const MenuEntry& entry) {
+void MainShell::choose(const MenuEntry& entry) {
   if (!passes(entry.guard)) return;
   switch (entry.command) {
     case MenuCommand::OpenScreen:
@@ -247,7 +247,7 @@ void Parent::choose(const MenuEntry& entry) {
 }
 
 // The user's own, so that the next one at this computer is not asked.
-void Parent::chooseAsking() {
+void MainShell::chooseAsking() {
   auto* ask = menuBar()->findChild<QAction*>(QLatin1String(askAction));
   try {
     session::saveSetting(context_->KORDconn, askSetting(*context_), ask->isChecked() ? "Yes" : "No");
@@ -258,7 +258,7 @@ void Parent::chooseAsking() {
   }
 }
 
-void Parent::showWelcome() {
+void MainShell::showWelcome() {
   if (WelcomeAllowed)
     screens_->openScreen("Navigation");
   else
@@ -266,13 +266,13 @@ void Parent::showWelcome() {
 }
 
 // A utility that is not there or does not start is no reason to stay open.
-void Parent::startBackUpUtility() {
+void MainShell::startBackUpUtility() {
   const std::filesystem::path program = surroundings_.programFolder / "Back-Up Utility.exe";
   QProcess::startDetached(QString::fromStdString(program.string()), {},
                           QString::fromStdString(surroundings_.programFolder.string()));
 }
 
-bool Parent::confirmClosing() {
+bool MainShell::confirmClosing() {
   if (SkipBackUpPrompt) return true;
   const session::Answer answer = surroundings_.prompts.ask({.title = "Back-Up Confirmation",
                                                             .text = "Do you want to save back-up of your data?",
@@ -283,13 +283,13 @@ bool Parent::confirmClosing() {
 
 // What screens say in passing has its place beside what the program says of itself; a message of the status bar would
 // hide the other panels.
-bool Parent::event(QEvent* event) {
+bool MainShell::event(QEvent* event) {
   if (event->type() != QEvent::StatusTip || !note_) return QMainWindow::event(event);
   note_->tell(StatusNote::Subject::Screen, static_cast<QStatusTipEvent*>(event)->tip());
   return true;
 }
 
-void Parent::closeEvent(QCloseEvent* event) {
+void MainShell::closeEvent(QCloseEvent* event) {
   if (!context_->KORDconn.isOpen()) return;
   const bool closes = screens_->mayClose() && confirmClosing();
   if (closes) screens_->giveUpAll();  // they were asked

@@ -31,13 +31,13 @@ struct Surroundings {
 };
 
 // The main window: menu, status bar, the screens as tabs, the open file and the lists that all screens share.
-class Parent : public QMainWindow {
+class MainShell : public QMainWindow {
   Q_OBJECT
 
  public:
   // Opens the file and, for those who may see it, the welcome screen. Throws store::StoreError.
-  Parent(std::unique_ptr<session::LoginContext> context, const Surroundings& surroundings);
-  ~Parent() override;
+  MainShell(std::unique_ptr<session::LoginContext> context, const Surroundings& surroundings);
+  ~MainShell() override;
 
   session::Workplace& workplace() { return workplace_; }
   ScreenWindows& screens() { return *screens_; }

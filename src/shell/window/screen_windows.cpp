@@ -10,6 +10,7 @@
 #include <stdexcept>
 
 #include "forms/caption.h"
+#include "session/open_screen.h"
 #include "shell/window/screen_tabs.h"
 
 namespace velmo::shell {
@@ -85,12 +86,7 @@ bool ScreenWindows::openScreen(std::string_view name) {
   if (!entry || entry->kind != ScreenKind::ChildWindow) return false;
   if (QWidget* open = openWindow(name)) {
     bringForward(windows_.find(name)->second);
-    // Every document screen has the first slot, every ledger the second; a screen that is made anew looks at the flags
-    // by itself.
-    if (workplace_->context.OpenTranFlag && open->metaObject()->indexOfSlot("ShowRecord()") >= 0)
-      QMetaObject::invokeMethod(open, "ShowRecord", Qt::DirectConnection);
-    if (workplace_->context.OpenLedgerFlag && open->metaObject()->indexOfSlot("ShowLedger()") >= 0)
-      QMetaObject::invokeMethod(open, "ShowLedger", Qt::DirectConnection);
+    if (auto* reopened = dynamic_cast<session::Reopened*>(open)) reopened->reopen();
     return true;
   }
   rememberFocus();
@@ -134,16 +130,13 @@ bool ScreenWindows::openDialog(std::string_view name) {
   return true;
 }
 
-// A screen of documents has both of these slots.
 bool ScreenWindows::mayClose() {
   for (QMdiSubWindow* window : subWindowList()) {
-    QWidget* screen = window->widget();
-    if (!screen || screen->metaObject()->indexOfSlot("MayLeave()") < 0) continue;
+    auto* work = dynamic_cast<session::UnsavedWork*>(window->widget());
+    if (!work) continue;
     QMdiSubWindow* const front = activeSubWindow();
     bringForward(window);
-    bool may = false;
-    QMetaObject::invokeMethod(screen, "MayLeave", Qt::DirectConnection, Q_RETURN_ARG(bool, may));
-    if (!may) return false;
+    if (!work->MayLeave()) return false;
     bringForward(front);
   }
   return true;
@@ -151,8 +144,7 @@ bool ScreenWindows::mayClose() {
 
 void ScreenWindows::giveUpAll() {
   for (QMdiSubWindow* window : subWindowList())
-    if (QWidget* screen = window->widget(); screen && screen->metaObject()->indexOfSlot("GiveUp()") >= 0)
-      QMetaObject::invokeMethod(screen, "GiveUp", Qt::DirectConnection);
+    if (auto* work = dynamic_cast<session::UnsavedWork*>(window->widget())) work->GiveUp();
 }
 
 bool ScreenWindows::closeAll() {

@@ -73,6 +73,14 @@ std::vector<Finding> placed(Connection& connection, const std::string& fault) {
   return faults;
 }
 
+std::vector<Finding> totalsThatAreNot(bool (*fine)(sqlite3*, const KeptTotals&), Connection& connection) {
+  std::vector<Finding> faults;
+  for (const KeptTotals& kept : connection.catalog().keptTotals())
+    if (!fine(connection.handle(), kept))
+      faults.push_back({.kind = Finding::Kind::Total, .words = "the totals of \"" + kept.lines + "\""});
+  return faults;
+}
+
 // Demands a halt after a time, unless it goes before.
 class Alarm {
  public:
@@ -124,11 +132,11 @@ std::vector<Finding> relationFaults(Connection& connection) {
 }
 
 std::vector<Finding> totalFaults(Connection& connection) {
-  std::vector<Finding> faults;
-  for (const KeptTotals& kept : connection.catalog().keptTotals())
-    if (!areRight(connection.handle(), kept))
-      faults.push_back({.kind = Finding::Kind::Total, .words = "the totals of \"" + kept.lines + "\""});
-  return faults;
+  return totalsThatAreNot(areRight, connection);
+}
+
+std::vector<Finding> totalSumFaults(Connection& connection) {
+  return totalsThatAreNot(haveOneSum, connection);
 }
 
 std::optional<std::vector<Finding>> quickCheck(Connection& connection, std::chrono::milliseconds within) {

@@ -19,6 +19,8 @@ std::vector<Finding> structureFaults(Connection& connection);
 std::vector<Finding> relationFaults(Connection& connection);
 // Kept totals that are not the sums of their lines.
 std::vector<Finding> totalFaults(Connection& connection);
+// Kept totals whose days, months and years have not one sum, which is sooner seen.
+std::vector<Finding> totalSumFaults(Connection& connection);
 
 // pageFaults(), or nothing when it was not through within the time.
 std::optional<std::vector<Finding>> quickCheck(Connection& connection, std::chrono::milliseconds within);

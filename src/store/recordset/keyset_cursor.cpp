@@ -187,21 +187,21 @@ void KeysetCursor::setBookmark(Bookmark row) {
 }
 
 bool KeysetCursor::find(std::string_view criterion, SearchFrom from) {
-  const RowTest test = RowTest::criterion(*source_, criterion);
+  const RowCondition wanted = RowCondition::ofCriterion(*source_, criterion);
   update();
   remember();
   if (place_.where == Where::Before) {
-    stand(query_->end(connection(), Direction::Forward, &test), Where::After);
+    stand(query_->end(connection(), Direction::Forward, &wanted), Where::After);
   } else if (place_.where != Where::After) {
     const bool stays = place_.where == Where::On && from == SearchFrom::CurrentRow &&
-                       test.passes([this](int field) { return place_.row[static_cast<std::size_t>(field)]; });
-    if (!stays) stand(query_->next(connection(), place_.row, Direction::Forward, &test), Where::After);
+                       wanted.passes([this](int field) { return place_.row[static_cast<std::size_t>(field)]; });
+    if (!stays) stand(query_->next(connection(), place_.row, Direction::Forward, &wanted), Where::After);
   }
   return place_.where == Where::On;
 }
 
 void KeysetCursor::setFilter(std::string_view conditions) {
-  std::optional<RowTest> filter = RowTest::filter(*source_, conditions);
+  std::optional<RowCondition> filter = RowCondition::ofFilter(*source_, conditions);
   update();
   remember();
   auto filtered = std::make_shared<KeysetQuery>(*query_);

@@ -104,12 +104,12 @@ bool KeysetQuery::sortsInPassing(Connection::Impl& connection) const {
   return false;
 }
 
-KeysetQuery::Condition KeysetQuery::base(const RowTest* condition) const {
+KeysetQuery::Condition KeysetQuery::base(const RowCondition* condition) const {
   Condition all = where_;
-  for (const RowTest* test : {filter_ ? &*filter_ : nullptr, condition}) {
-    if (test == nullptr) continue;
+  for (const RowCondition* each : {filter_ ? &*filter_ : nullptr, condition}) {
+    if (each == nullptr) continue;
     const std::string sql =
-        test->sql([this](int field) { return columns_[static_cast<std::size_t>(field)]; }, all.parameters);
+        each->sql([this](int field) { return columns_[static_cast<std::size_t>(field)]; }, all.parameters);
     all.sql = all.sql.empty() ? sql : "(" + all.sql + ") AND (" + sql + ")";
   }
   return all;
@@ -205,12 +205,12 @@ std::int64_t KeysetQuery::fetchCount(Connection::Impl& connection, const Conditi
 }
 
 std::optional<WalkedRow> KeysetQuery::end(Connection::Impl& connection, Direction from,
-                                          const RowTest* condition) const {
+                                          const RowCondition* condition) const {
   return fetchOne(connection, base(condition), orderSql(from) + " LIMIT 1");
 }
 
 std::optional<WalkedRow> KeysetQuery::next(Connection::Impl& connection, const WalkedRow& row, Direction direction,
-                                           const RowTest* condition) const {
+                                           const RowCondition* condition) const {
   for (const Condition& step : beyond(base(condition), row, direction)) {
     if (auto found = fetchOne(connection, step, orderSql(direction) + " LIMIT 1")) return found;
   }

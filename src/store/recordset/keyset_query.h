@@ -26,13 +26,14 @@ class KeysetQuery {
 
   // None: the statement's own order.
   void orderBy(Connection::Impl& connection, const std::vector<SortItem>& items);
-  void setFilter(std::optional<RowTest> filter) { filter_ = std::move(filter); }
-  const std::optional<RowTest>& filter() const { return filter_; }
+  void setFilter(std::optional<RowCondition> filter) { filter_ = std::move(filter); }
+  const std::optional<RowCondition>& filter() const { return filter_; }
 
   // The first or last row in the order; with a condition the first or last that fits it.
-  std::optional<WalkedRow> end(Connection::Impl& connection, Direction from, const RowTest* condition = nullptr) const;
+  std::optional<WalkedRow> end(Connection::Impl& connection, Direction from,
+                               const RowCondition* condition = nullptr) const;
   std::optional<WalkedRow> next(Connection::Impl& connection, const WalkedRow& row, Direction direction,
-                                const RowTest* condition = nullptr) const;
+                                const RowCondition* condition = nullptr) const;
   std::optional<WalkedRow> byNumber(Connection::Impl& connection, std::int64_t number) const;
   // So many rows, fewer at the end of the list: from a place in the order, or beyond a row, the nearest first.
   std::vector<WalkedRow> from(Connection::Impl& connection, std::int64_t position, std::int64_t most) const;
@@ -62,7 +63,7 @@ class KeysetQuery {
   std::size_t slotOf(const std::string& alias, const std::string& column, ColumnType type);
   bool isUnique(std::size_t slot) const;
   std::vector<Condition> beyond(const Condition& rest, const WalkedRow& row, Direction direction) const;
-  Condition base(const RowTest* condition) const;
+  Condition base(const RowCondition* condition) const;
   bool sortsInPassing(Connection::Impl& connection) const;
   std::string selectSql(const Condition& condition, const std::string& tail) const;
   std::string orderSql(Direction direction) const;
@@ -80,7 +81,7 @@ class KeysetQuery {
   std::size_t numberSlot_ = 0;
   std::vector<int> keySlots_;
   Condition where_;
-  std::optional<RowTest> filter_;
+  std::optional<RowCondition> filter_;
   std::vector<OrderColumn> statementOrder_;
   std::vector<OrderColumn> order_;
 };

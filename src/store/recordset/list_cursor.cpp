@@ -222,7 +222,7 @@ void ListCursor::setBookmark(Bookmark row) {
 }
 
 bool ListCursor::find(std::string_view criterion, SearchFrom from) {
-  const RowTest test = RowTest::criterion(source(), criterion);
+  const RowCondition wanted = RowCondition::ofCriterion(source(), criterion);
   update();
   remember();
   const bool stands = hasCurrentRow();
@@ -231,14 +231,14 @@ bool ListCursor::find(std::string_view criterion, SearchFrom from) {
   leaveRemoved();
   for (; reach(at); ++at) {
     const RowId row = place_.view[static_cast<std::size_t>(at)];
-    if (test.passes([&](int field) { return rows_->value(row, field); })) break;
+    if (wanted.passes([&](int field) { return rows_->value(row, field); })) break;
   }
   place_.position = at;
   return reach(at);
 }
 
 void ListCursor::setFilter(std::string_view conditions) {
-  std::optional<RowTest> filter = RowTest::filter(source(), conditions);
+  std::optional<RowCondition> filter = RowCondition::ofFilter(source(), conditions);
   update();
   remember();
   filter_ = std::move(filter);

@@ -89,7 +89,7 @@ class ListCursor : public Cursor, public TransactionParticipant, public std::ena
     std::optional<Edit> edit;
     std::string sort;
     std::vector<SortItem> sortItems;
-    std::optional<RowTest> filter;
+    std::optional<RowCondition> filter;
   };
 
   // Takes in what others added to or removed from the rows.
@@ -123,7 +123,7 @@ class ListCursor : public Cursor, public TransactionParticipant, public std::ena
   std::shared_ptr<const std::vector<RowId>> part_;
   std::string sort_;
   std::vector<SortItem> sortItems_;
-  std::optional<RowTest> filter_;
+  std::optional<RowCondition> filter_;
   mutable Place place_;
   std::optional<Edit> edit_;
   std::optional<Saved> saved_;

@@ -19,7 +19,6 @@ class CellTable {
  public:
   explicit CellTable(std::size_t columns) : columns_(columns) {}
 
-  std::size_t rowCount() const { return rows_; }
   void append();                                                               // a row of nulls
   void append(sqlite3_stmt* statement, const std::vector<ColumnType>& types);  // the row the statement stands on
   Value value(std::size_t row, std::size_t column) const;

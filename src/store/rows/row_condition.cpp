@@ -99,7 +99,8 @@ const char* sqlOf(sql::Comparison comparison) {
 
 }  // namespace
 
-RowTest::Comparison RowTest::bound(const ResultSource& source, const sql::Criterion& criterion, std::string_view text) {
+RowCondition::Comparison RowCondition::bound(const ResultSource& source, const sql::Criterion& criterion,
+                                             std::string_view text) {
   Comparison comparison{.field = source.requireField(criterion.column),
                         .comparison = criterion.comparison,
                         .literal = criterion.literal,
@@ -127,29 +128,29 @@ RowTest::Comparison RowTest::bound(const ResultSource& source, const sql::Criter
   return comparison;
 }
 
-RowTest RowTest::criterion(const ResultSource& source, std::string_view text) {
+RowCondition RowCondition::ofCriterion(const ResultSource& source, std::string_view text) {
   const auto criterion = sql::parseCriterion(text);
   if (!criterion) throw refused(criterion.error(), text);
-  RowTest test;
-  test.text_ = text;
-  test.alternatives_ = {{bound(source, *criterion, text)}};
-  return test;
+  RowCondition condition;
+  condition.text_ = text;
+  condition.alternatives_ = {{bound(source, *criterion, text)}};
+  return condition;
 }
 
-std::optional<RowTest> RowTest::filter(const ResultSource& source, std::string_view text) {
+std::optional<RowCondition> RowCondition::ofFilter(const ResultSource& source, std::string_view text) {
   if (std::ranges::all_of(text, [](unsigned char c) { return std::isspace(c) != 0; })) return std::nullopt;
   const auto filter = sql::parseFilter(text);
   if (!filter) throw refused(filter.error(), text);
-  RowTest test;
-  test.text_ = text;
+  RowCondition condition;
+  condition.text_ = text;
   for (const auto& criteria : filter->alternatives) {
-    auto& comparisons = test.alternatives_.emplace_back();
+    auto& comparisons = condition.alternatives_.emplace_back();
     for (const sql::Criterion& criterion : criteria) comparisons.push_back(bound(source, criterion, text));
   }
-  return test;
+  return condition;
 }
 
-bool RowTest::passes(const std::function<Value(int field)>& valueOf) const {
+bool RowCondition::passes(const std::function<Value(int field)>& valueOf) const {
   auto fits = [&](const Comparison& comparison) {
     const Value value = valueOf(comparison.field);
     if (isNull(value)) return false;
@@ -159,7 +160,8 @@ bool RowTest::passes(const std::function<Value(int field)>& valueOf) const {
   return std::ranges::any_of(alternatives_, [&](const auto& all) { return std::ranges::all_of(all, fits); });
 }
 
-std::string RowTest::sql(const std::function<std::string(int field)>& columnOf, std::vector<Value>& parameters) const {
+std::string RowCondition::sql(const std::function<std::string(int field)>& columnOf,
+                              std::vector<Value>& parameters) const {
   std::string sql;
   for (const auto& alternative : alternatives_) {
     sql += sql.empty() ? "(" : " OR (";

@@ -15,11 +15,11 @@ namespace velmo::store {
 
 // A condition on the fields of a row, as Find takes one and Filter takes several (sql/criterion.h has the language),
 // with its literals made comparable to the fields. Texts compare without regard to case; a null fits nothing.
-class RowTest {
+class RowCondition {
  public:
   // Both throw StoreError (Statement) when the text does not fit, Misuse when there is no such field.
-  static RowTest criterion(const ResultSource& source, std::string_view text);
-  static std::optional<RowTest> filter(const ResultSource& source, std::string_view text);  // nothing for ""
+  static RowCondition ofCriterion(const ResultSource& source, std::string_view text);
+  static std::optional<RowCondition> ofFilter(const ResultSource& source, std::string_view text);  // nothing for ""
 
   const std::string& text() const { return text_; }  // that it was made from
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -14,15 +15,20 @@ namespace velmo::store {
 
 std::string daysTableOf(const KeptTotals& kept);
 std::string monthsTableOf(const KeptTotals& kept);
+std::string yearsTableOf(const KeptTotals& kept);    // of whole groups, where lines are added later
+std::string pendingTableOf(const KeptTotals& kept);  // what is to be added to the others, and with a minus taken off
+std::string stateTableOf(const KeptTotals& kept);    // up to which line they are added later
 
 // A condition, for lines under the name `lines`, that holds for those that are in the totals already, or for those that
 // are not; of totals to which lines are added later.
 enum class Added { Already, NotYet };
 std::string additionTest(const KeptTotals& kept, std::string_view lines, Added added);
-// A condition for lines that are in no totals, whether added or not: KeptTotals says which. Their tables have an index
-// for it. `lines` may be empty, where they are the only table.
+// A condition for lines that count though they are in no totals, whether added or not: KeptTotals says which. Their
+// tables have an index for it. `lines` may be empty, where they are the only table.
 std::string apartTest(const KeptTotals& kept, std::string_view lines);
-// A condition for documents under that name: not excluded and of a group.
+// A condition for lines that are not passed over; "" when none is.
+std::string passedOverTest(const KeptTotals& kept, std::string_view lines);
+// A condition for documents under that name: not excluded, of a group and of a kind.
 std::string countTest(const KeptTotals& kept, std::string_view documents);
 
 // An expression for the month of a day, which is less than any day of that month and greater than any before.
@@ -35,13 +41,17 @@ inline constexpr const char* noDay = "'~'";
 // Throws StoreError.
 void makeKeptTotals(sqlite3* database, const KeptTotals& kept);
 
-// Adds the lines that are not in the totals yet; to be called within a transaction. How many there are.
+// Adds to the totals what is not in them yet: pending amounts and later lines; to be called within a transaction. How
+// many of them there are.
 void addLaterLines(sqlite3* database, const KeptTotals& kept);
 std::int64_t laterLines(sqlite3* database, const KeptTotals& kept);
 
 // Whether tables and triggers are those that makeKeptTotals() makes, the totals of the latest days are those of their
-// lines and the months together are the sum of the days: all that can be told without a wait.
-bool areKept(sqlite3* database, const KeptTotals& kept);
+// lines, and days, months and years have one sum. Sums that are not compared by then are taken for equal.
+bool areKept(sqlite3* database, const KeptTotals& kept,
+             std::chrono::steady_clock::time_point until = std::chrono::steady_clock::time_point::max());
+// Whether days, months and years have one sum.
+bool haveOneSum(sqlite3* database, const KeptTotals& kept);
 // Whether every total is the sum of its lines.
 bool areRight(sqlite3* database, const KeptTotals& kept);
 

@@ -57,9 +57,11 @@ bool createDatabaseFile(const fs::path& file, const Catalog& catalog, std::strin
   return true;
 }
 
-bool mendKeptTotals(Connection& connection, TotalsCheck check) {
+bool mendKeptTotals(Connection& connection, TotalsCheck check, std::chrono::steady_clock::time_point until) {
   Connection::Impl& impl = *connection.impl();
-  const auto areFine = check == TotalsCheck::Latest ? areKept : areRight;
+  const auto areFine = [&](sqlite3* database, const KeptTotals& kept) {
+    return check == TotalsCheck::Latest ? areKept(database, kept, until) : areRight(database, kept);
+  };
   bool mended = false;
   for (const KeptTotals& kept : impl.catalog.keptTotals()) {
     if (areFine(impl.database, kept)) continue;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -23,7 +24,9 @@ bool createDatabaseFile(const std::filesystem::path& file, const Catalog& catalo
 // Which kept totals are looked at: what areKept() can tell without a wait, or all of them (areRight()).
 enum class TotalsCheck { Latest, All };
 // Makes the kept totals of the catalogue again where they are found off, each kind in one transaction. Whether any
-// were. Throws StoreError, of kind Damaged where the structure of the file is not sound: nothing is written then.
-bool mendKeptTotals(Connection& connection, TotalsCheck check = TotalsCheck::Latest);
+// were. Whole sums of `Latest` that are not compared by then are taken for equal. Throws StoreError, of kind Damaged
+// where the structure of the file is not sound: nothing is written then.
+bool mendKeptTotals(Connection& connection, TotalsCheck check = TotalsCheck::Latest,
+                    std::chrono::steady_clock::time_point until = std::chrono::steady_clock::time_point::max());
 
 }  // namespace velmo::store

@@ -41,25 +41,30 @@ struct Table {
 // a balance needs no reading of lines. A line counts while its document is not excluded and has a group, and it has a
 // subject; an amount that is null counts as 0. Amounts are summed up as whole ten-thousandths, which no order of adding
 // and taking away makes drift. A line with an amount of more decimals, or of a hundred billion and more, stands apart
-// from the totals and is read beside them.
+// from the totals and is read beside them. What a changed or deleted line or document takes from them, and brings back,
+// stands beside them as well until a moment without work: its totals lie on as many pages of the file as it has lines.
 struct KeptTotals {
   // When a new line is added to them: as it is written, or with others in a moment without work, which spares a
-  // document of many lines the time. What is not added yet is read from the lines.
+  // document of many lines the time. What is not added yet is read from the lines. Totals that are added to later are
+  // kept of whole groups, too.
   enum class Adds { AtOnce, Later };
   enum class Subject { Number, Text };
 
-  std::string name;       // the tables are "<name>Days" and "<name>Months"
+  std::string name;       // the tables are "<name>Days", "<name>Months", "<name>Years" and "<name>Pending"
   std::string documents;  // a table
   std::string key;        // its key, a single whole number
   std::string group;      // columns of it: a whole number, a date, and Yes/No of which each one excludes
   std::string day;
   std::vector<std::string> excluded;
-  std::string lines;    // a table that relates to the documents
-  std::string lineKey;  // its key, an AutoNumber
-  std::string link;     // columns of it: to the documents' key, what is summed up for, and the amounts
+  std::string kind = {};  // one more column of it or none, a whole number: sums are kept by it as well
+  std::string lines;      // a table that relates to the documents
+  std::string lineKey;    // its key, an AutoNumber
+  std::string link;       // columns of it: to the documents' key, what is summed up for, and the amounts
   std::string subject;
   Subject subjectType = Subject::Number;
   std::vector<std::string> amounts;
+  // One of the amounts or none: lines without it are passed over, and those that lack another amount stand apart.
+  std::string counted = {};
   Adds adds = Adds::AtOnce;
 };
 

@@ -1,5 +1,7 @@
 #include "vouchers/journal/find_journals.h"
 
+#include "frame/document/find_columns.h"
+
 namespace velmo::vouchers {
 
 frame::FindType findJournals() {
@@ -15,16 +17,8 @@ frame::FindType findJournals() {
                       {"Date", "Transactions.TranDate", OnDay},
                       {"Description", "Transactions.Desc", Contains, "Give remarks / description to find."},
                       {"Amount", "Transactions.TrAmount", Number, "Give amount paid to find."}},
-          .result = {{.caption = "Serial No.", .field = "DocNo", .alignment = Right, .width = 9},
-                     {.caption = "Date", .field = "TranDate", .format = "dd-mm-yyyy", .width = 10},
-                     {.caption = "Description", .field = "Desc", .width = 44},
-                     {.caption = "Amount", .field = "TrAmount", .format = "0.00;(0.00)", .alignment = Right},
-                     {.caption = "Employee", .field = "EmpName", .width = 18},
-                     {.caption = "Status", .field = "CStatus", .width = 10},
-                     {.caption = "Added By", .field = "AddedBy", .width = 14},
-                     {.caption = "Time Added", .field = "TimeAdded", .format = frame::momentFormat, .width = 19},
-                     {.caption = "Edited By", .field = "EditedBy", .width = 14},
-                     {.caption = "Time Edited", .field = "TimeEdited", .format = frame::momentFormat, .width = 19}},
+          .result = frame::findColumns(
+              {{.caption = "Description", .field = "Desc", .width = 44}, frame::findAmount("Amount", "TrAmount")}),
           .location = frame::FindLocation::None};
 }
 

@@ -1,14 +1,12 @@
 #include "vouchers/settlement/find_settlements.h"
 
+#include "frame/document/find_columns.h"
+
 namespace velmo::vouchers {
 
 namespace {
 
 using enum frame::FindCondition;
-using enum forms::ColumnAlignment;
-
-constexpr const char* day = "dd-mm-yyyy";
-constexpr const char* money = "0.00;(0.00)";
 
 // These documents stand at no location of stock.
 constexpr std::string_view select =
@@ -39,15 +37,10 @@ std::vector<frame::FindColumn> searched(const SettlementKind& kind) {
   return columns;
 }
 
-forms::TableColumn amount(const char* caption, const char* field) {
-  return {.caption = caption, .field = field, .format = money, .alignment = Right};
-}
-
 std::vector<forms::TableColumn> found(const SettlementKind& kind) {
+  using frame::findAmount;
   const bool receipt = isReceipt(kind);
   std::vector<forms::TableColumn> columns = {
-      {.caption = "Serial No.", .field = "DocNo", .alignment = Right, .width = 9},
-      {.caption = "Date", .field = "TranDate", .format = day, .width = 10},
       {.caption = receipt ? "Customer Name" : "Vendor Name", .field = "Text1", .width = 28},
       {.caption = std::string(kind.accountCaption), .field = "Text2", .width = 18}};
   if (kind.by == PaidBy::Cheque) {
@@ -55,21 +48,13 @@ std::vector<forms::TableColumn> found(const SettlementKind& kind) {
     columns.push_back({.caption = "Dated", .field = "D1Date", .width = 10});
     if (receipt) columns.push_back({.caption = "Cheque Bank", .field = "Text4", .width = 16});
   }
-  columns.insert(columns.end(),
-                 {amount(receipt ? "Amount Received" : "Amount Paid", "Received"), amount("W.H. Tax", "Carriage"),
-                  amount("Advance Adj.", "AdditionalTax"), amount("Discount", "Discount"), amount("Total", "TrAmount"),
-                  amount("Prepayment", "Balance")});
-  const forms::TableColumn last[] = {
-      {.caption = receipt ? "Receipt Type" : "Payment Type", .field = "Nature", .width = 16},
-      {.caption = "Remarks", .field = "Desc", .width = 20},
-      {.caption = "Employee", .field = "EmpName", .width = 18},
-      {.caption = "Status", .field = "CStatus", .width = 10},
-      {.caption = "Added By", .field = "AddedBy", .width = 14},
-      {.caption = "Time Added", .field = "TimeAdded", .format = frame::momentFormat, .width = 19},
-      {.caption = "Edited By", .field = "EditedBy", .width = 14},
-      {.caption = "Time Edited", .field = "TimeEdited", .format = frame::momentFormat, .width = 19}};
-  columns.insert(columns.end(), std::begin(last), std::end(last));
-  return columns;
+  columns.insert(columns.end(), {findAmount(receipt ? "Amount Received" : "Amount Paid", "Received"),
+                                 findAmount("W.H. Tax", "Carriage"), findAmount("Advance Adj.", "AdditionalTax"),
+                                 findAmount("Discount", "Discount"), findAmount("Total", "TrAmount"),
+                                 findAmount("Prepayment", "Balance")});
+  columns.push_back({.caption = receipt ? "Receipt Type" : "Payment Type", .field = "Nature", .width = 16});
+  columns.push_back({.caption = "Remarks", .field = "Desc", .width = 20});
+  return frame::findColumns(columns);
 }
 
 std::string_view titleOf(const SettlementKind& kind) {

@@ -249,13 +249,11 @@ void PendingScreen::pick() {
 std::optional<PendingItem> choosePending(const SettlementKind& kind, std::int64_t partyCode,
                                          const std::string& partyName, session::Workplace& workplace, QWidget* parent) {
   std::optional<PendingScreen> screen;
-  try {
-    const forms::WaitCursor wait;
-    screen.emplace(kind, partyCode, partyName, workplace, parent);
-  } catch (const store::StoreError& error) {
-    workplace.prompts.tell("Cannot Show", error.what());
+  if (!workplace.attempt("Cannot Show", [&] {
+        const forms::WaitCursor wait;
+        screen.emplace(kind, partyCode, partyName, workplace, parent);
+      }))
     return std::nullopt;
-  }
   screen->exec();
   return screen->picked();
 }

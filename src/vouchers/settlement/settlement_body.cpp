@@ -168,12 +168,10 @@ std::int64_t SettlementBody::partyCode() const {
 void SettlementBody::partyChanged() {
   session::LoginContext& context = place_.workplace.context;
   store::Recordset pending;
-  try {
+  place_.workplace.attempt("Cannot Show", [&] {
     if (!card_->party().name.empty())
       pending.open(context.KORDconn, pendingStatement(kind_, partyCode(), context.FYID), store::LockType::ReadOnly);
-  } catch (const store::StoreError& error) {
-    place_.workplace.prompts.tell("Cannot Show", error.what());
-  }
+  });
   AgingGrid_->sheet().setPending(std::move(pending));
 }
 

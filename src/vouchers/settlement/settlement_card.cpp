@@ -178,12 +178,10 @@ void SettlementCard::setParty(const std::string& code) {
 
 std::string SettlementCard::balanceOf(const AccountRow& row) const {
   frame::PartyBalance found;
-  try {
+  workplace_.attempt("Cannot Show Balance", [&] {
     if (const auto& account = row.code->account())
       found = frame::partyBalance(workplace_.context.KORDconn, account->code, workplace_.context.FYID);
-  } catch (const store::StoreError& error) {
-    workplace_.prompts.tell("Cannot Show Balance", error.what());
-  }
+  });
   return found.shown;
 }
 

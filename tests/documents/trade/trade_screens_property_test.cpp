@@ -42,7 +42,7 @@ class Desk {
       : kind_(kind),
         random_(static_cast<unsigned>(kind.tranType)),
         screen_(shop_, {.voucher = [](session::Workplace&, std::int64_t, QWidget*) {}}, kind.make) {
-    shop_.prompts.anything.emplace();
+    shop_.prompts.listen();
   }
 
   void step() {
@@ -150,8 +150,8 @@ class Desk {
       if (const auto* box = screen_.widget().findChild<QLineEdit*>(reference); box && box->text().isEmpty())
         type(reference, "12");
     const int number = std::stoi("0" + screen_.text("DocNo"));
-    shop_.clock.time.second += 1;
-    shop_.prompts.anything.emplace();
+    shop_.clock.moment.second += 1;
+    shop_.prompts.listen();
     const std::string net = screen_.text("NetTotal");
     const bool cancelled = screen_.find<QCheckBox>("CancelOption").isChecked();
     screen_.press(command);
@@ -162,7 +162,7 @@ class Desk {
     QApplication::processEvents();
     const Rows found = plainTexts(
         file_, "select TranNo from Transactions where TranType = " + std::to_string(kind_.tranType) +
-                   " and DocNo = " + std::to_string(number) + " and TimeEdited = '" + shop_.clock.time.iso() + "'");
+                   " and DocNo = " + std::to_string(number) + " and TimeEdited = '" + shop_.clock.moment.iso() + "'");
     if (found.empty()) return expectRefused(text::amountFrom(net));
     const std::string before = shown_ == 0 ? found.front() : documents_[shown_].tranNo;
     EXPECT_EQ(found.front(), before) << "a shown document stays the same";
@@ -177,8 +177,8 @@ class Desk {
 
   // Not for a third decimal: only what comes to less than nothing cannot be posted.
   void expectRefused(double net) {
-    ASSERT_FALSE(shop_.prompts.anything->empty());
-    const std::string& why = shop_.prompts.anything->back();
+    ASSERT_FALSE(shop_.prompts.told.empty());
+    const std::string& why = shop_.prompts.told.back().text;
     EXPECT_TRUE(net < 0 || why.find("do not balance") == std::string::npos) << why;
     ++refusals[why.substr(0, 4)];
     expectOthersUntouched();

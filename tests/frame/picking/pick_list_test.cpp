@@ -18,7 +18,7 @@ class PickListOfItems : public test::Shop {
   std::vector<std::string> narrowed(const std::string& typed) {
     list.narrow(typed);
     std::vector<std::string> keys;
-    for (int i = 0; i < list.size(); ++i) keys.emplace_back(list.key(i));
+    for (int i = 0; i < list.sizeUpTo(i + 1); ++i) keys.emplace_back(list.key(i));
     return keys;
   }
   std::vector<std::string> byStatement(const std::string& typed) {

@@ -15,7 +15,7 @@ using Texts = std::vector<std::string>;
 class AccBalancesOutput : public test::BalancesDesk {};
 
 TEST_F(AccBalancesOutput, PrintsWhatItShows) {
-  sit(makeAccBalances);
+  open(makeAccBalances);
   setPeriod("2026-10-01", "2026-11-22");
   const auto print = [&] {
     click("PrintBttn");
@@ -48,7 +48,7 @@ TEST_F(AccBalancesOutput, PrintsWhatItShows) {
 
 // Mills and the quiet customer close at zero: what they moved stands below the totals, on the page of the totals alone.
 TEST_F(AccBalancesOutput, PrintsTheSettledAccountsBelowTheTotalsOfAllAccounts) {
-  sit(makeAccBalances);
+  open(makeAccBalances);
   setPeriod("2026-12-01", "2026-12-31");
   const auto print = [&] {
     click("PrintBttn");
@@ -77,7 +77,7 @@ TEST_F(AccBalancesOutput, PrintsTheSettledAccountsBelowTheTotalsOfAllAccounts) {
 }
 
 TEST_F(AccBalancesOutput, SavesTheColumnsThatAreShown) {
-  sit(makeAccBalances);
+  open(makeAccBalances);
   setPeriod("2026-10-01", "2026-11-22");
   range("11001001", "21001002");
   files.name = (company.folder() / "trial.xlsx").string();

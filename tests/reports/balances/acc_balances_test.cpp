@@ -52,7 +52,7 @@ class AccBalances : public test::BalancesDesk {
 };
 
 TEST_F(AccBalances, ShowsOpeningMovementAndClosingInSixColumnsOrTwo) {
-  sit(makeAccBalances);
+  open(makeAccBalances);
   EXPECT_EQ(dialog->windowTitle(), "Trial Balance");
   EXPECT_EQ(control<forms::DatePicker>("BalDt_0").day(), context->FinancialYearStart);
   EXPECT_EQ(control<forms::DatePicker>("BalDt_1").day(), clock.today());
@@ -82,7 +82,7 @@ TEST_F(AccBalances, ShowsOpeningMovementAndClosingInSixColumnsOrTwo) {
 // Summed up again from the bare lines, account by account: opening, debits and credits of all, and of those that closed
 // at zero.
 TEST_F(AccBalances, TheSettledAccountsBelowTheTotalsMakeTheColumnsAgree) {
-  sit(makeAccBalances);
+  open(makeAccBalances);
   const auto visible = [&] { return control<QWidget>("LedgerSettled").isVisible(); };
   EXPECT_FALSE(visible()) << "nothing was shown yet";
   const auto cents = [](const std::string& text) {
@@ -133,7 +133,7 @@ TEST_F(AccBalances, TheSettledAccountsBelowTheTotalsMakeTheColumnsAgree) {
 }
 
 TEST_F(AccBalances, ThePeriodLiesWithinTheYear) {
-  sit(makeAccBalances);
+  open(makeAccBalances);
   setPeriod("2020-01-01", "2026-10-01");
   EXPECT_THAT(view(), ElementsAre("10001001|Cash in Hand|0.00|Debit|500.25|0.00|500.25|Debit",
                                   "12001002|O'Brien & Sons|0.00|Debit|1000.00|0.00|1000.00|Debit",
@@ -152,7 +152,7 @@ TEST_F(AccBalances, ThePeriodLiesWithinTheYear) {
 }
 
 TEST_F(AccBalances, TakesTheAccountsOfTheSelection) {
-  sit(makeAccBalances);
+  open(makeAccBalances);
   setPeriod("2026-10-01", "2026-11-22");
   choose("SelectOpt");
   chooseEntry("Acc", 110);
@@ -178,7 +178,7 @@ TEST_F(AccBalances, TakesTheAccountsOfTheSelection) {
 }
 
 TEST_F(AccBalances, EachSelectionHasItsOwnInputs) {
-  sit(makeAccBalances);
+  open(makeAccBalances);
   const auto enabled = [&] {
     Texts names;
     for (const char* name : {"Acc", "SubTypeOpt", "SubList", "CodeFrom", "CodeTo"})
@@ -200,7 +200,7 @@ TEST_F(AccBalances, EachSelectionHasItsOwnInputs) {
 
 TEST_F(AccBalances, SaysWhatIsMissingAndLeavesTheBooksAlone) {
   const std::string before = closingStock();
-  sit(makeAccBalances);
+  open(makeAccBalances);
   const auto refuse = [&](const char* title, const std::string& text, const char* focus) {
     for (const auto& [button, verb] : {std::pair("ViewBttn", "view"), {"PrintBttn", "print"}, {"ExcelBttn", "view"}}) {
       std::string said = text;
@@ -228,7 +228,7 @@ TEST_F(AccBalances, SaysWhatIsMissingAndLeavesTheBooksAlone) {
 
 TEST_F(AccBalances, EveryShowingRewritesTheClosingStock) {
   stockUp();
-  sit(makeAccBalances);
+  open(makeAccBalances);
   EXPECT_TRUE(context->Costs.areArmed());
   setPeriod("2026-01-01", "2026-10-31");
   EXPECT_THAT(view(), Contains("13001001|Closing Inventory|0.00|Debit|25.00|0.00|25.00|Debit"));
@@ -252,11 +252,11 @@ TEST_F(AccBalances, EveryShowingRewritesTheClosingStock) {
 }
 
 TEST_F(AccBalances, ADoubleClickOpensTheLedger) {
-  sit(makeAccBalances);
+  open(makeAccBalances);
   setPeriod("2026-10-01", "2026-11-22");
   view();
   doubleClick("DetailGrid", 2);
-  EXPECT_EQ(opener.opened, "AccLedgers");
+  EXPECT_EQ(screens.opened, "AccLedgers");
   EXPECT_TRUE(context->OpenLedgerFlag);
   EXPECT_EQ(context->OpenLedgerAccCode, 12001002);
   context->OpenLedgerFlag = false;
@@ -269,12 +269,12 @@ TEST_F(AccBalances, ADoubleClickOpensTheLedger) {
   prompts.expect("Not Allowed", "You do not have access to " +
                                     rows("select RightType from userrights where rightid=240").text("RightType"));
   doubleClick("DetailGrid2", 0);
-  EXPECT_EQ(opener.opened, "");
+  EXPECT_EQ(screens.opened, "");
   EXPECT_FALSE(context->OpenLedgerFlag);
 }
 
 TEST_F(AccBalances, IsUsedWithTheKeyboardAlone) {
-  sit(makeAccBalances);
+  open(makeAccBalances);
   test::focus(control<QWidget>("ViewBttn"));
   test::press(control<QWidget>("ViewBttn"), Qt::Key_Space);
   EXPECT_TRUE(control<QWidget>("ViewBttn").hasFocus()) << "the button was disabled meanwhile";
@@ -290,7 +290,7 @@ TEST_F(AccBalances, IsUsedWithTheKeyboardAlone) {
 
 TEST_F(AccBalances, AFullDiskIsToldAndLeavesTheScreenReady) {
   stockUp();
-  sit(makeAccBalances);
+  open(makeAccBalances);
   const std::string before = closingStock();
   prompts.expect("Cannot Show",
                  "The disk that holds \"Uninstall/Uninstall.MDB\" reported an error (disk I/O error). "

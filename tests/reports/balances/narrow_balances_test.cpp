@@ -45,7 +45,7 @@ class NarrowBalances : public test::BalancesDesk {
 
 TEST_F(NarrowBalances, CustomersHaveSixColumnsWithoutTouchingTheStock) {
   const std::string day = closingStockDay();
-  sit(makeCustomerBalances);
+  open(makeCustomerBalances);
   EXPECT_EQ(dialog->windowTitle(), "Customers' Balances");
   EXPECT_FALSE(context->Costs.areArmed());
   EXPECT_EQ(control<forms::DatePicker>("BalDt_0").day(), context->FinancialYearStart);
@@ -69,7 +69,7 @@ TEST_F(NarrowBalances, CustomersHaveSixColumnsWithoutTouchingTheStock) {
 }
 
 TEST_F(NarrowBalances, TickedBoxesNarrowTheCustomersTogether) {
-  sit(makeCustomerBalances);
+  open(makeCustomerBalances);
   struct Case {
     const char* box;
     const char* list;
@@ -104,7 +104,7 @@ TEST_F(NarrowBalances, TickedBoxesNarrowTheCustomersTogether) {
 }
 
 TEST_F(NarrowBalances, ATickedBoxWantsAChoiceFromItsList) {
-  sit(makeCustomerBalances);
+  open(makeCustomerBalances);
   const auto refuse = [&](const char* title, const char* text, const char* focus) {
     for (const char* button : {"ViewBttn", "PrintBttn", "ExcelBttn"}) {
       prompts.expect(title, text);
@@ -130,7 +130,7 @@ TEST_F(NarrowBalances, ATickedBoxWantsAChoiceFromItsList) {
 }
 
 TEST_F(NarrowBalances, VendorsMayBeOfOneType) {
-  sit(makeVendorBalances);
+  open(makeVendorBalances);
   EXPECT_EQ(dialog->windowTitle(), "Vendors' Balances");
   setPeriod("2026-10-22", "2026-11-22");
   EXPECT_THAT(view(), ElementsAre("21001002|Mills|0.00|Debit|0.00|640.10|640.10|Credit",
@@ -148,7 +148,7 @@ TEST_F(NarrowBalances, VendorsMayBeOfOneType) {
 }
 
 TEST_F(NarrowBalances, CashAndBanksStandTogether) {
-  sit(makeCashBalances);
+  open(makeCashBalances);
   EXPECT_EQ(dialog->windowTitle(), "Cash & Bank Balances");
   setPeriod("2026-10-15", "2026-12-31");
   EXPECT_THAT(view(), ElementsAre("10001001|Cash in Hand|500.25|Debit|0.00|0.00|500.25|Debit",

@@ -163,7 +163,7 @@ TEST_F(AccLedgers, AnotherScreenOpensItOnAnAccount) {
   click("ViewBttn");
   context->OpenLedgerFlag = true;
   context->OpenLedgerAccCode = 40001009;
-  QMetaObject::invokeMethod(dialog.get(), "ShowLedger");
+  dynamic_cast<session::Reopened&>(*dialog).reopen();
   EXPECT_FALSE(control<QCheckBox>("DateOpt").isChecked());
   EXPECT_EQ(read("Acc"), "Shop Sales");
   EXPECT_THAT(broughtForward(), ElementsAre("", "", ""));

@@ -63,40 +63,33 @@ TEST_F(DailyJournal, ListsDebitsBeforeCreditsAndCancelledDocumentsToo) {
 // What a double click does is the same on every report.
 TEST_F(DailyJournal, ADoubleClickOpensTheDocument) {
   trade();
-  class Screens : public session::ScreenOpener {
-   public:
-    bool openScreen(std::string_view name) override { return opened = name, true; }
-    bool openDialog(std::string_view) override { return false; }
-    bool hasScreen(std::string_view name) const override { return name != "PurchaseBillsSimple"; }
-    std::string opened;
-  } opener;
-  session::Workplace there{*context, clock, prompts, files, opener};
-  dialog.reset(makeDailyJournal(there, nullptr));
+  screens.known = {"SaleInvoicesSimple", "OpeningBalancesAcc"};
+  open(makeDailyJournal);
   setPeriod("2026-11-21", "2026-11-22");
   click("ViewBttn");
   auto& journal = control<QTableView>("GJGrid");
-  const auto open = [&](int row) {
+  const auto openRow = [&](int row) {
     context->OpenTranNo = 0;
     context->OpenTranFlag = false;
-    opener.opened.clear();
+    screens.opened.clear();
     Q_EMIT journal.doubleClicked(journal.model()->index(row, 0));
   };
-  open(3);
-  EXPECT_EQ(opener.opened, "SaleInvoicesSimple");
+  openRow(3);
+  EXPECT_EQ(screens.opened, "SaleInvoicesSimple");
   EXPECT_EQ(context->OpenTranNo, sale_);
   EXPECT_TRUE(context->OpenTranFlag);
-  open(0);
-  EXPECT_EQ(opener.opened, "OpeningBalancesAcc");
+  openRow(0);
+  EXPECT_EQ(screens.opened, "OpeningBalancesAcc");
   EXPECT_FALSE(context->OpenTranFlag) << "opening balances have no number";
   prompts.expect("Cannot Open", "The screen of this document, PurchaseBillsSimple, is not part of this program.");
-  open(1);
-  EXPECT_EQ(opener.opened, "");
+  openRow(1);
+  EXPECT_EQ(screens.opened, "");
   context->UserID = 3;
   context->KORDconn.execute("UPDATE UserRights SET operator2 = Yes WHERE RightID = 94");
   const store::Recordset right = rows("select RightType from userrights where rightid=94");
   prompts.expect("Not Allowed", "You do not have access to " + right.text("RightType"));
-  open(3);
-  EXPECT_EQ(opener.opened, "");
+  openRow(3);
+  EXPECT_EQ(screens.opened, "");
   EXPECT_FALSE(context->OpenTranFlag);
 }
 

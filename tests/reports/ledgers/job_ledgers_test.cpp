@@ -50,7 +50,7 @@ class JobLedgers : public test::BalancesDesk {
 };
 
 TEST_F(JobLedgers, ShowsTheJobAndTheLinesThatCiteIt) {
-  sit(makeJobLedgers);
+  open(makeJobLedgers);
   EXPECT_EQ(dialog->windowTitle(), "Jobs Ledgers");
   auto& list = control<QComboBox>("JobList");
   EXPECT_EQ(list.itemText(0), "7 (Quay)");
@@ -77,11 +77,11 @@ TEST_F(JobLedgers, ShowsTheJobAndTheLinesThatCiteIt) {
 }
 
 TEST_F(JobLedgers, ADoubleClickOpensTheDocument) {
-  sit(makeJobLedgers);
+  open(makeJobLedgers);
   chooseEntry("JobList", roof_);
   click("ViewBttn");
   doubleClick("LedgerGrid", 3);
-  EXPECT_EQ(opener.opened, "SaleInvoicesSimple");
+  EXPECT_EQ(screens.opened, "SaleInvoicesSimple");
   EXPECT_TRUE(context->OpenTranFlag);
   EXPECT_EQ(context->OpenTranNo, invoice_);
   context->OpenTranFlag = false;
@@ -90,13 +90,13 @@ TEST_F(JobLedgers, ADoubleClickOpensTheDocument) {
   prompts.expect("Not Allowed", "You do not have access to " +
                                     rows("select RightType from userrights where rightid=59").text("RightType"));
   doubleClick("LedgerGrid", 0);
-  EXPECT_EQ(opener.opened, "");
+  EXPECT_EQ(screens.opened, "");
   EXPECT_FALSE(context->OpenTranFlag);
 }
 
 TEST_F(JobLedgers, AJobWithoutDocumentsIsEmpty) {
   context->KORDconn.execute("INSERT INTO Jobs (JobNo, JobDesc, Status) VALUES (9, 'Idle', No)");
-  sit(makeJobLedgers);
+  open(makeJobLedgers);
   chooseEntry("JobList", rows("select JobID from Jobs where JobNo=9").value("JobID"));
   EXPECT_THAT(view("LedgerGrid"), IsEmpty());
   EXPECT_EQ(read("TotalDr") + " " + read("TotalCr") + " " + read("Balance"), "0.00 0.00 0.00");

@@ -1,5 +1,7 @@
 #include "reports/ledgers/running_balances.h"
 
+#include <sqlite3.h>
+
 #include <array>
 #include <cmath>
 #include <map>
@@ -103,32 +105,62 @@ TEST_F(RunningBalances, StandBehindEveryLineOfTheYear) {
   EXPECT_EQ(stored(), moved);
 }
 
-TEST_F(RunningBalances, WorkThatIsStoppedOrFailsChangesNothing) {
+// It goes in stretches, of which each is written whole or not at all.
+TEST_F(RunningBalances, WorkThatIsStoppedOrFailsKeepsWhatIsWritten) {
   trade(3000);
   const ByLine before = stored();
-  ASSERT_GT(before.size(), 8192U) << "the work reports too seldom to be stopped";
-  std::vector<std::int64_t> told;
+  const ByLine wanted = expected();
+  ASSERT_GT(wanted.size(), 8192U) << "the work reports too seldom to be stopped";
   store::Connection& books = context->KORDconn;
+  constexpr int pagesAtOnce = 100;
+  constexpr std::int32_t linesOfStretch = pagesAtOnce * 25;
   const auto stopAt = [&](std::size_t report) {
-    told.clear();
-    return writeRunningBalances(books, context->FYID, [&](std::int64_t lines) {
-      told.push_back(lines);
-      return told.size() < report;
-    });
+    std::size_t told = 0;
+    return writeRunningBalances(
+        books, context->FYID, [&](std::int64_t) { return ++told < report; }, pagesAtOnce);
   };
-  for (const std::size_t report : {1, 3}) {
-    EXPECT_FALSE(stopAt(report));
-    EXPECT_EQ(told.size(), report);
-    EXPECT_FALSE(books.inTransaction());
-    EXPECT_EQ(stored(), before) << "stopped at report " << report;
-  }
-  EXPECT_GT(told.back(), static_cast<std::int64_t>(expected().size())) << "no stop was among the writes";
+  EXPECT_FALSE(stopAt(1));
+  EXPECT_EQ(stored(), before) << "it was stopped as it read";
+  std::size_t report = 2;
+  while (stored() == before) ASSERT_FALSE(stopAt(report++));
+  EXPECT_FALSE(books.inTransaction());
   {
     const test::SmallDisk disk(4096);
-    EXPECT_THROW(writeRunningBalances(books, context->FYID), store::StoreError);
+    EXPECT_THROW(writeRunningBalances(books, context->FYID, {}, pagesAtOnce), store::StoreError);
   }
   EXPECT_FALSE(books.inTransaction());
-  EXPECT_EQ(stored(), before) << "the disk was full";
+  std::map<std::int64_t, bool> writtenBy;  // stretch
+  for (const auto& [serial, balance] : stored()) {
+    const bool changes = !(before.at(serial) == wanted.at(serial));
+    EXPECT_TRUE(balance == wanted.at(serial) || balance == before.at(serial)) << serial;
+    if (!changes) continue;
+    const auto [stretch, isFirst] = writtenBy.try_emplace(serial / linesOfStretch, balance == wanted.at(serial));
+    EXPECT_EQ(stretch->second, balance == wanted.at(serial)) << serial << " is apart from its stretch";
+  }
+  EXPECT_TRUE(writeRunningBalances(books, context->FYID, {}, pagesAtOnce));
+  EXPECT_EQ(stored(), wanted) << "the next pass goes on";
+}
+
+// What another program posts meanwhile is found at the end.
+TEST_F(RunningBalances, AreRightBesideWhatOthersWrite) {
+  trade(3000);
+  sqlite3* other = nullptr;
+  ASSERT_EQ(SQLITE_OK, sqlite3_open("Uninstall/Uninstall.MDB", &other));
+  const std::string change =
+      "UPDATE SubTransactions SET Debit = 7, Credit = NULL WHERE Serial = (SELECT min(Serial) FROM "
+      "SubTransactions WHERE TranNo > 1000 AND AccCode = " +
+      std::to_string(accounts[0]) + ")";
+  bool changed = false;
+  EXPECT_TRUE(writeRunningBalances(
+      context->KORDconn, context->FYID,
+      [&](std::int64_t) {
+        changed = changed || sqlite3_exec(other, change.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
+        return true;
+      },
+      20));
+  sqlite3_close(other);
+  EXPECT_TRUE(changed);
+  EXPECT_EQ(stored(), expected());
 }
 
 }  // namespace

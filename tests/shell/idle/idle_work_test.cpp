@@ -8,11 +8,10 @@
 #include <QStatusBar>
 #include <QTableView>
 
-#include "session/login.h"
 #include "session/settings.h"
 #include "shell/idle/status_note.h"
 #include "shell/login/login_form.h"
-#include "shell/window/main_shell.h"
+#include "shell/open_shell.h"
 #include "shell/window/screen_windows.h"
 #include "support/damage.h"
 #include "support/new_company.h"
@@ -27,38 +26,19 @@ namespace fs = std::filesystem;
 using session::settings::LastRound;
 using test::waitFor;
 
-class SetClock : public session::Clock {
- public:
-  text::DateTime now() const override { return moment; }
-  text::DateTime moment = text::DateTime::fromCalendar(2026, 11, 22, 9, 30);
-};
-
-class NoFiles : public session::FileChooser {
- public:
-  std::string openFile(const std::string&, const std::string&, const std::string&) override { return {}; }
-  std::string saveFile(const std::string&, const std::string&, const std::string&) override { return {}; }
-};
-
 class IdleShell : public testing::Test {
  protected:
+  IdleShell() { clock_.moment = text::DateTime::fromCalendar(2026, 11, 22, 9, 30); }
   ~IdleShell() override { shell_.reset(); }
 
   void open(const schema::FileState& state = {}, int userId = 1) {
-    auto context = std::make_unique<session::LoginContext>(schema::companyCatalog());
-    {
-      store::Connection connection(schema::companyCatalog());
-      connection.open(schema::plainConnectionString);
-      if (!state.damage.empty()) connection.refuseWriting();
-      session::fillLoginContext(*context, session::LoginRecords(connection));
-    }
-    context->UserID = userId;
-    shell_ = std::make_unique<Parent>(std::move(context), Surroundings{.clock = clock_,
-                                                                       .prompts = prompts_,
-                                                                       .files = files_,
-                                                                       .programFolder = company_.folder(),
-                                                                       .screenWidth = 1920,
-                                                                       .file = state});
-    shell_->show();
+    shell_ = openShell({.clock = clock_,
+                        .prompts = prompts_,
+                        .files = files_,
+                        .programFolder = company_.folder(),
+                        .screenWidth = 1920,
+                        .file = state},
+                       userId);
   }
   bool close() {
     shell_->SkipBackUpPrompt = true;
@@ -93,9 +73,9 @@ class IdleShell : public testing::Test {
   test::NewCompany company_;
   const fs::path file_ = company_.folder() / "Uninstall" / "Uninstall.MDB";
   test::QueuedPrompts prompts_;
-  SetClock clock_;
-  NoFiles files_;
-  std::unique_ptr<Parent> shell_;
+  test::SetClock clock_;
+  test::NamedFile files_;
+  std::unique_ptr<MainShell> shell_;
   std::int64_t lastTranNo_ = 900;
 };
 

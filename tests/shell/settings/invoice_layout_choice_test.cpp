@@ -4,7 +4,7 @@
 
 #include "documents/invoice_company.h"
 #include "printing/preview_window.h"
-#include "shell/window/main_shell.h"
+#include "shell/open_shell.h"
 #include "shell/window/screen_windows.h"
 
 namespace velmo::shell {
@@ -20,15 +20,12 @@ class InvoiceLayoutChoice : public testing::Test {
       test::InvoiceScreen screen(shop_);
       screen.saveInvoice("12001002");
     }
-    auto context = std::make_unique<session::LoginContext>(schema::companyCatalog());
-    session::fillLoginContext(*context, session::LoginRecords(shop_.context.KORDconn));
-    shell_ = std::make_unique<Parent>(std::move(context), Surroundings{.clock = shop_.clock,
-                                                                       .prompts = shop_.prompts,
-                                                                       .files = shop_.files,
-                                                                       .programFolder = shop_.company.folder(),
-                                                                       .screenWidth = 1920});
+    shell_ = openShell({.clock = shop_.clock,
+                        .prompts = shop_.prompts,
+                        .files = shop_.files,
+                        .programFolder = shop_.company.folder(),
+                        .screenWidth = 1920});
     shell_->SkipBackUpPrompt = true;
-    shell_->show();
     showInvoice();
     screen_ = shell_->screens().openWindow("SaleInvoicesSimple");
   }
@@ -78,7 +75,7 @@ class InvoiceLayoutChoice : public testing::Test {
   }
 
   test::InvoiceCompany shop_;
-  std::unique_ptr<Parent> shell_;
+  std::unique_ptr<MainShell> shell_;
   QWidget* screen_ = nullptr;
 };
 

@@ -144,20 +144,12 @@ TEST_F(LogoAndBackUp, AboutSavesAWorkingCopy) {
   std::int64_t records = 0;
   for (const store::Table& table : schema::companyCatalog().tables())
     records += rows("select count(*) as N from [" + table.name + "]").integer("N");
-  session::Prompt told;
-  class Listening : public session::Prompts {
-   public:
-    session::Answer ask(const session::Prompt& prompt) override {
-      seen = prompt;
-      return session::Answer::Ok;
-    }
-    session::Prompt seen;
-  } listening;
-  session::Workplace quiet{*context, clock, listening, files, screens};
-  saveDirectBackUp(quiet, {});
-  EXPECT_EQ(listening.seen.title, "Back-Up");
-  EXPECT_NE(listening.seen.text.find("saved and checked: " + std::to_string(records) + " records"), std::string::npos)
-      << listening.seen.text;
+  prompts.listen();
+  saveDirectBackUp(*workplace, {});
+  EXPECT_EQ(prompts.told.at(0).title, "Back-Up");
+  EXPECT_NE(prompts.told.at(0).text.find("saved and checked: " + std::to_string(records) + " records"),
+            std::string::npos)
+      << prompts.told.at(0).text;
   EXPECT_EQ(session::setting(context->KORDconn, session::settings::BackUpPlace), copy.string());
   EXPECT_EQ(session::setting(context->KORDconn, session::settings::BackUpTime), clock.now().iso());
   counting.open(schema::connectionStringFor(copy));

@@ -5,7 +5,7 @@
 
 #include "documents/invoice_company.h"
 #include "frame/items/item_grid.h"
-#include "shell/window/main_shell.h"
+#include "shell/open_shell.h"
 #include "shell/window/screen_windows.h"
 
 namespace velmo::shell {
@@ -15,15 +15,12 @@ namespace {
 class NewMasters : public testing::Test {
  protected:
   NewMasters() {
-    auto context = std::make_unique<session::LoginContext>(schema::companyCatalog());
-    session::fillLoginContext(*context, session::LoginRecords(shop_.context.KORDconn));
-    shell_ = std::make_unique<Parent>(std::move(context), Surroundings{.clock = shop_.clock,
-                                                                       .prompts = shop_.prompts,
-                                                                       .files = shop_.files,
-                                                                       .programFolder = shop_.company.folder(),
-                                                                       .screenWidth = 1920});
+    shell_ = openShell({.clock = shop_.clock,
+                        .prompts = shop_.prompts,
+                        .files = shop_.files,
+                        .programFolder = shop_.company.folder(),
+                        .screenWidth = 1920});
     shell_->SkipBackUpPrompt = true;
-    shell_->show();
     letListsBeRead();
     shell_->screens().openScreen("SaleInvoicesSimple");
     screen_ = shell_->screens().openWindow("SaleInvoicesSimple");
@@ -57,7 +54,7 @@ class NewMasters : public testing::Test {
   std::string read(const char* box) { return screen_->findChild<QLineEdit*>(QLatin1String(box))->text().toStdString(); }
 
   test::InvoiceCompany shop_;
-  std::unique_ptr<Parent> shell_;
+  std::unique_ptr<MainShell> shell_;
   QWidget* screen_ = nullptr;
 };
 

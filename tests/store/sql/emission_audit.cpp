@@ -11,11 +11,11 @@ namespace velmo::test {
 
 namespace {
 
-const std::set<std::string_view> words = {"SELECT", "DISTINCT", "FROM",  "WHERE", "GROUP",  "BY",  "HAVING",  "ORDER",
-                                          "DESC",   "LIMIT",    "AS",    "AND",   "OR",     "NOT", "IS",      "NULL",
-                                          "IN",     "BETWEEN",  "INNER", "LEFT",  "JOIN",   "ON",  "COLLATE", "NOCASE",
-                                          "UNION",  "CROSS",    "ALL",   "OVER",  "UPDATE", "SET", "DELETE",  "INSERT",
-                                          "INTO",   "VALUES",   "rowid", "Line",  "value"};
+const std::set<std::string_view> words = {
+    "SELECT", "DISTINCT", "FROM",    "WHERE",  "GROUP", "BY",    "HAVING", "ORDER",   "DESC",         "LIMIT",
+    "AS",     "AND",      "OR",      "NOT",    "IS",    "NULL",  "IN",     "BETWEEN", "INNER",        "LEFT",
+    "JOIN",   "ON",       "COLLATE", "NOCASE", "UNION", "CROSS", "ALL",    "OVER",    "UPDATE",       "SET",
+    "DELETE", "INSERT",   "INTO",    "VALUES", "rowid", "Line",  "value",  "WITH",    "MATERIALIZED", "Lines"};
 const std::set<std::string_view> functions = {"abs",
                                               "round",
                                               "sign",
@@ -23,6 +23,7 @@ const std::set<std::string_view> functions = {"abs",
                                               "trim",
                                               "ltrim",
                                               "rtrim",
+                                              "sum",
                                               "velmo_sum",
                                               "velmo_avg",
                                               "velmo_add",
@@ -66,7 +67,7 @@ const std::set<std::string_view> functions = {"abs",
                                               "json_each",
                                               "velmo_yes_no",
                                               "substr"};
-const std::set<std::string_view> namesOfTheEmitter = {"row order", "row rank", "row", "changed", "document"};
+const std::set<std::string_view> namesOfTheEmitter = {"row order", "row rank", "row", "changed", "document", "beside"};
 
 std::string lower(std::string_view text) {
   std::string all(text);
@@ -78,7 +79,8 @@ bool isOfTheCatalogue(std::string_view name) {
   static const auto names = [] {
     std::set<std::string, std::less<>> all;
     for (const auto& kept : schema::companyCatalog().keptTotals())
-      all.insert({store::daysTableOf(kept), store::monthsTableOf(kept), kept.name + "Added", "Month"});
+      all.insert({store::daysTableOf(kept), store::monthsTableOf(kept), store::yearsTableOf(kept),
+                  store::pendingTableOf(kept), store::stateTableOf(kept), "Month"});
     for (const auto& table : schema::companyCatalog().tables()) {
       all.insert(table.name);
       for (const auto& column : table.columns) all.insert(column.name);

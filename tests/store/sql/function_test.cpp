@@ -164,7 +164,7 @@ TEST(Function, MatchesPatterns) {
       {"ÀÉ", "%àé%", true},   {"\xff\xfe", "%", true}, {"\xff", "_", true},   {"abab", "%ab", true},
   };
   for (const LikeCase& sample : cases) {
-    EXPECT_EQ(text::likeMatches(sample.text, sample.pattern), sample.matches)
+    EXPECT_EQ(text::LikePattern(sample.pattern).matches(sample.text), sample.matches)
         << sample.text << " like " << sample.pattern;
   }
 }

@@ -9,11 +9,8 @@ const std::string quantities =
 const std::string movesStock = "AND ((Transactions.Cancel)=No) AND ((Transactions.InvLedger)=No)";
 const std::string lines = "Transactions INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo";
 
-std::string weightedCosts(const std::string& yearAndDate, const std::string& end) {
-  return R"(SELECT StockCosts.ItemCode, Sum(StockCosts.StockIn) AS Quantity, Sum(StockCosts.ItemValue) AS ItemValues, IIF([Quantity]>0, [ItemValues]/[Quantity], 0) AS WeightedCosts FROM (SELECT StockFlow.ItemCode, StockFlow.StockIn, StockFlow.ItemValue FROM Transactions INNER JOIN (Stocklevel3 INNER JOIN StockFlow ON Stocklevel3.ItemCode = StockFlow.ItemCode) ON Transactions.TranNo = StockFlow.TranNo WHERE (((StockFlow.StockIn) Is Not Null) AND ((Stocklevel3.CatID) Not like 'Service') AND ((Transactions.FYID)=2)" +
-         yearAndDate +
-         R"() AND ((Transactions.Cancel)=No) AND ((Transactions.InvLedger)=No) AND ((Transactions.TranType)=11 Or (Transactions.TranType)=21 Or (Transactions.TranType)=22 Or (Transactions.TranType)=42 Or (Transactions.TranType)=45))" +
-         end + ")) as StockCosts GROUP BY StockCosts.ItemCode";
+std::string weightedCosts() {
+  return R"(SELECT StockCosts.ItemCode, Sum(StockCosts.StockIn) AS Quantity, Sum(StockCosts.ItemValue) AS ItemValues, IIF([Quantity]>0, [ItemValues]/[Quantity], 0) AS WeightedCosts FROM (SELECT StockFlow.ItemCode, StockFlow.StockIn, StockFlow.ItemValue FROM Transactions INNER JOIN (Stocklevel3 INNER JOIN StockFlow ON Stocklevel3.ItemCode = StockFlow.ItemCode) ON Transactions.TranNo = StockFlow.TranNo WHERE (((StockFlow.StockIn) Is Not Null) AND ((Stocklevel3.CatID) Not like 'Service') AND ((Transactions.FYID)=2) AND ((Transactions.Cancel)=No) AND ((Transactions.InvLedger)=No) AND ((Transactions.TranType)=11 Or (Transactions.TranType)=21 Or (Transactions.TranType)=22 Or (Transactions.TranType)=42 Or (Transactions.TranType)=45) AND ((Transactions.TranDate)<=#06-30-2026#))) as StockCosts GROUP BY StockCosts.ItemCode)";
 }
 
 std::string stockValue(const std::string& cost, const std::string& until) {
@@ -83,9 +80,7 @@ Statements inventoryStatements() {
       "(((Transactions.TranDate) >= #07-01-2025#) And (Transactions.TranDate) <= #09-30-2025#) And ";
   const std::string goods = "((stocklevel3.CatID) Not like 'Service')";
   return {
-      {"weighted costs of the year", weightedCosts("", " AND ((Transactions.TranDate)<=#06-30-2026#)")},
-      {"weighted costs to a day", weightedCosts(" AND ((Transactions.TranDate)<=#09-30-2025#)", "")},
-      {"weighted costs before a day", weightedCosts(" AND ((Transactions.TranDate)<#09-01-2025#)", "")},
+      {"weighted costs of the year", weightedCosts()},
       {"closing cost of an item",
        R"(update stocklevel3 set stocklevel3.valuationcost2=175.5 where stocklevel3.itemcode='A-100' and [valuationtype]=yes)"},
       {"opening cost of an item",

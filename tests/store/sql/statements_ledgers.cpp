@@ -4,8 +4,6 @@ namespace velmo::test {
 
 namespace {
 
-const std::string period =
-    "(((Transactions.TranDate) >= #07-01-2025#) And (Transactions.TranDate) <= #09-30-2025#) And ";
 const std::string joined = "Transactions INNER JOIN SubTransactions ON Transactions.TranNo = SubTransactions.TranNo";
 const std::string typed = "TranType INNER JOIN (" + joined + ") ON TranType.TranType = Transactions.TranType ";
 const std::string references =
@@ -13,23 +11,14 @@ const std::string references =
 const std::string shortReference = "[Trantype].[short] & ' ' & [Transactions].[docno] AS TranRefShort, ";
 const std::string anyAmount = "(((SubTransactions.Debit)<>0) or ((SubTransactions.Credit)<>0))";
 
-std::string accountLedger(const std::string& dates) {
-  return "SELECT Transactions.TranNo, Transactions.TranDate, Transactions.TranType, Transactions.d1, " + references +
-         R"(SubTransactions.AccCode, SubTransactions.Desc, SubTransactions.Debit, SubTransactions.Credit, SubTransactions.Balance, SubTransactions.Status, SubTransactions.Serial, Transactions.FYID, Transactions.Cancel FROM )" +
-         typed + "Where (" + dates + "((SubTransactions.AccCode) = 12001002) And " + anyAmount +
-         R"( AND ((Transactions.FYID) = 2) And ((Transactions.Cancel) = No)) ORDER BY Transactions.TranDate, SubTransactions.Serial)";
-}
-
-std::string manyLedgers(const std::string& selection, const std::string& dates) {
+std::string manyLedgers() {
   const std::string inYear = "((Transactions.FYID) = 2) And ((Transactions.Cancel) = No))";
-  return R"(Shape {SELECT MainBal.AccCode, [MainBal].[AccName] AS AccountName, MainBal.OpBalance, MainBal.OpStatus, Last(IIf(IsNull([Balance]),[OpBalance],[Balance])) AS ClBalance, Last(IIf(IsNull([Balance]),[OpStatus],[Status])) AS ClStatus FROM (SELECT AccLevel3.AccCode, AccLevel3.AccName, Sum(IIf(IsNull([debit]),0,[debit])) AS Debits, Sum(IIf(IsNull([credit]),0,[credit])) AS Credits, [Debits]-[Credits] AS Diff, Abs([diff]) AS OpBalance, IIf([diff]<0,'Credit','Debit') AS OpStatus FROM AccLevel3 LEFT JOIN [SELECT Transactions.TranDate, Transactions.Cancel, SubTransactions.AccCode, SubTransactions.Debit, SubTransactions.Credit FROM Transactions INNER JOIN SubTransactions ON Transactions.TranNo=SubTransactions.TranNo WHERE ((Transactions.TranDate)<#09-01-2025#) And (Transactions.FYID)=2 And (Transactions.Cancel)=No]. AS ABal ON AccLevel3.AccCode = ABal.AccCode GROUP BY AccLevel3.AccCode, AccLevel3.AccName, AccLevel3.Level2ID, AccLevel3.Level1ID)" +
-         selection +
-         R"() as MainBal LEFT JOIN (SELECT SubTransactions.AccCode, Transactions.TranDate, SubTransactions.Serial, SubTransactions.Balance, SubTransactions.Status FROM )" +
-         joined + " Where (" + dates + inYear +
+  return R"(Shape {SELECT MainBal.AccCode, [MainBal].[AccName] AS AccountName, MainBal.OpBalance, MainBal.OpStatus, Last(IIf(IsNull([Balance]),[OpBalance],[Balance])) AS ClBalance, Last(IIf(IsNull([Balance]),[OpStatus],[Status])) AS ClStatus FROM (SELECT AccLevel3.AccCode, AccLevel3.AccName, Sum(IIf(IsNull([debit]),0,[debit])) AS Debits, Sum(IIf(IsNull([credit]),0,[credit])) AS Credits, [Debits]-[Credits] AS Diff, Abs([diff]) AS OpBalance, IIf([diff]<0,'Credit','Debit') AS OpStatus FROM AccLevel3 LEFT JOIN [SELECT Transactions.TranDate, Transactions.Cancel, SubTransactions.AccCode, SubTransactions.Debit, SubTransactions.Credit FROM Transactions INNER JOIN SubTransactions ON Transactions.TranNo=SubTransactions.TranNo WHERE ((Transactions.TranDate)<#09-01-2025#) And (Transactions.FYID)=2 And (Transactions.Cancel)=No]. AS ABal ON AccLevel3.AccCode = ABal.AccCode GROUP BY AccLevel3.AccCode, AccLevel3.AccName, AccLevel3.Level2ID, AccLevel3.Level1ID) as MainBal LEFT JOIN (SELECT SubTransactions.AccCode, Transactions.TranDate, SubTransactions.Serial, SubTransactions.Balance, SubTransactions.Status FROM )" +
+         joined + " Where (" + inYear +
          R"( GROUP BY SubTransactions.AccCode, Transactions.TranDate, SubTransactions.Serial, SubTransactions.Balance, SubTransactions.Status ORDER BY SubTransactions.AccCode, Transactions.TranDate, SubTransactions.Serial) as SubBal ON MainBal.AccCode = SubBal.AccCode GROUP BY MainBal.AccCode, [MainBal].[AccName], MainBal.OpBalance, MainBal.OpStatus Order By MainBal.AccCode} as ParentCmd append ({SELECT Transactions.TranNo, Transactions.TranDate, )" +
          shortReference +
          R"(SubTransactions.AccCode, SubTransactions.Desc, SubTransactions.Debit, SubTransactions.Credit, SubTransactions.Balance, SubTransactions.Status, SubTransactions.Serial, Transactions.FYID, Transactions.Cancel FROM )" +
-         typed + "Where (" + dates + anyAmount + " AND " + inYear +
+         typed + "Where (" + anyAmount + " AND " + inYear +
          " ORDER BY Transactions.TranDate, SubTransactions.Serial} as ChildCmd relate acccode to acccode) as ChildCmd";
 }
 
@@ -39,65 +28,30 @@ std::string movedUntil(const std::string& until) {
 }
 
 // One half of the six columns: the balance per account up to a day. The opening half carries what the outer query
-// filters by, with `customer` columns beyond the levels.
-std::string half(const std::string& prefix, const std::string& until, const std::string& customer,
-                 const std::string& where) {
+// filters by.
+std::string half(const std::string& prefix, const std::string& until) {
   const bool opening = prefix == "O";
   return "(SELECT AccLevel3.AccCode, AccLevel3.AccName, Sum(IIf(IsNull([debit]),0,[debit])) AS " + prefix +
          "Debits, Sum(IIf(IsNull([credit]),0,[credit])) AS " + prefix + "Credits, [" + prefix + "Debits]-[" + prefix +
          "Credits] AS " + prefix + "Diff, Abs([" + prefix + "Diff]) AS " + prefix + "Balance, IIf([" + prefix +
          "Diff]<0,'Credit','Debit') AS " + prefix + "Status" +
-         (opening ? ", AccLevel3.Level1ID, AccLevel3.Level2ID" + customer : "") + " FROM " +
-         (customer.empty() ? "" : "(") + "AccLevel3 LEFT JOIN " + movedUntil(until) +
-         " ON AccLevel3.AccCode = ABal.AccCode" +
-         (customer.empty() ? "" : ") LEFT JOIN Employees ON AccLevel3.EmpID = Employees.EmpID") + where +
-         " GROUP BY AccLevel3.AccCode, AccLevel3.AccName, AccLevel3.Level1ID" +
-         (opening ? ", AccLevel3.Level2ID" + customer + ") AS OBQry" : ") AS CBQry");
+         (opening ? ", AccLevel3.Level1ID, AccLevel3.Level2ID" : "") + " FROM AccLevel3 LEFT JOIN " +
+         movedUntil(until) +
+         " ON AccLevel3.AccCode = ABal.AccCode GROUP BY AccLevel3.AccCode, AccLevel3.AccName, AccLevel3.Level1ID" +
+         (opening ? ", AccLevel3.Level2ID) AS OBQry" : ") AS CBQry");
 }
 
-std::string sixColumns(const std::string& where, const std::string& customer = "", const std::string& inside = "") {
+std::string sixColumns() {
   return R"(SELECT OBQry.AccCode, OBQry.AccName, OBQry.ODiff, OBQry.OBalance, OBQry.OStatus, [Cdebits]-[odebits] AS Debits, [Ccredits]-[ocredits] AS Credits, CBQry.CDiff, CBQry.CBalance, CBQry.CStatus, OBQry.Level1ID, OBQry.Level2ID FROM )" +
-         half("O", "<#09-01-2025#", customer, inside) + " INNER JOIN " + half("C", "<=#06-30-2026#", "", inside) +
-         " ON OBQry.AccCode = CBQry.AccCode " + where + " ORDER BY OBQry.Acccode";
+         half("O", "<#09-01-2025#") + " INNER JOIN " + half("C", "<=#06-30-2026#") +
+         " ON OBQry.AccCode = CBQry.AccCode Where ((OBQry.Level1ID) > 0) AND (((CBQry.CBalance)<>0)) ORDER BY "
+         "OBQry.Acccode";
 }
 
-const std::string moved = " AND (((CBQry.CBalance)<>0))";
-
-std::string twoColumns(const std::string& clause, bool forPrint) {
+std::string twoColumns() {
   return std::string(
              R"(SELECT SubTransactions.AccCode, AccLevel3.AccName, Sum(IIf(IsNull([Debit]),0,[Debit])) AS Debit1, Sum(IIf(IsNull([Credit]),0,[Credit])) AS Credit1, [Debit1]-[Credit1] AS Diff, IIf(([Diff]>=0),[diff]) AS Debits, IIf(([Diff]<0),abs([diff])) AS Credits)") +
-         (forPrint
-              ? R"(, IIf(([Diff]>=0),[diff], 0) AS Debits2, IIf(([Diff]<0),abs([diff]), 0) AS Credits2, AccLevel3.Level1ID, AccLevel3.Level2ID)"
-              : "") +
-         R"( FROM Transactions INNER JOIN (AccLevel3 INNER JOIN SubTransactions ON AccLevel3.AccCode = SubTransactions.AccCode) ON Transactions.TranNo = SubTransactions.TranNo Where ()" +
-         clause +
-         R"( AND ((Transactions.TranDate) <= #06-30-2026#) And ((Transactions.FYID) = 2) And ((Transactions.Cancel) = No)) GROUP BY SubTransactions.AccCode, AccLevel3.AccName)" +
-         (forPrint ? ", AccLevel3.Level1ID, AccLevel3.Level2ID" : "") +
-         " Having (Sum(IIf(IsNull([Debit]),0,[Debit]))<> Sum(IIf(IsNull([Credit]),0,[Credit])))";
-}
-
-// Sums per level of the chart, above the printed accounts. `sub` narrows both levels to one sub type.
-std::string trialBalancePrint(const std::string& type, const std::string& sub, const std::string& details) {
-  const std::string totals =
-      R"(Sum(IIf(IsNull([debit]),0,[debit])) AS TDebits, Sum(IIf(IsNull([credit]),0,[credit])) AS TCredits, [TDebits]-[TCredits] AS TDiff, Abs([TDiff]) AS TBalance, IIf([TDiff]<0,'Credit','Debit') AS TStatus FROM )";
-  const std::string accounts =
-      "(AccLevel3 LEFT JOIN " + movedUntil("<=#06-30-2026#") + " ON AccLevel3.AccCode = ABal.AccCode)";
-  const std::string having = sub.empty() ? "" : " Having (((AccLevel2.Level2ID) = " + sub + "))";
-  std::string level1 = "SHAPE {SELECT AccLevel1.TypeID, AccLevel1.Type, " + totals;
-  if (!sub.empty())
-    level1 +=
-        "(AccLevel1 INNER JOIN AccLevel2 ON AccLevel1.TypeID = AccLevel2.TypeID) INNER JOIN " + accounts +
-        " ON AccLevel2.Level2ID = AccLevel3.Level2ID GROUP BY AccLevel1.TypeID, AccLevel1.Type, AccLevel2.Level2ID" +
-        having + "}";
-  else
-    level1 += "AccLevel1 INNER JOIN " + accounts +
-              " ON AccLevel1.TypeID = AccLevel3.Level1ID GROUP BY AccLevel1.TypeID, AccLevel1.Type" +
-              (type.empty() ? "" : " Having (((AccLevel1.TypeID) = " + type + "))") + " ORDER BY AccLevel1.TypeID}";
-  return level1 + " AS Level1 APPEND (( SHAPE {SELECT AccLevel2.Level2ID, AccLevel2.L2AccName, AccLevel2.TypeID, " +
-         totals + "AccLevel2 INNER JOIN " + accounts +
-         R"( ON AccLevel2.Level2ID = AccLevel3.Level2ID GROUP BY AccLevel2.Level2ID, AccLevel2.L2AccName, AccLevel2.TypeID)" +
-         having + " ORDER BY AccLevel2.Level2ID} AS Level2 APPEND ({" + details +
-         "} AS Level3 RELATE 'level2ID' TO 'level2ID') AS level3) AS level2 RELATE 'typeID' TO 'typeID') AS level2";
+         R"( FROM Transactions INNER JOIN (AccLevel3 INNER JOIN SubTransactions ON AccLevel3.AccCode = SubTransactions.AccCode) ON Transactions.TranNo = SubTransactions.TranNo Where (((AccLevel3.Level1ID) > 0) AND ((Transactions.TranDate) <= #06-30-2026#) And ((Transactions.FYID) = 2) And ((Transactions.Cancel) = No)) GROUP BY SubTransactions.AccCode, AccLevel3.AccName Having (Sum(IIf(IsNull([Debit]),0,[Debit]))<> Sum(IIf(IsNull([Credit]),0,[Credit]))))";
 }
 
 const std::string resultOfTypes =
@@ -123,28 +77,9 @@ std::string balanceSheetTypes(const std::string& dates) {
 }  // namespace
 
 Statements ledgerStatements() {
-  const std::string range = "((OBQry.AccCode) >= 12001001) AND ((OBQry.AccCode) <= 21001002)";
-  const std::string codes = "(((SubTransactions.AccCode) >= 12001001) AND ((SubTransactions.AccCode) <= 21001002))";
-  const std::string customers =
-      ", AccLevel3.EmpID, Employees.Department, AccLevel3.SectorID, AccLevel3.Region1ID, AccLevel3.Region2ID";
-  const std::string printed = "WHERE (((CBQry.CBalance)<>0))";
-  const std::string subTypes = " Where (((AccLevel3.Level2ID) > 0))";
   return {
-      {"balance brought forward of an account",
-       R"(SELECT SubTransactions.AccCode, Sum(IIf(IsNull([debit]),0,[debit])) AS DebitSum, Sum(IIf(IsNull([credit]),0,[credit])) AS CreditSum, [debitsum]-[creditsum] AS OBalance FROM )" +
-           joined +
-           R"( Where (((Transactions.TranDate) < #09-01-2025#) And ((Transactions.Cancel) = No) And ((Transactions.FYID) = 2)) GROUP BY SubTransactions.AccCode HAVING SubTransactions.AccCode=12001002)"},
-      {"ledger of an account", accountLedger("")},
-      {"ledger of an account for a period", accountLedger(period)},
       {"sub types to print", "SELECT Level2ID, L2AccName, TypeID from acclevel2 where typeid=120 order by L2AccName"},
-      {"running balances",
-       R"(SELECT Transactions.TranNo, Transactions.TranDate, SubTransactions.AccCode, SubTransactions.Debit, SubTransactions.Credit, SubTransactions.Balance, SubTransactions.Status, SubTransactions.Serial, Transactions.FYID, Transactions.Cancel FROM )" +
-           joined + " Where (" + anyAmount +
-           R"( AND ((Transactions.FYID) =2) And ((Transactions.Cancel) = No)) ORDER BY SubTransactions.AccCode, Transactions.TranDate, SubTransactions.Serial)"},
-      {"ledgers of all accounts", manyLedgers("", "")},
-      {"ledgers of a type", manyLedgers(" HAVING AccLevel3.Level1ID = 120", "")},
-      {"ledgers of a sub type for a period", manyLedgers(" HAVING AccLevel3.Level2ID = 12001", period)},
-      {"ledgers of a range", manyLedgers(" HAVING AccLevel3.AccCode>=10001001 and AccLevel3.AccCode<=12001003", "")},
+      {"ledgers of all accounts", manyLedgers()},
       {"day book",
        "SELECT Transactions.TranNo, Transactions.TranDate, Transactions.TranType, " + references +
            R"(SubTransactions.AccCode, SubTransactions.AccName, SubTransactions.Desc, SubTransactions.Debit, SubTransactions.Credit, Transactions.FYID, Transactions.Cancel FROM )" +
@@ -154,30 +89,11 @@ Statements ledgerStatements() {
            R"( And ((Transactions.FYID) = 2)) ORDER BY Transactions.TranDate, [Trantype].[short] & ' ' & [Transactions].[docno], SubTransactions.Debit desc, SubTransactions.Credit desc)"},
       {"account types with their components",
        R"(SELECT [AccLevel1].[Type] & ' (' & [FSNature].[AccNatureTop] & ')' AS MainType, AccLevel1.TypeID FROM FSNature INNER JOIN AccLevel1 ON FSNature.NatureID = AccLevel1.NatureID ORDER BY [AccLevel1].[Type] & ' (' & [FSNature].[AccNatureTop] & ')')"},
-      {"trial balance", sixColumns("Where ((OBQry.Level1ID) > 0)" + moved)},
-      {"trial balance of a type", sixColumns("Where ((OBQry.Level1ID) = 120)" + moved)},
-      {"trial balance of a sub type", sixColumns("Where ((OBQry.Level2ID) = 12001)" + moved)},
-      {"trial balance of a range", sixColumns("Where " + range + moved)},
-      {"trial balance in two columns", twoColumns("((AccLevel3.Level1ID) > 0)", false)},
-      {"trial balance in two columns of a type", twoColumns("((AccLevel3.Level1ID) = 120)", false)},
-      {"trial balance in two columns of a sub type", twoColumns("((AccLevel3.Level2ID) = 12001)", false)},
-      {"trial balance in two columns of a range", twoColumns(codes, false)},
-      {"print of the two columns of a range", twoColumns("(" + codes + ")", true)},
-      {"print of the trial balance", trialBalancePrint("", "", sixColumns(printed, "", subTypes))},
-      {"print of a type's balances", trialBalancePrint("120", "", sixColumns(printed, "", subTypes))},
-      {"print of a sub type's balances",
-       trialBalancePrint("120", "12001", twoColumns("((AccLevel3.Level2ID) = 12001)", true))},
-      {"customers' balances", sixColumns("Where ((OBQry.Level1ID) = 120)" + moved, customers)},
-      {"customers' balances with every filter",
-       sixColumns(
-           R"(Where ((OBQry.level2id) = 12001) AND ((OBQry.Empid)=1) AND ((OBQry.sectorid)=1) AND ((OBQry.Department) like 'sales') AND ((OBQry.region1id)=1) AND ((OBQry.region2id)=1))" +
-               moved,
-           customers)},
+      {"trial balance", sixColumns()},
+      {"trial balance in two columns", twoColumns()},
       {"employees to filter by", "Select Empid, EmpName from Employees order by empname"},
       {"sectors to filter by", "Select * from bizsectors order by sectorname"},
       {"regions to filter by", "Select * from regions1 order by region1name"},
-      {"vendors' balances", sixColumns("Where ((OBQry.Level1ID) = 210)" + moved)},
-      {"cash and bank balances", sixColumns("Where (((OBQry.Level1ID) = 100) Or ((OBQry.Level1ID) = 110))" + moved)},
       {"income statement", incomeStatement("")},
       {"income statement to a day", incomeStatement(" AND ((Transactions.TranDate)<=#06-30-2026#)")},
       {"income statement of a period",
@@ -190,7 +106,8 @@ Statements ledgerStatements() {
       {"types of the balance sheet to a day", balanceSheetTypes(" AND (Transactions.TranDate)<=#09-30-2025#")},
       {"balance sheet",
        R"(SHAPE {select * from fs where fsid=1 or fsid=2 order by fsid}  AS FSCmd APPEND (( SHAPE {select * from FSNature where FSID=1 or FSID=2 order by natureID}  AS NatureCmd APPEND ({select * from TempBS order by typeid}  AS DetailCmd RELATE 'NatureID' TO 'NatureID') AS DetailCmd) AS NatureCmd RELATE 'FSID' TO 'FSID') AS NatureCmd)"},
-      {"balances to carry over", R"(SELECT SubTransactions.AccCode, AccLevel3.AccName, Sum(IIf(IsNull([Debit]),0,[Debit])) AS Debit1, Sum(IIf(IsNull([Credit]),0,[Credit])) AS Credit1, [Debit1]-[Credit1] AS Diff, IIf(([Diff]>=0),[diff]) AS Debits, IIf(([Diff]<0),Abs([diff])) AS Credits FROM (Transactions INNER JOIN (AccLevel3 INNER JOIN SubTransactions ON AccLevel3.AccCode = SubTransactions.AccCode) ON Transactions.TranNo = SubTransactions.TranNo) INNER JOIN (FSNature INNER JOIN AccLevel1 ON FSNature.NatureID = AccLevel1.NatureID) ON AccLevel3.Level1ID = AccLevel1.TypeID Where (((AccLevel3.Level1ID) > 0) And ((Transactions.FYID) = 2) And ((Transactions.Cancel) = No) And ((FSNature.FSID) = 1 Or (FSNature.FSID) = 2)) GROUP BY SubTransactions.AccCode, AccLevel3.AccName order by SubTransactions.AccCode)"},
+      {"balances to carry over",
+       R"(SELECT SubTransactions.AccCode, AccLevel3.AccName, Sum(IIf(IsNull([Debit]),0,[Debit])) AS Debit1, Sum(IIf(IsNull([Credit]),0,[Credit])) AS Credit1, [Debit1]-[Credit1] AS Diff, IIf(([Diff]>=0),[diff]) AS Debits, IIf(([Diff]<0),Abs([diff])) AS Credits FROM (Transactions INNER JOIN (AccLevel3 INNER JOIN SubTransactions ON AccLevel3.AccCode = SubTransactions.AccCode) ON Transactions.TranNo = SubTransactions.TranNo) INNER JOIN (FSNature INNER JOIN AccLevel1 ON FSNature.NatureID = AccLevel1.NatureID) ON AccLevel3.Level1ID = AccLevel1.TypeID Where (((AccLevel3.Level1ID) > 0) And ((Transactions.FYID) = 2) And ((Transactions.Cancel) = No) And ((FSNature.FSID) = 1 Or (FSNature.FSID) = 2)) GROUP BY SubTransactions.AccCode, AccLevel3.AccName order by SubTransactions.AccCode)"},
   };
 }
 

@@ -61,21 +61,8 @@ std::string pending(const Side& side) {
          ".TranNo Where (";
 }
 
-std::string pendingOf(const Side& side, const std::string& party) {
-  return pending(side) + "((" + side.table + ".PartyCode) = " + party + ") And ((SubAging.BalAmt) > 0) And " +
-         side.types + " And ((" + side.table + ".FYID) = 2) And ((Transactions.Cancel) = No))" + ordered(side);
-}
-
-std::string pickList(const Side& side, const std::string& party) {
-  return itemColumns(side) + movementColumns + " FROM Transactions INNER JOIN (" + side.table + " INNER JOIN " +
-         movements(side) + " as SubAging" + matched(side) + " ON Transactions.TranNo = " + side.table +
-         ".TranNo Where (" + side.types + " And ((" + side.table +
-         ".FYID) = 2) And ((Transactions.Cancel) = No) And ((" + side.table + ".PartyCode) = " + party +
-         ") And ((SubAging.BalAmt)>0))" + ordered(side);
-}
-
-std::string carriedOver(const Side& side) {
-  return pending(side) + side.types + " And ((" + side.table +
+std::string carriedOver(const Side& side, const std::string& party = "") {
+  return pending(side) + party + side.types + " And ((" + side.table +
          ".FYID) = 2) And ((Transactions.Cancel) = No) And ((SubAging.BalAmt) > 0))" + ordered(side);
 }
 
@@ -142,10 +129,7 @@ std::string activityByParty(const Side& side, const std::string& period, const s
 Statements settlementStatements() {
   const std::string oneInvoice = " And ((AgingDr.TranDate)>=#07-01-2025# And (AgingDr.TranDate)<=#09-30-2025#)";
   return {
-      {"pending invoices of a customer", pendingOf(receivable, "12001002")},
-      {"pending bills of a vendor", pendingOf(payable, "21001002")},
-      {"invoices to pick", pickList(receivable, "12001002")},
-      {"bills to pick", pickList(payable, "21001002")},
+      {"pending invoices of a customer", carriedOver(receivable, "((AgingDr.PartyCode) = 12001002) And ")},
       {"invoices to carry over", carriedOver(receivable)},
       {"bills to carry over", carriedOver(payable)},
       {"aged receivables", aged(receivable, "")},

@@ -58,11 +58,9 @@ TEST(Shape, IsTheSameForOtherValuesOfTheSameKinds) {
     ASSERT_TRUE(first.has_value() && second.has_value());
     EXPECT_EQ(first->key == second->key, sample.same) << sample.first << " and " << sample.second;
     if (!sample.same) continue;
-    CompiledStatement reused = store.compiled(sample.first);
     const CompiledStatement fresh = store.compiled(sample.second);
-    fillParameters(reused, std::move(*second));
-    EXPECT_EQ(reused.sql, fresh.sql);
-    EXPECT_EQ(reused.parameters, fresh.parameters);
+    EXPECT_EQ(store.compiled(sample.first).sql, fresh.sql);
+    EXPECT_EQ(second->parameters, fresh.parameters);
   }
 }
 

@@ -1,5 +1,7 @@
 #include "store/sql/bind/bound.h"
 
+#include <algorithm>
+
 namespace velmo::store::sql {
 
 bool isCondition(const Bound& bound) {
@@ -35,6 +37,32 @@ bool sameMeaning(const Bound& a, const Bound& b) {
     if (!sameMeaning(*a.operands[i], *b.operands[i])) return false;
   }
   return true;
+}
+
+bool names(const Bound& bound, int source) {
+  if (bound.meaning == Meaning::Column) return bound.source == source;
+  return std::ranges::any_of(bound.operands, [source](const BoundPtr& operand) { return names(*operand, source); });
+}
+
+bool namesOnly(const Bound& bound, int source) {
+  if (bound.meaning == Meaning::Column) return bound.source == source;
+  return std::ranges::all_of(bound.operands, [source](const BoundPtr& operand) { return namesOnly(*operand, source); });
+}
+
+BoundPtr ofOneRow(const BoundPtr& expression) {
+  if (!expression->aggregated) return expression;
+  auto alone = std::make_shared<Bound>(*expression);
+  alone->aggregated = false;
+  if (expression->meaning == Meaning::Aggregate) {
+    alone->meaning = Meaning::Operation;
+    alone->operation = Operator::Add;
+    alone->function = {};
+    const Bound nothing{.meaning = Meaning::FixedNumber, .domain = Domain::Real, .digits = "0"};
+    alone->operands.push_back(std::make_shared<const Bound>(nothing));
+  } else {
+    for (BoundPtr& operand : alone->operands) operand = ofOneRow(operand);
+  }
+  return alone;
 }
 
 }  // namespace velmo::store::sql

@@ -55,6 +55,11 @@ bool isCondition(const Bound& bound);
 bool isNumeric(Domain domain);
 // The same columns, literals and operations.
 bool sameMeaning(const Bound& a, const Bound& b);
+// Whether it names any column of a source, or no column of another.
+bool names(const Bound& bound, int source);
+bool namesOnly(const Bound& bound, int source);
+// An expression over a group of one row without its sums: they are rounded only.
+BoundPtr ofOneRow(const BoundPtr& expression);
 
 struct SourceColumn {
   std::string name;
@@ -63,15 +68,16 @@ struct SourceColumn {
 
 struct BoundSelect;
 
-// Stands for the lines of KeptTotals under their source's name: their sums by subject, of one group and of the days
-// between two literals.
+// Stands for the lines of KeptTotals under their source's name: their sums by subject, of one group, of some kinds and
+// of the days between two literals.
 struct KeptRange {
   struct End {
     BoundPtr day = {};  // a literal; none leaves this side open
     bool included = false;
   };
   const KeptTotals* totals = nullptr;
-  BoundPtr group = {};  // a literal
+  BoundPtr group = {};               // a literal
+  std::vector<BoundPtr> kinds = {};  // literals; one of them, where the totals are kept by kind
   End from = {};
   End to = {};
   std::vector<BoundPtr> tests = {};  // of subjects; all hold

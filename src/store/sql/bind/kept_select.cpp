@@ -19,16 +19,6 @@ bool isLiteral(const Bound& bound) {
   return bound.meaning == Meaning::Parameter || bound.meaning == Meaning::FixedNumber;
 }
 
-bool names(const Bound& bound, int source) {
-  if (bound.meaning == Meaning::Column) return bound.source == source;
-  return std::ranges::any_of(bound.operands, [source](const BoundPtr& operand) { return names(*operand, source); });
-}
-
-bool namesOnly(const Bound& bound, int source) {
-  if (bound.meaning == Meaning::Column) return bound.source == source;
-  return std::ranges::all_of(bound.operands, [source](const BoundPtr& operand) { return namesOnly(*operand, source); });
-}
-
 bool isInnerOnly(const BoundJoin& join) {
   return join.source >= 0 || (!join.outer && isInnerOnly(*join.left) && isInnerOnly(*join.right));
 }
@@ -76,11 +66,13 @@ class LinesReader {
     collectConditions(*select_.from, tests);
     for (const BoundPtr& condition : select_.where) collectTests(condition, tests);
     for (const BoundPtr& test : tests)
-      if (!names(*test, documents_))
+      if (names(*test, documents_)) {
+        if (!takes(*test)) return false;
+      } else if (!passesOver(*test)) {
         rest_.push_back(test);
-      else if (!takes(*test))
-        return false;
-    return linked_ && std::ranges::find(notExcluded_, false) == notExcluded_.end() && range_.group;
+      }
+    return linked_ && std::ranges::find(notExcluded_, false) == notExcluded_.end() && range_.group &&
+           range_.kinds.empty() == totals_.kind.empty() && passedOver_ != totals_.counted.empty();
   }
 
   int documents() const { return documents_; }
@@ -117,8 +109,18 @@ class LinesReader {
     return -1;
   }
 
+  // [counted] Is Not Null
+  bool passesOver(const Bound& test) {
+    const bool asks = !totals_.counted.empty() && test.meaning == Meaning::Operation &&
+                      test.operation == Operator::IsNull && test.negated &&
+                      isColumn(*test.operands[0], select_, lines_, totals_.counted);
+    passedOver_ = passedOver_ || asks;
+    return asks;
+  }
+
   bool takes(const Bound& test) {
     if (test.meaning != Meaning::Operation || test.negated) return false;
+    if (range_.kinds.empty() && takesKinds(test)) return true;
     if (test.operands.size() != 2) return false;
     const Bound& left = *test.operands[0];
     const Bound& right = *test.operands[1];
@@ -139,6 +141,26 @@ class LinesReader {
   bool takesGroup(const BoundPtr& value) {
     if (range_.group || !isLiteral(*value) || !isNumeric(value->domain)) return false;
     range_.group = value;
+    return true;
+  }
+
+  // [kind]=1 Or [kind]=2
+  bool takesKinds(const Bound& test) {
+    std::vector<BoundPtr> kinds;
+    const bool takes = !totals_.kind.empty() && collectKinds(test, kinds);
+    if (takes) range_.kinds = std::move(kinds);
+    return takes;
+  }
+  bool collectKinds(const Bound& test, std::vector<BoundPtr>& kinds) const {
+    if (test.meaning != Meaning::Operation || test.negated) return false;
+    if (test.operation == Operator::Or)
+      return std::ranges::all_of(test.operands, [&](const BoundPtr& one) { return collectKinds(*one, kinds); });
+    if (test.operands.size() != 2) return false;
+    const BoundPtr& value = test.operands[1];
+    if (test.operation != Operator::Equal || !isColumn(*test.operands[0], select_, documents_, totals_.kind))
+      return false;
+    if (!isLiteral(*value) || !isNumeric(value->domain)) return false;
+    kinds.push_back(value);
     return true;
   }
 
@@ -166,6 +188,7 @@ class LinesReader {
   int documents_ = -1;
   int lines_ = -1;
   bool linked_ = false;
+  bool passedOver_ = false;
   std::vector<bool> notExcluded_ = std::vector<bool>(totals_.excluded.size());
   std::vector<BoundPtr> rest_;
   KeptRange range_{.totals = &totals_};
@@ -175,8 +198,9 @@ class LinesReader {
 enum class Role {
   Other,
   Subject,
-  Amount,    // null counts as nothing, and must be made to
-  NetAmount  // made of amounts in which null counts as nothing
+  Amount,       // null counts as nothing, and must be made to
+  GivenAmount,  // the same, and a bare sum of it is kept, too
+  NetAmount     // made of amounts in which null counts as nothing
 };
 
 // The columns of a source by their number.
@@ -188,7 +212,7 @@ Roles rolesOf(const BoundSource& lines, const KeptTotals& totals) {
     const std::string& name = lines.columns[i].name;
     if (sameWord(name, totals.subject)) roles[i] = Role::Subject;
     if (std::ranges::any_of(totals.amounts, [&](const std::string& amount) { return sameWord(name, amount); }))
-      roles[i] = Role::Amount;
+      roles[i] = totals.counted.empty() ? Role::Amount : Role::GivenAmount;
   }
   return roles;
 }
@@ -203,7 +227,8 @@ class Usage {
     if (bound.meaning == Meaning::Column) return bound.source != source_ || roleOf(bound) == Role::Subject;
     // Any other aggregate would tell how many lines there are.
     if (bound.meaning == Meaning::Aggregate)
-      return bound.function == "velmo_sum" && bound.operands.size() == 1 && growsWithAmounts(*bound.operands[0]);
+      return bound.function == "velmo_sum" && bound.operands.size() == 1 &&
+             (isGiven(*bound.operands[0]) || growsWithAmounts(*bound.operands[0]));
     return std::ranges::all_of(bound.operands, [this](const BoundPtr& operand) { return fits(*operand); });
   }
   bool fits(const std::vector<BoundPtr>& expressions) const {
@@ -241,13 +266,17 @@ class Usage {
     return growsWithAmounts(amount) && !factor.aggregated && !names(factor, source_);
   }
 
+  bool isGiven(const Bound& bound) const {
+    return bound.meaning == Meaning::Column && bound.source == source_ && roleOf(bound) == Role::GivenAmount;
+  }
+
   // IIf(IsNull([x]),0,[x])
   bool isNetAmount(const Bound& choice) const {
     const Bound& test = *choice.operands[0];
     if (test.meaning != Meaning::Operation || test.operation != Operator::IsNull || test.negated) return false;
     const Bound& column = *test.operands[0];
     const bool isAmount = column.meaning == Meaning::Column && column.source == source_ &&
-                          (roleOf(column) == Role::Amount || roleOf(column) == Role::NetAmount);
+                          roleOf(column) != Role::Other && roleOf(column) != Role::Subject;
     return isAmount && isNothing(*choice.operands[1]) && sameMeaning(column, *choice.operands[2]);
   }
   bool isNothing(const Bound& bound) const {
@@ -267,11 +296,24 @@ bool asksForSubject(const std::vector<BoundPtr>& tests, const Usage& usage, int 
     return bound.meaning == Meaning::Column && bound.source == source && usage.roleOf(bound) == Role::Subject;
   };
   return std::ranges::any_of(tests, [&](const BoundPtr& test) {
-    if (test->meaning != Meaning::Operation || test->negated) return false;
+    if (test->meaning != Meaning::Operation) return false;
+    if (test->operation == Operator::IsNull) return test->negated && isSubject(*test->operands[0]);
+    if (test->negated) return false;
     const bool isEqual =
         test->operation == Operator::Equal || (test->operation == Operator::Like && isWhole(test->like));
     return isEqual && (isSubject(*test->operands[0]) || isSubject(*test->operands[1]));
   });
+}
+
+// A select from kept totals alone, grouped by what they are kept by: they have one row of each.
+void ungroup(BoundSelect& select, const Usage& usage) {
+  const bool bySubject = select.groupBy.size() == 1 && select.groupBy[0]->meaning == Meaning::Column &&
+                         usage.roleOf(*select.groupBy[0]) == Role::Subject;
+  if (!bySubject || !select.having.empty()) return;
+  for (BoundItem& item : select.items) item.expression = ofOneRow(item.expression);
+  for (BoundOrder& order : select.orderBy) order.expression = ofOneRow(order.expression);
+  select.groupBy.clear();
+  select.aggregated = false;
 }
 
 // A select that joins documents, lines and other tables and groups them.
@@ -290,11 +332,13 @@ bool sumsLines(BoundSelect& select, const Tokens& tokens, const KeptTotals& tota
                     std::ranges::none_of(select.groupBy, namesDocuments) &&
                     std::ranges::none_of(select.having, namesDocuments) &&
                     std::ranges::none_of(select.orderBy, namesDocuments, &BoundOrder::expression);
-  if (fits)
-    reader.replaceIn(select);
-  else
+  if (!fits) {
     select.groupBy = groups;
-  return fits;
+    return false;
+  }
+  reader.replaceIn(select);
+  if (select.from->source == reader.lines()) ungroup(select, usage);
+  return true;
 }
 
 // What the columns of a derived table are that holds the lines one by one.
@@ -315,7 +359,7 @@ Roles rolesOf(const BoundSelect& derived, const Usage& usage, int lines) {
 bool sumsDerived(const BoundSelect& select, const Tokens& tokens, int source, const KeptTotals& totals) {
   BoundSelect& derived = *select.sources[static_cast<std::size_t>(source)].derived;
   if (derived.aggregated || derived.distinct || derived.top || derived.readsRowOrder || !derived.orderBy.empty() ||
-      derived.sources.size() != 2)
+      derived.sources.size() < 2)
     return false;
   LinesReader reader(derived, tokens, totals);
   if (!reader.read()) return false;
@@ -325,9 +369,8 @@ bool sumsDerived(const BoundSelect& select, const Tokens& tokens, int source, co
   const Usage usage(select, tokens, source, roles);
   std::vector<BoundPtr> tests = select.where;
   collectConditions(*select.from, tests);
-  if (!ofLines.fits(reader.rest()) || !usage.fitsClauses() || !usage.fits(tests) ||
-      !asksForSubject(tests, usage, source))
-    return false;
+  if (!ofLines.fits(reader.rest()) || !usage.fitsClauses() || !usage.fits(tests)) return false;
+  if (!asksForSubject(tests, usage, source) && !asksForSubject(reader.rest(), ofLines, reader.lines())) return false;
   // What nobody reads, and could not be told any more.
   for (std::size_t i = 0; i < roles.size(); ++i)
     if (roles[i] == Role::Other) derived.items[i].expression = std::make_shared<const Bound>();

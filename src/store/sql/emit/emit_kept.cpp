@@ -1,3 +1,5 @@
+#include <functional>
+
 #include "store/sql/emit/emitter.h"
 #include "store/sqlite/kept_totals.h"
 
@@ -6,6 +8,9 @@ namespace {
 
 // A name of its own, beside that of the lines, which tests of subjects are written with.
 constexpr const char* documentsName = "\"document\"";
+
+constexpr const char* besideName = "\"beside\"";
+constexpr const char* unionAll = " UNION ALL ";
 
 class KeptWriter {
  public:
@@ -18,47 +23,147 @@ class KeptWriter {
     writeName(source_.name, lines_);
   }
 
-  // Whole months up to the one in which the last day lies, and the days of that one; where there is a first day, days
-  // alone; and the lines that are not added yet, or stand apart.
+  // Where there is a first day, days alone. Otherwise whole groups, and whole months up to the one in which the last
+  // day lies with the days of that one; or, when that is the latest month of the group, the whole group without the
+  // days behind the last one. Beside them what is pending, and the lines that are not added yet, or stand apart.
   void write() {
-    sql_ += "(SELECT ";
-    writeName(totals_.subject, sql_);
-    writeAmounts("velmo_sum_exactly", "");
-    sql_ += " FROM (";
-    if (!kept_.from.day) writeMonths();
-    if (!kept_.from.day && kept_.to.day) sql_ += unionAll;
-    if (kept_.from.day || kept_.to.day) writeDays();
-    if (totals_.adds == KeptTotals::Adds::Later) writeLines(additionTest(totals_, lines_, Added::NotYet));
-    writeLines(apartLines());
-    sql_ += ") GROUP BY ";
-    writeName(totals_.subject, sql_);
-    sql_ += totals_.subjectType == KeptTotals::Subject::Text ? " COLLATE NOCASE)" : ")";
+    if (!readsYears()) {
+      sql_ += "(";
+      writeGroups([this] { writeBeside(); });
+      sql_ += ")";
+      return;
+    }
+    // Mostly nothing is beside whole groups, which stand in the order of subjects: they need no sorting then.
+    const std::string subject = column(lines_, totals_.subject);
+    const std::string named = nameOf(totals_.subject);
+    const std::string ofBeside = " IN (SELECT " + named + " FROM " + besideName + " WHERE " + named + " IS NOT NULL)";
+    sql_ += std::string("(WITH ") + besideName + " AS MATERIALIZED (";
+    writeBeside();
+    sql_ += ") ";
+    writeYears(" AND " + subject + " NOT" + ofBeside, false);
+    writeGroups([&] {
+      writeYears(" AND " + subject + ofBeside, true);
+      sql_ += std::string("SELECT * FROM ") + besideName;
+    });
+    sql_ += ")";
   }
 
  private:
-  static constexpr const char* unionAll = " UNION ALL ";
+  // A select from one of the tables of totals.
+  struct Part {
+    std::string table;
+    std::string condition = {};  // without which nothing of the group is read
+    const char* sign = "";
+    bool grouped = false;     // by subject
+    bool countsLines = true;  // where it matters whether any are left
+  };
+
+  bool isAddedLater() const { return totals_.adds == KeptTotals::Adds::Later; }
+  bool readsYears() const { return isAddedLater() && !kept_.from.day; }
+
+  // Sums of what `parts` writes, where any lines are left.
+  void writeGroups(const std::function<void()>& parts) {
+    const std::string subject = nameOf(totals_.subject);
+    sql_ += "SELECT " + subject + ", sum(Lines) AS Lines";
+    writeAmounts("velmo_sum_exactly", "");
+    sql_ += " FROM (";
+    parts();
+    sql_ += ") GROUP BY " + subject;
+    if (totals_.subjectType == KeptTotals::Subject::Text) sql_ += " COLLATE NOCASE";
+    sql_ += " HAVING sum(Lines) > 0";
+  }
+
+  // All but whole groups.
+  void writeBeside() {
+    if (kept_.from.day) {
+      writeDays({.table = daysTableOf(totals_)});
+    } else if (kept_.to.day) {
+      writeUpToDay();
+    } else if (!isAddedLater()) {
+      writeMonths({});
+    }
+    writePending();
+    if (isAddedLater()) writeLines(besideTest());
+    writeLines(apartLines());
+  }
+
+  void writeUpToDay() {
+    if (isAddedLater()) {
+      writeTotals({.table = daysTableOf(totals_), .condition = isLate(), .sign = "-"});
+      sql_ += " AND " + column(lines_, totals_.day) + (kept_.to.included ? " > " : " >= ") + textOf(kept_.to.day) +
+              unionAll;
+    }
+    const std::string whenEarly = isAddedLater() ? "NOT " + isLate() : std::string();
+    writeMonths(whenEarly);
+    writeDays({.table = daysTableOf(totals_), .condition = whenEarly});
+  }
+
+  void writeYears(const std::string& chosen, bool countsLines) {
+    const bool grouped = !totals_.kind.empty();
+    writeTotals({.table = yearsTableOf(totals_),
+                 .condition = kept_.to.day ? isLate() : "",
+                 .grouped = grouped,
+                 .countsLines = countsLines});
+    sql_ += chosen;
+    if (grouped) sql_ += " GROUP BY " + column(lines_, totals_.subject);
+    sql_ += unionAll;
+  }
+
+  // Whether the last day lies in the latest month of the group, or behind it; of a group without days as well.
+  std::string isLate() const {
+    return "iif(" + monthOf(textOf(kept_.to.day)) + " < " + monthOf(edgeDay(" DESC")) + ", 0, 1)";
+  }
+
+  // The first day of the group, or the last one.
+  std::string edgeDay(const std::string& order) const {
+    const std::string table = '"' + daysTableOf(totals_) + '"';
+    const std::string day = column(table, totals_.day);
+    return "(SELECT " + day + " FROM " + table + " WHERE " + column(table, totals_.group) + " = " +
+           textOf(kept_.group) + " AND " + day + " < " + noDay + " ORDER BY " + day + order + " LIMIT 1)";
+  }
+
+  std::string besideTest() const {
+    const std::string test = additionTest(totals_, lines_, Added::NotYet);
+    return totals_.counted.empty() ? test : test + " AND " + passedOverTest(totals_, lines_);
+  }
 
   std::string apartLines() const {
-    const std::string apart = "(" + apartTest(totals_, lines_) + ")";
-    return totals_.adds == KeptTotals::Adds::AtOnce ? apart
-                                                    : apart + " AND " + additionTest(totals_, lines_, Added::Already);
+    const std::string apart = apartTest(totals_, lines_);
+    return isAddedLater() ? apart + " AND " + additionTest(totals_, lines_, Added::Already) : apart;
   }
 
   void writeAmounts(std::string_view function, const std::string& source) {
     for (const std::string& amount : totals_.amounts) {
-      std::string name;
-      writeName(amount, name);
+      const std::string name = nameOf(amount);
       sql_ += ", ";
       sql_ += function;
       sql_ += "(" + source + name + ") AS " + name;
     }
   }
 
-  void writeTotals(const std::string& table) {
+  // What months hold stands in the order of subjects, and so is summed up as it is read.
+  void writeTotals(const Part& part) {
+    const std::string count = lines_ + ".Lines";
+    sql_ += "SELECT " + column(lines_, totals_.subject) + ", " +
+            (!part.countsLines ? "1"
+             : part.grouped    ? "sum(" + count + ")"
+                               : part.sign + count) +
+            " AS Lines";
+    writeAmounts(part.grouped ? "velmo_sum_kept" : "velmo_kept", part.sign + lines_ + ".");
     sql_ += " FROM ";
-    writeName(table, sql_);
-    sql_ += " AS " + lines_ + " WHERE " + column(lines_, totals_.group) + " = " + textOf(kept_.group);
+    writeName(part.table, sql_);
+    sql_ += " AS " + lines_ + " WHERE " + column(lines_, totals_.group) + " = ";
+    const std::string group = textOf(kept_.group);
+    sql_ += part.condition.empty() ? group : "iif(" + part.condition + ", " + group + ", NULL)";
+    writeKinds(lines_);
     writeTests();
+  }
+
+  void writeKinds(const std::string& source) {
+    if (kept_.kinds.empty()) return;
+    sql_ += " AND " + column(source, totals_.kind) + " IN (";
+    for (const BoundPtr& kind : kept_.kinds) sql_ += (kind == kept_.kinds.front() ? "" : ", ") + textOf(kind);
+    sql_ += ")";
   }
 
   void writeTests() {
@@ -67,22 +172,30 @@ class KeptWriter {
     ExpressionWriter(select_, sql_).all(kept_.tests);
   }
 
-  // They stand in the order of subjects, and so are summed up as they are read.
-  void writeMonths() {
-    sql_ += "SELECT " + column(lines_, totals_.subject);
-    writeAmounts("velmo_sum_kept", lines_ + ".");
-    writeTotals(monthsTableOf(totals_));
-    if (kept_.to.day) sql_ += " AND " + column(lines_, "Month") + " < " + monthOf(textOf(kept_.to.day));
-    sql_ += " GROUP BY " + column(lines_, totals_.subject);
+  // `condition` where there is a last day.
+  void writeMonths(std::string condition) {
+    const std::string last = kept_.to.day ? monthOf(textOf(kept_.to.day)) : std::string();
+    if (kept_.to.day) condition += (condition.empty() ? "" : " AND ") + last + " > " + monthOf(edgeDay(""));
+    writeTotals({.table = monthsTableOf(totals_), .condition = std::move(condition), .grouped = true});
+    if (kept_.to.day) sql_ += " AND " + column(lines_, "Month") + " < " + last;
+    sql_ += " GROUP BY " + column(lines_, totals_.subject) + unionAll;
   }
 
-  void writeDays() {
-    sql_ += "SELECT " + column(lines_, totals_.subject);
-    writeAmounts("velmo_kept", lines_ + ".");
-    writeTotals(daysTableOf(totals_));
+  void writeDays(const Part& part) {
+    writeTotals(part);
     const std::string day = column(lines_, totals_.day);
     if (!kept_.from.day) sql_ += " AND " + day + " >= " + monthOf(textOf(kept_.to.day));
-    if (!kept_.to.day) sql_ += " AND " + day + " < " + noDay;
+    writeRange(day);
+    sql_ += unionAll;
+  }
+
+  void writePending() {
+    writeTotals({.table = pendingTableOf(totals_)});
+    writeRange(column(lines_, totals_.day));
+  }
+
+  void writeRange(const std::string& day) {
+    if (kept_.from.day && !kept_.to.day) sql_ += " AND " + day + " < " + noDay;
     writeEnds(day);
   }
 
@@ -94,19 +207,26 @@ class KeptWriter {
   // The few lines are read first and their documents by key.
   void writeLines(const std::string& chosen) {
     sql_ += unionAll;
-    sql_ += "SELECT " + column(lines_, totals_.subject);
+    sql_ += "SELECT " + column(lines_, totals_.subject) + ", 1";
     for (const std::string& amount : totals_.amounts) sql_ += ", " + column(lines_, amount);
     sql_ += " FROM ";
     writeName(totals_.lines, sql_);
     sql_ += " AS " + lines_ + " CROSS JOIN ";
     writeName(totals_.documents, sql_);
-    sql_ += std::string(" AS ") + documentsName + " WHERE " + chosen + " AND " + column(documentsName, totals_.key) +
-            " = " + column(lines_, totals_.link) + " AND " + countTest(totals_, documentsName) + " AND " +
-            column(documentsName, totals_.group) + " = " + textOf(kept_.group);
+    sql_ += std::string(" AS ") + documentsName + " WHERE " + chosen;
+    sql_ += " AND " + column(documentsName, totals_.key) + " = " + column(lines_, totals_.link) + " AND " +
+            countTest(totals_, documentsName) + " AND " + column(documentsName, totals_.group) + " = " +
+            textOf(kept_.group);
+    writeKinds(documentsName);
     writeTests();
     writeEnds(column(documentsName, totals_.day));
   }
 
+  static std::string nameOf(std::string_view name) {
+    std::string text;
+    writeName(name, text);
+    return text;
+  }
   static std::string column(const std::string& source, std::string_view name) {
     std::string text = source + ".";
     writeName(name, text);

@@ -17,7 +17,7 @@ enum class Comparison { Equal, NotEqual, Less, LessOrEqual, Greater, GreaterOrEq
 struct Criterion {
   std::string column;
   Comparison comparison = Comparison::Equal;
-  // Never null. Behind Like a text in the pattern of likeMatches: a * at either end stands there as %.
+  // Never null. Behind Like a text in the pattern of text::LikePattern: a * at either end stands there as %.
   Value literal = {};
 };
 

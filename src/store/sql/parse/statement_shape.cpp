@@ -41,8 +41,4 @@ tl::expected<StatementShape, CompileError> shapeOf(std::string_view statement) {
   return shape;
 }
 
-void fillParameters(CompiledStatement& compiled, StatementShape&& shape) {
-  compiled.parameters = std::move(shape.parameters);
-}
-
 }  // namespace velmo::store::sql

@@ -19,7 +19,4 @@ struct StatementShape {
 // Refused where compile() refuses the same statement for its characters, numbers, dates or quotes.
 tl::expected<StatementShape, CompileError> shapeOf(std::string_view statement);
 
-// Makes a compiled statement that of another statement of the same key.
-void fillParameters(CompiledStatement& compiled, StatementShape&& shape);
-
 }  // namespace velmo::store::sql
