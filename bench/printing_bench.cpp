@@ -133,5 +133,33 @@ void FirstPreviewPage(benchmark::State& state) {
 }
 BENCHMARK(FirstPreviewPage)->Arg(1)->Arg(1000)->Arg(100000)->Iterations(5)->Unit(benchmark::kMillisecond);
 
+// All pages of a preview, and from one to another that was not looked at before: `jump_ms` at most. `megabytes_grown`
+// is what the process has at the end of it, beyond what it had before, and `megabytes_kept` when the preview is closed.
+void LongPreview(benchmark::State& state) {
+  NoFiles files;
+  double jump = 0;
+  double grown = 0;
+  double kept = 0;
+  for (auto _ : state) {
+    const double before = megabytesInUse();
+    PreviewWindow* window = showPreview(nullptr, ledger(static_cast<int>(state.range(0)) * LinesOfAPage), files);
+    while (!window->pages().complete()) QCoreApplication::processEvents();
+    for (int step = 1; step < 50; ++step) {
+      const auto begin = std::chrono::steady_clock::now();
+      window->view().showPage(static_cast<int>(step * 7919LL % window->pages().total()));
+      window->view().viewport()->grab();
+      jump = std::max(jump, Seconds(std::chrono::steady_clock::now() - begin).count());
+    }
+    grown = std::max(grown, megabytesInUse() - before);
+    window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    kept = std::max(kept, megabytesInUse() - before);
+  }
+  state.counters["jump_ms"] = jump * 1e3;
+  state.counters["megabytes_grown"] = grown;
+  state.counters["megabytes_kept"] = kept;
+}
+BENCHMARK(LongPreview)->Arg(1000)->Arg(20000)->Iterations(1)->UseRealTime()->Unit(benchmark::kMillisecond);
+
 }  // namespace
 }  // namespace velmo::bench

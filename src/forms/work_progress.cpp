@@ -7,14 +7,16 @@
 namespace velmo::forms {
 namespace {
 
-constexpr int patience = 500;         // milliseconds without a word
-constexpr int betweenPaintings = 50;  // milliseconds
+constexpr int longestSilence = 500;   // milliseconds without a word
+constexpr int betweenPaintings = 25;  // milliseconds
 constexpr int fineness = 1000;        // steps of the bar
 
 }  // namespace
 
-WorkProgress::WorkProgress(QWidget* parent, const QString& words, std::int64_t total)
-    : total_(total), dialog_(std::make_unique<QProgressDialog>(parent)) {
+WorkProgress::WorkProgress(QWidget* parent, const QString& words, std::int64_t total, Shows shows)
+    : total_(total),
+      patience_(shows == Shows::AtOnce ? 0 : longestSilence),
+      dialog_(std::make_unique<QProgressDialog>(parent)) {
   dialog_->setObjectName(QStringLiteral("WorkProgress"));
   dialog_->setWindowTitle(QStringLiteral("Please Wait"));
   dialog_->setLabelText(words);
@@ -33,7 +35,7 @@ WorkProgress::WorkProgress(QWidget* parent, const QString& words, std::int64_t t
 WorkProgress::~WorkProgress() = default;
 
 bool WorkProgress::report(std::int64_t done) {
-  if (sinceStart_.elapsed() < patience || sincePaint_.elapsed() < betweenPaintings) return !dialog_->wasCanceled();
+  if (sinceStart_.elapsed() < patience_ || sincePaint_.elapsed() < betweenPaintings) return !dialog_->wasCanceled();
   sincePaint_.restart();
   if (!dialog_->isVisible() && !dialog_->wasCanceled()) dialog_->show();
   if (total_ > 0) dialog_->setValue(static_cast<int>(std::min(done, total_) * fineness / total_));

@@ -23,6 +23,7 @@ struct Frame {
 
   constexpr Twips right() const { return left + width; }
   constexpr Twips bottom() const { return top + height; }
+  bool operator==(const Frame&) const = default;
 };
 
 // An endless paper is a roll: its pages are as long as what stands on them.

@@ -32,12 +32,16 @@ struct TextRun {
   Align align = Align::Left;
   RunKind kind = RunKind::Words;
   bool rightToLeft = false;
+
+  bool operator==(const TextRun&) const = default;
 };
 
 struct Stroke {
   Frame at = {};  // the longer side is its direction
   Twips thickness = 0;
   QRgb colour = ink::Rule;
+
+  bool operator==(const Stroke&) const = default;
 };
 
 struct Area {
@@ -45,11 +49,15 @@ struct Area {
   QRgb fill = ink::None;
   QRgb outline = ink::None;
   Twips thickness = 0;
+
+  bool operator==(const Area&) const = default;
 };
 
 struct PlacedPicture {
   Frame at = {};
   QImage image = {};  // shared with the report
+
+  bool operator==(const PlacedPicture&) const = default;
 };
 
 // Drawn in this order: areas, pictures, strokes, texts.
@@ -62,6 +70,7 @@ struct Drawing {
 
   QString textOf(const TextRun& run) const { return pool.mid(run.first, run.length); }
   void add(const Drawing& other, Twips right, Twips down);  // other, moved
+  bool operator==(const Drawing&) const = default;
 };
 
 struct Page {
@@ -69,6 +78,8 @@ struct Page {
   Twips width = 0;
   Twips height = 0;
   Drawing drawing = {};
+
+  bool operator==(const Page&) const = default;
 };
 
 // A piece of a page before it has its place: what a section gives.

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <algorithm>
 #include <optional>
 #include <string>
+
+#include "printing/page_source.h"
 
 namespace velmo::printing {
 
@@ -16,40 +17,39 @@ struct PageRange {
 // and stop between two of them by letting go of it: what it has written by then is taken back where that can be.
 class PageJob {
  public:
-  PageJob() = default;
+  // The pages must outlive the job.
+  PageJob(PageSource& pages, PageRange range) : pages_(pages), range_(range) {}
   virtual ~PageJob() = default;
   PageJob(const PageJob&) = delete;
   PageJob& operator=(const PageJob&) = delete;
 
   // Does the next piece. False when there is nothing more to do, or it has failed. Failures of the data throw as they
   // come; the job is over then.
-  virtual bool step() = 0;
+  bool step();
   int written() const { return written_; }
   int total() const { return total_; }  // 0 until the pages are counted
   // A full sentence when it has failed.
   const std::optional<std::string>& problem() const { return problem_; }
 
  protected:
-  bool failed(std::string sentence) {
-    problem_ = std::move(sentence);
-    return false;
-  }
+  // False when it has failed().
+  virtual bool begin(const Page& first) = 0;
+  virtual bool write(const Page& page) = 0;  // the first one, too
+  virtual void finish() = 0;
 
-  // Sets the total by what the range takes of a report of so many pages, and the first of them, from 1. False, with its
-  // sentence, when it takes none.
-  bool take(const PageRange& range, int pages) {
-    const int last = range.last > 0 ? std::min(range.last, pages) : pages;
-    first_ = std::max(range.first, 1);
-    if (first_ > last) return failed("The report has no page " + std::to_string(first_) + ".");
-    total_ = last - first_ + 1;
-    return true;
-  }
+  bool failed(std::string sentence);
+  bool isFirst() const { return written_ == 0; }
 
-  int written_ = 0;
-  int total_ = 0;
-  int first_ = 1;
+  PageSource& pages_;
 
  private:
+  bool take();
+  bool writeNext();
+
+  const PageRange range_;
+  int first_ = 0;  // index
+  int written_ = 0;
+  int total_ = 0;
   std::optional<std::string> problem_;
 };
 

@@ -1,10 +1,12 @@
 #include "printing/page_view.h"
 
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "printing/painter.h"
 #include "printing/plain_face.h"
@@ -13,7 +15,9 @@ namespace velmo::printing {
 
 namespace {
 
-constexpr int Gap = 24;  // around the sheets, in pixels
+constexpr int Gap = 24;     // around the sheets, in pixels
+constexpr int Moment = 20;  // milliseconds of a search between two events
+constexpr int BehindLast = std::numeric_limits<int>::max();
 
 // The ground is darker than any window, so that the sheet stands out in both palettes.
 QColor groundColour(const QPalette& palette) {
@@ -59,11 +63,11 @@ PageView::PageView(PageSource& pages, QWidget* parent) : QAbstractScrollArea(par
 }
 
 double PageView::scaleFor(Fit fit) const {
-  const Page* first = pages_.page(0);
-  if (!first || fit == Fit::Free) return scale_;
-  const double across = std::max(50.0, viewport()->width() - 2.0 * Gap) / first->width;
+  if (pages_.made() == 0 || fit == Fit::Free) return scale_;
+  const PageSize first = pages_.sizeOf(0);
+  const double across = std::max(50.0, viewport()->width() - 2.0 * Gap) / first.width;
   if (fit == Fit::Width) return across;
-  return std::min(across, std::max(50.0, viewport()->height() - 2.0 * Gap) / first->height);
+  return std::min(across, std::max(50.0, viewport()->height() - 2.0 * Gap) / first.height);
 }
 
 void PageView::setFit(Fit fit) {
@@ -91,10 +95,10 @@ void PageView::relayout() {
   double top = Gap;
   double widest = 0;
   for (int index = 0; index < pages_.made(); ++index) {
-    const Page* page = pages_.page(index);
+    const PageSize page = pages_.sizeOf(index);
     tops_.push_back(top);
-    top += page->height * scale_ + Gap;
-    widest = std::max(widest, page->width * scale_ + 2.0 * Gap);
+    top += page.height * scale_ + Gap;
+    widest = std::max(widest, page.width * scale_ + 2.0 * Gap);
   }
   verticalScrollBar()->setPageStep(viewport()->height());
   verticalScrollBar()->setSingleStep(40);
@@ -106,8 +110,8 @@ void PageView::relayout() {
 }
 
 QRectF PageView::sheet(int index) const {
-  const Page* page = pages_.page(index);
-  const QSizeF size(page->width * scale_, page->height * scale_);
+  const PageSize page = pages_.sizeOf(index);
+  const QSizeF size(page.width * scale_, page.height * scale_);
   const double slack = (viewport()->width() - size.width()) / 2;
   const double left = slack > Gap ? slack : Gap - horizontalScrollBar()->value();
   return {QPointF(std::floor(left), std::floor(tops_[static_cast<std::size_t>(index)] - verticalScrollBar()->value())),
@@ -121,13 +125,17 @@ int PageView::currentPage() const {
 }
 
 void PageView::showPage(int index) {
-  const int known = pages_.made();
-  pages_.page(index);
-  if (pages_.made() != known) relayout();
+  if (index >= pages_.made()) pages_.page(index);
+  catchUp();
   if (tops_.empty()) return;
   const auto place = static_cast<std::size_t>(std::clamp(index, 0, static_cast<int>(tops_.size()) - 1));
   verticalScrollBar()->setValue(static_cast<int>(tops_[place]) - Gap);
   Q_EMIT viewChanged();
+}
+
+// Somebody else may have made pages.
+void PageView::catchUp() {
+  if (static_cast<int>(tops_.size()) != pages_.made()) relayout();
 }
 
 void PageView::pagesChanged() {
@@ -147,23 +155,40 @@ Search PageView::find(const QString& text, bool backwards) {
 }
 
 Search PageView::findOn() {
+  catchUp();
+  QElapsedTimer timer;
+  timer.start();
   while (pagesTried_ <= pages_.made()) {
-    const Drawing& drawing = pages_.page(reached_.page)->drawing;
-    const int next = reached_.run + step_;
-    if (next < 0 || next >= static_cast<int>(drawing.texts.size())) {
-      if (!turnPage()) return Search::MorePages;
-      continue;
-    }
-    reached_.run = next;
-    const TextRun& run = drawing.texts[static_cast<std::size_t>(next)];
-    if (!drawnText(drawing, run, pages_.total()).contains(sought_, Qt::CaseInsensitive)) continue;
-    hit_ = reached_;
-    const double top = tops_[static_cast<std::size_t>(hit_.page)] + run.at.top * scale_;
-    verticalScrollBar()->setValue(static_cast<int>(top) - viewport()->height() / 3);
-    return ended(Search::Found);
+    if (mayHold(reached_.page) && findOnPage()) return ended(Search::Found);
+    if (!turnPage()) return Search::MorePages;
+    if (timer.elapsed() >= Moment) return Search::MoreTime;
   }
   hit_ = {};
   return ended(Search::NotFound);
+}
+
+// Looks at the texts alone, which costs a part of looking at the page.
+bool PageView::mayHold(int index) const {
+  return withTotalPages(pages_.words(index), pages_.total()).contains(sought_, Qt::CaseInsensitive);
+}
+
+// Behind or before the place that is reached on it.
+bool PageView::findOnPage() {
+  const std::shared_ptr<const Page> page = pages_.page(reached_.page);
+  if (!page) return false;
+  const std::vector<TextRun>& runs = page->drawing.texts;
+  const auto count = static_cast<int>(runs.size());
+  for (int place = std::min(reached_.run, count) + step_; place >= 0 && place < count; place += step_) {
+    const TextRun& run = runs[static_cast<std::size_t>(place)];
+    if (!drawnText(page->drawing, run, pages_.total()).contains(sought_, Qt::CaseInsensitive)) continue;
+    reached_.run = place;
+    hit_ = reached_;
+    const double top = tops_[static_cast<std::size_t>(hit_.page)] + run.at.top * scale_;
+    verticalScrollBar()->setValue(static_cast<int>(top) - viewport()->height() / 3);
+    return true;
+  }
+  reached_.run = step_ > 0 ? BehindLast : -1;  // when more pages come, it is not looked through again
+  return false;
 }
 
 // The search goes on to the page behind or before, round the ends once all pages are there.
@@ -172,7 +197,7 @@ bool PageView::turnPage() {
   const bool round = next < 0 || next >= pages_.made();
   if (round && !pages_.complete()) return false;
   reached_.page = round ? (step_ > 0 ? 0 : pages_.made() - 1) : next;
-  reached_.run = step_ > 0 ? -1 : static_cast<int>(pages_.page(reached_.page)->drawing.texts.size());
+  reached_.run = step_ > 0 ? -1 : BehindLast;
   ++pagesTried_;
   return true;
 }
@@ -182,8 +207,8 @@ Search PageView::ended(Search result) {
   return result;
 }
 
-void PageView::paintHits(QPainter& painter, int index) const {
-  const Drawing& drawing = pages_.page(index)->drawing;
+void PageView::paintHits(QPainter& painter, const Page& page, int index) const {
+  const Drawing& drawing = page.drawing;
   for (int place = 0; place < static_cast<int>(drawing.texts.size()); ++place) {
     const TextRun& run = drawing.texts[static_cast<std::size_t>(place)];
     const QString text = drawnText(drawing, run, pages_.total());
@@ -198,20 +223,27 @@ void PageView::paintEvent(QPaintEvent*) {
   QPainter painter(viewport());
   painter.fillRect(viewport()->rect(), groundColour(palette()));
   painter.setRenderHint(QPainter::Antialiasing);
-  for (int index = 0; index < static_cast<int>(tops_.size()); ++index) {
+  const auto below = std::ranges::upper_bound(tops_, static_cast<double>(verticalScrollBar()->value()));
+  const auto first = std::max<std::ptrdiff_t>(below - tops_.begin() - 1, 0);
+  for (int index = static_cast<int>(first); index < static_cast<int>(tops_.size()); ++index) {
     const QRectF paper = sheet(index);
     if (paper.bottom() < 0) continue;
     if (paper.top() > viewport()->height()) break;
-    paintShadow(painter, paper);
-    painter.fillRect(paper, Qt::white);
-    painter.save();
-    painter.translate(paper.topLeft());
-    painter.scale(scale_, scale_);
-    const Page& page = *pages_.page(index);
-    if (!sought_.isEmpty()) paintHits(painter, index);
-    paintPage(painter, page, pages_.total());
-    painter.restore();
+    paintSheet(painter, index, paper);
   }
+}
+
+void PageView::paintSheet(QPainter& painter, int index, const QRectF& paper) {
+  paintShadow(painter, paper);
+  painter.fillRect(paper, Qt::white);
+  const std::shared_ptr<const Page> page = pages_.page(index);
+  if (!page) return;
+  painter.save();
+  painter.translate(paper.topLeft());
+  painter.scale(scale_, scale_);
+  if (!sought_.isEmpty()) paintHits(painter, *page, index);
+  paintPage(painter, *page, pages_.total());
+  painter.restore();
 }
 
 void PageView::resizeEvent(QResizeEvent*) {

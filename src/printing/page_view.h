@@ -7,8 +7,8 @@
 namespace velmo::printing {
 
 enum class Fit { Width, Page, Free };
-// MorePages: not in the pages that are made, and there will be more.
-enum class Search { Found, NotFound, MorePages };
+// MorePages: not in the pages that are made, and there will be more. MoreTime: there are pages to look through yet.
+enum class Search { Found, NotFound, MorePages, MoreTime };
 
 // The pages of a report under each other, as white sheets on a neutral ground.
 class PageView : public QAbstractScrollArea {
@@ -29,8 +29,9 @@ class PageView : public QAbstractScrollArea {
   // The next place behind or before the last find that holds the text, in either case of letters, and round from the
   // last page to the first. All places are marked; a text that is nowhere, or "", marks none.
   Search find(const QString& text, bool backwards);
-  // Goes on with a search that asked for more pages, where it stood.
+  // Goes on where the search stood that asked for more, for a moment.
   Search findOn();
+  int pagesTried() const { return pagesTried_; }  // by the search
 
  Q_SIGNALS:
   void viewChanged();
@@ -44,6 +45,7 @@ class PageView : public QAbstractScrollArea {
 
  private:
   void relayout();
+  void catchUp();
   QRectF sheet(int index) const;  // in the view
   double scaleFor(Fit fit) const;
 
@@ -56,7 +58,10 @@ class PageView : public QAbstractScrollArea {
     int run = -1;
     bool operator==(const Hit&) const = default;
   };
-  void paintHits(QPainter& painter, int index) const;
+  void paintSheet(QPainter& painter, int index, const QRectF& paper);
+  void paintHits(QPainter& painter, const Page& page, int index) const;
+  bool mayHold(int index) const;
+  bool findOnPage();
   bool turnPage();
   Search ended(Search result);
   Hit hit_;             // the one that was found last

@@ -22,13 +22,8 @@ bool breaksAfter(const Section& section) {
 
 }  // namespace
 
-Paginator::Paginator(const Report& report, Output output)
-    : report_(report),
-      design_(report.design),
-      output_(output),
-      walk_(design_, *report.data),
-      totals_(design_, walk_),
-      layout_(report) {}
+Paginator::Paginator(const Report& report)
+    : report_(report), design_(report.design), walk_(design_, *report.data), totals_(design_, walk_), layout_(report) {}
 
 std::optional<Page> Paginator::next() {
   while (ready_.empty() && !ended_) step();
@@ -80,15 +75,14 @@ void Paginator::step() {
   }
 }
 
-Block Paginator::set(const Section& section, int level, Output output) {
+Block Paginator::set(const Section& section, int level) {
   return layout_.set(
       section,
-      {.report = report_, .rows = walk_, .totals = totals_, .ownLevel = std::max(level, 0), .pageNumber = pageNumber_},
-      output);
+      {.report = report_, .rows = walk_, .totals = totals_, .ownLevel = std::max(level, 0), .pageNumber = pageNumber_});
 }
 
 Paginator::Piece Paginator::pieceOf(const Section& section, int level) {
-  return {.section = &section, .level = level, .page = pageNumber_, .block = set(section, level, output_)};
+  return {.section = &section, .level = level, .page = pageNumber_, .block = set(section, level)};
 }
 
 void Paginator::place(const Section& section, int level) {
@@ -121,14 +115,13 @@ void Paginator::placeHere(Piece piece, Twips below) {
     endPage();
     beginPage();
   }
-  if (piece.page != pageNumber_) piece.block = set(section, piece.level, output_);  // the number may stand in it
-  pour(section, piece.level, std::move(piece.block));
+  if (piece.page != pageNumber_) piece.block = set(section, piece.level);  // the number may stand in it
+  pour(section, std::move(piece.block));
   if (breaksAfter(section)) breakPending_ = true;
 }
 
-// What is higher than the page goes on overleaf, between two lines of text, which are needed even to count.
-void Paginator::pour(const Section& section, int level, Block block) {
-  if (block.height > space() && output_ == Output::HeightsOnly) block = set(section, level, Output::Drawings);
+// What is higher than the page goes on overleaf, between two lines of text.
+void Paginator::pour(const Section& section, Block block) {
   while (block.height > space()) {
     const Block top = block.takeTop(space());
     if (top.height == 0 && fresh_) throw std::logic_error("section '" + section.name + "' has no room on a page");
@@ -141,7 +134,7 @@ void Paginator::pour(const Section& section, int level, Block block) {
 }
 
 void Paginator::placeAtOnce(const std::optional<Section>& section, int level) {
-  if (section) append(set(*section, level, output_));
+  if (section) append(set(*section, level));
 }
 
 void Paginator::append(const Block& block) {
@@ -155,7 +148,7 @@ void Paginator::beginPage() {
   pageOpen_ = true;
   fresh_ = true;
   y_ = design_.margins.top;
-  footer_ = design_.pageFooter ? set(*design_.pageFooter, 0, output_) : Block{};
+  footer_ = design_.pageFooter ? set(*design_.pageFooter, 0) : Block{};
   const Twips length = design_.paper.endless() ? LongestPage : design_.paper.height;
   bottom_ = length - design_.margins.bottom - footer_.height;
   if (pageNumber_ == 1) placeAtOnce(design_.reportHeader, 0);

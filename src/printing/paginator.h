@@ -12,7 +12,7 @@ namespace velmo::printing {
 // its rows throws std::logic_error.
 class Paginator {
  public:
-  explicit Paginator(const Report& report, Output output = Output::Drawings);
+  explicit Paginator(const Report& report);
 
   // Nothing behind the last page. A report without rows has one page.
   std::optional<Page> next();
@@ -32,17 +32,16 @@ class Paginator {
   void place(const Section& section, int level);
   void placeWaiting(Twips below);
   void placeHere(Piece piece, Twips below);
-  void pour(const Section& section, int level, Block block);
+  void pour(const Section& section, Block block);
   void placeAtOnce(const std::optional<Section>& section, int level);
   void append(const Block& block);
   void beginPage();
   void endPage();
   Twips space() const { return bottom_ - y_; }
-  Block set(const Section& section, int level, Output output);
+  Block set(const Section& section, int level);
 
   const Report& report_;
   const ReportDesign& design_;
-  const Output output_;
   ReportWalk walk_;
   FunctionTotals totals_;
   SectionLayout layout_;

@@ -87,11 +87,13 @@ class RunPainter {
 
 }  // namespace
 
+QString withTotalPages(QString text, int totalPages) {
+  return text.replace(TotalPagesMark, totalPages > 0 ? QString::number(totalPages) : QStringLiteral("..."));
+}
+
 QString drawnText(const Drawing& drawing, const TextRun& run, int totalPages) {
   QString text = drawing.textOf(run);
-  if (run.kind == RunKind::TotalPages)
-    text.replace(TotalPagesMark, totalPages > 0 ? QString::number(totalPages) : QStringLiteral("..."));
-  return text;
+  return run.kind == RunKind::TotalPages ? withTotalPages(std::move(text), totalPages) : text;
 }
 
 void paintPage(QPainter& painter, const Page& page, int totalPages) {

@@ -17,67 +17,43 @@ QPageLayout layoutOf(const Page& page) {
 
 }  // namespace
 
-PdfJob::PdfJob(const Report& report, std::string path, int countedPages, PageRange range)
-    : report_(report), path_(std::move(path)), file_(path_), pages_(countedPages), range_(range) {
-  if (!file_.open(QIODevice::WriteOnly))
-    refused();
-  else if (pages_ == 0)
-    counting_ = std::make_unique<Paginator>(report_, Output::HeightsOnly);
+PdfJob::PdfJob(PageSource& pages, std::string path, PageRange range)
+    : PageJob(pages, range), path_(std::move(path)), file_(path_) {
+  if (!file_.open(QIODevice::WriteOnly)) refused();
 }
 
 bool PdfJob::refused() {
   return failed("The file '" + path_ + "' could not be written: " + file_.reason() + ". Nothing was saved.");
 }
 
-bool PdfJob::step() {
-  if (problem()) return false;
-  if (counting_) {
-    if (counting_->next())
-      ++pages_;
-    else
-      counting_.reset();
-    return true;
-  }
-  if (!paginator_) {
-    if (!take(range_, pages_)) return false;
-    paginator_ = std::make_unique<Paginator>(report_);
-  }
-  const std::optional<Page> page = written_ < total_ ? paginator_->next() : std::nullopt;
-  if (!page) return finish();
-  return page->number < first_ || write(*page);
-}
-
-bool PdfJob::write(const Page& page) {
-  if (written_ == 0) {
-    if (!begin(page)) return refused();
-  } else {
-    writer_->setPageLayout(layoutOf(page));
-    writer_->newPage();
-  }
-  paintPage(painter_, page, pages_);
-  ++written_;
-  return file_.isSound() || refused();
-}
-
 bool PdfJob::begin(const Page& first) {
   writer_ = std::make_unique<QPdfWriter>(&file_);
   writer_->setResolution(TwipsPerInch);
-  writer_->setTitle(QString::fromStdString(report_.title));
-  writer_->setCreator(QString::fromStdString(report_.author));
+  writer_->setTitle(QString::fromStdString(pages_.report().title));
+  writer_->setCreator(QString::fromStdString(pages_.report().author));
   writer_->setPageLayout(layoutOf(first));
-  return painter_.begin(writer_.get());
+  return painter_.begin(writer_.get()) || refused();
+}
+
+bool PdfJob::write(const Page& page) {
+  if (!isFirst()) {
+    writer_->setPageLayout(layoutOf(page));
+    writer_->newPage();
+  }
+  paintPage(painter_, page, pages_.total());
+  return file_.isSound() || refused();
 }
 
 // The end of the file is written as the painter ends; only then is it known that all of it stands.
-bool PdfJob::finish() {
+void PdfJob::finish() {
   painter_.end();
   writer_.reset();
-  if (!file_.finish()) return refused();
-  return false;
+  if (!file_.finish()) refused();
 }
 
 std::optional<std::string> writePdf(const Report& report, const std::string& path, const Progress& progress) {
-  PdfJob job(report, path);
+  PageSource pages(report);
+  PdfJob job(pages, path);
   while (job.step())
     if (progress && !progress(job.written(), job.total())) return "";
   return job.problem();

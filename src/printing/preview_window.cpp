@@ -88,11 +88,11 @@ void PreviewWindow::buildStatus() {
 }
 
 void PreviewWindow::makeMore() {
+  if (!moreCome()) return;
   try {
     pages_.makeFor(Slice);
-    if (pages_.complete()) idle_.stop();
   } catch (const store::StoreError& error) {
-    idle_.stop();
+    dataFailed_ = true;
     tellProblem(QString::fromUtf8(error.what()));
   }
   view_->pagesChanged();
@@ -100,49 +100,55 @@ void PreviewWindow::makeMore() {
 
 void PreviewWindow::makeInIdleMoment() {
   makeMore();
-  if (awaited_ && awaited_()) awaited_ = {};
-  if (awaited_ && !isRunning()) statusBar()->showMessage(awaiting_.arg(pages_.made()));
+  if (awaited_ && awaited_->attempt()) awaited_.reset();
+  if (awaited_ && !isRunning()) statusBar()->showMessage(awaited_->words.arg(awaited_->pages()));
+  if (!awaited_ && !moreCome()) idle_.stop();
   showWork();
 }
 
-void PreviewWindow::await(const QString& words, std::function<bool()> attempt) {
-  awaited_ = {};
+void PreviewWindow::await(Wait wait) {
+  awaited_.reset();
   QElapsedTimer timer;
   timer.start();
-  bool done = attempt();
+  bool done = wait.attempt();
   while (!done && timer.elapsed() < Patience) {
     makeMore();
-    done = attempt();
+    done = wait.attempt();
   }
   if (!done) {
-    awaited_ = std::move(attempt);
-    awaiting_ = words;
+    awaited_ = std::move(wait);
+    idle_.start();
   }
   showWork();
 }
 
 void PreviewWindow::goTo(int index) {
-  await(QStringLiteral("Making the pages up to there: %1 so far"), [this, index] {
-    const int last = pages_.made() - 1;
-    if (index > last && moreCome()) return false;
-    view_->showPage(std::min(index, last));
-    if (!isRunning()) statusBar()->clearMessage();
-    return true;
-  });
+  await({.words = QStringLiteral("Making the pages up to there: %1 so far"),
+         .pages = [this] { return pages_.made(); },
+         .attempt =
+             [this, index] {
+               const int last = pages_.made() - 1;
+               if (index > last && moreCome()) return false;
+               view_->showPage(std::min(index, last));
+               if (!isRunning()) statusBar()->clearMessage();
+               return true;
+             }});
 }
 
 void PreviewWindow::find(bool backwards) {
   const QString text = findTxt_->text();
-  await(QStringLiteral("Looking through the pages: %1 so far"),
-        [this, text, search = view_->find(text, backwards)]() mutable {
-          if (search == Search::MorePages) search = view_->findOn();
-          if (search == Search::MorePages && moreCome()) return false;
-          if (search == Search::Found || text.isEmpty())
-            statusBar()->clearMessage();
-          else
-            statusBar()->showMessage(QStringLiteral("\"%1\" is not in this report.").arg(text));
-          return true;
-        });
+  await({.words = QStringLiteral("Looking through the pages: %1 so far"),
+         .pages = [this] { return view_->pagesTried(); },
+         .attempt =
+             [this, text, search = view_->find(text, backwards)]() mutable {
+               if (search == Search::MorePages || search == Search::MoreTime) search = view_->findOn();
+               if (search == Search::MoreTime || (search == Search::MorePages && moreCome())) return false;
+               if (search == Search::Found || text.isEmpty())
+                 statusBar()->clearMessage();
+               else
+                 statusBar()->showMessage(QStringLiteral("\"%1\" is not in this report.").arg(text));
+               return true;
+             }});
 }
 
 void PreviewWindow::print() {
@@ -166,7 +172,7 @@ void PreviewWindow::savePdf() {
 }
 
 void PreviewWindow::writePdf(const std::string& path, PageRange range) {
-  run(std::make_unique<PdfJob>(pages_.report(), path, pages_.total(), range), QStringLiteral("Writing"),
+  run(std::make_unique<PdfJob>(pages_, path, range), QStringLiteral("Writing"),
       QStringLiteral("Saved as %1").arg(QString::fromStdString(path)));
 }
 
@@ -185,11 +191,13 @@ void PreviewWindow::run(std::unique_ptr<PageJob> job, const QString& doing, cons
 }
 
 void PreviewWindow::workOn() {
+  const int known = pages_.made();
   QElapsedTimer timer;
   timer.start();
   try {
     bool more = true;
     while (more && timer.elapsed() < Slice) more = job_->step();
+    if (pages_.made() != known) view_->pagesChanged();
     if (!more) {
       const std::optional<std::string> problem = job_->problem();
       if (problem) tellProblem(QString::fromStdString(*problem));
@@ -210,7 +218,7 @@ void PreviewWindow::workOn() {
 
 void PreviewWindow::stop() {
   if (!isBusy()) return;
-  awaited_ = {};
+  awaited_.reset();
   endJob(QStringLiteral("Stopped."));
 }
 

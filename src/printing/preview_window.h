@@ -45,7 +45,7 @@ class PreviewWindow : public QMainWindow {
   void run(std::unique_ptr<PageJob> job, const QString& doing, const QString& done);
   bool isRunning() const { return job_ != nullptr; }
   // Also while pages are made that somebody waits for.
-  bool isBusy() const { return isRunning() || awaited_; }
+  bool isBusy() const { return isRunning() || awaited_.has_value(); }
   void stop();  // what it is busy with
 
  protected:
@@ -64,11 +64,16 @@ class PreviewWindow : public QMainWindow {
   void buildStatus();
   void buildPages();
   void makeMore();
-  bool moreCome() const { return idle_.isActive(); }  // not after the last page, nor when the data have failed
+  bool moreCome() const { return !pages_.complete() && !dataFailed_; }
   void makeInIdleMoment();
-  // Tries again and again while more pages are made, for a moment at once and then in idle moments, until the attempt
-  // says that it is at its end, as it must when no more come. `words` hold the place of the number of pages.
-  void await(const QString& words, std::function<bool()> attempt);
+  // What somebody waits for while pages are made or looked through.
+  struct Wait {
+    QString words = {};                  // with the place of a number of pages
+    std::function<int()> pages = {};     // that number
+    std::function<bool()> attempt = {};  // true at its end, which it must come to when no more pages come
+  };
+  // Tries again and again, for a moment at once and then in idle moments.
+  void await(Wait wait);
   void goTo(int index);  // page, from 0; the last one when there are less
   void workOn();
   void endJob(const QString& message);
@@ -97,8 +102,8 @@ class PreviewWindow : public QMainWindow {
   std::unique_ptr<PageJob> job_;
   QString doing_;
   QString done_;
-  std::function<bool()> awaited_;  // what somebody waits for
-  QString awaiting_;
+  std::optional<Wait> awaited_;
+  bool dataFailed_ = false;
   std::function<void()> closed_;
 };
 

@@ -6,14 +6,8 @@
 
 namespace velmo::printing {
 
-namespace {
-
-constexpr int CountingSlice = 20;  // milliseconds of page making in one step
-
-}  // namespace
-
 PrintJob::PrintJob(PageSource& pages, std::unique_ptr<QPrinter> printer)
-    : pages_(pages), printer_(std::move(printer)) {}
+    : PageJob(pages, {printer->fromPage(), printer->toPage()}), printer_(std::move(printer)) {}
 
 PrintJob::~PrintJob() {
   if (!painter_.isActive()) return;
@@ -26,39 +20,29 @@ void PrintJob::setPaper(const Page& page) {
   printer_->setPageSize(QPageSize(size, QPageSize::Point, {}, QPageSize::FuzzyMatch));
 }
 
-bool PrintJob::begin() {
-  if (!take({printer_->fromPage(), printer_->toPage()}, pages_.total())) return false;
-  next_ = first_;
+bool PrintJob::begin(const Page& first) {
   printer_->setFullPage(true);
   printer_->setDocName(QString::fromStdString(pages_.report().title));
-  setPaper(*pages_.page(next_ - 1));
-  if (!painter_.begin(printer_.get()))
-    return failed("The printer '" + printer_->printerName().toStdString() + "' did not start.");
-  return true;
+  setPaper(first);
+  if (painter_.begin(printer_.get())) return true;
+  return failed("The printer '" + printer_->printerName().toStdString() + "' did not start.");
 }
 
-bool PrintJob::step() {
-  if (problem()) return false;
-  if (!pages_.complete()) {
-    pages_.makeFor(CountingSlice);
-    return true;
-  }
-  if (next_ == 0 && !begin()) return false;
-  const Page& page = *pages_.page(next_ - 1);
-  if (written_ > 0) {
+bool PrintJob::write(const Page& page) {
+  if (!isFirst()) {
     setPaper(page);
-    if (!printer_->newPage()) return failed("The printer refused page " + std::to_string(next_) + ".");
+    if (!printer_->newPage()) return failed("The printer refused page " + std::to_string(page.number) + ".");
   }
   const double scale = printer_->logicalDpiX() / 1440.0;
   painter_.save();
   painter_.scale(scale, scale);
   paintPage(painter_, page, pages_.total());
   painter_.restore();
-  ++written_;
-  ++next_;
-  if (written_ < total_) return true;
+  return true;
+}
+
+void PrintJob::finish() {
   painter_.end();
-  return false;
 }
 
 }  // namespace velmo::printing

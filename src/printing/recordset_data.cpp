@@ -1,8 +1,6 @@
 #include "printing/recordset_data.h"
 
-#include <map>
-
-#include "store/values/error.h"
+#include "printing/field_places.h"
 
 namespace velmo::printing {
 
@@ -20,7 +18,10 @@ class RecordsetRows : public ReportRows {
     return position_ < recordset_.fetchedCount();
   }
 
-  store::Value value(std::string_view field) const override { return recordset_.valueAt(position_, index(field)); }
+  store::Value value(std::string_view field) const override {
+    const auto find = [this](std::string_view name) { return recordset_.fieldIndex(name); };
+    return recordset_.valueAt(position_, places_.of(field, find));
+  }
 
   std::unique_ptr<ReportRows> children(std::string_view member) const override {
     store::Recordset parent = recordset_;
@@ -29,19 +30,9 @@ class RecordsetRows : public ReportRows {
   }
 
  private:
-  int index(std::string_view field) const {
-    const auto known = indexes_.find(field);
-    if (known != indexes_.end()) return known->second;
-    const int found = recordset_.fieldIndex(field);
-    if (found < 0)
-      throw store::StoreError(store::ErrorKind::Misuse, "The rows have no field '" + std::string(field) + "'.");
-    indexes_.emplace(field, found);
-    return found;
-  }
-
   store::Recordset recordset_;
   std::int64_t position_ = -1;
-  mutable std::map<std::string, int, std::less<>> indexes_;
+  mutable FieldPlaces places_;
 };
 
 }  // namespace

@@ -143,7 +143,7 @@ void SectionLayout::arrange(const std::vector<Element>& elements, const Plan& pl
   }
 }
 
-Block SectionLayout::set(const Section& section, const TextSource& source, Output output) {
+Block SectionLayout::set(const Section& section, const TextSource& source) {
   Block block;
   if (section.height == 0 || !shows(section.name, section.visibleWhen, source.rows)) return block;
   auto known = plans_.find(&section);
@@ -158,7 +158,6 @@ Block SectionLayout::set(const Section& section, const TextSource& source, Outpu
   block.height = topBelow(plan.lowest, section.height, elements, placed);
   for (std::size_t index = 0; index < elements.size(); ++index)
     if (elements[index].stretch != Stretch::WithSection) block.height = std::max(block.height, placed[index].bottom);
-  if (output == Output::HeightsOnly) return block;
 
   for (std::size_t index = 0; index < elements.size(); ++index) {
     if (!placed[index].shows) continue;

@@ -8,11 +8,6 @@
 
 namespace velmo::printing {
 
-enum class Output {
-  Drawings,     // places everything
-  HeightsOnly,  // measures, to count pages without keeping them
-};
-
 // Sets one section for its current row: texts are broken, frames grow or fold, and what stands below a frame keeps its
 // distance from it. Columns that stand side by side move on their own.
 class SectionLayout {
@@ -20,7 +15,7 @@ class SectionLayout {
   explicit SectionLayout(const Report& report) : report_(report) {}
 
   // Nothing but height 0 when the section does not show.
-  Block set(const Section& section, const TextSource& source, Output output);
+  Block set(const Section& section, const TextSource& source);
 
  private:
   // How the elements of a section depend on each other; worked out once for every section.

@@ -11,7 +11,7 @@
 namespace velmo::spreadsheet {
 namespace {
 
-constexpr std::int64_t rowsBetweenReports = 512;
+constexpr std::int64_t rowsBetweenReports = 128;
 constexpr const char* byteOrderMark = "\xEF\xBB\xBF";
 constexpr const char* notComplete =
     "The file could not be written completely, because the disk is full or a file may not grow so large. Nothing was "
@@ -106,7 +106,8 @@ tl::expected<std::int64_t, std::string> saveSeparatedValues(const std::filesyste
     done = writeRows(lines, design, rows, progress);
   }
   if (!done) return done;
-  if (const auto moved = part->moveToPlace(); !moved) return tl::unexpected(moved.error());
+  const auto moved = part->moveToPlace([&] { return !progress || progress(*done); });
+  if (!moved) return tl::unexpected(moved.error());
   return done;
 }
 

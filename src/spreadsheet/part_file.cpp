@@ -4,7 +4,9 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
+#include <future>
 #include <utility>
 
 #include "store/file/file_check.h"
@@ -78,9 +80,13 @@ tl::expected<PartFile, std::string> PartFile::beside(const std::filesystem::path
   return PartFile(path, place);
 }
 
-tl::expected<void, std::string> PartFile::moveToPlace() {
+tl::expected<void, std::string> PartFile::moveToPlace(const std::function<bool()>& goesOn) {
   const std::filesystem::path folder = path_.parent_path();
-  if (const int error = makeDurable(path_)) return tl::unexpected(sentenceFor(error, folder));
+  std::future<int> durable = std::async(std::launch::async, makeDurable, path_);
+  bool wanted = goesOn();
+  while (durable.wait_for(std::chrono::milliseconds(10)) != std::future_status::ready) wanted = goesOn() && wanted;
+  if (const int error = durable.get()) return tl::unexpected(sentenceFor(error, folder));
+  if (!wanted) return tl::unexpected(std::string());
   if (store::isDatabaseFile(place_)) return tl::unexpected(companyFile(place_));
   if (::rename(path_.c_str(), place_.c_str()) != 0) return tl::unexpected(sentenceFor(errno, folder));
   path_.clear();

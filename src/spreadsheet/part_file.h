@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <tl/expected.hpp>
 
@@ -15,8 +16,9 @@ class PartFile {
   ~PartFile();
 
   const std::filesystem::path& path() const { return path_; }
-  // Makes what was written durable, then gives it its name; an older file of that name goes in the same instant.
-  tl::expected<void, std::string> moveToPlace();
+  // Makes what was written durable, then gives it its name; an older file of that name goes in the same instant. A disk
+  // takes its time: `goesOn` is called every few milliseconds of it, and false ends with the error "" and no file.
+  tl::expected<void, std::string> moveToPlace(const std::function<bool()>& goesOn);
 
  private:
   PartFile(std::filesystem::path path, std::filesystem::path place);

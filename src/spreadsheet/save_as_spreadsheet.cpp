@@ -50,9 +50,13 @@ void save(const TableRows& shown, QWidget* window, session::FileChooser& files, 
   const TableRows list = withHeldFigures(shown);
   tl::expected<std::int64_t, std::string> saved;
   {
-    forms::WorkProgress progress(window, QStringLiteral("Saving the spreadsheet ..."), list.count);
-    const auto write = endingOf(place) == ".csv" ? saveSeparatedValues : saveSheet;
-    saved = write(place, list.design, list.rows, [&](std::int64_t rows) { return progress.report(rows); });
+    constexpr std::int64_t manyRows = 20'000;
+    const bool separated = endingOf(place) == ".csv";
+    forms::WorkProgress progress(
+        window, QStringLiteral("Saving the spreadsheet ..."), list.count * (separated ? 1 : 2),
+        list.count > manyRows ? forms::WorkProgress::Shows::AtOnce : forms::WorkProgress::Shows::WhenItTakesLong);
+    const auto write = separated ? saveSeparatedValues : saveSheet;
+    saved = write(place, list.design, list.rows, [&](std::int64_t steps) { return progress.report(steps); });
   }
   if (saved)
     prompts.tell("Spreadsheet Saved", text::formatNumber(static_cast<double>(*saved), "#,##0") +

@@ -6,15 +6,15 @@
 #include <cmath>
 #include <cstdio>
 
-#include "spreadsheet/archive.h"
 #include "spreadsheet/cell_formats.h"
+#include "spreadsheet/packed_rows.h"
 #include "spreadsheet/part_file.h"
 #include "spreadsheet/sheet_text.h"
 
 namespace velmo::spreadsheet {
 namespace {
 
-constexpr std::int64_t rowsBetweenReports = 512;
+constexpr std::int64_t rowsBetweenReports = 128;
 constexpr std::int32_t firstSafeDay = 61;  // 1900-03-01: spreadsheets disagree about the days before it
 constexpr const char* sheetPart = "xl/worksheets/sheet1.xml";
 
@@ -50,7 +50,8 @@ std::string sheetName(std::string_view title) {
   return name.isEmpty() ? "Sheet1" : name.toStdString();
 }
 
-// The library's workbook, which exists in temporary files of the folder until it is closed.
+// The library's workbook, which exists in temporary files of the folder until it is closed. It would pack its sheet in
+// one go, and nobody could see how far it is or stop it.
 class Workbook {
  public:
   Workbook(const std::filesystem::path& file, const SheetDesign& design) : folder_(file.parent_path().string()) {
@@ -80,12 +81,19 @@ class Workbook {
     return std::fflush(sheet_->optimize_tmpfile) == 0 && !std::ferror(sheet_->optimize_tmpfile);
   }
 
-  bool close(std::int64_t rows) {
+  // Closes it without its rows and hands them over; none when something was lost.
+  RowsFile close(std::int64_t rows) {
     const auto lastColumn = static_cast<lxw_col_t>(columns_.size() - 1);
     // Rows that are not of the list must not be sorted among it.
     if (isPlainList_) worksheet_autofilter(sheet_, captions_, 0, captions_ + static_cast<lxw_row_t>(rows), lastColumn);
-    sheet_ = nullptr;
-    return workbook_close(std::exchange(book_, nullptr)) == LXW_NO_ERROR;
+    RowsFile listed(nullptr, &std::fclose);
+    lxw_worksheet_write_single_row(sheet_);  // the last one, which the library keeps back
+    std::FILE* none = tookEverything() ? std::tmpfile() : nullptr;
+    if (!none) return listed;
+    listed.reset(std::exchange(sheet_->optimize_tmpfile, none));
+    std::exchange(sheet_, nullptr)->file = none;
+    if (workbook_close(std::exchange(book_, nullptr)) != LXW_NO_ERROR) listed.reset();
+    return listed;
   }
 
  private:
@@ -167,25 +175,6 @@ class Workbook {
   bool isPlainList_ = true;  // nothing but captions and rows
 };
 
-// The sheet is put together from files of the library after the last chance to ask it whether they took everything, so
-// its end is looked at. Reading also checks the file's sums.
-bool isComplete(const std::filesystem::path& file) {
-  constexpr std::string_view end = "</worksheet>";
-  try {
-    const Archive archive(file);
-    const auto sheet = archive.open(sheetPart);
-    std::string tail;
-    while (!sheet->atEnd()) {
-      tail += sheet->read(1 << 16).toStdString();
-      if (tail.size() > end.size()) tail.erase(0, tail.size() - end.size());
-    }
-    sheet->check();
-    return tail == end;
-  } catch (const ReadFailure&) {
-    return false;
-  }
-}
-
 tl::expected<std::int64_t, std::string> writeRows(Workbook& book, const SheetDesign& design, const RowSource& rows,
                                                   const Progress& progress) {
   std::vector<store::Value> cells(design.columns.size());
@@ -220,9 +209,16 @@ tl::expected<std::int64_t, std::string> saveSheet(const std::filesystem::path& f
     if (!book.isOpen()) return tl::unexpected(std::string(notComplete));
     done = writeRows(book, design, rows, progress);
     if (!done) return done;
-    if (!book.close(*done) || !isComplete(part->path())) return tl::unexpected(std::string(notComplete));
+    const RowsFile listed = book.close(*done);
+    if (!listed) return tl::unexpected(std::string(notComplete));
+    const auto goesOn = [&](double share) {
+      return !progress || progress(*done + static_cast<std::int64_t>(share * static_cast<double>(*done)));
+    };
+    const Packing packed = packRows(part->path(), sheetPart, listed, goesOn);
+    if (packed != Packing::Done) return tl::unexpected(std::string(packed == Packing::Stopped ? "" : notComplete));
   }
-  if (const auto moved = part->moveToPlace(); !moved) return tl::unexpected(moved.error());
+  const auto moved = part->moveToPlace([&] { return !progress || progress(2 * *done); });
+  if (!moved) return tl::unexpected(moved.error());
   return done;
 }
 

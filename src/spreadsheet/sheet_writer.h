@@ -41,13 +41,14 @@ struct SheetDesign {
 // Fills in the cells of the next row, one for each column, all null before; false behind the last row.
 using RowSource = std::function<bool(std::span<store::Value> cells)>;
 
-// Called every few hundred rows with the number of rows done; false stops the work.
-using Progress = std::function<bool(std::int64_t rows)>;
+// Called every few milliseconds with the number of steps done; false stops the work, and nothing of it is left.
+using Progress = std::function<bool(std::int64_t steps)>;
 
 inline constexpr std::int64_t mostRows = 1048576;  // of a sheet, those above and behind the list among them
 inline constexpr int mostColumns = 16384;
 
-// Writes an .xlsx file of one sheet, in memory that does not grow with the rows, and gives the number of rows. The file
+// Writes an .xlsx file of one sheet, in memory that does not grow with the rows, and gives the number of rows. Each row
+// is two steps: it is written, and later packed with the others. The file
 // appears, or takes the place of an older one, when it is complete and on the disk. Otherwise nothing is changed and
 // the error is a sentence for the user; an empty one when the progress function stopped the work. Exceptions of the row
 // source pass through.

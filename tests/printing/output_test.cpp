@@ -148,7 +148,7 @@ TEST(PageJob, GoesThroughTheRangeThatWasAskedFor) {
     EXPECT_EQ(file.open(QIODevice::ReadOnly) ? pageObjects(file.readAll()) : 0, written);
 
     const QString saved = folder.filePath(QStringLiteral("saved.pdf"));
-    PdfJob saving(pages.report(), saved.toStdString(), 0, {from, to});
+    PdfJob saving(pages, saved.toStdString(), {from, to});
     while (saving.step()) {
     }
     EXPECT_EQ(saving.written(), written) << from << " to " << to;

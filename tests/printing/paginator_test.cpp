@@ -47,7 +47,6 @@ TEST(Paginator, FillsPagesAndLeavesNoneEmpty) {
   for (const auto& [count, pages] : cases) {
     const Report report = reportOf(design, rows(count));
     EXPECT_EQ(pagesOf(report).size(), pages) << count;
-    EXPECT_EQ(countPages(report), static_cast<int>(pages)) << count;
   }
 }
 
@@ -96,9 +95,7 @@ TEST(Paginator, KeepsSectionsTogetherOrDividesThem) {
   design.detail->keep = Keep::Together;
   design.detail->height = 15 * RowHeight;
   design.detail->elements[3].at.top = 14 * RowHeight;
-  const Report taller = reportOf(design, rows(1));
-  EXPECT_EQ(textsOf(taller), (Texts{"1 2 3", "4"}));
-  EXPECT_EQ(countPages(taller), 2);
+  EXPECT_EQ(textsOf(reportOf(design, rows(1))), (Texts{"1 2 3", "4"}));
 }
 
 TEST(Paginator, HeaderMovesWithWhatComesNext) {
@@ -126,11 +123,9 @@ TEST(Paginator, HeaderMovesWithWhatComesNext) {
   design.detailMember = "lines";
   design.detail->height = 3 * RowHeight;
   const auto section = [](const std::string& name, int count) { return parent(name, rows(count)); };
-  const Report report =
-      reportOf(design, {parent("A", {section("a", 1)}), parent("B", {section("b", 1), section("c", 0)}),
-                        parent("C", {}), parent("D", {section("d", 3)})});
-  EXPECT_EQ(textsOf(report), (Texts{"A a r1 B b r1", "B c C D d r1", "D d r2 r3"}));
-  EXPECT_EQ(countPages(report), 3);
+  const std::vector<DataRow> data = {parent("A", {section("a", 1)}), parent("B", {section("b", 1), section("c", 0)}),
+                                     parent("C", {}), parent("D", {section("d", 3)})};
+  EXPECT_EQ(textsOf(reportOf(design, data)), (Texts{"A a r1 B b r1", "B c C D d r1", "D d r2 r3"}));
 }
 
 TEST(Paginator, PageMarks) {

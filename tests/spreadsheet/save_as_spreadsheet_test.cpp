@@ -2,12 +2,15 @@
 
 #include <QDate>
 #include <QHeaderView>
+#include <QProgressDialog>
 #include <QStandardItemModel>
+#include <QTimer>
 
 #include "forms/table_view.h"
 #include "schema/company_schema.h"
 #include "spreadsheet/archive.h"
 #include "spreadsheet/sheet_files.h"
+#include "spreadsheet/table_rows.h"
 #include "support/new_company.h"
 #include "support/queued_prompts.h"
 #include "support/typing.h"
@@ -126,6 +129,32 @@ TEST_F(SaveAs, SavesTheListOfAnyModel) {
   prompts.expect("Spreadsheet Saved", "2 rows were saved in \"" + files.name + "\".");
   saveAsSpreadsheet(table, "Stock", files, prompts);
   EXPECT_EQ(read(files.name), "Code|Stock\n007|12.5\n=A1|2026-11-22\n");
+}
+
+TEST_F(SaveAs, IsStoppedAsItsRowsArePacked) {
+  const TableRows list{.design = {.title = "Numbers", .columns = {{.caption = "Number"}, {.caption = "Half"}}},
+                       .count = 150'000,
+                       .rows = [number = 0](std::span<store::Value> cells) mutable {
+                         cells[0] = number;
+                         cells[1] = number * 0.5;
+                         return ++number <= 150'000;
+                       }};
+  files.answer = written("numbers.xlsx", "older").string();
+  QWidget window;
+  int reached = 0;  // of 1,000
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, [&] {
+    auto* progress = window.findChild<QProgressDialog*>();
+    if (!progress) return;
+    reached = progress->value();
+    if (reached > 600) progress->cancel();
+  });
+  watch.start(1);
+  saveAsSpreadsheet(list, &window, files, prompts);
+  EXPECT_GT(reached, 600);
+  EXPECT_LT(reached, 1000);
+  EXPECT_EQ(bytesOf(files.answer), "older");
+  EXPECT_EQ(std::ranges::distance(std::filesystem::directory_iterator(folder)), 1) << "nothing else is left";
 }
 
 TEST_F(SaveAs, AsksBeforeItReplacesAndTellsWhatFailed) {

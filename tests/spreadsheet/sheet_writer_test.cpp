@@ -105,7 +105,8 @@ TEST_F(SheetWriter, ReplacesAnOlderFileOnlyWhenComplete) {
     EXPECT_EQ(names(), std::vector<std::string>{"list.xlsx"});
     return saved ? "saved" : saved.error();
   };
-  EXPECT_EQ(refused(many(5000), [](std::int64_t rows) { return rows < 2000; }), "");
+  for (const std::int64_t stop : {2000, 5001, 7500, 10'000})  // among the rows, and as they are packed
+    EXPECT_EQ(refused(many(5000), [stop](std::int64_t steps) { return steps < stop; }), "") << stop;
   EXPECT_THROW(refused([](std::span<store::Value>) -> bool { throw std::runtime_error("source"); }),
                std::runtime_error);
   EXPECT_EQ(bytesOf(file), "older");

@@ -10,7 +10,7 @@
 #include <exception>
 #include <iostream>
 
-#include "printing/paginator.h"
+#include "printing/page_source.h"
 #include "printing/painter.h"
 #include "printing/preview_window.h"
 
@@ -61,9 +61,9 @@ void Guide::picture(QWidget& widget, const std::string& name) {
 void Guide::paper(const printing::Report& report, const std::string& name) {
   if (scenery_ != Scenery::Light) return;
   constexpr double dotsPerInch = 110;
-  int total = 0;
-  for (printing::Paginator counting(report, printing::Output::HeightsOnly); counting.next();) ++total;
-  const std::optional<printing::Page> page = printing::Paginator(report).next();
+  printing::PageSource pages(report);
+  pages.makeAll();
+  const std::shared_ptr<const printing::Page> page = pages.page(0);
   if (!page) throw std::logic_error("the print-out " + name + " has no page");
   const double scale = dotsPerInch / 1440.0;
   QImage sheet(qRound(page->width * scale), qRound(page->height * scale), QImage::Format_RGB32);
@@ -71,7 +71,7 @@ void Guide::paper(const printing::Report& report, const std::string& name) {
   QPainter painter(&sheet);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
   painter.scale(scale, scale);
-  printing::paintPage(painter, *page, total);
+  printing::paintPage(painter, *page, pages.total());
   painter.end();
   save(QPixmap::fromImage(withoutEmptyFoot(sheet, 30)), name + ".png");
 }

@@ -1,8 +1,9 @@
 #include "frame/report/report_rows.h"
 
 #include <map>
+#include <string>
 
-#include "store/values/error.h"
+#include "printing/field_places.h"
 
 namespace velmo::frame {
 namespace {
@@ -19,14 +20,8 @@ class Walk : public printing::ReportRows {
   }
 
   store::Value value(std::string_view name) const override {
-    auto known = fields_.find(name);
-    if (known == fields_.end()) {
-      const int field = rows_->field(name);
-      if (field < 0)
-        throw store::StoreError(store::ErrorKind::Misuse, "The rows have no field '" + std::string(name) + "'.");
-      known = fields_.emplace(name, field).first;
-    }
-    return rows_->value(row_, known->second);
+    const auto find = [this](std::string_view field) { return rows_->field(field); };
+    return rows_->value(row_, places_.of(name, find));
   }
 
   std::unique_ptr<printing::ReportRows> children(std::string_view member) const override {
@@ -36,7 +31,7 @@ class Walk : public printing::ReportRows {
  private:
   std::shared_ptr<frame::ReportRows> rows_;
   std::int64_t row_ = -1;
-  mutable std::map<std::string, int, std::less<>> fields_;
+  mutable printing::FieldPlaces places_;
 };
 
 }  // namespace

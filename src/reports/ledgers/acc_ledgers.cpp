@@ -66,20 +66,13 @@ void showBroughtForward(ReportScreen& screen, const std::optional<double>& balan
   screen.setFigure("OBLbl3", balance ? frame::sideOf(*balance) : "");
 }
 
-std::optional<double> broughtForward(ReportScreen& screen, std::int64_t account) {
-  session::LoginContext& context = screen.workplace().context;
-  const store::Recordset before(context.KORDconn,
-                                broughtForwardStatement(account, context.FYID, screen.filters().day("LedgerDt_0")),
-                                store::LockType::ReadOnly);
-  if (before.isEmpty()) return std::nullopt;
-  return before.number("obalance");
-}
-
 void loadLedger(ReportScreen& screen) {
   session::LoginContext& context = screen.workplace().context;
   const std::int64_t account = screen.filters().account("ACodeTxt");
   const bool ofPeriod = screen.filters().chosen("DateOpt");
-  const std::optional<double> before = ofPeriod ? broughtForward(screen, account) : std::nullopt;
+  const std::optional<double> before =
+      ofPeriod ? broughtForward(context.KORDconn, account, context.FYID, screen.filters().day("LedgerDt_0"))
+               : std::nullopt;
   showBroughtForward(screen, before);
   const LedgerChoice choice{.account = account,
                             .fyid = context.FYID,

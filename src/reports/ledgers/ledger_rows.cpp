@@ -49,4 +49,11 @@ store::Value LedgerRows::value(std::int64_t row, int field) const {
   return stored(row, field);
 }
 
+std::optional<double> broughtForward(store::Connection& connection, std::int64_t account, int fyid,
+                                     const text::DateTime& from) {
+  const store::Recordset before(connection, broughtForwardStatement(account, fyid, from), store::LockType::ReadOnly);
+  if (before.isEmpty()) return std::nullopt;
+  return before.number("obalance");
+}
+
 }  // namespace velmo::reports

@@ -45,12 +45,16 @@ class LedgerRows : public frame::ReportRows {
   std::vector<double> balances_;  // with their signs
 };
 
+// What the account held before a day of the year, debits minus credits; nothing when nothing was before. Throws
+// StoreError.
+std::optional<double> broughtForward(store::Connection& connection, std::int64_t account, int fyid,
+                                     const text::DateTime& from);
+
 struct LedgerChoice {
   std::int64_t account = 0;
   int fyid = 0;
   std::optional<frame::ReportPeriod> period = {};  // nothing: the whole year
   LedgerLines lines = LedgerLines::Filled;
-  bool evenly = false;  // no wait in the middle of a long ledger, though its last line comes later
 };
 
 // Lines of an account.
@@ -66,5 +70,10 @@ struct LedgerLengths {
 // StoreError.
 std::shared_ptr<LedgerRows> openLedger(store::Connection& connection, const LedgerChoice& choice, double broughtForward,
                                        const LedgerLengths& lengths = {});
+
+// The statement of a ledger that is read line by line: it does not wait in the middle of a long one, though the last
+// line comes later. Throws StoreError.
+std::string evenLedgerStatement(store::Connection& connection, const LedgerChoice& choice,
+                                const LedgerLengths& lengths = {});
 
 }  // namespace velmo::reports

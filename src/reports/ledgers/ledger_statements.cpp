@@ -9,19 +9,6 @@ constexpr const char* linesOfDocuments =
     "ON TranType.TranType = Transactions.TranType ";
 constexpr const char* notEmpty = "(((SubTransactions.Debit)<>0) or ((SubTransactions.Credit)<>0))";
 
-std::string openingBalances(int fyid, const std::string& selection, const text::DateTime& openingBefore) {
-  return "SELECT AccLevel3.AccCode, AccLevel3.AccName, Sum(IIf(IsNull([debit]),0,[debit])) AS Debits, "
-         "Sum(IIf(IsNull([credit]),0,[credit])) AS Credits, [Debits]-[Credits] AS Diff, Abs([diff]) AS OpBalance, "
-         "IIf([diff]<0,'Credit','Debit') AS OpStatus FROM AccLevel3 LEFT JOIN [SELECT Transactions.TranDate, "
-         "Transactions.Cancel, SubTransactions.AccCode, SubTransactions.Debit, SubTransactions.Credit FROM "
-         "Transactions INNER JOIN SubTransactions ON Transactions.TranNo=SubTransactions.TranNo WHERE "
-         "((Transactions.TranDate)<" +
-         store::dateLiteral(openingBefore) + ") And (Transactions.FYID)=" + std::to_string(fyid) +
-         " And (Transactions.Cancel)=No]. AS ABal ON AccLevel3.AccCode = ABal.AccCode GROUP BY AccLevel3.AccCode, "
-         "AccLevel3.AccName, AccLevel3.Level2ID, AccLevel3.Level1ID" +
-         selection;
-}
-
 }  // namespace
 
 std::string broughtForwardStatement(std::int64_t account, int fyid, const text::DateTime& from) {
@@ -86,9 +73,10 @@ std::string ledgersOf::range(std::int64_t from, std::int64_t to) {
   return " HAVING AccLevel3.AccCode>=" + std::to_string(from) + " and AccLevel3.AccCode<=" + std::to_string(to);
 }
 
-std::string accountsStatement(int fyid, const std::string& selection, const text::DateTime& openingBefore) {
-  return "SELECT MainBal.AccCode, [MainBal].[AccName] AS AccountName, MainBal.OpBalance, MainBal.OpStatus FROM (" +
-         openingBalances(fyid, selection, openingBefore) + ") as MainBal Order By MainBal.AccCode";
+std::string accountsStatement(const std::string& selection) {
+  return "SELECT AccLevel3.AccCode, AccLevel3.AccName AS AccountName FROM AccLevel3 GROUP BY AccLevel3.AccCode, "
+         "AccLevel3.AccName, AccLevel3.Level2ID, AccLevel3.Level1ID" +
+         selection + " ORDER BY AccLevel3.AccCode";
 }
 
 }  // namespace velmo::reports

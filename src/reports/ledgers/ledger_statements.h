@@ -37,8 +37,7 @@ std::string subType(std::int64_t level2Id);
 std::string range(std::int64_t from, std::int64_t to);
 }  // namespace ledgersOf
 
-// These accounts by their code, as `AccCode` and `AccountName`, with their balance before a day: `OpBalance` without a
-// sign, `OpStatus` "Debit" or "Credit".
-std::string accountsStatement(int fyid, const std::string& selection, const text::DateTime& openingBefore);
+// These accounts by their code, as `AccCode` and `AccountName`.
+std::string accountsStatement(const std::string& selection);
 
 }  // namespace velmo::reports

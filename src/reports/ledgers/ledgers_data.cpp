@@ -1,119 +1,118 @@
 #include "reports/ledgers/ledgers_data.h"
 
+#include <cmath>
+
+#include "printing/forward_rows.h"
 #include "store/values/error.h"
 #include "store/values/names.h"
 
 namespace velmo::reports {
 namespace {
 
-store::StoreError absent(std::string_view what, std::string_view name) {
-  return {store::ErrorKind::Misuse, "The rows have no " + std::string(what) + " '" + std::string(name) + "'."};
-}
+using printing::ReportRows;
 
-// The lines of a ledger as they are stored. Empty ones do not show.
-class StoredLines : public frame::ReportRows {
- public:
-  explicit StoredLines(std::shared_ptr<LedgerRows> all)
-      : all_(std::move(all)), debit_(all_->field("Debit")), credit_(all_->field("Credit")) {
-    takeIn();
-  }
-
-  std::int64_t ready() const override { return static_cast<std::int64_t>(shown_.size()); }
-  bool hasMore() const override { return all_->hasMore(); }
-  void read(int rows) override {
-    all_->read(rows);
-    takeIn();
-  }
-  int field(std::string_view name) const override { return all_->field(name); }
-  store::Value value(std::int64_t row, int field) const override {
-    return all_->stored(shown_[static_cast<std::size_t>(row)], field);
-  }
-
-  // A field of the last line of all; null without one.
-  store::Value atTheEnd(std::string_view name) {
-    constexpr int rowsAtOnce = 4096;
-    while (hasMore()) read(rowsAtOnce);
-    return all_->ready() == 0 ? store::Value(store::Null{}) : all_->stored(all_->ready() - 1, field(name));
-  }
-
- private:
-  void takeIn() {
-    for (; seen_ < all_->ready(); ++seen_) {
-      const bool filled =
-          store::numberOf(all_->stored(seen_, debit_)) != 0 || store::numberOf(all_->stored(seen_, credit_)) != 0;
-      if (filled) shown_.push_back(seen_);
-    }
-  }
-
-  std::shared_ptr<LedgerRows> all_;
-  int debit_;
-  int credit_;
-  std::vector<std::int64_t> shown_;
-  std::int64_t seen_ = 0;
+// What is stored with the last line of a ledger.
+struct Closing {
+  bool known = false;  // once the lines were walked
+  store::Value balance = {};
+  store::Value status = {};
 };
 
-// The lines of an account are read when they are asked for, and forgotten with it.
-class Accounts : public printing::ReportRows {
+// The lines of a ledger as they are stored. Empty ones do not show.
+class StoredLines : public ReportRows {
  public:
-  using Opener = std::function<std::shared_ptr<LedgerRows>(std::int64_t account)>;
-
-  Accounts(store::Recordset accounts, Opener openLines)
-      : accounts_(std::move(accounts)), openLines_(std::move(openLines)), code_(accounts_.fieldIndex("AccCode")) {}
+  StoredLines(std::unique_ptr<ReportRows> all, std::shared_ptr<Closing> closing)
+      : all_(std::move(all)), closing_(std::move(closing)) {}
 
   bool next() override {
-    lines_.reset();
-    return ++position_ < accounts_.recordCount();
+    while (all_->next()) {
+      last_ = {.known = true, .balance = value("Balance"), .status = value("Status")};
+      if (store::numberOf(value("Debit")) != 0 || store::numberOf(value("Credit")) != 0) return true;
+    }
+    last_.known = true;
+    *closing_ = last_;
+    return false;
+  }
+  store::Value value(std::string_view field) const override { return all_->value(field); }
+  std::unique_ptr<ReportRows> children(std::string_view member) const override { return all_->children(member); }
+
+ private:
+  std::unique_ptr<ReportRows> all_;
+  std::shared_ptr<Closing> closing_;
+  Closing last_ = {};
+};
+
+// What is known of an account is read when it is asked for, its lines one after the other.
+class Accounts : public ReportRows {
+ public:
+  Accounts(store::Connection& books, const LedgersChoice& choice)
+      : books_(books), choice_(choice), accounts_(books, accountsStatement(choice.selection)) {}
+
+  bool next() override {
+    opening_.reset();
+    closing_ = std::make_shared<Closing>();
+    return accounts_.next();
   }
 
   store::Value value(std::string_view field) const override {
-    if (store::sameName(field, "ClBalance")) return closing("OpBalance", "Balance");
-    if (store::sameName(field, "ClStatus")) return closing("OpStatus", "Status");
-    const int place = accounts_.fieldIndex(field);
-    if (place < 0) throw absent("field", field);
-    return accounts_.valueAt(position_, place);
+    if (store::sameName(field, "OpBalance")) return std::fabs(opening());
+    if (store::sameName(field, "OpStatus")) return std::string(frame::sideOf(opening()));
+    if (store::sameName(field, "ClBalance")) return isClosed() ? closing().balance : value("OpBalance");
+    if (store::sameName(field, "ClStatus")) return isClosed() ? closing().status : value("OpStatus");
+    return accounts_.value(field);
   }
 
-  std::unique_ptr<printing::ReportRows> children(std::string_view member) const override {
-    if (!store::sameName(member, "ChildCmd")) throw absent("chapter", member);
-    return frame::ReportRowsData(lines()).rows();
+  std::unique_ptr<ReportRows> children(std::string_view member) const override {
+    if (!store::sameName(member, "ChildCmd"))
+      throw store::StoreError(store::ErrorKind::Misuse, "The rows have no chapter '" + std::string(member) + "'.");
+    return lines();
   }
 
  private:
-  const std::shared_ptr<StoredLines>& lines() const {
-    if (lines_ == nullptr)
-      lines_ = std::make_shared<StoredLines>(openLines_(store::integerOf(accounts_.valueAt(position_, code_))));
-    return lines_;
+  std::int64_t account() const { return store::integerOf(accounts_.value("AccCode")); }
+
+  std::unique_ptr<ReportRows> lines() const {
+    const LedgerChoice ledger{
+        .account = account(), .fyid = choice_.fyid, .period = choice_.period, .lines = LedgerLines::EmptyToo};
+    return std::make_unique<StoredLines>(
+        std::make_unique<printing::ForwardRows>(books_, evenLedgerStatement(books_, ledger, choice_.lengths)),
+        closing_);
   }
 
-  store::Value closing(std::string_view opening, std::string_view stored) const {
-    return store::isNull(lines()->atTheEnd("Balance")) ? value(opening) : lines()->atTheEnd(stored);
+  double opening() const {
+    if (!opening_) opening_ = broughtForward(books_, account(), choice_.fyid, choice_.openingBefore).value_or(0);
+    return *opening_;
   }
 
-  store::Recordset accounts_;
-  Opener openLines_;
-  int code_;
-  std::int64_t position_ = -1;
-  mutable std::shared_ptr<StoredLines> lines_;  // of the account at the position, once they were asked for
+  const Closing& closing() const {
+    if (closing_->known) return *closing_;
+    const std::unique_ptr<ReportRows> all = lines();
+    while (all->next()) {
+    }
+    return *closing_;
+  }
+
+  bool isClosed() const { return !store::isNull(closing().balance); }
+
+  store::Connection& books_;
+  const LedgersChoice& choice_;
+  printing::ForwardRows accounts_;
+  // Of the present one:
+  mutable std::optional<double> opening_;
+  std::shared_ptr<Closing> closing_;
 };
 
 }  // namespace
 
 LedgersData::LedgersData(const store::Connection& books, LedgersChoice choice)
-    : books_(books.snapshot()),
-      choice_(std::move(choice)),
-      accounts_(books_, accountsStatement(choice_.fyid, choice_.selection, choice_.openingBefore),
-                store::LockType::ReadOnly) {}
+    : books_(books.snapshot()), choice_(std::move(choice)) {}
+
+bool LedgersData::isEmpty() const {
+  return !store::ForwardReader(books_, accountsStatement(choice_.selection)).next();
+}
 
 std::unique_ptr<printing::ReportRows> LedgersData::rows() const {
-  return std::make_unique<Accounts>(accounts_.clone(), [this](std::int64_t account) {
-    return openLedger(books_,
-                      {.account = account,
-                       .fyid = choice_.fyid,
-                       .period = choice_.period,
-                       .lines = LedgerLines::EmptyToo,
-                       .evenly = true},
-                      0, choice_.lengths);
-  });
+  return std::make_unique<Accounts>(books_, choice_);
 }
 
 }  // namespace velmo::reports

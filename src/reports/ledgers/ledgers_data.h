@@ -19,19 +19,18 @@ struct LedgersChoice {
 
 // The accounts by their code as rows of `ParentCmd`, each with `AccCode`, `AccountName`, `OpBalance`, `OpStatus`,
 // `ClBalance` and `ClStatus`, and its lines in the chapter `ChildCmd`. The closing balance is the stored one of the
-// account's last line, empty lines included, or else the opening balance. A walk reads the lines of one account after
-// the other, from the file as it was when the object was made.
+// account's last line, empty lines included, or else the opening balance. A walk keeps no line behind the one it stands
+// on, and reads the file as it was when the object was made.
 class LedgersData : public printing::ReportData {
  public:
   LedgersData(const store::Connection& books, LedgersChoice choice);  // throws StoreError
 
-  bool isEmpty() const { return accounts_.isEmpty(); }
+  bool isEmpty() const;
   std::unique_ptr<printing::ReportRows> rows() const override;
 
  private:
   mutable store::Connection books_;
   LedgersChoice choice_;
-  store::Recordset accounts_;
 };
 
 }  // namespace velmo::reports

@@ -22,28 +22,45 @@ class LedgerOpener {
       : connection_(connection), choice_(choice), lengths_(lengths) {}
 
   std::shared_ptr<LedgerRows> open(double broughtForward) {
-    const std::string ofAccount = "SubTransactions WHERE AccCode = " + std::to_string(choice_.account);
-    const std::int64_t lines = countOf(connection_, "AccCode", ofAccount);
-    if (lines <= lengths_.few) return whole(LedgerWalk::OfAccount, broughtForward);
-    if (isQuickerByDay(lines)) return whole(LedgerWalk::OfDays, broughtForward);
-    if (lines <= lengths_.shortWait) return whole(LedgerWalk::OfAccount, broughtForward);
-    if (choice_.evenly) return whole(LedgerWalk::OfDays, broughtForward);
-    return inTwo(lines, broughtForward);
+    const std::int64_t lines = countOf(connection_, "AccCode", ofAccount());
+    const std::optional<LedgerWalk> walk = quickWalk(lines);
+    return walk ? whole(*walk, broughtForward) : inTwo(lines, broughtForward);
+  }
+
+  std::string evenStatement() const {
+    const std::string lines = "SELECT AccCode FROM " + ofAccount();
+    const std::int64_t counted = countUpTo(lengths_.shortWait + 1, lines);
+    const std::optional<LedgerWalk> walk = counted > lengths_.shortWait ? std::nullopt : quickWalk(counted);
+    return statement(filterOf(choice_.period), walk.value_or(LedgerWalk::OfDays));
   }
 
  private:
+  std::string ofAccount() const { return "SubTransactions WHERE AccCode = " + std::to_string(choice_.account); }
+
+  // Counts no further than it must.
+  std::int64_t countUpTo(std::int64_t most, const std::string& select) const {
+    std::int64_t counted = 0;
+    store::ForwardReader rows(connection_, select);
+    while (counted < most && rows.next()) ++counted;
+    return counted;
+  }
+
+  // One in which nobody waits for the first line; nothing when there is none.
+  std::optional<LedgerWalk> quickWalk(std::int64_t lines) const {
+    if (lines <= lengths_.few) return LedgerWalk::OfAccount;
+    if (isQuickerByDay(lines)) return LedgerWalk::OfDays;
+    if (lines <= lengths_.shortWait) return LedgerWalk::OfAccount;
+    return std::nullopt;
+  }
+
   // Or hardly slower, where the lines are too many to be sorted while somebody waits.
   bool isQuickerByDay(std::int64_t lines) const {
     return !hasMoreDocuments(lines > lengths_.longWait ? lines * 2 : lines / 2);
   }
 
-  // Counts no further than it must.
   bool hasMoreDocuments(std::int64_t number) const {
-    store::ForwardReader documents(connection_, "SELECT FYID FROM Transactions WHERE " + filterOf(choice_.period) +
-                                                    "FYID = " + std::to_string(choice_.fyid));
-    while (documents.next())
-      if (--number < 0) return true;
-    return false;
+    return countUpTo(number + 1, "SELECT FYID FROM Transactions WHERE " + filterOf(choice_.period) +
+                                     "FYID = " + std::to_string(choice_.fyid)) > number;
   }
 
   std::shared_ptr<LedgerRows> whole(LedgerWalk walk, double broughtForward) {
@@ -88,8 +105,11 @@ class LedgerOpener {
   }
 
   store::Recordset rows(const std::string& filter, LedgerWalk walk) const {
-    return {connection_, ledgerStatement(choice_.account, choice_.fyid, filter, walk, choice_.lines),
-            store::LockType::ReadOnly};
+    return {connection_, statement(filter, walk), store::LockType::ReadOnly};
+  }
+
+  std::string statement(const std::string& filter, LedgerWalk walk) const {
+    return ledgerStatement(choice_.account, choice_.fyid, filter, walk, choice_.lines);
   }
 
   store::Connection& connection_;
@@ -102,6 +122,11 @@ class LedgerOpener {
 std::shared_ptr<LedgerRows> openLedger(store::Connection& connection, const LedgerChoice& choice, double broughtForward,
                                        const LedgerLengths& lengths) {
   return LedgerOpener(connection, choice, lengths).open(broughtForward);
+}
+
+std::string evenLedgerStatement(store::Connection& connection, const LedgerChoice& choice,
+                                const LedgerLengths& lengths) {
+  return LedgerOpener(connection, choice, lengths).evenStatement();
 }
 
 }  // namespace velmo::reports

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "frame/report/report_screen.h"
+#include "reports/ledgers/vouchers_data.h"
 #include "schema/document_kinds.h"
 #include "text/number.h"
 
@@ -67,16 +68,6 @@ std::string filterOf(const ReportScreen& screen, int fyid) {
   }
 }
 
-std::string vouchersHierarchy(const session::LoginContext& context, int tranType, const std::string& filter) {
-  return "Shape {select tranno, docno, trandate, desc, (" + store::quoted(context.currencyname + " ") +
-         " & transactions.wordsamt) as WordsAmt, trantype, iif(cancel=0, '', 'CANCELLED') as CStatus from transactions "
-         "where (trantype= " +
-         std::to_string(tranType) + filter +
-         ") order by docno} as ParentCmd append ({SELECT Serial, AccCode, AccName, TranNo, Desc, Debit, Credit from "
-         "SubTransactions WHERE ((SubTransactions.Debit)<>0) OR ((SubTransactions.Credit)<>0) order by debit desc, "
-         "credit desc} as ChildCmd relate tranno to tranno) as ChildCmd";
-}
-
 std::optional<printing::Report> printOut(ReportScreen& screen, const VoucherLayouts& layouts) {
   session::LoginContext& context = screen.workplace().context;
   const VoucherKind& kind = kinds[static_cast<std::size_t>(screen.filters().choice("TypeOpt"))];
@@ -85,9 +76,10 @@ std::optional<printing::Report> printOut(ReportScreen& screen, const VoucherLayo
     screen.refuse("Cannot Print", "The layout of these vouchers is not part of this program.");
     return std::nullopt;
   }
-  store::Recordset vouchers;
-  vouchers.openShape(context.KORDconn, vouchersHierarchy(context, kind.tranType, filterOf(screen, context.FYID)));
-  if (vouchers.isEmpty()) {
+  const auto vouchers = std::make_shared<const VouchersData>(
+      context.KORDconn, context.currencyname,
+      "trantype= " + std::to_string(kind.tranType) + filterOf(screen, context.FYID));
+  if (vouchers->isEmpty()) {
     screen.showMessage(ReportScreen::tr("There are no such vouchers."));
     return std::nullopt;
   }

@@ -1,6 +1,7 @@
 #include "shell/catalogue/document_voucher.h"
 
 #include "printing/preview_window.h"
+#include "printing/recordset_data.h"
 #include "vouchers/print/voucher_print.h"
 
 namespace velmo::shell {
@@ -24,7 +25,8 @@ void showDocumentVoucher(session::Workplace& workplace, std::int64_t tranNo, QWi
   hierarchy.openShape(context.KORDconn, voucherHierarchy(context.currencyname, tranNo));
   if (hierarchy.isEmpty()) return;
   const int tranType = static_cast<int>(hierarchy.integer("trantype"));
-  printing::showPreview(parent, vouchers::voucherPrint(context, hierarchy, tranType, workplace.clock.today()),
+  const auto voucher = std::make_shared<const printing::RecordsetData>(hierarchy);
+  printing::showPreview(parent, vouchers::voucherPrint(context, voucher, tranType, workplace.clock.today()),
                         workplace.files);
 }
 

@@ -60,7 +60,9 @@ bool mayBeFormer(std::string_view name) {
 }
 
 bool isAbandoned(const fs::path& file, std::string_view formerNames) {
-  static const std::regex ours(R"(\..+\.velmo-([0-9a-f]{8})-(\d{1,9})-(\d{1,20})-\d+\.[a-z]+(-wal|-shm|-journal)?)");
+  // What packs an archive adds six characters to the name while it writes.
+  static const std::regex ours(
+      R"(\..+\.velmo-([0-9a-f]{8})-(\d{1,9})-(\d{1,20})-\d+\.[a-z]+(-wal|-shm|-journal|\.[0-9A-Za-z]{6})?)");
   static const std::regex former(R"(\.?(.+?)\.((\d{1,9})\.(copy|part)|new|upgrade)(-wal|-shm|-journal)?)");
   const std::string name = file.filename().string();
   std::smatch part;

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include "store/connection/connection_impl.h"
+#include "store/rows/cell_table.h"
 #include "store/rows/result_source.h"
 
 namespace velmo::store {
@@ -27,6 +28,10 @@ bool ForwardReader::next() {
 
 int ForwardReader::field(std::string_view name) const {
   return impl_->source->requireField(name);
+}
+
+Value ForwardReader::value(int field) const {
+  return resultValue(impl_->statement.handle(), field, impl_->source->types[static_cast<std::size_t>(field)]);
 }
 
 bool ForwardReader::isNull(int field) const {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "store/connection/connection.h"
+#include "store/values/value.h"
 
 namespace velmo::store {
 
@@ -22,6 +23,7 @@ class ForwardReader {
   // Throws (Misuse) when the statement has none of that name.
   int field(std::string_view name) const;
   // Of the current row, by the field's number; null gives 0 and "".
+  Value value(int field) const;
   bool isNull(int field) const;
   double number(int field) const;
   std::int64_t integer(int field) const;

@@ -1,10 +1,12 @@
 #include "store/rows/cell_table.h"
 
+#include <malloc.h>
 #include <sqlite3.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <functional>
 #include <limits>
 
 #include "store/sqlite/statement_cache.h"
@@ -14,6 +16,8 @@ namespace {
 
 constexpr std::size_t smallestBlock = 256;
 constexpr std::size_t largestBlock = std::size_t{1024} * 1024;
+constexpr std::size_t rememberedTexts = 1024;
+constexpr std::size_t manyRows = 50'000;
 
 int compareTexts(std::string_view left, std::string_view right) {
   const int order = sqlite3_strnicmp(left.data(), right.data(), static_cast<int>(std::min(left.size(), right.size())));
@@ -65,6 +69,13 @@ int compareValues(const Value& left, const Value& right) {
   const auto* rightWhole = std::get_if<std::int64_t>(&right);
   if (leftWhole != nullptr && rightWhole != nullptr) return compareNumbers(*leftWhole, *rightWhole);
   return compareNumbers(numberOf(left), numberOf(right));
+}
+
+// What a long table took, the system has back.
+CellTable::~CellTable() {
+  rowBlocks_.clear();
+  blocks_.clear();
+  if (rows_ > manyRows) malloc_trim(0);
 }
 
 CellTable::Cell* CellTable::newRow() {
@@ -144,23 +155,31 @@ int CellTable::compare(std::size_t leftRow, std::size_t rightRow, std::size_t co
 }
 
 CellTable::Cell CellTable::textCell(std::string_view text) {
+  Cell cell{};
+  cell.kind = Kind::Text;
+  cell.size = static_cast<std::uint32_t>(text.size());
+  cell.text = text.empty() ? "" : placeOf(text);
+  return cell;
+}
+
+// Names of accounts and what belongs to one document stand in many rows, mostly near each other.
+const char* CellTable::placeOf(std::string_view text) {
+  std::string_view* latest = nullptr;
+  if (rows_ > rowsInBlock) {
+    latestTexts_.resize(rememberedTexts);
+    latest = &latestTexts_[std::hash<std::string_view>()(text) % rememberedTexts];
+    if (*latest == text) return latest->data();
+  }
   if (blockUsed_ + text.size() > blockSize_) {
     blockSize_ = std::max(text.size(), std::clamp(blockSize_ * 2, smallestBlock, largestBlock));
     blocks_.push_back(std::make_unique_for_overwrite<char[]>(blockSize_));
     blockUsed_ = 0;
   }
-  Cell cell{};
-  cell.kind = Kind::Text;
-  cell.size = static_cast<std::uint32_t>(text.size());
-  if (text.empty()) {
-    cell.text = "";
-    return cell;
-  }
   char* place = blocks_.back().get() + blockUsed_;
   std::memcpy(place, text.data(), text.size());
-  cell.text = place;
   blockUsed_ += text.size();
-  return cell;
+  if (latest != nullptr) *latest = {place, text.size()};
+  return place;
 }
 
 CellTable::Cell CellTable::cellOf(const Value& value) {

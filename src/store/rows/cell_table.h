@@ -13,11 +13,15 @@ struct sqlite3_stmt;
 
 namespace velmo::store {
 
-// Rows in little memory: 16 bytes a field, texts side by side in large blocks. A text that is replaced leaves its old
-// place unused. Rows stand in blocks as well, so that a long table grows without being moved.
+// Rows in little memory: 16 bytes a field, texts side by side in large blocks, and those that come again and again in a
+// long table once for many rows. A text that is replaced leaves its old place unused. Rows stand in blocks as well, so
+// that a long table grows without being moved.
 class CellTable {
  public:
   explicit CellTable(std::size_t columns) : columns_(columns) {}
+  ~CellTable();
+  CellTable(const CellTable&) = delete;
+  CellTable& operator=(const CellTable&) = delete;
 
   void append();                                                               // a row of nulls
   void append(sqlite3_stmt* statement, const std::vector<ColumnType>& types);  // the row the statement stands on
@@ -50,6 +54,7 @@ class CellTable {
   Cell cellOf(const Value& value);
   Cell cellOf(sqlite3_stmt* statement, int column, ColumnType type);
   Cell textCell(std::string_view text);
+  const char* placeOf(std::string_view text);
   static Cell dateCell(const text::DateTime& date);
 
   std::size_t columns_;
@@ -59,6 +64,7 @@ class CellTable {
   std::vector<std::unique_ptr<char[]>> blocks_;
   std::size_t blockUsed_ = 0;
   std::size_t blockSize_ = 0;
+  std::vector<std::string_view> latestTexts_;  // by their hash; of a long table alone
 };
 
 // The same order for values, as the store sorts them.

@@ -25,12 +25,15 @@ class PrintVouchers : public test::LedgerCompany {
     post({.day = "11-22-2026", .tranType = 32, .lines = {{12001002, 1, 0}}, .docNo = 12});
     post({.day = "11-22-2026", .tranType = 38, .lines = {{12001002, 1, 0}}, .docNo = 4});
     const auto layout = [this](const char* name) {
-      return [this, name](const session::LoginContext&, const store::Recordset& vouchers, int type, text::DateTime) {
+      return [this, name](const session::LoginContext&, std::shared_ptr<const printing::ReportData> vouchers, int type,
+                          text::DateTime) {
         layoutUsed = name + std::string(" of ") + std::to_string(type);
-        store::Recordset voucher = vouchers;
-        for (voucher.moveFirst(); !voucher.eof(); voucher.moveNext())
-          shown.push_back(voucher.text("docno") + voucher.text("CStatus") + "/" +
-                          std::to_string(voucher.chapter("ChildCmd").recordCount()));
+        for (const auto rows = vouchers->rows(); rows->next();) {
+          int lines = 0;
+          for (const auto below = rows->children("ChildCmd"); below->next();) ++lines;
+          shown.push_back(store::textOf(rows->value("docno")) + store::textOf(rows->value("CStatus")) + "/" +
+                          std::to_string(lines));
+        }
         return printing::Report{.title = "Vouchers", .data = std::make_shared<printing::VectorData>()};
       };
     };

@@ -172,6 +172,7 @@ TEST(WorkFiles, OfLivingProgramsStayAndThoseOfDeadOnesGo) {
   touch(otherBoot, 2);
   touch(otherBoot + "-wal", 30);
   touch(reused, 0);  // the number belongs to another process now
+  touch(reused + ".a1B2c3", 0);
   touch("KORD Back-Up (Date 1).999999999.part", 0);
   touch("KORD Back-Up (Date 1).1.copy", 0);
   touch("Shop.MDB.new", 1);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <set>
 
+#include "printing/recordset_data.h"
 #include "printing/sample_report.h"
 #include "schema/company_schema.h"
 #include "support/new_company.h"
@@ -57,7 +58,7 @@ class Voucher2 : public testing::Test {
                     {"credit", posting.credit}});
   }
 
-  store::Recordset vouchers() {
+  Vouchers vouchers() {
     store::Recordset hierarchy;
     hierarchy.openShape(
         context_.KORDconn,
@@ -66,7 +67,7 @@ class Voucher2 : public testing::Test {
         "append ({SELECT Serial, AccCode, AccName, TranNo, Desc, Debit, Credit from SubTransactions WHERE "
         "((SubTransactions.Debit)<>0) OR ((SubTransactions.Credit)<>0) order by debit desc, credit desc} as ChildCmd "
         "relate tranno to tranno) as ChildCmd");
-    return hierarchy;
+    return std::make_shared<RecordsetData>(hierarchy);
   }
 
   Report report() { return voucher2Print(context_, vouchers(), 32, text::DateTime::fromCalendar(2026, 11, 22)); }
