@@ -80,6 +80,13 @@ class Clerk {
         return document_.nature == "Petty Receipt" ? postPetty(-1) : postReceived();
       case 51:
         return postStock();
+      case 20:
+      case 30:
+      case 91:
+      case 92:
+      case 93:
+      case 94:
+        return;  // papers without a ledger
       default:
         odd("is of type " + std::to_string(document_.type));
     }

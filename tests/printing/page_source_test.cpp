@@ -76,7 +76,7 @@ void expectAllPages(PageSource& pages, const std::vector<Page>& wanted) {
 }
 
 void makeAll(PageSource& pages) {
-  while (!pages.complete()) pages.makeOne();
+  while (!pages.complete()) pages.makeFor(1000);
 }
 
 TEST(PageSource, GivesThePagesThatWereMadeInAnyOrder) {

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "demo_company/next_number.h"
 #include "demo_company/parties.h"
 #include "demo_company/settlement_document.h"
 #include "text/format.h"
@@ -24,14 +25,7 @@ constexpr PettyLine pettyExpenses[] = {{60002010, "Tea and refreshments"},
 class Settlement {
  public:
   Settlement(session::LoginContext& context, const SettlementKind& kind, const text::DateTime& moment)
-      : context_(context),
-        kind_(kind),
-        document_(context, kind, moment,
-                  store::Recordset(context.KORDconn, "select Max(DocNo) as LastNo from transactions where trantype=" +
-                                                         std::to_string(kind.form.tranType) +
-                                                         " and fyid=" + std::to_string(context.FYID))
-                          .integer("LastNo") +
-                      1) {}
+      : context_(context), kind_(kind), document_(context, kind, moment, nextNumber(context, kind.form.tranType)) {}
 
   // The oldest open invoices of the party, as many as wanted, as far as there is money. False when there are none.
   bool settle(std::int64_t party, int count, double money, Dice& dice) {

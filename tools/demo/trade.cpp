@@ -6,6 +6,8 @@
 #include <stdexcept>
 
 #include "demo_company/money.h"
+#include "demo_company/next_number.h"
+#include "demo_company/orders.h"
 #include "demo_company/parties.h"
 #include "demo_company/trade_document.h"
 #include "documents/invoices/purchase_bill_type.h"
@@ -103,12 +105,15 @@ class TradeClerk {
     save(frame::ReceivedRule::AsTyped, nullptr);
   }
 
+  // What is left to sell, by item.
+  std::map<std::string, double>& stock() { return stock_; }
+
  private:
   void begin(const frame::DocumentType& type, const documents::TradeKind& kind, const text::DateTime& moment) {
     context_.UserID = dice_.inHundred(70) ? 2 : 1;
     type_ = &type;
     paidShare_ = 0;
-    document_.emplace(context_, type, kind, moment, lastNumber_[type.form.tranType] + 1);
+    document_.emplace(context_, type, kind, moment, nextNumber(context_, type.form.tranType));
   }
 
   void chooseParty(std::int64_t code) {
@@ -154,7 +159,6 @@ class TradeClerk {
     const frame::DocumentWrite written = document_->compose(rule);
     store::Recordset tran(context_.KORDconn, "SELECT * from transactions where tranno = 0");
     frame::writeDocument(context_.KORDconn, written, tran, document_->sheet());
-    ++lastNumber_[type_->form.tranType];
     if (remembered) remembered->insert(remembered->end(), document_->lines().begin(), document_->lines().end());
   }
 
@@ -163,7 +167,6 @@ class TradeClerk {
   const std::vector<TradedItem> items_;
   const std::vector<TradedParty> parties_;
   std::map<std::string, double> stock_;
-  std::map<int, std::int64_t> lastNumber_;  // by type of document
   std::vector<TradedLine> sold_;
   std::vector<TradedLine> bought_;
 
@@ -194,12 +197,14 @@ void tradeOn(TradeClerk& clerk, Dice& dice, const text::DateTime& day, const tex
 
 void writeTrade(session::LoginContext& context, Dice& dice, const text::DateTime& now) {
   TradeClerk clerk(context, dice);
+  OrderClerk orders(context, clerk.stock());
   text::DateTime day = now.date().addDays(1 - daysOfTrade);
   if (day < context.FinancialYearStart) day = context.FinancialYearStart;
   constexpr std::uint32_t seed = 39;
   Dice moneyDice(seed);  // of its own, so that the trade stays as it is
   for (; day <= now.date(); day = day.addDays(1)) {
     tradeOn(clerk, dice, day, now);
+    orders.work(day, now);
     moveMoney(context, moneyDice, day, now);
   }
 }

@@ -19,6 +19,8 @@ void visitSaleInvoices(Guide& guide, shell::MainShell& shell);
 void visitSettings(Guide& guide, shell::MainShell& shell);
 // A purchase, a credit note and a debit note.
 void visitTradeDocuments(Guide& guide, shell::MainShell& shell);
+// From offer to gate: quotations, orders, challans and gate passes, and what becomes of them.
+void visitOrders(Guide& guide, shell::MainShell& shell);
 // Money that comes in against invoices, and petty cash that goes out.
 void visitSettlements(Guide& guide, shell::MainShell& shell);
 // A journal voucher, its print-out, and the notes of a receipt and of petty cash.

@@ -1,6 +1,7 @@
 #include "documents/invoices/purchase_bill_type.h"
 
 #include "documents/trade/find_screens.h"
+#include "documents/trade/order_days.h"
 #include "documents/trade/trade_body.h"
 #include "documents/trade/trade_rules.h"
 #include "text/number.h"
@@ -15,16 +16,8 @@ std::vector<frame::DocumentField> fields() {
   using enum frame::FieldPlace;
   return {{.name = "D1", .column = "D1", .label = "Vendor Invoice No."},
           {.name = "D1Dt", .column = "D1Date", .label = "Dated ", .place = Beside},
-          {.name = "D2", .column = "D2", .label = "Purchase Order No."},
+          {.name = "D2", .column = "D2", .label = "Purchase Order No.", .opens = "PurchaseOrders"},
           {.name = "D2Dt", .column = "D2Date", .label = "Dated ", .place = Beside}};
-}
-
-std::string purchaseOrderStatement(const std::string& number, int fyid) {
-  const std::optional<double> docNo = text::numberFrom(number);
-  if (!docNo) return {};
-  return "Select trandate, docno from transactions where docno = " + text::numberText(*docNo) +
-         " and trantype=" + std::to_string(schema::tran_type::PurchaseOrder) + " and fyid = " + std::to_string(fyid) +
-         " and cancel = No";
 }
 
 frame::AgingRow openItem(const DocumentValues& values) {
@@ -51,7 +44,7 @@ const frame::DocumentType& purchaseBillType() {
       .find = findPurchasesSimple(),
       .makeBody = tradeBody(purchaseBillKind()),
       .fields = fields(),
-      .dateLookups = {{.from = "D2", .to = "D2Dt", .statement = purchaseOrderStatement}},
+      .dateLookups = {purchaseOrderDay()},
       .validation =
           {fieldFilled("D1", "Select correct vendor invoice number."),
            headAccountChosen("Select a correct expense account."),

@@ -1,6 +1,8 @@
 #include "documents/invoices/sale_invoice_type.h"
 
+#include "documents/conversions/conversion_commands.h"
 #include "documents/trade/find_screens.h"
+#include "documents/trade/order_days.h"
 #include "documents/trade/trade_body.h"
 #include "documents/trade/trade_rules.h"
 #include "schema/account_types.h"
@@ -34,18 +36,10 @@ std::vector<frame::DocumentField> fields() {
        .initial = "1"},
       {.name = "D1", .column = "D1", .label = "Purchase Order No."},
       {.name = "D1Dt", .column = "D1Date", .label = "Dated ", .place = Beside},
-      {.name = "D2", .column = "D2", .label = "Delivery Challan No."},
+      {.name = "D2", .column = "D2", .label = "Delivery Challan No.", .opens = "DeliveryChallans"},
       {.name = "D2Dt", .column = "D2Date", .label = "Dated ", .place = Beside},
       {.name = "ACodeTxt", .column = "Text4", .kind = Unseen, .initial = "10001001"},
   };
-}
-
-// The customer's order reference on a sale order of the year.
-std::string saleOrderStatement(const std::string& reference, int fyid) {
-  if (reference.empty()) return {};
-  return "Select trandate, d1 from transactions where d1 like " + store::quoted(reference) +
-         " and trantype=" + std::to_string(schema::tran_type::SaleOrder) + " and fyid = " + std::to_string(fyid) +
-         " and cancel = No";
 }
 
 std::vector<frame::ValidationStep> validation() {
@@ -90,15 +84,14 @@ const frame::DocumentType& saleInvoiceType() {
       .find = findSalesSimple(),
       .makeBody = tradeBody(saleInvoiceKind()),
       .fields = fields(),
-      .dateLookups = {{.from = "D1", .to = "D1Dt", .statement = saleOrderStatement}},
+      .dateLookups = {saleOrderDay()},
       .validation = validation(),
       .header = header,
       .posting = frame::PostingTable{.documentName = [](const DocumentValues& v) { return "Invoice No " + v.DocNo; },
                                      .rows = receivableRows(frame::carriageOutwards)},
       .aging = frame::AgingRule{.side = frame::AgingSide::Receivable, .row = ownOpenItem},
-      .conversions = {{.name = "ConvertBttn2", .caption = "Convert D.C."},
-                      {.name = "ConvertBttn3", .caption = "Convert O.G.P."}},
-      .marks = {{.column = "Text10", .label = "ConvLbl2"}},
+      .conversions = conversionCommands(schema::tran_type::SaleInvoice),
+      .marks = conversionMarks(schema::tran_type::SaleInvoice),
       .printSettings = "InvoiceSettings",
   };
   return type;

@@ -1,11 +1,13 @@
 #include "documents/trade/find_screens.h"
 
+#include "documents/trade/find_columns.h"
 #include "frame/document/find_columns.h"
 
 namespace velmo::documents {
 
 namespace {
 
+using namespace find_columns;
 using enum frame::FindCondition;
 
 constexpr std::string_view select =
@@ -15,12 +17,7 @@ constexpr std::string_view select =
     "'', 'CANCELLED') AS CStatus, Users.UserName AS AddedBy, Transactions.TimeAdded, Users_1.UserName AS EditedBy, "
     "Transactions.TimeEdited";
 
-const frame::FindColumn serialNo{"Serial No.", "Transactions.DocNo", Number, "Give serial no. to find."};
-const frame::FindColumn date{"Date", "Transactions.TranDate", OnDay};
 const frame::FindColumn terms{"Terms of Payment", "Transactions.Nature", AsTyped, "Give terms of payment to find."};
-const frame::FindColumn customer{"Customer Name", "Transactions.Text1", Contains, "Give customer name to find."};
-const frame::FindColumn vendor{"Vendor Name", "Transactions.Text1", Contains, "Give vendor name to find."};
-const frame::FindColumn amount{"Amount", "Transactions.TrAmount", Number, "Give amount to find."};
 
 // What the two references of a kind of document are called in the list of what was found.
 struct References {

@@ -96,7 +96,7 @@ frame::ItemGridKind purchaseLines(const std::string& quantityField) {
   return {.quantityField = quantityField,
           .priceField = "PurchasePrice",
           .priceCaption = "Purchase Price",
-          .historyTranType = schema::tran_type::PurchaseBill,
+          .historyTranTypes = {schema::tran_type::PurchaseBill},
           .historyQuantityField = "StockIn",
           .serialNumbers = frame::SerialNumbers::Kept};
 }

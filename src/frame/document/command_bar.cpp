@@ -24,9 +24,11 @@ CommandBar::CommandBar(const DocumentType& type, QWidget* screen)
   const bool voucherOnly = type.printCommands == PrintCommands::VoucherOnly;
   print = voucherOnly ? nullptr
                       : make("PrintBill_0", tr("Print"), tr("Saves the document and prints it"), Qt::CTRL | Qt::Key_P);
-  voucher = make(voucherOnly ? "PrintBill" : "PrintBill_1", tr("Voucher"),
-                 tr("Saves the document and prints its ledger voucher"),
-                 voucherOnly ? Qt::CTRL | Qt::Key_P : Qt::CTRL | Qt::SHIFT | Qt::Key_P);
+  const bool hasVoucher = type.printCommands != PrintCommands::DocumentOnly;
+  voucher = !hasVoucher ? nullptr
+                        : make(voucherOnly ? "PrintBill" : "PrintBill_1", tr("Voucher"),
+                               tr("Saves the document and prints its ledger voucher"),
+                               voucherOnly ? Qt::CTRL | Qt::Key_P : Qt::CTRL | Qt::SHIFT | Qt::Key_P);
   settings = type.printSettings.empty()
                  ? nullptr
                  : make("SetBttn", tr("Print Settings"), tr("Chooses the layout of the print-out"));
@@ -49,7 +51,7 @@ CommandBar::CommandBar(const DocumentType& type, QWidget* screen)
                                 tr("Makes the next document of the chain from this one"));
     forms::makeQuiet(*convert);
     below->addWidget(convert);
-    forbid(*convert);
+    conversions.push_back(convert);
   }
 }
 
@@ -80,7 +82,7 @@ void CommandBar::include(QAbstractButton& button) {
 
 void CommandBar::place(QPushButton& button) {
   auto* row = static_cast<QHBoxLayout*>(actions_->layout());
-  row->insertWidget(row->indexOf(settings ? settings : voucher) + 1, &button);
+  row->insertWidget(row->indexOf(settings ? settings : voucher ? voucher : print) + 1, &button);
 }
 
 void CommandBar::setEnabled(bool enabled) {

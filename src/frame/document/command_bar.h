@@ -24,13 +24,14 @@ class CommandBar : public QObject {
   QPushButton* save;
   QPushButton* cancel;
   QPushButton* remove;
-  QPushButton* print;  // nullptr when the voucher is all there is to print
-  QPushButton* voucher;
+  QPushButton* print;     // nullptr when the voucher is all there is to print
+  QPushButton* voucher;   // nullptr when the document has no ledger lines
   QPushButton* settings;  // nullptr when the print-out has only one layout
   QPushButton* find;
   QPushButton* retrieve;
   QPushButton* previous;
   QPushButton* next;
+  std::vector<QPushButton*> conversions;  // as the type has them
 
   // Commands that this company, year or program does not offer stay disabled whatever setEnabled() says.
   void forbid(QAbstractButton& button);

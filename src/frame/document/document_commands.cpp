@@ -24,7 +24,7 @@ void DocumentScreen::connectCommands() {
   on(commands_->add, &DocumentScreen::addCommand);
   on(commands_->save, [this] { ValidateAndSave(PrintMode::Nothing); });
   if (commands_->print) on(commands_->print, [this] { ValidateAndSave(PrintMode::Document); });
-  on(commands_->voucher, [this] { ValidateAndSave(PrintMode::Voucher); });
+  if (commands_->voucher) on(commands_->voucher, [this] { ValidateAndSave(PrintMode::Voucher); });
   on(commands_->cancel, &DocumentScreen::cancelCommand);
   on(commands_->remove, &DocumentScreen::deleteCommand);
   on(commands_->find, &DocumentScreen::findCommand);
@@ -40,8 +40,9 @@ void DocumentScreen::connectCommands() {
 // What this program does not have yet stands there disabled.
 void DocumentScreen::offerCommands() {
   body_->addCommands(*commands_);
+  connectConversions();
   if (commands_->print && !type_.print) commands_->forbid(*commands_->print);
-  if (!printOuts_.voucher) commands_->forbid(*commands_->voucher);
+  if (commands_->voucher && !printOuts_.voucher) commands_->forbid(*commands_->voucher);
   if (commands_->settings && !workplace_.screens.hasScreen(type_.printSettings))
     commands_->forbid(*commands_->settings);
 }

@@ -1,7 +1,6 @@
 #include "frame/document/document_screen.h"
 
 #include <QCloseEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -129,18 +128,6 @@ void DocumentScreen::showTranNo() {
   TranNo_->setText(Tran_.isEmpty() ? QString() : QString::number(Tran_.integer("tranno")));
 }
 
-// What the shown document was converted to.
-void DocumentScreen::showMarks() {
-  bool any = false;
-  for (const auto& [column, label] : marks_) {
-    const std::string mark = AddMode_ ? std::string() : Tran_.text(column);
-    label->setText(QString::fromStdString(mark));
-    label->setVisible(!mark.empty());
-    any = any || !mark.empty();
-  }
-  ConvLbl_->setVisible(any);
-}
-
 DocumentValues DocumentScreen::values() const {
   DocumentValues values;
   values.DocNo = card_->docNo();
@@ -150,6 +137,8 @@ DocumentValues DocumentScreen::values() const {
   values.JobList = references_->job();
   values.EmpList = references_->employee();
   values.LocationList = references_->location();
+  if (type_.locationChoice == LocationChoice::OfCompany)
+    values.LocationList = {.text = {}, .id = workplace_.context.stocklocationid, .matches = true};
   values.fields = fields_.texts();
   body_->fill(values);
   return values;
@@ -177,14 +166,14 @@ void DocumentScreen::closeEvent(QCloseEvent* event) {
 
 // Saving
 
-void DocumentScreen::ValidateAndSave(PrintMode mode) {
+void DocumentScreen::ValidateAndSave(PrintMode mode, const ConversionCommand* conversion) {
   if (!commands_->save->isEnabled() || !body_->commitEdit()) return;
-  body_->beforeSave([this, mode] {
+  body_->beforeSave([this, mode, conversion] {
     workplace_.attempt("Cannot Save", [&] {
       const DocumentValues values = this->values();
-      if (!passes(values) || !PostDocument(values)) return;
+      if (!passes(values) || !PostDocument(values, conversion)) return;
       GiveUp();  // it is in the books
-      afterSave(mode, values);
+      conversion ? finishConversion(*conversion) : afterSave(mode, values);
     });
   });
 }
@@ -234,13 +223,13 @@ void DocumentScreen::focusControl(std::string_view name) {
   if (auto* widget = findChild<QWidget*>(forms::shownText(name))) widget->setFocus(Qt::OtherFocusReason);
 }
 
-bool DocumentScreen::PostDocument(const DocumentValues& values) {
-  const auto document =
-      body_->compose(values, workplace_.clock.now(), AddMode_ ? HeaderWrite::Add : HeaderWrite::Update);
+bool DocumentScreen::PostDocument(const DocumentValues& values, const ConversionCommand* conversion) {
+  auto document = body_->compose(values, workplace_.clock.now(), AddMode_ ? HeaderWrite::Add : HeaderWrite::Update);
   if (!document) {
     workplace_.prompts.tell("Cannot Save", document.error());
     return false;
   }
+  if (conversion && !AddMode_) document->demand = [this, conversion] { demandUnharmed(*conversion); };
   QWidget* const worked = focusWidget();
   commands_->setEnabled(false);  // a second click cannot post twice
   body_->detach();

@@ -21,6 +21,10 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 
+namespace velmo::forms {
+class LinkButton;
+}
+
 namespace velmo::frame {
 
 class CommandBar;
@@ -77,12 +81,12 @@ class DocumentScreen : public QWidget, public session::Reopened, public session:
 
   // The life of a document
   void ClearForNewRecord();
-  void ValidateAndSave(PrintMode mode);
+  void ValidateAndSave(PrintMode mode, const ConversionCommand* conversion = nullptr);
   void proposeDocNo();
   bool isFreeDocNo() const;
   void refuseDocNo();
   bool passes(const DocumentValues& values);
-  bool PostDocument(const DocumentValues& values);
+  bool PostDocument(const DocumentValues& values, const ConversionCommand* conversion);
   void afterSave(PrintMode mode, const DocumentValues& values);
   void printDocument(const DocumentValues& values);
   void printVoucher();
@@ -97,12 +101,25 @@ class DocumentScreen : public QWidget, public session::Reopened, public session:
   void previousCommand();
   void nextCommand();
 
+  // What the document becomes (document_conversions.cpp)
+  struct Mark {
+    const ConversionMark* mark;
+    forms::LinkButton* link;
+  };
+  QWidget* buildMarks();
+  void connectConversions();
+  void connectReference(const DocumentField& field);
+  void convert(const ConversionCommand& conversion);
+  void demandUnharmed(const ConversionCommand& conversion) const;
+  void finishConversion(const ConversionCommand& conversion);
+  void showMarks();
+  void openMark(const Mark& mark);
+
   // Showing
   void showTran();
   bool moveToTran(std::int64_t tranNo);
   void fillFromTran();
   void showTranNo();
-  void showMarks();
   void bindAgain();
   void focusControl(std::string_view name);
 
@@ -125,8 +142,10 @@ class DocumentScreen : public QWidget, public session::Reopened, public session:
   ReferencesCard* references_ = nullptr;
   QPlainTextEdit* Desc_ = nullptr;
   QLineEdit* TranNo_ = nullptr;
+  QWidget* Conversions_ = nullptr;  // the row of marks
   QLabel* ConvLbl_ = nullptr;
-  std::vector<std::pair<std::string_view, QLabel*>> marks_;  // by the column of the mark
+  std::vector<Mark> marks_;
+  std::vector<std::function<void()>> showArrows_;  // of numbers that lead to their documents
 };
 
 }  // namespace velmo::frame

@@ -35,6 +35,7 @@ void DocumentScreen::buildLayout() {
   auto* layout = new QVBoxLayout(FormPic_);
   forms::setGrid(*layout, forms::spacing::Normal);
   layout->addLayout(buildTitleRow());
+  layout->addWidget(buildMarks());
   layout->addLayout(buildCards());
   layout->addWidget(parts_.lines, 1);
   if (parts_.strip) layout->addWidget(parts_.strip);
@@ -47,20 +48,7 @@ QHBoxLayout* DocumentScreen::buildTitleRow() {
   forms::setGrid(*row, 0);
   auto* heading = new QLabel(forms::shownText(type_.title));
   forms::makeHeading(*heading);
-  ConvLbl_ = new QLabel(tr("Converted To:"));
-  ConvLbl_->setObjectName("ConvLbl");
-  forms::makeCaption(*ConvLbl_);
   row->addWidget(heading);
-  row->addSpacing(forms::spacing::Section);
-  row->addWidget(ConvLbl_);
-  for (const ConversionMark& mark : type_.marks) {
-    if (mark.label.empty()) continue;
-    auto* label = new QLabel;
-    label->setObjectName(forms::shownText(mark.label));
-    label->setTextFormat(Qt::PlainText);
-    row->addWidget(label);
-    marks_.emplace_back(mark.column, label);
-  }
   row->addStretch(1);
   row->addWidget(commands_->navigation());
   return row;
@@ -101,9 +89,9 @@ QHBoxLayout* DocumentScreen::buildFoot() {
 // As the eye goes: which document, whose, its references, the lines, the amounts, then the commands.
 void DocumentScreen::orderTabs() {
   QWidget* last = nullptr;
-  for (QWidget* part :
-       std::initializer_list<QWidget*>{card_, parts_.beside, references_, parts_.lines, parts_.totals,
-                                       parts_.aboveRemarks, Desc_, commands_->actions(), commands_->navigation()}) {
+  for (QWidget* part : std::initializer_list<QWidget*>{card_, parts_.beside, references_, parts_.lines, parts_.totals,
+                                                       parts_.aboveRemarks, Desc_, commands_->actions(),
+                                                       commands_->navigation(), Conversions_}) {
     if (!part) continue;
     QList<QWidget*> stops = part->findChildren<QWidget*>();
     stops.prepend(part);

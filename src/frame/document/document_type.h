@@ -43,6 +43,7 @@ struct DocumentField {
   FieldPlace place = FieldPlace::Reference;
   std::vector<std::string_view> choices = {};
   std::string_view initial = {};  // of a new document; of a choice also what an unknown stored value means
+  std::string_view opens = {};    // screen of the documents whose number the field holds; "" for none
 };
 
 // A typed reference finds the date of the document it names, when the focus leaves it.
@@ -64,11 +65,19 @@ class DocumentBody;
 struct BodyPlace;
 
 // Whether goods of a stock location are in the document.
-enum class LocationChoice { Shown, None };
+enum class LocationChoice {
+  Shown,
+  OfCompany,  // of the company's own, which is not shown
+  None
+};
+
+enum class JobChoice { Shown, None };
+enum class EmployeeChoice { Shown, None };
 
 enum class PrintCommands {
   DocumentAndVoucher,
-  VoucherOnly  // the ledger voucher is the document's print-out
+  VoucherOnly,  // the ledger voucher is the document's print-out
+  DocumentOnly  // there are no ledger lines to print
 };
 
 enum class AfterPrint {
@@ -76,9 +85,15 @@ enum class AfterPrint {
   StayOnSaved  // the screen goes on showing what it printed, as if it were not saved yet
 };
 
+// Makes a document of another kind from this one, which is saved first.
 struct ConversionCommand {
   std::string_view name;
   std::string_view caption;
+  schema::DocumentForm target;  // on whose screen the new document opens, and whose right is asked for
+  std::string_view refusal;     // of a document that is cancelled
+  // Makes it from the saved document, in one durable change, and gives its key. Throws StoreError; then nothing was
+  // written.
+  std::function<std::int64_t(session::LoginContext&, std::int64_t tranNo, const text::DateTime& now)> convert;
 };
 
 // A column in which conversions leave a mark of what the document became: "D.C. No. 12". A further save leaves it
@@ -86,6 +101,8 @@ struct ConversionCommand {
 struct ConversionMark {
   std::string_view column;
   std::string_view label = {};  // that shows it, beside "Converted To:"; "" for none
+  std::string_view words = {};  // before the number
+  schema::DocumentForm target = {};
 };
 
 // A kind of document: everything in which its screen differs from the others.
@@ -98,6 +115,8 @@ struct DocumentType {
   // The shape of the document between its head and its commands.
   std::function<std::shared_ptr<DocumentBody>(const BodyPlace&)> makeBody;
   LocationChoice locationChoice = LocationChoice::Shown;
+  JobChoice jobChoice = JobChoice::Shown;
+  EmployeeChoice employeeChoice = EmployeeChoice::Shown;
   PrintCommands printCommands = PrintCommands::DocumentAndVoucher;
   AfterPrint afterPrint = AfterPrint::NewDocument;
 

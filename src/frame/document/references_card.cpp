@@ -17,15 +17,18 @@ namespace {
 constexpr int narrowestBox = 76;
 constexpr int boxPadding = 24;  // of its frame, at both sides together
 
-void showEntry(forms::DropCombo& list, std::int64_t id) {
-  list.setBoundValue(id);
-  list.lineEdit()->setCursorPosition(0);
+// A document without the list has no choice of it.
+void showEntry(forms::DropCombo* list, std::int64_t id) {
+  if (!list) return;
+  list->setBoundValue(id);
+  list->lineEdit()->setCursorPosition(0);
 }
 
-ListChoice choiceOf(const forms::DropCombo& list) {
-  return {.text = list.currentText().toStdString(),
-          .id = store::integerOf(list.boundValue()),
-          .matches = list.matchesEntry()};
+ListChoice choiceOf(const forms::DropCombo* list) {
+  if (!list) return {};
+  return {.text = list->currentText().toStdString(),
+          .id = store::integerOf(list->boundValue()),
+          .matches = list->matchesEntry()};
 }
 
 }  // namespace
@@ -51,20 +54,15 @@ ReferencesCard::ReferencesCard(const DocumentType& type, OwnFields& fields, sess
     control->setMinimumWidth(isBeside(i) ? widthOfDate + boxPadding : narrowestBox);
     grid->addWidget(control, row, column + 1, 1, isBeside(i) || isBeside(i + 1) ? 1 : 3);
   }
-  jobs_ = makeList("JobList");
-  employees_ = makeList("EmpList");
-  ++row;
-  grid->addWidget(forms::captionFor(*jobs_, tr("Job No && Description")), row, 0);
-  grid->addWidget(jobs_, row, 1, 1, 3);
-  ++row;
-  grid->addWidget(forms::captionFor(*employees_, tr("Employee Reference")), row, 0);
-  grid->addWidget(employees_, row, 1, 1, 3);
-  if (type.locationChoice == LocationChoice::Shown) {
-    locations_ = makeList("LocationList");
-    ++row;
-    grid->addWidget(forms::captionFor(*locations_, tr("Inventory Location")), row, 0);
-    grid->addWidget(locations_, row, 1, 1, 3);
-  }
+  const auto addList = [&](const char* name, const QString& caption) {
+    forms::DropCombo* list = makeList(name);
+    grid->addWidget(forms::captionFor(*list, caption), ++row, 0);
+    grid->addWidget(list, row, 1, 1, 3);
+    return list;
+  };
+  if (type.jobChoice == JobChoice::Shown) jobs_ = addList("JobList", tr("Job No && Description"));
+  if (type.employeeChoice == EmployeeChoice::Shown) employees_ = addList("EmpList", tr("Employee Reference"));
+  if (type.locationChoice == LocationChoice::Shown) locations_ = addList("LocationList", tr("Inventory Location"));
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(3, 1);
   grid->setRowStretch(row + 1, 1);
@@ -90,32 +88,35 @@ void ReferencesCard::loadLists() {
   const auto rows = [&](const char* statement) {
     return store::Recordset(connection, statement, store::LockType::ReadOnly);
   };
-  jobs_->setSource(rows("select Jobid, (JobNo & ' (' & JobDesc &')') as Job from jobs where status=no order by jobno"),
-                   "Job", "Jobid");
-  employees_->setSource(rows("Select Empid, EmpName from Employees where status=no order by empname"), "EmpName",
-                        "Empid");
-  if (!locations_) return;
-  locations_->setSource(rows("Select Locationid, LocationName from StockLocation order by LocationName"),
-                        "LocationName", "Locationid");
+  if (jobs_)
+    jobs_->setSource(
+        rows("select Jobid, (JobNo & ' (' & JobDesc &')') as Job from jobs where status=no order by jobno"), "Job",
+        "Jobid");
+  if (employees_)
+    employees_->setSource(rows("Select Empid, EmpName from Employees where status=no order by empname"), "EmpName",
+                          "Empid");
+  if (locations_)
+    locations_->setSource(rows("Select Locationid, LocationName from StockLocation order by LocationName"),
+                          "LocationName", "Locationid");
 }
 
 void ReferencesCard::setJob(std::int64_t id) {
-  showEntry(*jobs_, id);
+  showEntry(jobs_, id);
 }
 void ReferencesCard::setEmployee(std::int64_t id) {
-  showEntry(*employees_, id);
+  showEntry(employees_, id);
 }
 void ReferencesCard::setLocation(std::int64_t id) {
-  if (locations_) showEntry(*locations_, id);
+  showEntry(locations_, id);
 }
 ListChoice ReferencesCard::job() const {
-  return choiceOf(*jobs_);
+  return choiceOf(jobs_);
 }
 ListChoice ReferencesCard::employee() const {
-  return choiceOf(*employees_);
+  return choiceOf(employees_);
 }
 ListChoice ReferencesCard::location() const {
-  return locations_ ? choiceOf(*locations_) : ListChoice();
+  return choiceOf(locations_);
 }
 
 void ReferencesCard::lookUpDate(const DateLookup& lookup) {

@@ -11,7 +11,7 @@ class DropCombo;
 
 namespace velmo::frame {
 
-// What a document refers to: its own reference fields, job, employee and, with goods, the stock location. A typed
+// What a document refers to: its own reference fields, job, employee, stock location. A typed
 // reference finds the date of the document it names when the focus leaves it.
 class ReferencesCard : public QFrame {
   Q_OBJECT
@@ -35,9 +35,10 @@ class ReferencesCard : public QFrame {
 
   OwnFields& fields_;
   session::Workplace& workplace_;
-  forms::DropCombo* jobs_;
-  forms::DropCombo* employees_;
-  forms::DropCombo* locations_ = nullptr;  // none on documents without goods
+  // Those that the type has.
+  forms::DropCombo* jobs_ = nullptr;
+  forms::DropCombo* employees_ = nullptr;
+  forms::DropCombo* locations_ = nullptr;
 };
 
 }  // namespace velmo::frame

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "schema/document_kinds.h"
 
@@ -23,7 +24,8 @@ struct ItemGridKind {
   std::string priceCaption = "Selling Price";
   std::string grossCaption = "Gross Amount";
   std::string netCaption = "Net Amount";
-  int historyTranType = schema::tran_type::SaleInvoice;  // whose last four lines are a guide for the rate
+  std::vector<int> historyTranTypes = {
+      schema::tran_type::SaleInvoice};  // whose last four lines are a guide for the rate
   std::string historyQuantityField = "StockOut";
   StockWarning stockWarning = StockWarning::None;
   SerialNumbers serialNumbers = SerialNumbers::None;

@@ -10,6 +10,14 @@ const char* const fromItems =
     " FROM (StockLevel1 INNER JOIN StockLevel2 ON StockLevel1.CatID = StockLevel2.CatID) "
     "INNER JOIN StockLevel3 ON StockLevel2.SubCatID = StockLevel3.SubCatID";
 
+// "(Transactions.TranType)=31 Or (Transactions.TranType)=32"
+std::string anyOf(const std::vector<int>& tranTypes) {
+  std::string condition;
+  for (const int tranType : tranTypes)
+    condition += (condition.empty() ? "" : " Or ") + ("(Transactions.TranType)=" + std::to_string(tranType));
+  return condition;
+}
+
 }  // namespace
 
 PickListSource itemSource() {
@@ -79,8 +87,7 @@ store::Recordset itemHistory(store::Connection& connection, const ItemGridKind& 
           ", StockFlow.Unit, StockFlow.Rate, StockFlow.GrossAmt "
           "FROM Transactions INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo "
           "WHERE (((StockFlow.ItemCode) Like " +
-          store::quotedWhole(code) + ")" + ofParty +
-          " AND ((Transactions.TranType)=" + std::to_string(kind.historyTranType) +
+          store::quotedWhole(code) + ")" + ofParty + " AND (" + anyOf(kind.historyTranTypes) +
           ") AND ((Transactions.Cancel)=No) AND ((Transactions.FYID)=" + std::to_string(FYID) +
           ")) ORDER BY Transactions.TranDate desc, Transactions.docno",
       store::LockType::ReadOnly);

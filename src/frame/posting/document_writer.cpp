@@ -83,6 +83,7 @@ std::function<void(std::int64_t tranNo)> lineWriter(const DocumentWrite& documen
 
 std::int64_t writeDocumentWithin(store::Connection& connection, const DocumentWrite& document, store::Recordset& tran,
                                  const std::function<void(std::int64_t tranNo)>& writeRows) {
+  if (document.demand) document.demand();
   demandFreeNumber(connection, document, tran);
   const std::int64_t tranNo = writeHeader(document, tran);
   writeRows(tranNo);

@@ -30,6 +30,7 @@ struct DocumentWrite {
   std::optional<std::vector<LedgerLine>> ledger = {};  // nothing: a document without ledger effect
   std::optional<AgingSide> agingSide = {};             // nothing: a document without open items
   std::optional<AgingRow> aging = {};                  // nothing: cancelled
+  std::function<void()> demand = {};                   // asked before all else: throws StoreError when it may not be
 };
 
 // Writes a document in this order: header, its lines by `writeRows`, ledger lines (the old ones go, all are built

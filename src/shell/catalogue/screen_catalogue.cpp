@@ -2,6 +2,7 @@
 
 #include "documents/invoices/sale_invoice.h"
 #include "documents/invoices/trade_screens.h"
+#include "documents/orders/order_screens.h"
 #include "masters/accounts/modify_accounts.h"
 #include "masters/accounts/modify_parties.h"
 #include "masters/catalogue/inv_below_reorder.h"
@@ -51,6 +52,12 @@ constexpr ScreenEntry screens[] = {
     {"SaleReturns", ScreenKind::ChildWindow, documents::makeSaleReturns},
     {"PurchaseBillsSimple", ScreenKind::ChildWindow, documents::makePurchaseBillsSimple},
     {"PurchaseReturns", ScreenKind::ChildWindow, documents::makePurchaseReturns},
+    {"Quotations", ScreenKind::ChildWindow, documents::makeQuotations},
+    {"SaleOrders", ScreenKind::ChildWindow, documents::makeSaleOrders},
+    {"DeliveryChallans", ScreenKind::ChildWindow, documents::makeDeliveryChallans},
+    {"GatePassesOut", ScreenKind::ChildWindow, documents::makeGatePassesOut},
+    {"PurchaseOrders", ScreenKind::ChildWindow, documents::makePurchaseOrders},
+    {"GatePassesIn", ScreenKind::ChildWindow, documents::makeGatePassesIn},
     {"CashReceipts", ScreenKind::ChildWindow, vouchers::makeCashReceipts},
     {"BankReceipts", ScreenKind::ChildWindow, vouchers::makeBankReceipts},
     {"CashPayments", ScreenKind::ChildWindow, vouchers::makeCashPayments},

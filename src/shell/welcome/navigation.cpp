@@ -7,9 +7,9 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include "forms/link_button.h"
 #include "forms/look.h"
 #include "schema/document_kinds.h"
-#include "shell/welcome/link_button.h"
 #include "text/format.h"
 
 namespace velmo::shell {
@@ -175,10 +175,10 @@ QWidget* Navigation::makeHelp() {
   grid->addWidget(caption, 0, 0, 1, 2);
   constexpr int rows = 3;
   for (int index = 0; index < static_cast<int>(std::size(helpCaptions)); ++index) {
-    auto* link = new LinkButton(QLatin1String(helpCaptions[index]), card);
+    auto* link = new forms::LinkButton(QLatin1String(helpCaptions[index]), card);
     link->setObjectName(QStringLiteral("Trouble_") + QString::number(index));
     link->setEnabled(workplace_.screens.hasScreen("HelpForm"));
-    connect(link, &LinkButton::clicked, this, [this, index] {
+    connect(link, &forms::LinkButton::clicked, this, [this, index] {
       workplace_.context.HelpTopicID = index + 1;
       workplace_.screens.openDialog("HelpForm");
     });

@@ -53,8 +53,10 @@ TEST(TradeKind, MarksOfConversionsAreShownAndKept) {
   shop.context.KORDconn.execute("update transactions set text10 = 'Invoice No. 8' where trantype = 94");
   const auto shown = [&] {
     std::string all;
-    for (const char* name : {"ConvLbl", "ConvLbl1", "ConvLbl2"})
-      if (const auto& label = screen.find<QLabel>(name); !label.isHidden()) all += label.text().toStdString() + "|";
+    if (const auto& label = screen.find<QLabel>("ConvLbl"); !label.isHidden()) all += label.text().toStdString() + "|";
+    for (const char* name : {"ConvLbl1", "ConvLbl2"})
+      if (const auto& mark = screen.find<QAbstractButton>(name); !mark.isHidden())
+        all += mark.text().toStdString() + "|";
     return all;
   };
   EXPECT_EQ(shown(), "");

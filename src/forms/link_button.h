@@ -2,7 +2,7 @@
 
 #include <QAbstractButton>
 
-namespace velmo::shell {
+namespace velmo::forms {
 
 // A button that reads as a sentence: wrapped over as many lines as it needs, underlined when pointed at or focused.
 class LinkButton : public QAbstractButton {
@@ -19,4 +19,4 @@ class LinkButton : public QAbstractButton {
   void keyPressEvent(QKeyEvent* event) override;
 };
 
-}  // namespace velmo::shell
+}  // namespace velmo::forms

@@ -1,11 +1,11 @@
-#include "shell/welcome/link_button.h"
+#include "forms/link_button.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 
 #include "forms/look.h"
 
-namespace velmo::shell {
+namespace velmo::forms {
 namespace {
 
 constexpr int padding = forms::spacing::Tight;
@@ -60,4 +60,4 @@ void LinkButton::keyPressEvent(QKeyEvent* event) {
     QAbstractButton::keyPressEvent(event);
 }
 
-}  // namespace velmo::shell
+}  // namespace velmo::forms
