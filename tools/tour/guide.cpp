@@ -62,7 +62,7 @@ void Guide::paper(const printing::Report& report, const std::string& name) {
   if (scenery_ != Scenery::Light) return;
   constexpr double dotsPerInch = 110;
   printing::PageSource pages(report);
-  pages.makeAll();
+  while (!pages.complete()) pages.makeFor(1000);
   const std::shared_ptr<const printing::Page> page = pages.page(0);
   if (!page) throw std::logic_error("the print-out " + name + " has no page");
   const double scale = dotsPerInch / 1440.0;

@@ -170,7 +170,7 @@ TEST_F(Jobs, TheCardShowsTheJobAsItWasSaved) {
   std::string shown;
   for (QWidget* window : QApplication::topLevelWidgets())
     if (auto* preview = qobject_cast<printing::PreviewWindow*>(window)) {
-      const printing::Page* page = preview->pages().page(0);
+      const auto page = preview->pages().page(0);
       for (const printing::TextRun& run : page->drawing.texts) shown += page->drawing.textOf(run).toStdString() + "|";
       preview->close();
     }
