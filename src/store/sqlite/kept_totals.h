@@ -41,8 +41,8 @@ inline constexpr const char* noDay = "'~'";
 // Throws StoreError.
 void makeKeptTotals(sqlite3* database, const KeptTotals& kept);
 
-// Adds to the totals what is not in them yet: of pending amounts and of later lines the oldest first and no more than so
-// many; to be called within a transaction. How many of them there are, lines that are gone meanwhile included.
+// Adds to the totals what is not in them yet: of pending amounts and of later lines the oldest first and no more than
+// so many; to be called within a transaction. How many of them there are, lines that are gone meanwhile included.
 void addLaterLines(sqlite3* database, const KeptTotals& kept, std::int64_t atMost);
 std::int64_t laterLines(sqlite3* database, const KeptTotals& kept);
 
