@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -31,6 +32,24 @@ StoreError inUse(const fs::path& file) {
                                "\" has to be brought up to date for this version of the program, and another program "
                                "has it open. Nothing was changed. Close that program and start this one again."};
 }
+
+// Of programs that start together one after the other brings the file up to date, or finds that it is; by chance alone
+// three of them stood in each other's way for longer than their patience. The lock is on the folder, goes with a
+// program that dies, and where there are no such locks everybody has his turn.
+class Turn {
+ public:
+  explicit Turn(const fs::path& file) : folder_(::open(folderOf(file).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {}
+  ~Turn() {
+    if (folder_ >= 0) ::close(folder_);
+  }
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+
+  bool hasCome() const { return folder_ < 0 || ::flock(folder_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK; }
+
+ private:
+  int folder_;
+};
 
 // The first value of the first row; `database` may be in the midst of a transaction.
 std::string answerOf(sqlite3* database, const char* sql, const fs::path& file) {
@@ -137,10 +156,11 @@ bool upgradeOnce(const fs::path& file, const Catalog& catalog, std::string_view 
 void upgradeDatabaseFile(const fs::path& file, const Catalog& catalog, std::string_view password,
                          const std::vector<UpgradeStep>& steps, const Require& require) {
   if (steps.empty()) return;
+  const Turn turn(file);
   // Two that wait for each other in step would never find the file free.
   std::minstd_rand random(static_cast<unsigned>(::getpid()));
   const auto end = std::chrono::steady_clock::now() + patience;
-  while (!upgradeOnce(file, catalog, password, steps, require)) {
+  while (!turn.hasCome() || !upgradeOnce(file, catalog, password, steps, require)) {
     if (std::chrono::steady_clock::now() > end) throw inUse(file);
     sqlite3_sleep(std::uniform_int_distribution(20, 200)(random));
   }
