@@ -48,7 +48,7 @@ class MasterPanelTest : public test::Shop {
                                              "insert into BizSectors (SectorID, SectorName) values (2, 'Mills')",
                                              "update acclevel3 set sectorid = 1 where acccode = 12001900"});
     panel.load({""});
-    panel.show();
+    dialog.show();
   }
   std::string names() {
     std::string all;
@@ -64,7 +64,8 @@ class MasterPanelTest : public test::Shop {
   }
 
   const frame::MasterLevel level = sectors();
-  MasterPanel panel{level, workplace, nullptr};
+  QWidget dialog;
+  MasterPanel panel{level, workplace, &dialog};
 };
 
 TEST_F(MasterPanelTest, AddsChangesAndCancels) {
