@@ -54,7 +54,7 @@ class OpenShell {
   session::LoginContext& context() { return shell_->workplace().context; }
   session::Workplace& workplace() { return shell_->workplace(); }
   Answers& prompts() { return prompts_; }
-  OneFile& files() { return files_; }
+  test::NamedFile& files() { return files_; }
 
   QWidget* openInvoices() { return &open("SaleInvoicesSimple"); }
   QWidget& open(const char* name) {
@@ -72,7 +72,7 @@ class OpenShell {
  private:
   session::SystemClock clock_;
   Answers prompts_;
-  OneFile files_;
+  test::NamedFile files_;
   Durations login_, start_;
   std::unique_ptr<shell::LoginForm> form_;
   std::unique_ptr<shell::MainShell> shell_;

@@ -128,12 +128,12 @@ BENCHMARK(FirstPreviewPage)->Arg(1)->Arg(1000)->Arg(100000)->Iterations(5)->Unit
 // All pages of a preview, and from one to another that was not looked at before: `jump_ms` at most. `megabytes_grown`
 // is what the process has at the end of it, beyond what it had before, and `megabytes_kept` when the preview is closed.
 void LongPreview(benchmark::State& state) {
-  NoFiles files;
+  test::NamedFile files;
   double jump = 0;
   double grown = 0;
   double kept = 0;
   for (auto _ : state) {
-    const double before = megabytesInUse();
+    const double before = memory("VmRSS");
     PreviewWindow* window = showPreview(nullptr, ledger(static_cast<int>(state.range(0)) * LinesOfAPage), files);
     while (!window->pages().complete()) QCoreApplication::processEvents();
     for (int step = 1; step < 50; ++step) {
@@ -142,10 +142,10 @@ void LongPreview(benchmark::State& state) {
       window->view().viewport()->grab();
       jump = std::max(jump, Seconds(std::chrono::steady_clock::now() - begin).count());
     }
-    grown = std::max(grown, megabytesInUse() - before);
+    grown = std::max(grown, memory("VmRSS") - before);
     window->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    kept = std::max(kept, megabytesInUse() - before);
+    kept = std::max(kept, memory("VmRSS") - before);
   }
   state.counters["jump_ms"] = jump * 1e3;
   state.counters["megabytes_grown"] = grown;
