@@ -1,11 +1,17 @@
 #include "forms/table_view.h"
 
+#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QKeyEvent>
 
 #include "forms/recordset_model.h"
 
 namespace velmo::forms {
+namespace {
+
+constexpr int longestHold = 8;  // milliseconds in which rows are fetched before the next event is heard
+
+}  // namespace
 
 void dressTable(QTableView& table) {
   table.setAlternatingRowColors(true);
@@ -31,6 +37,9 @@ TableView::TableView(QWidget* parent) : QTableView(parent) {
   setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
   setTabKeyNavigation(false);
   connect(this, &QTableView::doubleClicked, this, &TableView::picked);
+  toEnd_.setInterval(0);
+  toEnd_.setSingleShot(true);
+  connect(&toEnd_, &QTimer::timeout, this, &TableView::goToEnd);
 }
 
 void TableView::showModel(RecordsetModel& model) {
@@ -49,6 +58,7 @@ void TableView::setColumnWidths(const std::vector<TableColumn>& columns) {
 }
 
 void TableView::keyPressEvent(QKeyEvent* event) {
+  toEnd_.stop();
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (isEnter && state() != QAbstractItemView::EditingState && currentIndex().isValid()) {
     Q_EMIT picked(currentIndex());
@@ -56,12 +66,33 @@ void TableView::keyPressEvent(QKeyEvent* event) {
   }
   if (event->modifiers() == Qt::NoModifier && (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) &&
       model() && model()->rowCount() > 0) {
-    while (event->key() == Qt::Key_End && model()->canFetchMore({})) model()->fetchMore({});
-    setCurrentIndex(model()->index(event->key() == Qt::Key_Home ? 0 : model()->rowCount() - 1,
-                                   std::max(0, currentIndex().column())));
+    event->key() == Qt::Key_Home ? goTo(0) : goToEnd();
     return;
   }
   QTableView::keyPressEvent(event);
+}
+
+void TableView::mousePressEvent(QMouseEvent* event) {
+  toEnd_.stop();
+  QTableView::mousePressEvent(event);
+}
+
+void TableView::reset() {
+  toEnd_.stop();
+  QTableView::reset();
+}
+
+void TableView::goTo(int row) {
+  setCurrentIndex(model()->index(row, std::max(0, currentIndex().column())));
+}
+
+void TableView::goToEnd() {
+  QElapsedTimer began;
+  began.start();
+  while (model()->canFetchMore({}) && began.elapsed() < longestHold) model()->fetchMore({});
+  if (model()->canFetchMore({})) return toEnd_.start();
+  toEnd_.stop();
+  goTo(model()->rowCount() - 1);
 }
 
 }  // namespace velmo::forms

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <QTimer>
 #include <vector>
 
 namespace velmo::forms {
@@ -9,7 +10,7 @@ class RecordsetModel;
 struct TableColumn;
 
 // A list to pick a row from: whole rows are selected, Enter and double click pick, Home and End go to the first and the
-// last row.
+// last row. The rows of a long list are fetched on the way to its end, until a key or a click says otherwise.
 class TableView : public QTableView {
   Q_OBJECT
 
@@ -18,6 +19,7 @@ class TableView : public QTableView {
 
   // Shows the model with the widths that its columns declare; the widest takes the room that is left.
   void showModel(RecordsetModel& model);
+  void reset() override;
   // The widths alone, of a model of another kind.
   void setColumnWidths(const std::vector<TableColumn>& columns);
 
@@ -26,6 +28,13 @@ class TableView : public QTableView {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+ private:
+  void goTo(int row);
+  void goToEnd();
+
+  QTimer toEnd_;
 };
 
 // Row height, header, quiet stripes and grid of every table of the program.

@@ -35,8 +35,12 @@ WorkProgress::WorkProgress(QWidget* parent, const QString& words, std::int64_t t
 WorkProgress::~WorkProgress() = default;
 
 bool WorkProgress::report(std::int64_t done) {
-  if (sinceStart_.elapsed() < patience_ || sincePaint_.elapsed() < betweenPaintings) return !dialog_->wasCanceled();
+  if (sincePaint_.elapsed() < betweenPaintings) return !dialog_->wasCanceled();
   sincePaint_.restart();
+  if (sinceStart_.elapsed() < patience_) {  // windows repaint; what is pressed is heard when the work is done
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    return true;
+  }
   if (!dialog_->isVisible() && !dialog_->wasCanceled()) dialog_->show();
   if (total_ > 0) dialog_->setValue(static_cast<int>(std::min(done, total_) * fineness / total_));
   QCoreApplication::processEvents();

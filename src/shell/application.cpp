@@ -9,6 +9,7 @@
 #include "shell/idle/damage_notice.h"
 #include "shell/login/brand_panel.h"
 #include "shell/login/login_form.h"
+#include "shell/login/preparing_file.h"
 #include "shell/window/main_shell.h"
 
 namespace velmo::shell {
@@ -36,7 +37,9 @@ int Application::run() {
   try {
     const std::filesystem::path folder = schema::programFolder();
     std::filesystem::current_path(folder);
-    const schema::FileState file = schema::prepareCompanyFile(schema::plainConnectionString, clock_.now());
+    const text::DateTime now = clock_.now();
+    const schema::FileState file =
+        whilePreparing([&now] { return schema::prepareCompanyFile(schema::plainConnectionString, now); });
     if (!file.damage.empty()) tellDamageAtStart(prompts_, clock_, schema::plainConnectionString, file);
     std::unique_ptr<session::LoginContext> context;
     {

@@ -3,6 +3,7 @@
 #include "forms/table_view.h"
 #include "support/new_company.h"
 #include "support/typing.h"
+#include "support/waiting.h"
 
 namespace velmo::forms {
 namespace {
@@ -70,9 +71,23 @@ TEST_F(Lists, HandRowsToTheViewInPortions) {
   view.showModel(model_);
   test::focus(view);
   test::press(view, Qt::Key_End);
-  EXPECT_EQ(model_.rowCount(), 600);
+  EXPECT_TRUE(test::waitFor([this] { return model_.rowCount() == 600; }));
   EXPECT_EQ(view.currentIndex().data().toString(), QStringLiteral("Name 1600"));
   EXPECT_FALSE(model_.canFetchMore({}));
+}
+
+TEST_F(Lists, GoToTheEndOfALongListWithoutHoldingUpAKey) {
+  addEmployees(20000);
+  TableView view;
+  view.showModel(model_);
+  test::focus(view);
+  for (const bool isStopped : {true, false}) {
+    model_.setRecordset(employees());
+    test::press(view, Qt::Key_End);
+    ASSERT_LT(model_.rowCount(), 20000) << "of so many only some are fetched before the next key";
+    if (isStopped) test::press(view, Qt::Key_Home);
+    EXPECT_EQ(test::waitFor([&] { return view.currentIndex().row() == 19999; }, isStopped ? 300 : 20000), !isStopped);
+  }
 }
 
 TEST_F(Lists, ReadAndWriteWithoutMovingTheCursor) {

@@ -202,6 +202,11 @@ void StockPanel::showEvent(QShowEvent* event) {
   historyTimer_.start();
 }
 
+void StockPanel::hideEvent(QHideEvent* event) {
+  historyTimer_.stop();
+  QFrame::hideEvent(event);
+}
+
 void StockPanel::clearDetails() {
   InvCodeTxt_.clear();
   for (QLabel* value : {description_, ItemUnit_, price_, ItemCategory_, StockBalance_}) value->clear();

@@ -51,6 +51,16 @@ store::Value ReportFilters::value(std::string_view name) const {
   return typed.empty() ? store::Value() : store::Value(typed);
 }
 
+std::string ReportFilters::state() const {
+  std::string all;
+  for (const auto& [name, control] : controls_) {
+    const auto* button = qobject_cast<const QAbstractButton*>(control);
+    const std::string stands = button ? std::to_string(button->isChecked()) : store::textOf(value(name));
+    all += std::to_string(stands.size()) + ':' + stands;
+  }
+  return all;
+}
+
 void ReportFilters::choose(std::string_view name, bool chosen) {
   control<QAbstractButton>(name).setChecked(chosen);
 }

@@ -45,6 +45,9 @@ class ReportFilters : public QWidget {
   store::Value value(std::string_view name) const;
   ReportPeriod period(std::string_view from = "LedgerDt_0", std::string_view to = "LedgerDt_1") const;
 
+  // All that is chosen and typed, as one text that is another when anything in it is.
+  std::string state() const;
+
   // As the user would.
   void choose(std::string_view name, bool chosen = true);
   void setText(std::string_view name, const std::string& text);

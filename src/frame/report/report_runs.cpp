@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLocale>
@@ -36,6 +37,7 @@ class Finally {
 void ReportScreen::attempt(const char* title, const std::function<void()>& action) {
   session::attempt(workplace_.prompts, title, action, [this] {
     idle_.stop();
+    basis_.clear();
     setRunning(false);
     foot_->showMessage({});
   });
@@ -52,16 +54,29 @@ void ReportScreen::attemptAside(const char* title, const std::function<void()>& 
 bool ReportScreen::load(ReportUse use) {
   if (type_.check && !type_.check(*this, use)) return false;
   if (!type_.load) return true;
+  const std::string basis = this->basis();
+  if (use != ReportUse::View && basis == basis_) return true;  // what is shown is what is there
+  basis_.clear();
   idle_.stop();
   setRunning(true);
   for (const auto& [name, box] : foot_->boxes()) setFigure(name, {});
   const forms::WaitCursor wait;
   type_.load(*this);
+  basis_ = basis;
   QElapsedTimer clock;
   clock.start();
   while (!isComplete() && !pauses() && clock.elapsed() < firstSight) readOn();
   if (isComplete()) completed();
   return true;
+}
+
+void ReportScreen::breathe() {
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+std::string ReportScreen::basis() const {
+  return std::to_string(workplace_.context.KORDconn.generation()) + ' ' +
+         store::textOf(store::Value(workplace_.clock.today())) + ' ' + filters_->state();
 }
 
 bool ReportScreen::isComplete() const {

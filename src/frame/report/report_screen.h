@@ -52,6 +52,8 @@ class ReportScreen : public QWidget, public session::Reopened {
   void setFigure(const std::string& name, const std::string& text);  // of a box or a label
   std::string figure(const std::string& name) const;
   void showFurtherTotals(const std::string& grid, bool shown);
+  // Lets the windows repaint between two parts of a long run; what is pressed is heard behind it.
+  static void breathe();
   // Tells it, and gives the keyboard to a control; false.
   bool refuse(const char* title, const char* text, const char* focus = nullptr);
   // A widget above the grids, where a report has something of its own to show.
@@ -84,6 +86,8 @@ class ReportScreen : public QWidget, public session::Reopened {
   void addDetail();
   Table makeTable(const ReportGrid& grid);
   bool load(ReportUse use);
+  // What the rows depend on: the file, the filters and the day.
+  std::string basis() const;
   bool isComplete() const;
   bool pauses() const;
   void readOn();
@@ -111,6 +115,7 @@ class ReportScreen : public QWidget, public session::Reopened {
   std::map<std::string, Table, std::less<>> byName_;
   std::map<std::string, QWidget*, std::less<>> figures_;  // boxes and labels
   QTimer idle_;
+  std::string basis_;  // of the rows that were loaded
 };
 
 // The screen as a modal dialog.

@@ -46,10 +46,13 @@ void loadBalances(ReportScreen& screen, const Settled& settled) {
   session::LoginContext& context = screen.workplace().context;
   const BalancePeriod period = balancePeriod(screen);
   context.Costs.settle(context.KORDconn, context.FYID, context.FinancialYearEnd);
+  ReportScreen::breathe();
   valuation::postClosingStock(context.KORDconn, context.FYID, period.to);
+  ReportScreen::breathe();
   const AccountChoice choice = choiceOf(screen.filters());
   settled->reset();
   if (std::holds_alternative<AllAccounts>(choice)) *settled = settledAccounts(context.KORDconn, period);
+  ReportScreen::breathe();
   screen.setRows(sixColumnGrid, sixColumnBalances(period, choice));
   screen.setRows(twoColumnGrid, twoColumnBalances(period, choice));
 }

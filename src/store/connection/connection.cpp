@@ -328,6 +328,10 @@ std::int64_t Connection::generationOf(std::string_view table) const {
   impl_->requireOpen();
   return impl_->changes.generation(table);
 }
+std::int64_t Connection::generation() const {
+  impl_->requireOpen();
+  return impl_->changes.generation();
+}
 
 sqlite3* Connection::handle() const {
   return impl_->database;

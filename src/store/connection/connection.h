@@ -80,6 +80,8 @@ class Connection {
   // Grows when rows of the table were written through this connection, and for every table when another program wrote
   // to the file or a transaction was undone: what was read at the same generation is still what is there.
   std::int64_t generationOf(std::string_view table) const;
+  // The same of the whole file.
+  std::int64_t generation() const;
 
   const Catalog& catalog() const;
   sqlite3* handle() const;  // for the store's own files, benchmarks and tests

@@ -26,12 +26,23 @@ void TableChanges::rowWritten(void* self, int, const char*, const char* table, l
     changes.lastCount_ = &changes.rowsWritten_[lowerCase(table)];
   }
   ++*changes.lastCount_;
+  ++changes.rowsWrittenToAny_;
+}
+
+void TableChanges::noteEmptied(std::string_view table) {
+  ++rowsWritten_[lowerCase(table)];
+  ++rowsWrittenToAny_;
 }
 
 std::int64_t TableChanges::generation(std::string_view table) {
   noteOthers();
   const auto written = rowsWritten_.find(lowerCase(table));
   return changesToAll_ + (written == rowsWritten_.end() ? 0 : written->second);
+}
+
+std::int64_t TableChanges::generation() {
+  noteOthers();
+  return changesToAll_ + rowsWrittenToAny_;
 }
 
 void TableChanges::noteOthers() {

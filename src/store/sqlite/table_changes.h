@@ -16,12 +16,14 @@ class TableChanges {
   // From now on the writes through this handle are counted; everything read before counts as changed.
   void watch(sqlite3* database);
   // A DELETE of all rows empties a table as a whole, without telling of its rows.
-  void noteEmptied(std::string_view table) { ++rowsWritten_[lowerCase(table)]; }
+  void noteEmptied(std::string_view table);
   // Rows that were read since a write are not there any more.
   void noteRollback() { ++changesToAll_; }
   // Grows when rows of the table were written through the handle, and for every table when another program wrote to
   // the file or writes were undone.
   std::int64_t generation(std::string_view table);
+  // The same of all tables together.
+  std::int64_t generation();
 
  private:
   static std::string lowerCase(std::string_view name);
@@ -32,6 +34,7 @@ class TableChanges {
   std::unordered_map<std::string, std::int64_t> rowsWritten_;  // by table name in lower case
   std::string lastTable_;
   std::int64_t* lastCount_ = nullptr;  // of that table
+  std::int64_t rowsWrittenToAny_ = 0;
   std::int64_t changesToAll_ = 0;
   std::int64_t dataVersion_ = -1;
 };

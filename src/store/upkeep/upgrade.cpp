@@ -25,7 +25,8 @@ namespace {
 namespace fs = std::filesystem;
 using Statement = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
 
-constexpr std::chrono::seconds patience(6);  // with somebody who may be upgrading the file himself
+constexpr std::chrono::seconds patience(6);       // with somebody who has the file open and may be about to close it
+constexpr std::chrono::minutes othersUpgrade(5);  // which takes as long as the file is large
 
 StoreError inUse(const fs::path& file) {
   return {ErrorKind::Busy, "The file \"" + file.string() +
@@ -159,11 +160,15 @@ void upgradeDatabaseFile(const fs::path& file, const Catalog& catalog, std::stri
   const Turn turn(file);
   // Two that wait for each other in step would never find the file free.
   std::minstd_rand random(static_cast<unsigned>(::getpid()));
-  const auto end = std::chrono::steady_clock::now() + patience;
-  while (!turn.hasCome() || !upgradeOnce(file, catalog, password, steps, require)) {
-    if (std::chrono::steady_clock::now() > end) throw inUse(file);
-    sqlite3_sleep(std::uniform_int_distribution(20, 200)(random));
-  }
+  const auto waitUntil = [&](auto longest, const auto& isSo) {
+    const auto end = std::chrono::steady_clock::now() + longest;
+    while (!isSo()) {
+      if (std::chrono::steady_clock::now() > end) throw inUse(file);
+      sqlite3_sleep(std::uniform_int_distribution(20, 200)(random));
+    }
+  };
+  waitUntil(othersUpgrade, [&turn] { return turn.hasCome(); });
+  waitUntil(patience, [&] { return upgradeOnce(file, catalog, password, steps, require); });
 }
 
 }  // namespace velmo::store

@@ -25,9 +25,10 @@ struct UpgradeStep {
 //   3. in one transaction that shuts everybody out: the steps, the check of what came out, the new version; before it
 //      ends the copy takes the name "<name> before version <n>", where it stays;
 //   4. the log comes back.
-// A crash at any instant leaves the old file or the new one. Somebody else who has it open is waited for some seconds:
-// he may be bringing it up to date himself. `require` throws when what came out is of no use. Throws StoreError (Busy
-// when he stays, and whatever Connection::open(), the steps and `require` throw); the file holds what it held then.
+// A crash at any instant leaves the old file or the new one. Somebody else who has it open is waited for some seconds,
+// another program that is bringing it up to date for minutes. `require` throws when what came out is of no use. Throws
+// StoreError (Busy when he stays, and whatever Connection::open(), the steps and `require` throw); the file holds what
+// it held then.
 void upgradeDatabaseFile(
     const std::filesystem::path& file, const Catalog& catalog, std::string_view password,
     const std::vector<UpgradeStep>& steps, const std::function<void(Connection&)>& require = [](Connection&) {});

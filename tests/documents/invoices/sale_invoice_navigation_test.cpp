@@ -10,6 +10,7 @@
 #include "documents/invoice_company.h"
 #include "frame/document/document_screen.h"
 #include "printing/preview_window.h"
+#include "support/waiting.h"
 
 namespace {
 
@@ -308,7 +309,7 @@ TEST(FindSalesSimple, CountsALongListThatItHasNotReadYet) {
     EXPECT_EQ(search("ADAMS"), "1 document");
     find.findChild<QPushButton*>("RefBttn")->click();
     test::press(grid, Qt::Key_End);
-    EXPECT_EQ(grid.model()->rowCount(), 400);
+    EXPECT_TRUE(test::waitFor([&] { return grid.model()->rowCount() == 400; }));
     EXPECT_EQ(grid.currentIndex().siblingAtColumn(0).data().toString().toStdString(), "400");
   });
 }
