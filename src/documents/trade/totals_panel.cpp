@@ -46,7 +46,7 @@ TotalsPanel::TotalsPanel(TradeFigures figures, std::string_view receivedCaption,
   if (figures == TradeFigures::ToBalance)
     buildBalance(*grid, receivedCaption);
   else
-    makeGrandTotal(*ofLines);
+    buildLinesOnly(*ofLines);
 
   words_ = new QLabel;
   words_->setObjectName("AmtWords");
@@ -55,6 +55,12 @@ TotalsPanel::TotalsPanel(TradeFigures figures, std::string_view receivedCaption,
   words_->setTextFormat(Qt::PlainText);
   words_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   grid->addWidget(words_, 3, 0, 1, 6);
+}
+
+// One column of figures, as wide as the last of them.
+void TotalsPanel::buildLinesOnly(QLineEdit& total) {
+  makeGrandTotal(total);
+  for (const Figure& figure : figures_) figure.box->setFixedWidth(totalWidth);
 }
 
 void TotalsPanel::buildBalance(QGridLayout& grid, std::string_view receivedCaption) {
