@@ -50,6 +50,8 @@ Twips addAcross(Report& report, Section& section, Twips top, std::vector<Referen
   if (references.empty()) return section.height;
   const Twips step = report.design.bodyWidth() / static_cast<Twips>(references.size());
   Twips lowest = top;
+  // Below a whole line, they stay on one line whatever grows or folds above them.
+  section.elements.push_back({.at = {0, top, report.design.bodyWidth(), 0}, .content = Box{}});
   for (std::size_t index = 0; index < references.size(); ++index)
     lowest = std::max(lowest,
                       addReferences(report, section, {static_cast<Twips>(index) * step, top, step - mm(2), RowHeight},

@@ -46,7 +46,7 @@ TotalsPanel::TotalsPanel(TradeFigures figures, std::string_view receivedCaption,
   if (figures == TradeFigures::ToBalance)
     buildBalance(*grid, receivedCaption);
   else
-    buildLinesOnly(*ofLines);
+    buildLinesOnly(*grid, *ofLines);
 
   words_ = new QLabel;
   words_->setObjectName("AmtWords");
@@ -57,8 +57,9 @@ TotalsPanel::TotalsPanel(TradeFigures figures, std::string_view receivedCaption,
   grid->addWidget(words_, 3, 0, 1, 6);
 }
 
-// One column of figures, as wide as the last of them.
-void TotalsPanel::buildLinesOnly(QLineEdit& total) {
+// One column of figures at the right end, as wide as the last of them.
+void TotalsPanel::buildLinesOnly(QGridLayout& grid, QLineEdit& total) {
+  grid.setColumnStretch(0, 1);
   makeGrandTotal(total);
   for (const Figure& figure : figures_) figure.box->setFixedWidth(totalWidth);
 }
