@@ -100,7 +100,7 @@ void visitOrder(Guide& guide, shell::MainShell& shell, const OrderStop& stop) {
   guide.picture(shell, std::string(stop.picture) + "-shown");
   guide.control<QPushButton>(screen, "PrintBill_0").click();
   printing::PreviewWindow& preview = guide.preview();
-  guide.paper(preview.pages().report(), std::string("paper-") + stop.paper);
+  guide.paper(preview.pages(), std::string("paper-") + stop.paper);
   preview.close();
   guide.rest(20);
 }

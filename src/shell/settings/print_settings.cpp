@@ -123,7 +123,8 @@ class PrintSettings : public forms::SettingsDialog {
     column->addWidget(caption);
     column->addWidget(terms_);
     body().addLayout(column);
-    standing_.open(workplace_.context.KORDconn, std::string("SELECT ") + type_.termsColumn + " from businessinfo");
+    standing_.open(workplace_.context.KORDconn,
+                   std::string("SELECT name, ") + type_.termsColumn + " from businessinfo");
     terms_->setPlainText(QString::fromStdString(standing_.text(type_.termsColumn)));
   }
 

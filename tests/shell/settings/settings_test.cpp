@@ -207,6 +207,7 @@ TEST_F(Settings, StandingTermsOfQuotationsAndPurchaseOrdersAreKept) {
     const std::string byOther = std::string("update businessinfo set ") + column + "='theirs'";
     test::NewCompany::run({byOther.c_str()});
     write("TM", "4000");
+    control<QPlainTextEdit>("Terms").setPlainText("mine");
     prompts.expectTitle("Cannot Save");
     EXPECT_FALSE(saveCloses());
     EXPECT_EQ(rows("select * from businessinfo").text(std::string(column) == "TermsPO" ? "POTM" : "QTM"), "300");
@@ -236,7 +237,7 @@ TEST_F(Settings, TabFollowsTheEyeAndEveryAccessKeyIsTakenOnce) {
         "CancelBttn"}},
       {"CurrencySettings", {"CountryList", "CName", "CSymbol", "SaveBttn", "CancelBttn"}},
       {"InvoiceSettings", {"InvSize_1", "InvType_1", "HeadCheck", "TM", "SaveBttn", "CancelBttn"}},
-      {"POSettings", {"HeadCheck", "TM", "SaveBttn", "CancelBttn"}},
+      {"POSettings", {"HeadCheck", "TM", "Terms", "SaveBttn", "CancelBttn"}},
       {"LogoSetting", {"NewBttn", "CloseBttn"}},
       {"About", {"OkBttn", "Bluff"}},
   };
