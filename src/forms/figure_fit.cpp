@@ -40,11 +40,8 @@ class FigureFit : public QObject {
   void fit() {
     if (fitting_) return;
     const QScopedValueRollback guard(fitting_, true);
-    const int needed = QFontMetrics(own_).horizontalAdvance(box_.text());
-    const int room = this->room();
-    QFont font = own_;
-    const bool isWide = (box_.alignment() & Qt::AlignRight) && room > 0 && needed > room;
-    if (isWide) font.setPointSizeF(std::floor(4 * own_.pointSizeF() * std::max(smallest, double(room) / needed)) / 4);
+    const QFont font = box_.alignment() & Qt::AlignRight ? fittedFigureFont(own_, box_.text(), room()) : own_;
+    const bool isWide = font != own_;
     if (box_.font().pointSizeF() != font.pointSizeF()) {
       const int around = box_.sizeHint().height() - box_.fontMetrics().height();
       // Boxes beside each other stay as high; a cell in edit is as high as its row.
@@ -62,6 +59,14 @@ class FigureFit : public QObject {
 };
 
 }  // namespace
+
+QFont fittedFigureFont(const QFont& own, const QString& figure, int room) {
+  const int needed = QFontMetrics(own).horizontalAdvance(figure);
+  QFont font = own;
+  if (room > 0 && needed > room)
+    font.setPointSizeF(std::floor(4 * own.pointSizeF() * std::max(smallest, double(room) / needed)) / 4);
+  return font;
+}
 
 void keepFigureWhole(QLineEdit& box) {
   new FigureFit(box);

@@ -33,5 +33,15 @@ TEST(FigureFit, WritesAWideFigureSmallerAndANarrowOneAsItWas) {
   EXPECT_EQ(box.font().pointSizeF(), own);
 }
 
+// As a cell of a sheet is painted.
+TEST(FigureFit, GivesAFontInWhichEveryDigitHasRoom) {
+  const QFont own = figureFont();
+  EXPECT_EQ(fittedFigureFont(own, QStringLiteral("493827156400.00"), 400), own);
+  for (const int room : {60, 80, 100}) {
+    const QString figure = QStringLiteral("493827156400.00");
+    EXPECT_LE(QFontMetrics(fittedFigureFont(own, figure, room)).horizontalAdvance(figure), room);
+  }
+}
+
 }  // namespace
 }  // namespace velmo::forms

@@ -3,16 +3,18 @@
 #include <QTableView>
 
 #include "guide.h"
+#include "printing/preview_window.h"
 #include "shell/window/screen_windows.h"
 
 namespace velmo::tour {
 
 namespace {
 
-// A paper that is typed and converted, and what it shows of that afterwards.
+// A paper that is typed and converted, what it shows of that afterwards, and its print-out.
 struct OrderStop {
   const char* screen;
   const char* picture;
+  const char* paper;
   const char* party;
   std::vector<std::pair<const char*, const char*>> fields;
   std::vector<const char*> conversions;
@@ -21,31 +23,37 @@ struct OrderStop {
 const OrderStop orderStops[] = {
     {"Quotations",
      "quotation",
+     "Quotation",
      "12001003",
      {{"Subject", "Tools for the new workshop"}, {"PartyContact", "Ms. Fry"}, {"Conditions", "Valid for 30 days"}},
      {"ConvertBttn", "ConvertBttn2", "ConvertBttn4"}},
     {"SaleOrders",
      "sale-order",
+     "SaleOrder",
      "12001003",
      {{"D1", "PO-4711"}, {"D1Dt", "18-11-2026"}},
      {"ConvertBttn2", "ConvertBttn4"}},
     {"DeliveryChallans",
      "delivery-challan",
+     "DeliveryChallan",
      "12001003",
      {{"SupplyTime", "9:30 AM"}, {"D1", "PO-4711"}, {"Vehicle", "LXR 4711"}, {"Driver", "R. Ahmed"}},
      {"ConvertBttn5", "ConvertBttn4"}},
     {"GatePassesOut",
      "outward-gate-pass",
+     "OGP",
      "12001003",
      {{"SupplyTime", "9:45 AM"}, {"D1", "PO-4711"}, {"D2", "2"}, {"Vehicle", "LXR 4711"}, {"Driver", "R. Ahmed"}},
      {"ConvertBttn4"}},
     {"PurchaseOrders",
      "purchase-order",
+     "PurchaseOrder",
      "21001002",
      {{"Conditions", "Carriage paid"}},
      {"ConvertBttn2", "ConvertBttn3"}},
     {"GatePassesIn",
      "inward-gate-pass",
+     "IGP",
      "21001002",
      {{"SupplyTime", "8:15 AM"}, {"D2", "1"}, {"Vehicle", "KHI 0815"}, {"Driver", "S. Lind"}},
      {"ConvertBttn4"}},
@@ -90,6 +98,11 @@ void visitOrder(Guide& guide, shell::MainShell& shell, const OrderStop& stop) {
   guide.control<QPushButton>(open(), "PrevBttn").click();
   guide.rest(20);
   guide.picture(shell, std::string(stop.picture) + "-shown");
+  guide.control<QPushButton>(screen, "PrintBill_0").click();
+  printing::PreviewWindow& preview = guide.preview();
+  guide.paper(preview.pages(), std::string("paper-") + stop.paper);
+  preview.close();
+  guide.rest(20);
 }
 
 }  // namespace

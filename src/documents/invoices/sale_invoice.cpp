@@ -10,11 +10,8 @@ namespace velmo::documents {
 namespace {
 
 void printInvoice(session::Workplace& workplace, const frame::DocumentValues& onScreen, QWidget* parent) {
-  const bool isService = onScreen.field("InvTypeList") == "2";
-  showPrint(workplace, onScreen, parent, isService ? InvoiceKind::Service : InvoiceKind::Sale,
-            [](const auto& context, const auto& document, const auto& lines, const PrintRequest& request) {
-              return invoicePrint(context, document, lines, request);
-            });
+  const InvoiceKind kind = onScreen.field("InvTypeList") == "2" ? InvoiceKind::Service : InvoiceKind::Sale;
+  showPrint(workplace, onScreen, parent, [kind](const PrintSource& source) { return invoicePrint(source, kind); });
 }
 
 }  // namespace

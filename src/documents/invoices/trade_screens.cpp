@@ -15,9 +15,7 @@ namespace {
 QWidget* makeScreen(frame::DocumentType type, InvoiceKind kind, session::Workplace& workplace, QWidget* parent,
                     frame::PrintOuts printOuts) {
   type.print = [kind](session::Workplace& place, const frame::DocumentValues& onScreen, QWidget* screen) {
-    showPrint(place, onScreen, screen, kind,
-              [](const auto& context, const auto& document, const auto& lines, const PrintRequest& request)
-                  -> std::optional<printing::Report> { return tradePrint(context, document, lines, request); });
+    showPrint(place, onScreen, screen, [kind](const PrintSource& source) { return tradePrint(source, kind); });
   };
   return new frame::DocumentScreen(std::move(type), workplace, std::move(printOuts), parent);
 }
@@ -29,10 +27,7 @@ QWidget* makeSaleInvoicesPOS(session::Workplace& workplace, QWidget* parent, fra
   // A slip, whatever layout the invoices of the office have.
   type.print = [](session::Workplace& place, const frame::DocumentValues& onScreen, QWidget* screen) {
     printSlip(place, onScreen, screen,
-              [](const auto& context, const auto& document, const auto& lines,
-                 const PrintRequest& request) -> std::optional<printing::Report> {
-                return invoicePrint(InvoiceLayout::Invoice7, context, document, lines, request);
-              });
+              [](const PrintSource& source) { return invoicePrint(InvoiceLayout::Invoice7, source); });
   };
   return new frame::DocumentScreen(std::move(type), workplace, std::move(printOuts), parent);
 }

@@ -1,6 +1,6 @@
-#include "documents/print/invoice_columns.h"
 #include "documents/print/invoice_design.h"
-#include "documents/print/invoice_page.h"
+#include "documents/print/line_columns.h"
+#include "documents/print/paper_page.h"
 
 namespace velmo::documents {
 
@@ -8,15 +8,13 @@ using namespace printing;
 
 // A4, without a discount column.
 Report designInvoice0(const InvoiceSheet& sheet, const InvoiceLines& lines) {
-  InvoicePage page{.margins = {mm(10), mm(12), mm(10), mm(10)},
-                   .totals = {.discountWord = "Discount  ", .lineDiscounts = LineDiscounts::AmongTotals},
-                   .tableSize = 8,
-                   .partyWidth = mm(104),
-                   .referenceCaption = mm(33)};
-  page.columns = {numberColumn(mm(9)),           codeColumn(sheet, mm(24)), descriptionColumn(),
-                  quantityColumn(sheet, mm(19)), unitColumn(mm(13)),        rateColumn(mm(24)),
+  PaperPage page{.tableSize = 8};
+  page.columns = {numberColumn(mm(9)),          codeColumn(sheet.codeHeading(), mm(24)),
+                  descriptionColumn(),          quantityColumn(sheet.quantityField(), mm(19)),
+                  unitColumn(mm(13)),           rateColumn(mm(24)),
                   grossColumn("Amount", mm(28))};
-  return invoiceOnPages(page, sheet, lines);
+  return paperOnPages(
+      page, invoiceTexts(sheet, {.discountWord = "Discount  ", .lineDiscounts = LineDiscounts::AmongTotals}), lines);
 }
 
 }  // namespace velmo::documents

@@ -45,11 +45,11 @@ double discountOf(const printing::ReportData& lines) {
   return sum.value();
 }
 
-InvoiceSheet sheetOf(const session::LoginContext& context, const store::Recordset& document,
-                     const PrintRequest& request) {
+InvoiceSheet sheetOf(const PrintSource& source, InvoiceKind kind) {
+  const auto& [context, document, lines, state, today] = source;
   InvoiceSheet sheet;
   sheet.letterhead = printing::letterheadOf(context);
-  sheet.request = request;
+  sheet.request = {kind, state, today};
   sheet.currencyCode = context.ccode;
   sheet.docno = document.text("DocNo");
   sheet.trandate = document.date("TranDate");
@@ -58,11 +58,10 @@ InvoiceSheet sheetOf(const session::LoginContext& context, const store::Recordse
   sheet.partytel = document.text("text3");
   sheet.nature = document.text("Nature");
   sheet.d1txt = document.text("D1");
-  sheet.d1dttxt =
-      referenceDate(document, "D1Date", request.kind == InvoiceKind::SaleReturn ? DateBox::Picked : DateBox::Typed);
+  sheet.d1dttxt = referenceDate(document, "D1Date", kind == InvoiceKind::SaleReturn ? DateBox::Picked : DateBox::Typed);
   sheet.d2txt = document.text("D2");
   sheet.d2dttxt =
-      referenceDate(document, "D2Date", request.kind == InvoiceKind::PurchaseReturn ? DateBox::Picked : DateBox::Typed);
+      referenceDate(document, "D2Date", kind == InvoiceKind::PurchaseReturn ? DateBox::Picked : DateBox::Typed);
   sheet.discount = document.number("Discount");
   sheet.carriage = document.number("carriage");
   sheet.netTotal = document.number("tramount");
@@ -82,32 +81,28 @@ std::optional<InvoiceLayout> invoiceLayout(int sif) {
   return std::nullopt;
 }
 
-printing::Report invoicePrint(InvoiceLayout layout, const session::LoginContext& context,
-                              const store::Recordset& document, const store::Recordset& lines,
-                              const PrintRequest& request) {
-  const InvoiceLines data = std::make_shared<printing::RecordsetData>(lines);
-  InvoiceSheet sheet = sheetOf(context, document, request);
-  if (context.sif == static_cast<int>(layout) + OnOwnLetterhead) {
+printing::Report invoicePrint(InvoiceLayout layout, const PrintSource& source, InvoiceKind kind) {
+  const InvoiceLines data = std::make_shared<printing::RecordsetData>(source.lines);
+  InvoiceSheet sheet = sheetOf(source, kind);
+  if (source.context.sif == static_cast<int>(layout) + OnOwnLetterhead) {
     sheet.headStyle = printing::HeadStyle::OwnLetterhead;
-    sheet.topMargin = context.sitm;
+    sheet.topMargin = source.context.sitm;
   }
   sheet.lineDiscount = discountOf(*data);
   return designOf(layout).report(sheet, data);
 }
 
-printing::Report tradePrint(const session::LoginContext& context, const store::Recordset& document,
-                            const store::Recordset& lines, const PrintRequest& request) {
-  const InvoiceLines data = std::make_shared<printing::RecordsetData>(lines);
-  InvoiceSheet sheet = sheetOf(context, document, request);
+printing::Report tradePrint(const PrintSource& source, InvoiceKind kind) {
+  const InvoiceLines data = std::make_shared<printing::RecordsetData>(source.lines);
+  InvoiceSheet sheet = sheetOf(source, kind);
   sheet.lineDiscount = discountOf(*data);
   return designInvoice(sheet, data);
 }
 
-std::optional<printing::Report> invoicePrint(const session::LoginContext& context, const store::Recordset& document,
-                                             const store::Recordset& lines, const PrintRequest& request) {
-  const std::optional<InvoiceLayout> layout = invoiceLayout(context.sif);
+std::optional<printing::Report> invoicePrint(const PrintSource& source, InvoiceKind kind) {
+  const std::optional<InvoiceLayout> layout = invoiceLayout(source.context.sif);
   if (!layout) return std::nullopt;
-  return invoicePrint(*layout, context, document, lines, request);
+  return invoicePrint(*layout, source, kind);
 }
 
 }  // namespace velmo::documents

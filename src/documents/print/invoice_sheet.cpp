@@ -1,6 +1,5 @@
 #include "documents/print/invoice_sheet.h"
 
-#include "documents/print/document_print_data.h"
 #include "text/decimal_sum.h"
 #include "text/format.h"
 
@@ -40,30 +39,15 @@ SheetWords wordsOf(InvoiceKind kind) {
   return {};
 }
 
-std::string quantityFieldOf(InvoiceKind kind) {
-  return kind == InvoiceKind::SaleReturn || kind == InvoiceKind::Purchase ? "stockin" : "stockout";
+std::string InvoiceSheet::codeHeading() const {
+  return request.kind == InvoiceKind::Service ? "Service" : "Item Code";
 }
 
-Report invoiceReport(const InvoiceSheet& sheet, const std::shared_ptr<const ReportData>& lines, Paper paper,
-                     Margins margins) {
-  const SheetWords words = wordsOf(sheet.request.kind);
-  Report report{.title = words.title,
-                .author = sheet.letterhead.companyName,
-                .design = {.paper = paper, .margins = margins, .detailMember = LinesLevel},
-                .data = documentData(lines),
-                .printedOn = sheet.request.today};
-  if (sheet.headStyle == HeadStyle::OwnLetterhead) report.design.margins.top = sheet.topMargin;
-  report.variables = {{"vlabel", words.heading},
-                      {"lbl5", words.description},
-                      {"partyname", sheet.partyname},
-                      {"partyadd", sheet.partyadd},
-                      {"partytel", sheet.partytel.empty() ? "" : "Tel: " + sheet.partytel},
-                      {"Tlbl", "Totals  " + sheet.currencyCode},
-                      {"wrdslbl", sheet.words},
-                      {"printbylbl", "Prepared By: " + sheet.letterhead.userName}};
-  if (sheet.request.state != DocumentState::Cancelled) report.hidden.insert("clbl");
-  return report;
+std::string InvoiceSheet::quantityField() const {
+  return request.kind == InvoiceKind::SaleReturn || request.kind == InvoiceKind::Purchase ? "stockin" : "stockout";
 }
+
+namespace {
 
 std::vector<Total> invoiceTotals(const InvoiceSheet& sheet, const TotalsStyle& style) {
   const std::string& code = sheet.currencyCode;
@@ -91,6 +75,30 @@ std::vector<Reference> invoiceReferences(const InvoiceSheet& sheet) {
     references.push_back({"d2dtlbl", "Dated", "d2dttxt", sheet.d2dttxt});
   }
   return references;
+}
+
+}  // namespace
+
+PaperTexts invoiceTexts(const InvoiceSheet& sheet, const TotalsStyle& style) {
+  const SheetWords words = wordsOf(sheet.request.kind);
+  return {.title = words.title,
+          .heading = words.heading,
+          .number = words.number,
+          .docno = sheet.docno,
+          .party = words.party,
+          .partyname = sheet.partyname,
+          .partyadd = sheet.partyadd,
+          .partytel = sheet.partytel,
+          .references = invoiceReferences(sheet),
+          .description = words.description,
+          .currencyCode = sheet.currencyCode,
+          .totals = invoiceTotals(sheet, style),
+          .words = sheet.words,
+          .letterhead = sheet.letterhead,
+          .headStyle = sheet.headStyle,
+          .topMargin = sheet.topMargin,
+          .state = sheet.request.state,
+          .today = sheet.request.today};
 }
 
 }  // namespace velmo::documents

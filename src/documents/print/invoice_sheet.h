@@ -1,14 +1,11 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "documents/print/invoice_print.h"
-#include "printing/pieces.h"
+#include "documents/print/paper_texts.h"
 
 namespace velmo::documents {
-
-inline constexpr const char* AmountFormat = "#,##0.00; (#,##0.00)";
 
 // What a kind of document calls itself and its parts on paper.
 struct SheetWords {
@@ -23,8 +20,13 @@ struct SheetWords {
 };
 
 SheetWords wordsOf(InvoiceKind kind);
-// The field of the lines that holds what came in or went out.
-std::string quantityFieldOf(InvoiceKind kind);
+
+// What a print-out is asked to be beyond the stored document.
+struct PrintRequest {
+  InvoiceKind kind = InvoiceKind::Sale;
+  DocumentState state = DocumentState::Valid;
+  text::DateTime today = {};
+};
 
 // An invoice as it stands on paper: texts, and amounts still as numbers.
 struct InvoiceSheet {
@@ -51,7 +53,8 @@ struct InvoiceSheet {
   std::string words = {};
   PrintRequest request = {};
 
-  bool isService() const { return request.kind == InvoiceKind::Service; }
+  std::string codeHeading() const;    // of the column of item codes
+  std::string quantityField() const;  // of the lines, which holds what came in or went out
 };
 
 // Where a layout shows the discounts of the lines. Without a column the lines show what they cost before it, and the
@@ -67,14 +70,8 @@ struct TotalsStyle {
   LineDiscounts lineDiscounts = LineDiscounts::InColumn;
 };
 
-// A report of the invoice without sections yet: title, paper, the levels over the lines, and what every layout says.
-printing::Report invoiceReport(const InvoiceSheet& sheet, const std::shared_ptr<const printing::ReportData>& lines,
-                               printing::Paper paper, printing::Margins margins);
-
-// From "Additional Discount" to "Balance", labels `Tlbl1` to `Tlbl6`; the label of the table's sums is `Tlbl`.
-std::vector<printing::Total> invoiceTotals(const InvoiceSheet& sheet, const TotalsStyle& style);
-
-// Number, date, terms and the references to other documents.
-std::vector<printing::Reference> invoiceReferences(const InvoiceSheet& sheet);
+// What stands on paper, with the totals from "Additional Discount" to "Balance", labels `Tlbl1` to `Tlbl6`; the label
+// of the table's sums is `Tlbl`.
+PaperTexts invoiceTexts(const InvoiceSheet& sheet, const TotalsStyle& style = {});
 
 }  // namespace velmo::documents

@@ -54,13 +54,13 @@ void addCompany(Report& report, Section& section, const Letterhead& head, Twips 
   section.height += mm(1);
 }
 
-Section slipHead(Report& report, const InvoiceSheet& sheet, Twips width) {
+Section slipHead(Report& report, const PaperTexts& texts, Twips width) {
   Section head{.name = "Section2", .keep = Keep::MayBreak};
-  if (sheet.headStyle == HeadStyle::Company) addCompany(report, head, sheet.letterhead, width);
+  if (texts.headStyle == HeadStyle::Company) addCompany(report, head, texts.letterhead, width);
   addRule(head, width, 20);
   addText(head, "vlabel", {}, width, {.size = 11, .weight = Weight::Bold}, Align::Centre);
   addText(head, "clbl", {"CANCELLED"}, width, {.size = 11, .weight = Weight::Bold}, Align::Centre);
-  head.height = addReferences(report, head, {0, head.height + mm(0.6), width, 0}, mm(33), invoiceReferences(sheet));
+  head.height = addReferences(report, head, {0, head.height + mm(0.6), width, 0}, mm(33), texts.references);
   addRule(head, width, 8);
   addText(head, "partyname", {}, width, {.size = 9, .weight = Weight::Bold}, Align::Left);
   addText(head, "partyadd", {}, width, {.size = TextSize}, Align::Left);
@@ -160,8 +160,7 @@ void addTotal(Report& report, Section& section, const Total& total, Twips width)
 }
 
 // The sums stand under their columns, below the label that names them.
-Section closing(Report& report, const InvoiceSlip& slip, const InvoiceSheet& sheet, const FittedColumns& fitted,
-                Twips width) {
+Section closing(Report& report, const PaperTexts& texts, const FittedColumns& fitted, Twips width) {
   Section foot{.name = "Section5", .height = mm(0.6)};
   addRule(foot, width, 20);
   addText(foot, "Tlbl", {}, width, {.size = TableSize, .weight = Weight::SemiBold}, Align::Left);
@@ -173,7 +172,7 @@ Section closing(Report& report, const InvoiceSlip& slip, const InvoiceSheet& she
       },
       [](const Column& column) { return column.totalName; });
   addRule(foot, width, 8);
-  for (const Total& total : invoiceTotals(sheet, slip.totals)) addTotal(report, foot, total, width);
+  for (const Total& total : texts.totals) addTotal(report, foot, total, width);
   foot.height += mm(1);
   addText(foot, "wrdslbl", {}, width, {.size = TextSize}, Align::Left);
   foot.height += mm(1.5);
@@ -186,15 +185,14 @@ Section closing(Report& report, const InvoiceSlip& slip, const InvoiceSheet& she
 
 }  // namespace
 
-Report invoiceOnSlip(const InvoiceSlip& slip, const InvoiceSheet& sheet,
+Report invoiceOnSlip(const std::vector<Column>& figures, const PaperTexts& texts,
                      const std::shared_ptr<const ReportData>& lines) {
-  Report report = invoiceReport(sheet, lines, Roll80, SlipMargins);
+  Report report = paperReport(texts, lines, Roll80, SlipMargins);
   const Twips width = report.design.bodyWidth();
-  const FittedColumns fitted = figureColumns(slip.figures, *lines, width);
-  report.design.groups = {{.dataMember = DocumentLevel, .header = slipHead(report, sheet, width)},
-                          {.dataMember = TableLevel,
-                           .header = headings(fitted, width),
-                           .footer = closing(report, slip, sheet, fitted, width)}};
+  const FittedColumns fitted = figureColumns(figures, *lines, width);
+  report.design.groups = {
+      {.dataMember = DocumentLevel, .header = slipHead(report, texts, width)},
+      {.dataMember = TableLevel, .header = headings(fitted, width), .footer = closing(report, texts, fitted, width)}};
   report.design.detail = slipLine(fitted, width);
   report.design.pageFooter = pageEnd(width);
   return report;

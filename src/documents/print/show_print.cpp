@@ -10,22 +10,23 @@ namespace velmo::documents {
 namespace {
 
 std::optional<printing::Report> makeReport(session::Workplace& workplace, const frame::DocumentValues& onScreen,
-                                           InvoiceKind kind, const MakePrint& make) {
+                                           const MakePrint& make) {
   session::LoginContext& context = workplace.context;
   const store::Recordset lines(
       context.KORDconn, "Select * from stockflow where tranno = " + context.PrintRS.text("tranno") + " order by serial",
       store::LockType::ReadOnly);
-  const PrintRequest request{.kind = kind,
-                             .state = onScreen.Cancel ? DocumentState::Cancelled : DocumentState::Valid,
-                             .today = workplace.clock.today()};
-  return make(context, context.PrintRS, lines, request);
+  return make({.context = context,
+               .document = context.PrintRS,
+               .lines = lines,
+               .state = onScreen.Cancel ? DocumentState::Cancelled : DocumentState::Valid,
+               .today = workplace.clock.today()});
 }
 
 }  // namespace
 
-void showPrint(session::Workplace& workplace, const frame::DocumentValues& onScreen, QWidget* screen, InvoiceKind kind,
+void showPrint(session::Workplace& workplace, const frame::DocumentValues& onScreen, QWidget* screen,
                const MakePrint& make) {
-  std::optional<printing::Report> report = makeReport(workplace, onScreen, kind, make);
+  std::optional<printing::Report> report = makeReport(workplace, onScreen, make);
   session::LoginContext& context = workplace.context;
   if (!report) {
     forms::tellInStatusLine(*screen,
@@ -44,7 +45,7 @@ void printSlip(session::Workplace& workplace, const frame::DocumentValues& onScr
   session::LoginContext& context = workplace.context;
   const std::string printer = session::setting(context.KORDconn, session::settings::SlipPrinter);
   if (!printer.empty()) {
-    std::optional<printing::Report> slip = makeReport(workplace, onScreen, InvoiceKind::Sale, make);
+    std::optional<printing::Report> slip = makeReport(workplace, onScreen, make);
     const std::optional<std::string> problem = printing::printAtOnce(std::move(*slip), printer);
     if (!problem) {
       context.PrintRS = {};
@@ -52,7 +53,7 @@ void printSlip(session::Workplace& workplace, const frame::DocumentValues& onScr
     }
     workplace.prompts.tell("Cannot Print", *problem + " The invoice is saved, and its slip is shown instead.");
   }
-  showPrint(workplace, onScreen, screen, InvoiceKind::Sale, make);
+  showPrint(workplace, onScreen, screen, make);
 }
 
 }  // namespace velmo::documents

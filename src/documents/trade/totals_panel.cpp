@@ -46,7 +46,7 @@ TotalsPanel::TotalsPanel(TradeFigures figures, std::string_view receivedCaption,
   if (figures == TradeFigures::ToBalance)
     buildBalance(*grid, receivedCaption);
   else
-    makeGrandTotal(*ofLines);
+    buildLinesOnly(*ofLines);
 
   words_ = new QLabel;
   words_->setObjectName("AmtWords");
@@ -54,7 +54,13 @@ TotalsPanel::TotalsPanel(TradeFigures figures, std::string_view receivedCaption,
   words_->setWordWrap(true);
   words_->setTextFormat(Qt::PlainText);
   words_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  grid->addWidget(words_, 3, 0, 1, 6);
+  grid->addWidget(words_, 3, 0, 1, figures == TradeFigures::ToBalance ? 6 : 2);
+}
+
+// One column of figures, as wide as the last of them.
+void TotalsPanel::buildLinesOnly(QLineEdit& total) {
+  makeGrandTotal(total);
+  for (const Figure& figure : figures_) figure.box->setFixedWidth(totalWidth);
 }
 
 void TotalsPanel::buildBalance(QGridLayout& grid, std::string_view receivedCaption) {

@@ -61,6 +61,7 @@ class TotalsPanel : public QFrame {
     Text counted;
   };
   void buildBalance(QGridLayout& grid, std::string_view receivedCaption);
+  void buildLinesOnly(QLineEdit& total);
   QLineEdit* addFigure(QGridLayout& grid, int row, int column, const char* name, const QString& caption, Text text);
   forms::NumberBox* addAmount(QGridLayout& grid, int row, int column, const char* name, const QString& caption,
                               forms::NumberBoxOptions options);

@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QPainter>
 
+#include "forms/figure_fit.h"
 #include "forms/look.h"
 
 namespace velmo::frame {
@@ -27,6 +28,14 @@ void SheetCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
   painter->setBrush(Qt::NoBrush);
   painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
   painter->restore();
+}
+
+void SheetCellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  constexpr int besideText = 6;  // at each side: the look's padding and what the style leaves
+  QStyledItemDelegate::initStyleOption(option, index);
+  if (option->displayAlignment & Qt::AlignRight)
+    option->font = forms::fittedFigureFont(option->font, option->text, option->rect.width() - 2 * besideText);
+  option->fontMetrics = QFontMetrics(option->font);
 }
 
 }  // namespace velmo::frame

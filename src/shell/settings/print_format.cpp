@@ -2,13 +2,15 @@
 
 #include <stdexcept>
 
+#include "session/own_letterhead.h"
+
 namespace velmo::shell {
 namespace {
 
 constexpr PrintFormat ofInvoices[] = {{1, 1, 1, 11}, {1, 2, 2, 12}, {3, 0, 3, 13},
                                       {4, 0, 4, 14}, {2, 1, 6, 16}, {2, 2, 7, 17}};
-constexpr PrintFormat ofOrders[] = {{.withHeaders = 1, .onLetterhead = 2}};
-constexpr PrintFormat ofQuotations[] = {{.withHeaders = 1, .onLetterhead = 11}};
+constexpr PrintFormat ofOrders[] = {{.withHeaders = 1, .onLetterhead = session::on_letterhead::order}};
+constexpr PrintFormat ofQuotations[] = {{.withHeaders = 1, .onLetterhead = session::on_letterhead::quotation}};
 
 }  // namespace
 

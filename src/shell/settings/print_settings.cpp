@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QRadioButton>
 
 #include "forms/digits_box.h"
@@ -40,6 +41,7 @@ struct PrintSettingsType {
   int session::LoginContext::*margin;
   int smallestMargin;
   std::span<const PrintFormat> formats;
+  const char* termsColumn = nullptr;  // of the standing terms, of documents that have some
   std::span<const Choice> sizes = {};
   std::span<const Choice> types = {};
 };
@@ -54,6 +56,7 @@ class PrintSettings : public forms::SettingsDialog {
     if (!type_.sizes.empty()) addOptions(QStringLiteral("&Paper"), "InvSize", type_.sizes, sizes_);
     if (!type_.types.empty()) typeBox_ = addOptions(QStringLiteral("&Discount"), "InvType", type_.types, types_);
     addLetterhead();
+    if (type_.termsColumn) addTerms();
     body().addStretch(1);
     addCommands();
     setMinimumWidth(460);
@@ -107,6 +110,24 @@ class PrintSettings : public forms::SettingsDialog {
     });
   }
 
+  void addTerms() {
+    terms_ = new QPlainTextEdit(this);
+    terms_->setObjectName(QStringLiteral("Terms"));
+    terms_->setAccessibleName(QStringLiteral("Standing terms"));
+    terms_->setTabChangesFocus(true);
+    terms_->setFixedHeight(terms_->fontMetrics().lineSpacing() * 6);
+    auto* caption = new QLabel(QStringLiteral("Standing &terms, printed below the conditions of each document"), this);
+    caption->setBuddy(terms_);
+    auto* column = new QVBoxLayout;
+    forms::setGrid(*column, 0, forms::spacing::Tight);
+    column->addWidget(caption);
+    column->addWidget(terms_);
+    body().addLayout(column);
+    standing_.open(workplace_.context.KORDconn,
+                   std::string("SELECT name, ") + type_.termsColumn + " from businessinfo");
+    terms_->setPlainText(QString::fromStdString(standing_.text(type_.termsColumn)));
+  }
+
   void showStored() {
     const PrintChoice choice = choiceOf(type_.formats, static_cast<int>(settings_.integer(type_.formatColumn)));
     if (QAbstractButton* size = sizes_.button(choice.size)) size->setChecked(true);
@@ -149,7 +170,10 @@ class PrintSettings : public forms::SettingsDialog {
     if (!margin) return refuseMargin("Please enter a numeric value between ");
     if (*margin < type_.smallestMargin || *margin > largestMargin) return refuseMargin("Please enter a value between ");
     const PrintChoice chosen = choice();
+    store::Connection::Transaction transaction(workplace_.context.KORDconn);
     settings_.update({{type_.formatColumn, formatNumberOf(type_.formats, chosen)}, {type_.marginColumn, *margin}});
+    if (terms_) standing_.update({{type_.termsColumn, terms_->toPlainText().toStdString()}});
+    transaction.commit();
     workplace_.context.*type_.format = static_cast<int>(settings_.integer(type_.formatColumn));
     if (chosen.onLetterhead) workplace_.context.*type_.margin = static_cast<int>(settings_.integer(type_.marginColumn));
     return true;
@@ -157,6 +181,7 @@ class PrintSettings : public forms::SettingsDialog {
 
   const PrintSettingsType& type_;
   store::Recordset settings_;  // InvoiceSet
+  store::Recordset standing_;
   QButtonGroup sizes_;
   QButtonGroup types_;
   QGroupBox* typeBox_ = nullptr;
@@ -164,6 +189,7 @@ class PrintSettings : public forms::SettingsDialog {
   QLabel* marginLabel_ = nullptr;
   forms::DigitsBox* margin_ = nullptr;
   QLabel* marginLength_ = nullptr;
+  QPlainTextEdit* terms_ = nullptr;
 };
 
 }  // namespace
@@ -192,7 +218,8 @@ QWidget* makePOSettings(session::Workplace& workplace, QWidget* parent) {
                                          .format = &session::LoginContext::pof,
                                          .margin = &session::LoginContext::potm,
                                          .smallestMargin = 300,
-                                         .formats = orderFormats()};
+                                         .formats = orderFormats(),
+                                         .termsColumn = "TermsPO"};
   return new PrintSettings(workplace, type, parent);
 }
 
@@ -205,7 +232,8 @@ QWidget* makeQuoteSettings(session::Workplace& workplace, QWidget* parent) {
                                          .format = &session::LoginContext::qf,
                                          .margin = &session::LoginContext::qtm,
                                          .smallestMargin = 300,
-                                         .formats = quotationFormats()};
+                                         .formats = quotationFormats(),
+                                         .termsColumn = "TermsQuote"};
   return new PrintSettings(workplace, type, parent);
 }
 

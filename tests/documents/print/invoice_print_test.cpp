@@ -1,17 +1,17 @@
 #include "documents/print/invoice_print.h"
 
-#include <QTemporaryDir>
 #include <cmath>
 
 #include "documents/invoice_company.h"
 #include "documents/print/invoice_design.h"
-#include "printing/page_pictures.h"
+#include "documents/print/paper_reading.h"
 
 namespace {
 
 using namespace velmo;
 using namespace velmo::printing;
 using documents::InvoiceSheet;
+using namespace velmo::documents::test;
 
 using Design = Report (*)(const InvoiceSheet&, const documents::InvoiceLines&);
 
@@ -124,55 +124,6 @@ InvoiceSheet sheet() {
 std::vector<Page> pagesOf(const Layout& layout, const InvoiceSheet& invoice, std::vector<DataRow> data) {
   return printing::test::pagesOf(layout.design(invoice, std::make_shared<VectorData>(std::move(data))));
 }
-
-// What stands in a frame of the design, its lines joined, without blanks.
-std::string solid(std::string text) {
-  std::erase_if(text, [](char letter) { return letter == ' ' || letter == '\n'; });
-  return text;
-}
-
-std::string wholeText(const std::vector<Page>& pages) {
-  QString all;
-  for (const Page& page : pages)
-    for (const TextRun& run : page.drawing.texts) all += drawnText(page.drawing, run, int(pages.size())) + u'\n';
-  return all.toStdString();
-}
-
-bool crosses(const Frame& one, const Frame& other) {
-  return one.left < other.right() && other.left < one.right() && one.top < other.bottom() && other.top < one.bottom();
-}
-
-// No text over another, over a rule or over the logo, and nothing beyond the margins.
-void expectClean(const std::vector<Page>& pages, const ReportDesign& design) {
-  for (const Page& page : pages) {
-    printing::test::expectNothingOverlaps(page, design);
-    const Frame paper{0, 0, page.width, page.height};
-    for (const TextRun& run : page.drawing.texts) {
-      for (const Stroke& stroke : page.drawing.strokes)
-        EXPECT_FALSE(crosses(run.at, {stroke.at.left, stroke.at.top, stroke.at.width, stroke.thickness}))
-            << "a rule through " << page.drawing.textOf(run).toStdString();
-      for (const PlacedPicture& picture : page.drawing.pictures)
-        EXPECT_FALSE(crosses(run.at, picture.at)) << "logo over " << page.drawing.textOf(run).toStdString();
-      EXPECT_GE(run.at.top, design.margins.top);
-    }
-    for (const PlacedPicture& picture : page.drawing.pictures) {
-      EXPECT_GT(std::min(picture.at.width, picture.at.height), 0);
-      EXPECT_TRUE(picture.at.left >= 0 && picture.at.right() <= paper.right());
-    }
-    for (const Area& area : page.drawing.areas) EXPECT_LE(area.at.bottom(), page.height);
-  }
-}
-
-// A folder of its own to be in, as the logo is looked for in the current one.
-class InFolder {
- public:
-  InFolder() { QDir::setCurrent(folder_.path()); }
-  ~InFolder() { QDir::setCurrent(before_); }
-
- private:
-  QTemporaryDir folder_;
-  QString before_ = QDir::currentPath();
-};
 
 TEST(InvoicePrint, EveryLayoutSaysWhatAnInvoiceSays) {
   const InFolder noLogo;
@@ -425,7 +376,7 @@ TEST(InvoicePrint, SettingsChooseTheLayout) {
   for (int sif = -1; sif <= 21; ++sif) {
     SCOPED_TRACE(sif);
     shop.context.sif = sif;
-    const auto report = documents::invoicePrint(shop.context, document, rows, {.today = shop.clock.today()});
+    const auto report = documents::invoicePrint({shop.context, document, rows, {}, shop.clock.today()});
     const auto expected = chosen.find(sif > 10 ? sif - 10 : sif);
     ASSERT_EQ(report.has_value(), expected != chosen.end());
     if (!report) continue;
@@ -439,7 +390,7 @@ TEST(InvoicePrint, SettingsChooseTheLayout) {
   }
   shop.context.sif = 11;
   EXPECT_TRUE(
-      documents::invoicePrint(InvoiceLayout::Invoice7, shop.context, document, rows, {}).variables.contains("CoName"))
+      documents::invoicePrint(InvoiceLayout::Invoice7, {shop.context, document, rows}).variables.contains("CoName"))
       << "only the layout's own number asks for a letterhead";
 }
 

@@ -134,8 +134,8 @@ QString printed(InvoiceCompany& shop, documents::InvoiceKind kind, const std::st
   const store::Recordset document(shop.context.KORDconn, "select * from transactions where tranno = " + tranNo);
   const store::Recordset lines(shop.context.KORDconn, "Select * from stockflow where tranno = " + tranNo);
   QString all;
-  for (const printing::Page& page : printing::test::pagesOf(
-           documents::tradePrint(shop.context, document, lines, {.kind = kind, .today = shop.clock.today()})))
+  for (const printing::Page& page :
+       printing::test::pagesOf(documents::tradePrint({shop.context, document, lines, {}, shop.clock.today()}, kind)))
     for (const printing::TextRun& run : page.drawing.texts) all += printing::drawnText(page.drawing, run, 1) + u'\n';
   return all;
 }

@@ -353,7 +353,7 @@ TEST(TradePrint, SaysWhatItIsAndCountsWhatMoved) {
     const store::Recordset lines(shop.context.KORDconn,
                                  "Select * from stockflow where tranno = " + document.text("tranno"));
     const auto pages = printing::test::pagesOf(
-        documents::tradePrint(shop.context, document, lines, {.kind = printed.kind, .today = shop.clock.today()}));
+        documents::tradePrint({shop.context, document, lines, {}, shop.clock.today()}, printed.kind));
     ASSERT_EQ(pages.size(), 1u);
     QString all;
     for (const printing::TextRun& run : pages[0].drawing.texts)

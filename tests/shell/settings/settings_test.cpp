@@ -1,5 +1,6 @@
 #include <QAbstractButton>
 #include <QListWidget>
+#include <QPlainTextEdit>
 
 #include "shell/settings/print_format.h"
 #include "shell/settings/settings_company.h"
@@ -186,6 +187,34 @@ TEST_F(Settings, MarginsHaveTheirRanges) {
   }
 }
 
+// Lines, quotes, what looks like a statement or rich text, and other scripts come back as they were typed.
+TEST_F(Settings, StandingTermsOfQuotationsAndPurchaseOrdersAreKept) {
+  const QString terms = QStringLiteral("1. O'Brien's \"price\"; drop table x -- \n\n2. <b>50%</b> _ *\n\tاردو 😀\n") +
+                        QString(20000, QLatin1Char('W'));
+  for (const auto& [screen, column] : {std::pair{"QuoteSettings", "TermsQuote"}, std::pair{"POSettings", "TermsPO"}}) {
+    open(screen);
+    control<QPlainTextEdit>("Terms").setPlainText(terms);
+    control<QAbstractButton>("HeadCheck").click();
+    write("TM", "1");
+    prompts.expect("Cannot Save", "Please enter a value between 300 and 4000");
+    EXPECT_FALSE(saveCloses());
+    EXPECT_EQ(rows("select * from businessinfo").text(column), "");
+    write("TM", "300");
+    ASSERT_TRUE(saveCloses());
+    EXPECT_EQ(rows("select * from businessinfo").text(column), terms.toStdString());
+    open(screen);
+    EXPECT_EQ(control<QPlainTextEdit>("Terms").toPlainText(), terms);
+    const std::string byOther = std::string("update businessinfo set ") + column + "='theirs'";
+    test::NewCompany::run({byOther.c_str()});
+    write("TM", "4000");
+    control<QPlainTextEdit>("Terms").setPlainText("mine");
+    prompts.expectTitle("Cannot Save");
+    EXPECT_FALSE(saveCloses());
+    EXPECT_EQ(rows("select * from businessinfo").text(std::string(column) == "TermsPO" ? "POTM" : "QTM"), "300");
+    EXPECT_EQ(rows("select * from businessinfo").text(column), "theirs");
+  }
+}
+
 TEST_F(Settings, MarginTakesFiveDigitsAtMost) {
   open("QuoteSettings");
   control<QAbstractButton>("HeadCheck").click();
@@ -208,7 +237,7 @@ TEST_F(Settings, TabFollowsTheEyeAndEveryAccessKeyIsTakenOnce) {
         "CancelBttn"}},
       {"CurrencySettings", {"CountryList", "CName", "CSymbol", "SaveBttn", "CancelBttn"}},
       {"InvoiceSettings", {"InvSize_1", "InvType_1", "HeadCheck", "TM", "SaveBttn", "CancelBttn"}},
-      {"POSettings", {"HeadCheck", "TM", "SaveBttn", "CancelBttn"}},
+      {"POSettings", {"HeadCheck", "TM", "Terms", "SaveBttn", "CancelBttn"}},
       {"LogoSetting", {"NewBttn", "CloseBttn"}},
       {"About", {"OkBttn", "Bluff"}},
   };

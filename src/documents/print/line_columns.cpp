@@ -1,4 +1,4 @@
-#include "documents/print/invoice_columns.h"
+#include "documents/print/line_columns.h"
 
 namespace velmo::documents {
 
@@ -21,8 +21,8 @@ Column figureColumn(const std::string& heading, const std::string& dataField, Tw
 Column numberColumn(Twips width) {
   return {.heading = "No.", .dataField = "serial", .width = width, .align = Align::Centre};
 }
-Column codeColumn(const InvoiceSheet& sheet, Twips width) {
-  return {.heading = sheet.isService() ? "Service" : "Item Code", .dataField = "itemcode", .width = width};
+Column codeColumn(const std::string& heading, Twips width) {
+  return {.heading = heading, .dataField = "itemcode", .width = width};
 }
 Column descriptionColumn() {
   return {.heading = "Description", .dataField = "itemname", .headingName = "lbl5"};
@@ -31,8 +31,8 @@ Column unitColumn(Twips width) {
   return {.heading = "Unit", .dataField = "unit", .width = width};
 }
 
-Column quantityColumn(const InvoiceSheet& sheet, Twips width, const std::string& format) {
-  return figureColumn("Quantity", quantityFieldOf(sheet.request.kind), width, format);
+Column quantityColumn(const std::string& field, Twips width, const std::string& format) {
+  return figureColumn("Quantity", field, width, format);
 }
 Column rateColumn(Twips width, const std::string& format) {
   return figureColumn("Rate", "rate", width, format);

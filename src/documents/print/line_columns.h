@@ -2,18 +2,19 @@
 
 #include <string>
 
-#include "documents/print/invoice_sheet.h"
+#include "documents/print/paper_texts.h"
 
-// The columns from which the layouts of an invoice choose, each at the width that the layout gives it.
+// The columns from which the layouts of documents with item lines choose, each at the width that the layout gives it.
 namespace velmo::documents {
 
 printing::Column numberColumn(printing::Twips width);
-printing::Column codeColumn(const InvoiceSheet& sheet, printing::Twips width);
+printing::Column codeColumn(const std::string& heading, printing::Twips width);
 printing::Column descriptionColumn();  // as wide as the others leave it
 printing::Column unitColumn(printing::Twips width);
 
 // Figures. `format` is a format of numbers, see text/format.h.
-printing::Column quantityColumn(const InvoiceSheet& sheet, printing::Twips width,
+// `field` is the one of the lines that holds what came in or went out.
+printing::Column quantityColumn(const std::string& field, printing::Twips width,
                                 const std::string& format = AmountFormat);
 printing::Column rateColumn(printing::Twips width, const std::string& format = AmountFormat);
 
