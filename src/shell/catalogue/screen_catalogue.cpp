@@ -25,6 +25,7 @@
 #include "reports/ledgers/print_ledgers.h"
 #include "reports/ledgers/print_vouchers.h"
 #include "reports/ledgers/unbalanced_documents.h"
+#include "reports/serials/product_serial.h"
 #include "shell/catalogue/about.h"
 #include "shell/catalogue/document_voucher.h"
 #include "shell/catalogue/help_form.h"
@@ -94,6 +95,7 @@ constexpr ScreenEntry screens[] = {
     {"CashBalances", ScreenKind::ChildWindow, reports::makeCashBalances, HelpTopic::PaperWidth},
     {"JobLedgers", ScreenKind::ChildWindow, reports::makeJobLedgers, HelpTopic::PaperWidth},
     {"UnbalancedDocuments", ScreenKind::ChildWindow, reports::makeUnbalancedDocuments, HelpTopic::PaperWidth},
+    {"ProductSerial", ScreenKind::Dialog, reports::makeProductSerial},
     {"CompanyInfo", ScreenKind::Dialog, makeCompanyInfo, HelpTopic::FirstSteps},
     {"LogoSetting", ScreenKind::Dialog, makeLogoSetting, HelpTopic::FirstSteps},
     {"CurrencySettings", ScreenKind::Dialog, makeCurrencySettings, HelpTopic::FirstSteps},
