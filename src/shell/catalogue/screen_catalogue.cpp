@@ -3,6 +3,7 @@
 #include "documents/invoices/sale_invoice.h"
 #include "documents/invoices/trade_screens.h"
 #include "documents/orders/order_screens.h"
+#include "documents/production/production_screens.h"
 #include "masters/accounts/modify_accounts.h"
 #include "masters/accounts/modify_parties.h"
 #include "masters/catalogue/inv_below_reorder.h"
@@ -59,6 +60,8 @@ constexpr ScreenEntry screens[] = {
     {"GatePassesOut", ScreenKind::ChildWindow, documents::makeGatePassesOut},
     {"PurchaseOrders", ScreenKind::ChildWindow, documents::makePurchaseOrders},
     {"GatePassesIn", ScreenKind::ChildWindow, documents::makeGatePassesIn},
+    {"BillofMaterial", ScreenKind::ChildWindow, documents::makeBillofMaterial},
+    {"Production", ScreenKind::ChildWindow, documents::makeProduction},
     {"CashReceipts", ScreenKind::ChildWindow, vouchers::makeCashReceipts},
     {"BankReceipts", ScreenKind::ChildWindow, vouchers::makeBankReceipts},
     {"CashPayments", ScreenKind::ChildWindow, vouchers::makeCashPayments},
