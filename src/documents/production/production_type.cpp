@@ -43,8 +43,8 @@ const frame::DocumentType& productionType() {
       .makeBody = [](const frame::BodyPlace& place) -> std::shared_ptr<frame::DocumentBody> {
         return std::make_shared<ProductionBody>(place);
       },
-      .afterPrint = frame::AfterPrint::StayOnSaved,
       .costsOnOpening = frame::CostsOnOpening::ToYearEnd,
+      .afterPrint = frame::AfterPrint::StayOnSaved,
       .validation = productionSteps(),
       .header = productionHeader};
   return type;

@@ -73,15 +73,15 @@ const frame::DocumentType& billOfMaterialType() {
       .makeBody = [](const frame::BodyPlace& place) -> std::shared_ptr<frame::DocumentBody> {
         return std::make_shared<RecipeBody>(place);
       },
+      .locationChoice = frame::LocationChoice::None,
+      .jobChoice = frame::JobChoice::None,
+      .employeeChoice = frame::EmployeeChoice::None,
       .belongsTo = frame::BelongsTo::NoYear,
       .dateChoice = frame::DateChoice::DayOfSave,
       .cancelChoice = frame::CancelChoice::Always,
       .numberCaption = "Combination No.",
-      .locationChoice = frame::LocationChoice::None,
-      .jobChoice = frame::JobChoice::None,
-      .employeeChoice = frame::EmployeeChoice::None,
-      .printCommands = frame::PrintCommands::None,
       .costsOnOpening = frame::CostsOnOpening::ToYearEnd,
+      .printCommands = frame::PrintCommands::None,
       .validation = validation(),
       .header = header};
   return type;

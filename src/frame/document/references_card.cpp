@@ -74,6 +74,7 @@ ReferencesCard::ReferencesCard(const DocumentType& type, OwnFields& fields, sess
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(3, 1);
   grid->setRowStretch(row + 1, 1);
+  if (row < 0) hide();
 
   for (const DateLookup& lookup : type.dateLookups)
     if (auto* from = findChild<QLineEdit*>(forms::shownText(lookup.from)))

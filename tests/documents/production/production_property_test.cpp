@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <map>
 #include <random>
 
@@ -27,7 +28,7 @@ class Workshop {
   }
 
   void step() {
-    switch (pick(8)) {
+    switch (pick(12)) {
       case 0:
         return writeRecipe();
       case 1:
@@ -184,7 +185,7 @@ TEST(ProductionProperty, IsWorthWhatItCostWhateverIsDone) {
   for (unsigned seed = 1; seed <= 4; ++seed) {
     SCOPED_TRACE(seed);
     Workshop workshop(seed);
-    for (int i = 0; i < 40 && !testing::Test::HasFailure(); ++i) {
+    for (int i = 0; i < 60 && !testing::Test::HasFailure(); ++i) {
       workshop.step();
       if (i % 4 == 3) workshop.checkBooks();
     }

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QComboBox>
+#include <QPlainTextEdit>
 
 #include "documents/production/workshop_desk.h"
 #include "printing/preview_window.h"
@@ -17,7 +18,7 @@ class ProductionScreen : public testing::Test {
  protected:
   ProductionScreen() {
     shop.addRecipe("P1", {{"H1", 2, 10}}, 5, 3, 10);
-    shop.run("INSERT INTO Jobs (JobID, JobNo, JobDesc, Status) VALUES (3, 'J-3', 'Hall', No)");
+    shop.run("INSERT INTO Jobs (JobID, JobNo, JobDesc, Status) VALUES (3, 33, 'Hall', No)");
   }
   void importFor(test::WorkshopScreen& screen, const char* pieces) {
     screen.line("GridOut", 0, "P1", pieces);
@@ -68,7 +69,7 @@ TEST_F(ProductionScreen, MakesAProductFromItsRecipe) {
                           "50002001|Labour Wages|for the hall||20", "50003001|Factory Overhead|for the hall||12"));
   EXPECT_THAT(shop.rows("select partycode, partycode2, text1, text2, text3, discount, carriage, tramount, received, "
                         "balance, invledger, LocationFrom, LocationTo, jobidfrom from transactions where trantype=42"),
-              ElementsAre("50001002|50001008|Purchases|Cost of Goods Produced|0|80|20|112|12|0|0|1|1|3"));
+              ElementsAre("50001002|50001008|Purchases|Cost of Goods Produced|0|80|20|112|12|0|False|1|1|3"));
   screen.press("PrevBttn");
   EXPECT_EQ(screen.text("TotCOP"), "112.00");
   screen.type("TotOS", "50");
@@ -151,6 +152,7 @@ TEST_F(ProductionScreen, StaysOnWhatItPrints) {
   for (QWidget* window : QApplication::topLevelWidgets())
     if (qobject_cast<printing::PreviewWindow*>(window)) window->close();
   EXPECT_FALSE(shop.context.PrintRS.isOpen());
+  QApplication::setActiveWindow(&screen.widget());
   screen.type("DocNo", "3");
   screen.cell("GridIn", 0, GridColumn::Quantity, "9");
   screen.cell("GridOut", 0, GridColumn::Rate, "30.5");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "documents/production/workshop_desk.h"
+#include "text/number.h"
 
 namespace velmo::documents {
 namespace {

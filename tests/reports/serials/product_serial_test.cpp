@@ -117,10 +117,13 @@ TEST_F(ProductSerial, LeadsToTheDocumentWithItsRightAndIsFoundAsItWasLeft) {
     EXPECT_FALSE(dialog->isVisible());
     EXPECT_EQ(screens.opened, ways[i].screen);
     EXPECT_EQ(context->OpenTranFlag, ways[i].tranType != 11);
-    if (ways[i].tranType != 11) EXPECT_EQ(context->OpenTranNo, documents[i]);
+    if (ways[i].tranType != 11) {
+      EXPECT_EQ(context->OpenTranNo, documents[i]);
+    }
   }
   screens.opened = {};
-  context->UserID = 2;
+  context->UserID = 3;
+  context->KORDconn.execute("UPDATE UserRights SET operator2 = Yes WHERE RightID = 94");
   prompts.expect("Not Allowed", "You do not have access to view sale invoices.");
   open(makeProductSerial);
   auto& grid = control<QTableView>("DetailGrid");
