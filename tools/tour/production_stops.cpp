@@ -63,7 +63,6 @@ void visitProduction(Guide& guide, shell::MainShell& shell) {
   guide.rest(50);
   guide.picture(shell, "production");
   guide.control<QPushButton>(screen, "PrintBill_0").click();
-  guide.rest(50);
   printing::PreviewWindow& preview = guide.preview();
   guide.paper(preview.pages().report(), "paper-ProdAssembly");
   preview.close();

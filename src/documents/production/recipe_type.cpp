@@ -14,25 +14,29 @@ using frame::SaveSituation;
 using enum frame::FindCondition;
 
 frame::FindType findBillMaterial() {
-  return {.title = "FIND BILL OF MATERIALS",
-          .select =
-              "Transactions.TranNo, Transactions.DocNo, Transactions.TranDate, Transactions.Text1, "
-              "Transactions.Text2, Transactions.Text3, Transactions.[Desc] AS Remarks, Transactions.TrAmount, "
-              "Employees.EmpName, Users.UserName AS AddedBy, Transactions.TimeAdded, Users_1.UserName AS "
-              "EditedBy, Transactions.TimeEdited",
-          .columns = {{"Combination No.", "Transactions.DocNo", Number, "Give combination no. to find."},
-                      {"Product Code", "Transactions.Text1", Contains, "Give product code to find."},
-                      {"Product Name", "Transactions.Text2", Contains, "Give product name to find."},
-                      {"Remarks", "Transactions.[Desc]", Contains, "Give remarks to find."},
-                      {"Amount", "Transactions.TrAmount", Number, "Give amount to find."}},
-          .result = frame::findColumns({{.caption = "Product Code", .field = "Text1", .width = 14},
-                                        {.caption = "Product Name", .field = "Text2", .width = 28},
-                                        {.caption = "Unit", .field = "Text3", .width = 6},
-                                        {.caption = "Remarks", .field = "Remarks", .width = 28},
-                                        frame::findAmount("Amount", "TrAmount")},
-                                       frame::FindLocation::None, frame::FindStatus::None),
-          .location = frame::FindLocation::None,
-          .belongsTo = frame::BelongsTo::NoYear};
+  frame::FindType find{
+      .title = "FIND BILL OF MATERIALS",
+      .select =
+          "Transactions.TranNo, Transactions.DocNo, Transactions.TranDate, Transactions.Text1, "
+          "Transactions.Text2, Transactions.Text3, Transactions.[Desc] AS Remarks, Transactions.TrAmount, "
+          "Employees.EmpName, Users.UserName AS AddedBy, Transactions.TimeAdded, Users_1.UserName AS "
+          "EditedBy, Transactions.TimeEdited",
+      .columns = {{"Combination No.", "Transactions.DocNo", Number, "Give combination no. to find."},
+                  {"Product Code", "Transactions.Text1", Contains, "Give product code to find."},
+                  {"Product Name", "Transactions.Text2", Contains, "Give product name to find."},
+                  {"Remarks", "Transactions.[Desc]", Contains, "Give remarks to find."},
+                  {"Amount", "Transactions.TrAmount", Number, "Give amount to find."}},
+      .result = frame::findColumns({{.caption = "Product Code", .field = "Text1", .width = 14},
+                                    {.caption = "Product Name", .field = "Text2", .width = 28},
+                                    {.caption = "Unit", .field = "Text3", .width = 6},
+                                    {.caption = "Remarks", .field = "Remarks", .width = 28},
+                                    frame::findAmount("Amount", "TrAmount")},
+                                   frame::FindLocation::None, frame::FindStatus::None),
+      .location = frame::FindLocation::None,
+      .belongsTo = frame::BelongsTo::NoYear};
+  find.result.front().caption = "Combination No.";
+  find.result.front().width = 14;
+  return find;
 }
 
 double amountOf(const DocumentValues& values, const char* name) {
