@@ -9,6 +9,7 @@
 #include "demo_company/next_number.h"
 #include "demo_company/orders.h"
 #include "demo_company/parties.h"
+#include "demo_company/storekeeper.h"
 #include "demo_company/trade_document.h"
 #include "documents/invoices/purchase_bill_type.h"
 #include "documents/invoices/purchase_return_type.h"
@@ -198,6 +199,7 @@ void tradeOn(TradeClerk& clerk, Dice& dice, const text::DateTime& day, const tex
 void writeTrade(session::LoginContext& context, Dice& dice, const text::DateTime& now) {
   TradeClerk clerk(context, dice);
   OrderClerk orders(context, clerk.stock());
+  Storekeeper storekeeper(context, clerk.stock());
   text::DateTime day = now.date().addDays(1 - daysOfTrade);
   if (day < context.FinancialYearStart) day = context.FinancialYearStart;
   constexpr std::uint32_t seed = 39;
@@ -205,6 +207,7 @@ void writeTrade(session::LoginContext& context, Dice& dice, const text::DateTime
   for (; day <= now.date(); day = day.addDays(1)) {
     tradeOn(clerk, dice, day, now);
     orders.work(day, now);
+    storekeeper.work(day, now);
     moveMoney(context, moneyDice, day, now);
   }
 }

@@ -20,7 +20,7 @@ const text::DateTime today = text::DateTime::fromCalendar(2026, 11, 20, 15, 4, 5
 
 // In the order of the visit.
 constexpr Stop stops[] = {
-    visitSettings,    visitMasters, visitSaleInvoices,  visitTradeDocuments, visitOrders,
+    visitSettings,    visitMasters, visitSaleInvoices,  visitTradeDocuments, visitOrders,    visitStockMoves,
     visitSettlements, visitJournal, visitLedgerReports, visitBalances,       visitPrintOuts,
 };
 
