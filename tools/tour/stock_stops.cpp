@@ -44,9 +44,8 @@ QWidget& openScreen(Guide& guide, shell::MainShell& shell, const char* name) {
 
 void print(Guide& guide, QPushButton& command, const char* name) {
   command.click();
-  guide.rest(50);
   printing::PreviewWindow& preview = guide.preview();
-  guide.paper(preview.pages().report(), name);
+  guide.paper(preview.pages(), name);
   preview.close();
   guide.rest(20);
 }
