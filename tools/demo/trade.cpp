@@ -9,6 +9,7 @@
 #include "demo_company/next_number.h"
 #include "demo_company/orders.h"
 #include "demo_company/parties.h"
+#include "demo_company/storekeeper.h"
 #include "demo_company/tool_serials.h"
 #include "demo_company/trade_document.h"
 #include "demo_company/workshop.h"
@@ -203,6 +204,7 @@ void tradeOn(TradeClerk& clerk, Dice& dice, const text::DateTime& day, const tex
 void writeTrade(session::LoginContext& context, Dice& dice, const text::DateTime& now) {
   TradeClerk clerk(context, dice);
   OrderClerk orders(context, clerk.stock());
+  Storekeeper storekeeper(context, clerk.stock());
   Workshop workshop(context, clerk.stock(), context.FinancialYearStart);
   const text::DateTime firstTrade = now.date().addDays(1 - daysOfTrade);
   constexpr std::uint32_t seed = 39;
@@ -212,6 +214,7 @@ void writeTrade(session::LoginContext& context, Dice& dice, const text::DateTime
     if (day < firstTrade) continue;
     tradeOn(clerk, dice, day, now);
     orders.work(day, now);
+    storekeeper.work(day, now);
     moveMoney(context, moneyDice, day, now);
   }
 }

@@ -32,7 +32,7 @@ void view(Guide& guide, QWidget& screen) {
 void print(Guide& guide, QWidget& screen, const std::string& layout) {
   guide.control<QPushButton>(screen, "PrintBttn").click();
   printing::PreviewWindow& preview = guide.preview();
-  guide.paper(preview.pages().report(), "paper-" + layout);
+  guide.paper(preview.pages(), "paper-" + layout);
   preview.close();
   guide.rest(20);
 }

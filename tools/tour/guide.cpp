@@ -60,8 +60,13 @@ void Guide::picture(QWidget& widget, const std::string& name) {
 
 void Guide::paper(const printing::Report& report, const std::string& name) {
   if (scenery_ != Scenery::Light) return;
-  constexpr double dotsPerInch = 110;
   printing::PageSource pages(report);
+  paper(pages, name);
+}
+
+void Guide::paper(printing::PageSource& pages, const std::string& name) {
+  if (scenery_ != Scenery::Light) return;
+  constexpr double dotsPerInch = 110;
   while (!pages.complete()) pages.makeFor(1000);
   const std::shared_ptr<const printing::Page> page = pages.page(0);
   if (!page) throw std::logic_error("the print-out " + name + " has no page");

@@ -10,8 +10,9 @@
 #include "stops.h"
 
 namespace velmo::printing {
+class PageSource;
 class PreviewWindow;
-}
+}  // namespace velmo::printing
 
 namespace velmo::tour {
 
@@ -34,6 +35,7 @@ class Guide {
   // The upper part of a report's first page as it comes out of the printer, down to its last ink. Paper is white in
   // every look, so that there is one picture of it.
   void paper(const printing::Report& report, const std::string& name);
+  void paper(printing::PageSource& pages, const std::string& name);  // also of one that has let go of its rows
 
   // What is typed goes to the widget that has the focus.
   void type(const QString& text);

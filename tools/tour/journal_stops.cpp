@@ -74,7 +74,7 @@ void printNote(Guide& guide, shell::MainShell& shell, const char* screenName, in
   guide.control<QPushButton>(*shell.screens().openWindow(screenName), command).click();
   guide.rest(50);
   printing::PreviewWindow& preview = guide.preview();
-  guide.paper(preview.pages().report(), std::string("paper-") + name);
+  guide.paper(preview.pages(), std::string("paper-") + name);
   preview.close();
   guide.rest(20);
 }
@@ -93,7 +93,7 @@ void visitJournal(Guide& guide, shell::MainShell& shell) {
   journal.control<QPushButton>("PrintBill").click();
   guide.rest(50);
   printing::PreviewWindow& preview = guide.preview();
-  guide.paper(preview.pages().report(), "paper-Voucher1");
+  guide.paper(preview.pages(), "paper-Voucher1");
   preview.close();
   guide.rest(20);
   guide.inDialog([&] { journal.control<QPushButton>("EditBttn").click(); },

@@ -25,7 +25,7 @@ QWidget& openScreen(Guide& guide, shell::MainShell& shell, const char* screen) {
 void print(Guide& guide, QWidget& screen, const char* button, const std::string& layout) {
   guide.control<QPushButton>(screen, button).click();
   printing::PreviewWindow& preview = guide.preview();
-  guide.paper(preview.pages().report(), "paper-" + layout);
+  guide.paper(preview.pages(), "paper-" + layout);
   preview.close();
   guide.rest(20);
 }

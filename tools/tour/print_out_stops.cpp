@@ -52,7 +52,7 @@ class Printery {
     const std::string suffix = head == Head::OwnLetterhead     ? "-letterhead"
                                : head == Head::CompanyWithLogo ? "-logo"
                                                                : "";
-    guide_.paper(preview.pages().report(), std::string("paper-") + choice.layout + suffix);
+    guide_.paper(preview.pages(), std::string("paper-") + choice.layout + suffix);
     preview.close();
     guide_.rest(20);
   }
