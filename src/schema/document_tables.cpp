@@ -112,7 +112,12 @@ store::Table stockFlow() {
                   {"Balance", Double}},
       .key = {"FlowId"},
       .relations = {ofDocument},
-      .indexes = {{"StockFlow_TranNo", {"TranNo"}}, {"StockFlow_ItemCode", {"ItemCode"}}},
+      // The last has all that is shown of lines with serial numbers, which few lines have.
+      .indexes = {{"StockFlow_TranNo", {"TranNo"}},
+                  {"StockFlow_ItemCode", {"ItemCode"}},
+                  {.name = "StockFlow_Serials",
+                   .columns = {"TranNo", "ProductSerials", "ItemCode", "ItemName"},
+                   .filled = "ProductSerials"}},
   };
 }
 

@@ -17,13 +17,21 @@ void run(store::Connection& connection, const std::string& sql) {
   if (code != SQLITE_OK) throw store::sqliteError(file, code, sqlite3_db_filename(file, "main"));
 }
 
+// Makes an index of a table as it is declared, or all of them.
+void makeIndexes(store::Connection& connection, const store::Table& table, std::string_view only = {}) {
+  const std::vector<std::string> sql = store::createIndexSql(table);
+  for (std::size_t i = 0; i < sql.size(); ++i) {
+    const std::string& name = table.indexes[i].name;
+    if (!only.empty() && name != only) continue;
+    run(connection, "DROP INDEX IF EXISTS " + store::quotedName(name));
+    run(connection, sql[i]);
+  }
+}
+
 // Settings got a table, and the items of a sub category an index in the order of their codes.
 void toVersion2(store::Connection& connection) {
   run(connection, store::createTableSql(*companyCatalog().find("Settings")));
-  const store::Table& items = *companyCatalog().find("StockLevel3");
-  for (const store::Index& index : items.indexes)
-    run(connection, "DROP INDEX IF EXISTS " + store::quotedName(index.name));
-  for (const std::string& sql : store::createIndexSql(items)) run(connection, sql);
+  makeIndexes(connection, *companyCatalog().find("StockLevel3"));
 }
 
 // The totals of accounts and items by day and month, which came with version 3, became whole numbers with version 4.
@@ -32,10 +40,15 @@ void toVersion5(store::Connection& connection) {
   for (const store::KeptTotals& kept : companyCatalog().keptTotals()) store::makeKeptTotals(connection.handle(), kept);
 }
 
+// Lines with the serial numbers of their goods got an index of their own.
+void toVersion6(store::Connection& connection) {
+  makeIndexes(connection, *companyCatalog().find("StockFlow"), "StockFlow_Serials");
+}
+
 }  // namespace
 
 std::vector<store::UpgradeStep> upgrades() {
-  return {{.version = 2, .run = toVersion2}, {.version = 5, .run = toVersion5}};
+  return {{.version = 2, .run = toVersion2}, {.version = 5, .run = toVersion5}, {.version = 6, .run = toVersion6}};
 }
 
 }  // namespace velmo::schema

@@ -50,7 +50,9 @@ struct LoginContext {
   store::Recordset AccListRS;
   int ChartView = 0;
   int HelpTopicID = 0;
-  std::string SearchText;  // what SearchItem looks for when it opens
+  std::string SearchText;      // what SearchItem looks for when it opens
+  std::string SerialText;      // what ProductSerial was looking for when it was left for a document
+  std::int64_t SerialRow = 0;  // and the row that it stood on
   bool OpenTranFlag = false;
   std::int64_t OpenTranNo = 0;
   bool OpenLedgerFlag = false;

@@ -63,6 +63,10 @@ TEST_F(DemonstrationCompany, HasWhatAWholesalerHas) {
       {"TranType=30", 10},
       {"TranType=92 and Text10<>''", 10},
       {"TranType=20", 10},
+      {"TranType=43 and LocationFrom=1", 10},
+      {"TranType=43 and LocationTo=1", 3},
+      {"TranType=45 and TrAmount>0", 5},
+      {"TranType=47 and TrAmount>0", 5},
   };
   for (const auto& [kind, least] : documents)
     EXPECT_GT(figure(std::string("select count(*) from Transactions where ") + kind), least) << kind;

@@ -80,8 +80,13 @@ class Clerk {
         return document_.nature == "Petty Receipt" ? postPetty(-1) : postReceived();
       case 51:
         return postStock();
+      case 45:
+        return postAdjusted(50001002, 50001005);
+      case 47:
+        return postAdjusted(50001005, 50001002);
       case 20:
       case 30:
+      case 43:
       case 91:
       case 92:
       case 93:
@@ -112,6 +117,13 @@ class Clerk {
     if (net > document_.received) post(document_.partyCode2, document_.received);
     post(cash, -document_.received);
     if (net > document_.received) post(document_.partyCode2, -net);
+  }
+  // The whole amount of the lines, whatever discount they have.
+  void postAdjusted(std::int64_t debit, std::int64_t credit) {
+    const std::int64_t gross =
+        plainSums(company_, "SELECT GrossAmt FROM StockFlow WHERE TranNo = " + std::to_string(document_.tranNo))[0];
+    post(debit, gross);
+    post(credit, -gross);
   }
   void postAtCounter() {
     const auto [gross, net] = billed();

@@ -18,7 +18,7 @@ struct LedgerLine {
 struct LedgerDocument {
   const char* day;  // "07-01-2026", month first
   int tranType = 41;
-  std::vector<LedgerLine> lines;
+  std::vector<LedgerLine> lines = {};
   bool cancelled = false;
   int docNo = 0;  // 0: the next one
   std::string reference = {};

@@ -58,11 +58,11 @@ TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
   const std::string asVersion4 =
       "DROP TABLE AccountPending; DROP TABLE StockPending; DROP TABLE StockYears; DROP TABLE ReceiptPending; DROP "
       "TABLE ReceiptDays; DROP TABLE ReceiptMonths; DROP TABLE ReceiptYears; DROP TABLE ReceiptAdded; DROP INDEX "
-      "StockFlow_ApartStockIn; CREATE TRIGGER AccountTotalsTransactionsMoved AFTER UPDATE OF Cancel ON Transactions "
+      "StockFlow_ApartStockIn; DROP INDEX StockFlow_Serials; CREATE TRIGGER AccountTotalsTransactionsMoved AFTER UPDATE OF Cancel ON Transactions "
       "BEGIN UPDATE AccountDays SET Debit = 0; END; PRAGMA user_version = 4";
   const std::pair<const char*, std::string> earlier[] = {
       {"Account", withoutAccounts +
-                      "; DROP TABLE Settings; DROP INDEX StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON "
+                      "; DROP TABLE Settings; DROP INDEX StockFlow_Serials; DROP INDEX StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON "
                       "StockLevel3 (SubCatID); PRAGMA user_version = 1"},
       {"", asVersion4}};
   for (const auto& [triggersOf, sql] : earlier) {
@@ -82,7 +82,7 @@ TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
     prepareCompanyFile(connectionStringFor(file), today);
     EXPECT_EQ(layoutOf(file), current);
     EXPECT_EQ(test::past(file, "SELECT Debit FROM AccountDays WHERE AccCode = 10001001"), "50000");
-    EXPECT_TRUE(fs::exists(file.string() + " before version 5"));
+    EXPECT_TRUE(fs::exists(file.string() + " before version 6"));
     prepareCompanyFile(connectionStringFor(file), today);  // nothing is left to do
     EXPECT_EQ(layoutOf(file), current);
   }
@@ -103,7 +103,7 @@ TEST(CompanyFile, OfTheFirstVersionIsRefusedAsItIsWhenATableIsMissing) {
       EXPECT_NE(std::string(failure.what()).find(table), std::string::npos) << failure.what();
     }
     EXPECT_EQ(layoutOf(company.file), before);
-    EXPECT_FALSE(fs::exists(company.file.string() + " before version 5"));
+    EXPECT_FALSE(fs::exists(company.file.string() + " before version 6"));
   }
 }
 

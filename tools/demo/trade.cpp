@@ -9,7 +9,10 @@
 #include "demo_company/next_number.h"
 #include "demo_company/orders.h"
 #include "demo_company/parties.h"
+#include "demo_company/storekeeper.h"
+#include "demo_company/tool_serials.h"
 #include "demo_company/trade_document.h"
+#include "demo_company/workshop.h"
 #include "documents/invoices/purchase_bill_type.h"
 #include "documents/invoices/purchase_return_type.h"
 #include "documents/invoices/sale_invoice_pos_type.h"
@@ -148,8 +151,10 @@ class TradeClerk {
   }
 
   void addLine(const TradedItem& item, int quantity, double rate, int discountRate) {
-    document_->add(item, quantity, rate, discountRate);
-    stock_[item.code] += document_->kind().lines.quantityField == "StockIn" ? quantity : -quantity;
+    const bool arrives = document_->kind().lines.quantityField == "StockIn";
+    document_->add(item, quantity, rate, discountRate,
+                   arrives ? serials_.arrive(item, quantity) : serials_.leave(item, quantity));
+    stock_[item.code] += arrives ? quantity : -quantity;
   }
 
   // Remembers the lines where later documents may refer to them. A document without lines is none.
@@ -167,6 +172,7 @@ class TradeClerk {
   const std::vector<TradedItem> items_;
   const std::vector<TradedParty> parties_;
   std::map<std::string, double> stock_;
+  ToolSerials serials_;
   std::vector<TradedLine> sold_;
   std::vector<TradedLine> bought_;
 
@@ -198,13 +204,17 @@ void tradeOn(TradeClerk& clerk, Dice& dice, const text::DateTime& day, const tex
 void writeTrade(session::LoginContext& context, Dice& dice, const text::DateTime& now) {
   TradeClerk clerk(context, dice);
   OrderClerk orders(context, clerk.stock());
-  text::DateTime day = now.date().addDays(1 - daysOfTrade);
-  if (day < context.FinancialYearStart) day = context.FinancialYearStart;
+  Storekeeper storekeeper(context, clerk.stock());
+  Workshop workshop(context, clerk.stock(), context.FinancialYearStart);
+  const text::DateTime firstTrade = now.date().addDays(1 - daysOfTrade);
   constexpr std::uint32_t seed = 39;
   Dice moneyDice(seed);  // of its own, so that the trade stays as it is
-  for (; day <= now.date(); day = day.addDays(1)) {
+  for (text::DateTime day = context.FinancialYearStart; day <= now.date(); day = day.addDays(1)) {
+    workshop.work(day, now);
+    if (day < firstTrade) continue;
     tradeOn(clerk, dice, day, now);
     orders.work(day, now);
+    storekeeper.work(day, now);
     moveMoney(context, moneyDice, day, now);
   }
 }

@@ -35,6 +35,7 @@ std::vector<TradedItem> readItems(store::Connection& connection) {
                      .unit = rows.text("Unit"),
                      .cost = rows.number("PurchasePrice"),
                      .price = rows.number("SellingPrice"),
+                     .subCategory = rows.text("SubCatID"),
                      .isService = rows.text("CatID") == "Service"});
   return items;
 }
@@ -69,7 +70,8 @@ void TradeDocument::refer(const std::string& field, const std::string& number, c
   values_.fields[field + "Dt"] = frame::dayText(day);
 }
 
-void TradeDocument::add(const TradedItem& item, int quantity, double rate, int discountRate) {
+void TradeDocument::add(const TradedItem& item, int quantity, double rate, int discountRate,
+                        const std::string& serials) {
   const frame::LineAmounts amounts =
       frame::lineAmounts({.quantity = std::to_string(quantity),
                           .rate = text::numberText(rate),
@@ -77,6 +79,7 @@ void TradeDocument::add(const TradedItem& item, int quantity, double rate, int d
                           .discount = "0.00"});
   sheet_.addNew({{"ItemCode", item.code},
                  {"ItemName", item.name},
+                 {"ProductSerials", serials.empty() ? store::Value() : store::Value(serials)},
                  {kind_.lines.quantityField, static_cast<double>(quantity)},
                  {"Unit", item.unit},
                  {"Rate", rate},

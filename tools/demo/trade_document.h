@@ -27,6 +27,7 @@ struct TradedItem {
   std::string unit;
   double cost = 0;
   double price = 0;
+  std::string subCategory;
   bool isService = false;
 };
 
@@ -53,7 +54,7 @@ class TradeDocument {
 
   void setParty(const TradedParty& party);
   void refer(const std::string& field, const std::string& number, const text::DateTime& day);
-  void add(const TradedItem& item, int quantity, double rate, int discountRate);
+  void add(const TradedItem& item, int quantity, double rate, int discountRate, const std::string& serials = {});
   const documents::TradeKind& kind() const { return kind_; }
   const std::vector<TradedLine>& lines() const { return traded_; }
 

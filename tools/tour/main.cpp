@@ -20,8 +20,8 @@ const text::DateTime today = text::DateTime::fromCalendar(2026, 11, 20, 15, 4, 5
 
 // In the order of the visit.
 constexpr Stop stops[] = {
-    visitSettings,    visitMasters, visitSaleInvoices,  visitTradeDocuments, visitOrders,
-    visitSettlements, visitJournal, visitLedgerReports, visitBalances,       visitPrintOuts,
+    visitSettings,    visitMasters,     visitSaleInvoices, visitTradeDocuments, visitOrders,   visitStockMoves,
+    visitProductions, visitSettlements, visitJournal,      visitLedgerReports,  visitBalances, visitPrintOuts,
 };
 
 void walk(const std::filesystem::path& pictures, Scenery scenery, QSize size) {

@@ -21,6 +21,10 @@ void visitSettings(Guide& guide, shell::MainShell& shell);
 void visitTradeDocuments(Guide& guide, shell::MainShell& shell);
 // From offer to gate: quotations, orders, challans and gate passes, and what becomes of them.
 void visitOrders(Guide& guide, shell::MainShell& shell);
+// Goods that move, come and go without a party, and a count sheet.
+void visitStockMoves(Guide& guide, shell::MainShell& shell);
+// A recipe, goods made from it, and where the serial numbers of tools went.
+void visitProductions(Guide& guide, shell::MainShell& shell);
 // Money that comes in against invoices, and petty cash that goes out.
 void visitSettlements(Guide& guide, shell::MainShell& shell);
 // A journal voucher, its print-out, and the notes of a receipt and of petty cash.

@@ -1,6 +1,7 @@
 #include "documents/print/paper_page.h"
 
 #include "documents/print/document_print_data.h"
+#include "documents/print/paper_title.h"
 
 namespace velmo::documents {
 
@@ -12,20 +13,6 @@ constexpr Twips TotalsWidth = mm(80);  // what addTotals takes of the right end
 constexpr Twips Gap = mm(6);
 constexpr Twips LeastDescription = mm(28);
 constexpr Twips RowHeight = mm(4.6);  // of a reference
-
-// Title, and the mark of a cancelled document beside it.
-void addTitle(Section& head, Twips width) {
-  const FontSpec font{.size = 14, .weight = Weight::Bold};
-  const Twips half = width * 3 / 5;
-  head.elements.push_back({.name = "vlabel", .at = {0, head.height, half, mm(7)}, .font = font, .colour = ink::Accent});
-  head.elements.push_back({.name = "clbl",
-                           .at = {half, head.height, width - half, mm(7)},
-                           .content = Label{"CANCELLED"},
-                           .font = font,
-                           .align = Align::Right,
-                           .colour = ink::Alarm});
-  head.height += mm(9);
-}
 
 // Name, address and telephone in a frame that grows with them.
 Twips addParty(Section& section, const std::string& party, Twips width) {
@@ -170,7 +157,7 @@ Report paperOnPages(const PaperPage& page, const PaperTexts& texts, const std::s
 
   Section head{.name = "Section2"};
   if (texts.headStyle == HeadStyle::Company) addCompanyHead(report, head, texts.letterhead);
-  addTitle(head, width);
+  addPaperTitle(head, width);
   Section party = partySection(report, page, texts);
   Section headings{.name = "TableHead", .height = mm(3), .repeat = Repeat::AboveRows};
   addColumnHeadings(headings, columns, width);

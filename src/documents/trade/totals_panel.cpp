@@ -10,17 +10,10 @@
 #include "forms/number_box.h"
 #include "frame/document/figure_field.h"
 #include "session/prompts.h"
-#include "text/format.h"
-#include "text/number.h"
 
 namespace velmo::documents {
 
 namespace {
-
-// What stands in a box between two key presses of one number: not yet a figure, but on its way to one.
-bool beginsNumber(const QString& text) {
-  return text == "-" || text == "." || text == "-.";
-}
 
 constexpr int totalWidth = frame::figureWidth + 32;
 
@@ -148,23 +141,13 @@ void TotalsPanel::finishTyping() {
   for (const Amount& amount : amounts_) frame::finishTyping(*amount.box, totals_.*amount.counted);
 }
 
-// What is being typed stays as it is, unless another amount is counted in its place.
-void TotalsPanel::showTyped(forms::NumberBox& box, const std::string& counted) {
-  const auto asMoney = [](double amount) { return text::formatNumber(amount, "0.00"); };
-  const QString shown = QString::fromStdString(counted);
-  const bool counts = box.isNumber() && asMoney(box.amount()) == asMoney(text::amountFrom(counted));
-  if (box.text() == shown || (box.hasFocus() && (counts || beginsNumber(box.text())))) return;
-  box.setText(shown);
-  if (box.hasFocus()) box.selectAll();
-}
-
 void TotalsPanel::RecalculateTotals() {
   if (recalculating_) return;
   const QScopedValueRollback guard(recalculating_, true);
   frame::TypedAmounts typed{.Discount = "0.00", .Carriage = "0.00", .Received = "0.00"};
   for (const Amount& amount : amounts_) typed.*amount.typed = amount.box->text().toStdString();
   totals_ = frame::RecalculateTotals(sums_, typed, rule_, currencyName_);
-  for (const Amount& amount : amounts_) showTyped(*amount.box, totals_.*amount.counted);
+  for (const Amount& amount : amounts_) frame::showTyped(*amount.box, totals_.*amount.counted);
   for (const Figure& figure : figures_) figure.box->setText(QString::fromStdString(totals_.*figure.text));
   words_->setText(QString::fromStdString(totals_.AmtWords));
 }

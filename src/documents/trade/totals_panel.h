@@ -65,7 +65,6 @@ class TotalsPanel : public QFrame {
   QLineEdit* addFigure(QGridLayout& grid, int row, int column, const char* name, const QString& caption, Text text);
   forms::NumberBox* addAmount(QGridLayout& grid, int row, int column, const char* name, const QString& caption,
                               forms::NumberBoxOptions options);
-  void showTyped(forms::NumberBox& box, const std::string& counted);
 
   session::Prompts& prompts_;
   frame::LineSums sums_;

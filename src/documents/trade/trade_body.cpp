@@ -1,34 +1,28 @@
 #include "documents/trade/trade_body.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "documents/trade/counter_strip.h"
 #include "documents/trade/party_card.h"
 #include "documents/trade/payment_panel.h"
-#include "documents/trade/scan_listener.h"
 #include "documents/trade/totals_panel.h"
 #include "forms/caption.h"
-#include "forms/date_picker.h"
-#include "forms/digits_box.h"
 #include "forms/look.h"
 #include "forms/name_box.h"
-#include "forms/number_box.h"
 #include "frame/document/command_bar.h"
 #include "frame/document/compose_document.h"
 #include "frame/document/open_master.h"
 #include "frame/items/item_grid.h"
+#include "frame/items/scan_listener.h"
+#include "frame/items/stray_scans.h"
 #include "text/format.h"
 
 namespace velmo::documents {
 
 namespace {
-
-constexpr frame::MasterCommand newItem{.caption = "New Item", .right = 22, .dialog = "ModifyInventory"};
 
 std::string shownAmount(const store::Recordset& tran, std::string_view column) {
   return text::formatNumber(tran.number(column), "#0.00; (#0.00)");
@@ -36,16 +30,6 @@ std::string shownAmount(const store::Recordset& tran, std::string_view column) {
 
 std::string codeText(std::int64_t code) {
   return code == 0 ? std::string() : std::to_string(code);
-}
-
-// Controls that a scan would leave with another day, choice or figure.
-bool isSpoiltByScans(const QWidget& focus) {
-  for (const QWidget* widget = &focus; widget; widget = widget->parentWidget())
-    if (qobject_cast<const forms::DatePicker*>(widget) || qobject_cast<const QComboBox*>(widget) ||
-        qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const forms::NumberBox*>(widget) ||
-        qobject_cast<const forms::DigitsBox*>(widget))
-      return true;
-  return false;
 }
 
 }  // namespace
@@ -140,16 +124,15 @@ QWidget* TradeBody::buildAccounts() {
 // At the counter every scan is an item, but for one into a line that waits for it; elsewhere one that went astray only
 // changes nothing.
 void TradeBody::listenToScanner() {
-  const bool counter = kind_.counter.has_value();
-  auto* scanner = new ScanListener(place_.screen, [this, counter](const QWidget& focus) {
-    if (lines_->isAncestorOf(&focus)) return counter ? !lines_->waitsForCode() : !lines_->isInCode();
-    return counter ? !lines_->isSerialBox(focus) : isSpoiltByScans(focus);
+  if (!kind_.counter) return frame::dropStrayScans(place_.screen, {lines_});
+  auto* scanner = new frame::ScanListener(place_.screen, [this](const QWidget& focus) {
+    return lines_->isAncestorOf(&focus) ? !lines_->waitsForCode() : !lines_->isSerialBox(focus);
   });
-  connect(scanner, &ScanListener::scanned, this, [this, counter](const QString& code) {
+  connect(scanner, &frame::ScanListener::scanned, this, [this](const QString& code) {
     for (frame::AccountDropList* list : place_.screen.findChildren<frame::AccountDropList*>()) list->hide();
-    if (counter && !BalPic_->isVisible()) return lines_->scan(code);
+    if (!BalPic_->isVisible()) return lines_->scan(code);
     QApplication::beep();
-    if (counter) BalPic_->tellScan(code);
+    BalPic_->tellScan(code);
   });
 }
 
@@ -166,13 +149,7 @@ QWidget* TradeBody::buildCounterStrip() {
 
 void TradeBody::addCommands(frame::CommandBar& commands) {
   frame::addMasterCommand(commands, party_->newPartyCommand(), kind_.party.newParty, place_.workplace);
-  auto* CI = new QPushButton(tr("New Item"));
-  CI->setObjectName("CI");
-  CI->setAccessibleName(CI->text());
-  CI->setToolTip(tr("Opens the list of items to add one"));
-  forms::makeQuiet(*CI);
-  commands.place(*CI);
-  frame::addMasterCommand(commands, *CI, newItem, place_.workplace);
+  frame::addNewItemCommand(commands, place_.workplace);
 }
 
 // What stands in it

@@ -22,9 +22,10 @@ CommandBar::CommandBar(const DocumentType& type, QWidget* screen)
   cancel = make("CancelBttn", tr("Cancel"), tr("Throws away what was changed since the last save"));
   remove = make("DelBttn", tr("Delete"), tr("Deletes the document shown"), Qt::CTRL | Qt::Key_D);
   const bool voucherOnly = type.printCommands == PrintCommands::VoucherOnly;
-  print = voucherOnly ? nullptr
-                      : make("PrintBill_0", tr("Print"), tr("Saves the document and prints it"), Qt::CTRL | Qt::Key_P);
-  const bool hasVoucher = type.printCommands != PrintCommands::DocumentOnly;
+  const bool hasPrint = !voucherOnly && type.printCommands != PrintCommands::None;
+  print = !hasPrint ? nullptr
+                    : make("PrintBill_0", tr("Print"), tr("Saves the document and prints it"), Qt::CTRL | Qt::Key_P);
+  const bool hasVoucher = voucherOnly || type.printCommands == PrintCommands::DocumentAndVoucher;
   voucher = !hasVoucher ? nullptr
                         : make(voucherOnly ? "PrintBill" : "PrintBill_1", tr("Voucher"),
                                tr("Saves the document and prints its ledger voucher"),
@@ -82,7 +83,8 @@ void CommandBar::include(QAbstractButton& button) {
 
 void CommandBar::place(QPushButton& button) {
   auto* row = static_cast<QHBoxLayout*>(actions_->layout());
-  row->insertWidget(row->indexOf(settings ? settings : voucher ? voucher : print) + 1, &button);
+  for (QPushButton* before : {settings, voucher, print, remove})
+    if (before) return row->insertWidget(row->indexOf(before) + 1, &button);
 }
 
 void CommandBar::setEnabled(bool enabled) {

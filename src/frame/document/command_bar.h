@@ -24,7 +24,7 @@ class CommandBar : public QObject {
   QPushButton* save;
   QPushButton* cancel;
   QPushButton* remove;
-  QPushButton* print;     // nullptr when the voucher is all there is to print
+  QPushButton* print;     // nullptr when the document has no print-out of its own
   QPushButton* voucher;   // nullptr when the document has no ledger lines
   QPushButton* settings;  // nullptr when the print-out has only one layout
   QPushButton* find;

@@ -18,14 +18,17 @@ HeaderRow headerOf(const DocumentType& type, const DocumentValues& values, const
   row.set("TranDate", values.TrDate.date());
   row.set("Nature", values.Terms);
   row.set("EmpID", values.EmpList.id);
-  for (const std::string_view job : {"JobIDFrom", "JobIDTo"}) row.set(job, values.JobList.id);
+  row.set("JobIDFrom", values.JobList.id);
+  row.set("JobIDTo", type.jobChoice == JobChoice::FromAndTo ? values.JobListTo.id : values.JobList.id);
   row.set("Desc", values.Desc);
   row.set("TranType", std::int64_t{type.form.tranType});
   row.set("Text1", values.PartyNameTxt);
   row.set("Text2", values.PartyAddress);
   row.set("Text3", values.PartyTel);
   for (const DocumentField& field : type.fields) row.set(field.column, fieldText(field, values));
-  for (const std::string_view location : {"LocationFrom", "LocationTo"}) row.set(location, values.LocationList.id);
+  row.set("LocationFrom", values.LocationList.id);
+  row.set("LocationTo",
+          type.locationChoice == LocationChoice::FromAndTo ? values.LocationListTo.id : values.LocationList.id);
   row.set("FYID", std::int64_t{context.FYID});
   row.set("Cancel", values.Cancel);
   row.set("InvLedger", session::leavesStock(type.form.tranType, context));
@@ -40,6 +43,7 @@ DocumentWrite composeHeader(const DocumentType& type, const DocumentValues& valu
                             const session::LoginContext& context, const text::DateTime& now, HeaderWrite mode) {
   DocumentWrite document{.mode = mode,
                          .header = headerOf(type, values, context, now),
+                         .belongsTo = type.belongsTo,
                          .locationId = values.LocationList.id,
                          .jobId = values.JobList.id};
   for (const ConversionMark& mark : type.marks) document.keptColumns.push_back(mark.column);

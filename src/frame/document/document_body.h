@@ -65,6 +65,12 @@ class DocumentBody : public QObject {
   // The document stays on the screen once it is saved: reads its lines again, as they were written. Those that the next
   // save adds as another document are new ones that read the same and belong to none.
   virtual void reopen(std::int64_t /*tranNo*/, HeaderWrite /*nextSave*/) {}
+  // What LoginContext::PrintRS hands to the print-out of the document that was saved; `tran` stands on it.
+  virtual store::Recordset printRows(const store::Recordset& tran) {
+    store::Recordset document = tran.clone();
+    document.setBookmark(tran.bookmark());
+    return document;
+  }
 
  Q_SIGNALS:
   void saveRequested();              // from within the lines

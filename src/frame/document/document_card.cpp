@@ -32,20 +32,24 @@ DocumentCard::DocumentCard(const DocumentType& type, OwnFields& fields, QWidget*
   docNo_->setObjectName("DocNo");
   docNo_->setFont(forms::figureFont());
   connect(docNo_, &QLineEdit::textEdited, this, &DocumentCard::keepDocNo);
-  add(docNo_, tr("Serial No"));
-  day_ = new forms::DatePicker;
-  day_->setObjectName("TrDate");
-  add(day_, tr("Date"));
+  add(docNo_, forms::shownText(type.numberCaption));
+  if (type.dateChoice == DateChoice::Shown) {
+    day_ = new forms::DatePicker;
+    day_->setObjectName("TrDate");
+    add(day_, tr("Date"));
+  }
   for (const DocumentField& field : type.fields)
     if (field.kind != FieldKind::Unseen && field.place == FieldPlace::Head)
       add(fields.makeControl(field), forms::shownText(field.label));
-  cancel_ = new QCheckBox(tr("Cancel "));
-  cancel_->setObjectName("CancelOption");
-  cancel_->setAccessibleName(tr("Cancelled document"));
-  cancel_->setToolTip(tr("Marks the document as cancelled when it is saved"));
-  grid->addWidget(cancel_, row++, 1);
+  if (type.cancelChoice == CancelChoice::Shown) {
+    cancel_ = new QCheckBox(tr("Cancel "));
+    cancel_->setObjectName("CancelOption");
+    cancel_->setAccessibleName(tr("Cancelled document"));
+    cancel_->setToolTip(tr("Marks the document as cancelled when it is saved"));
+    grid->addWidget(cancel_, row++, 1);
+    connect(cancel_, &QCheckBox::toggled, this, &DocumentCard::showCancelled);
+  }
   grid->setRowStretch(row, 1);
-  connect(cancel_, &QCheckBox::toggled, this, &DocumentCard::showCancelled);
 }
 
 std::string DocumentCard::docNo() const {
@@ -63,19 +67,19 @@ void DocumentCard::proposeDocNo(std::int64_t docNo) {
 }
 
 text::DateTime DocumentCard::day() const {
-  return day_->day();
+  return day_ ? day_->day() : text::DateTime{};
 }
 
 void DocumentCard::setDay(const text::DateTime& day) {
-  day_->setDay(day);
+  if (day_) day_->setDay(day);
 }
 
 bool DocumentCard::isCancelled() const {
-  return cancel_->isChecked();
+  return !cancel_ || cancel_->isChecked();
 }
 
 void DocumentCard::setCancelled(bool cancelled) {
-  cancel_->setChecked(cancelled);
+  if (cancel_) cancel_->setChecked(cancelled);
 }
 
 void DocumentCard::showCancelled() {

@@ -27,7 +27,7 @@ class DocumentCard : public QFrame {
   void proposeDocNo(std::int64_t docNo);
   bool isDocNoProposed() const { return docNoProposed_; }
   void keepDocNo() { docNoProposed_ = false; }
-  text::DateTime day() const;
+  text::DateTime day() const;  // none of a document whose date nobody gives
   void setDay(const text::DateTime& day);
   bool isCancelled() const;
   void setCancelled(bool cancelled);
@@ -37,8 +37,8 @@ class DocumentCard : public QFrame {
 
   forms::DigitsBox* docNo_;
   bool docNoProposed_ = false;
-  forms::DatePicker* day_;
-  QCheckBox* cancel_;
+  forms::DatePicker* day_ = nullptr;  // of documents with a date that is given
+  QCheckBox* cancel_ = nullptr;       // of documents that can be cancelled; the others always are
 };
 
 }  // namespace velmo::frame

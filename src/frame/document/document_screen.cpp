@@ -33,8 +33,9 @@ DocumentScreen::DocumentScreen(DocumentType type, session::Workplace& workplace,
   // Only the rows that are looked at are read: a year may hold very many documents.
   Tran_.open(workplace_.context.KORDconn,
              "SELECT * from transactions where trantype=" + std::to_string(type_.form.tranType) +
-                 " and fyid = " + std::to_string(workplace_.context.FYID) + " order by docno",
+                 yearCondition(type_.belongsTo, workplace_.context.FYID) + " order by docno",
              store::LockType::Optimistic, store::Fetch::AsNeeded);
+  if (type_.costsOnOpening == CostsOnOpening::ToYearEnd) workplace_.context.Costs.arm();
   ClearForNewRecord();
   if (std::exchange(workplace_.context.OpenTranFlag, false)) showTran();
 }
@@ -54,9 +55,9 @@ void DocumentScreen::ClearForNewRecord() {
   card_->setCancelled(false);
   body_->clear();
   fields_.setInitial(workplace_.clock.today());
-  references_->setJob(0);
+  references_->setJobs(0, 0);
   references_->setEmployee(0);
-  references_->setLocation(workplace_.context.stocklocationid);
+  references_->setLocations(workplace_.context.stocklocationid, workplace_.context.stocklocationid);
   Desc_->clear();
   showMarks();
   bindAgain();
@@ -117,9 +118,9 @@ void DocumentScreen::fillFromTran() {
   card_->setCancelled(Tran_.yes("Cancel"));
   body_->show(Tran_);
   fields_.show(Tran_);
-  references_->setJob(Tran_.integer("JobIDFrom"));
+  references_->setJobs(Tran_.integer("JobIDFrom"), Tran_.integer("JobIDTo"));
   references_->setEmployee(Tran_.integer("EmpID"));
-  references_->setLocation(Tran_.integer("LocationFrom"));
+  references_->setLocations(Tran_.integer("LocationFrom"), Tran_.integer("LocationTo"));
   Desc_->setPlainText(QString::fromStdString(Tran_.text("Desc")));
   showMarks();
 }
@@ -135,8 +136,10 @@ DocumentValues DocumentScreen::values() const {
   values.Desc = Desc_->toPlainText().toStdString();
   values.Cancel = card_->isCancelled();
   values.JobList = references_->job();
+  values.JobListTo = references_->jobTo();
   values.EmpList = references_->employee();
   values.LocationList = references_->location();
+  values.LocationListTo = references_->locationTo();
   if (type_.locationChoice == LocationChoice::OfCompany)
     values.LocationList = {.text = {}, .id = workplace_.context.stocklocationid, .matches = true};
   values.fields = fields_.texts();
@@ -170,7 +173,8 @@ void DocumentScreen::ValidateAndSave(PrintMode mode, const ConversionCommand* co
   if (!commands_->save->isEnabled() || !body_->commitEdit()) return;
   body_->beforeSave([this, mode, conversion] {
     workplace_.attempt("Cannot Save", [&] {
-      const DocumentValues values = this->values();
+      DocumentValues values = this->values();
+      if (type_.dateChoice == DateChoice::DayOfSave) values.TrDate = workplace_.clock.today();
       if (!passes(values) || !PostDocument(values, conversion)) return;
       GiveUp();  // it is in the books
       conversion ? finishConversion(*conversion) : afterSave(mode, values);
@@ -183,8 +187,9 @@ bool DocumentScreen::isFreeDocNo() const {
   if (!text::isNumeric(typed)) return true;  // refused as no number, in its turn
   const std::int64_t docNo = store::integerOf(typed);
   if (!AddMode_ && docNo == Tran_.integer("docno")) return true;
-  return !isTaken(workplace_.context.KORDconn,
-                  {.DocNo = docNo, .TranType = type_.form.tranType, .FYID = workplace_.context.FYID});
+  return !isTaken(
+      workplace_.context.KORDconn,
+      {.DocNo = docNo, .TranType = type_.form.tranType, .FYID = workplace_.context.FYID, .belongsTo = type_.belongsTo});
 }
 
 // What a person typed stays, and so does the number of a document that was saved from here; of the program's own
@@ -204,7 +209,8 @@ bool DocumentScreen::passes(const DocumentValues& values) {
                                 .storedBalance = AddMode_ ? 0 : Tran_.number("Balance"),
                                 .yearStart = workplace_.context.FinancialYearStart,
                                 .yearEnd = workplace_.context.FinancialYearEnd};
-  for (const auto* steps : {&documentSteps(), static_cast<const std::vector<ValidationStep>*>(&type_.validation)})
+  const auto& ofEvery = type_.dateChoice == DateChoice::Shown ? documentSteps() : undatedSteps();
+  for (const auto* steps : {&ofEvery, static_cast<const std::vector<ValidationStep>*>(&type_.validation)})
     for (const ValidationStep& step : *steps) {
       if (!step.fails(values, situation)) continue;
       const bool ask = step.onFailure == OnFailure::Ask;
@@ -275,9 +281,10 @@ void DocumentScreen::afterSave(PrintMode mode, const DocumentValues& values) {
 void DocumentScreen::printDocument(const DocumentValues& values) {
   session::LoginContext& context = workplace_.context;
   context.PrintKind = type_.form.tranType;
-  context.PrintRS = Tran_.clone();
-  context.PrintRS.setBookmark(Tran_.bookmark());
-  workplace_.attempt("Cannot Print", [&] { type_.print(workplace_, values, this); });
+  workplace_.attempt("Cannot Print", [&] {
+    context.PrintRS = body_->printRows(Tran_);
+    type_.print(workplace_, values, this);
+  });
 }
 
 void DocumentScreen::printVoucher() {

@@ -10,6 +10,7 @@
 
 #include "frame/document/find_type.h"
 #include "frame/posting/aging.h"
+#include "frame/posting/document_number.h"
 #include "frame/posting/document_values.h"
 #include "frame/posting/header_row.h"
 #include "frame/posting/posting_table.h"
@@ -68,16 +69,34 @@ struct BodyPlace;
 enum class LocationChoice {
   Shown,
   OfCompany,  // of the company's own, which is not shown
+  FromAndTo,  // they leave one and arrive at another
   None
 };
 
-enum class JobChoice { Shown, None };
+enum class JobChoice { Shown, FromAndTo, None };
 enum class EmployeeChoice { Shown, None };
 
 enum class PrintCommands {
   DocumentAndVoucher,
-  VoucherOnly,  // the ledger voucher is the document's print-out
-  DocumentOnly  // there are no ledger lines to print
+  VoucherOnly,   // the ledger voucher is the document's print-out
+  DocumentOnly,  // there are no ledger lines to print
+  None
+};
+
+enum class DateChoice {
+  Shown,
+  DayOfSave  // of a record that holds until it is changed: nobody gives it, and no year bounds it
+};
+
+enum class CancelChoice {
+  Shown,
+  Always  // of a record beside the books: its lines count nowhere
+};
+
+// What the opening of the screen asks of the costs of items.
+enum class CostsOnOpening {
+  AsTheyStand,
+  ToYearEnd  // lines propose them: they are brought up to date
 };
 
 enum class AfterPrint {
@@ -117,6 +136,11 @@ struct DocumentType {
   LocationChoice locationChoice = LocationChoice::Shown;
   JobChoice jobChoice = JobChoice::Shown;
   EmployeeChoice employeeChoice = EmployeeChoice::Shown;
+  BelongsTo belongsTo = BelongsTo::Year;
+  DateChoice dateChoice = DateChoice::Shown;
+  CancelChoice cancelChoice = CancelChoice::Shown;
+  std::string_view numberCaption = "Serial No";
+  CostsOnOpening costsOnOpening = CostsOnOpening::AsTheyStand;
   PrintCommands printCommands = PrintCommands::DocumentAndVoucher;
   AfterPrint afterPrint = AfterPrint::NewDocument;
 

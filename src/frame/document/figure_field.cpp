@@ -8,8 +8,18 @@
 #include "forms/look.h"
 #include "forms/number_box.h"
 #include "text/format.h"
+#include "text/number.h"
 
 namespace velmo::frame {
+
+namespace {
+
+// What stands in a box between two key presses of one number: not yet a figure, but on its way to one.
+bool beginsNumber(const QString& text) {
+  return text == "-" || text == "." || text == "-.";
+}
+
+}  // namespace
 
 void addCaptioned(QGridLayout& grid, int row, int column, QWidget& field, const QString& caption) {
   auto* label = new QLabel(caption.trimmed());
@@ -32,6 +42,15 @@ QLineEdit* addFigure(QGridLayout& grid, int row, int column, const char* name, c
   forms::keepFigureWhole(*figure);
   addCaptioned(grid, row, column, *figure, caption);
   return figure;
+}
+
+void showTyped(forms::NumberBox& box, const std::string& counted) {
+  const auto asMoney = [](double amount) { return text::formatNumber(amount, "0.00"); };
+  const QString shown = QString::fromStdString(counted);
+  const bool counts = box.isNumber() && asMoney(box.amount()) == asMoney(text::amountFrom(counted));
+  if (box.text() == shown || (box.hasFocus() && (counts || beginsNumber(box.text())))) return;
+  box.setText(shown);
+  if (box.hasFocus()) box.selectAll();
 }
 
 void finishTyping(forms::NumberBox& box, const std::string& counted) {

@@ -22,6 +22,9 @@ void addCaptioned(QGridLayout& grid, int row, int column, QWidget& field, const 
 // The same with a new box that shows a figure and takes no focus.
 QLineEdit* addFigure(QGridLayout& grid, int row, int column, const char* name, const QString& caption);
 
+// Shows a typed amount as it is counted while it is typed: it stays as it stands, unless another amount is counted in
+// its place.
+void showTyped(forms::NumberBox& box, const std::string& counted);
 // Shows a typed amount as it is counted, also while the keyboard is still in its box.
 void finishTyping(forms::NumberBox& box, const std::string& counted);
 

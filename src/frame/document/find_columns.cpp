@@ -8,7 +8,8 @@ constexpr const char* moment = "dd-mm-yyyy hh:nn:ss";
 
 }  // namespace
 
-std::vector<forms::TableColumn> findColumns(const std::vector<forms::TableColumn>& own, FindLocation location) {
+std::vector<forms::TableColumn> findColumns(const std::vector<forms::TableColumn>& own, FindLocation location,
+                                            FindStatus status) {
   std::vector<forms::TableColumn> columns = {
       {.caption = "Serial No.", .field = "DocNo", .alignment = forms::ColumnAlignment::Right, .width = 9},
       {.caption = "Date", .field = "TranDate", .format = "dd-mm-yyyy", .width = 10}};
@@ -16,7 +17,7 @@ std::vector<forms::TableColumn> findColumns(const std::vector<forms::TableColumn
   for (const forms::TableColumn& column : own) add(column);
   add({.caption = "Employee", .field = "EmpName", .width = 18});
   if (location == FindLocation::Joined) add({.caption = "Location", .field = "LocationName", .width = 16});
-  add({.caption = "Status", .field = "CStatus", .width = 10});
+  if (status == FindStatus::Shown) add({.caption = "Status", .field = "CStatus", .width = 10});
   add({.caption = "Added By", .field = "AddedBy", .width = 14});
   add({.caption = "Time Added", .field = "TimeAdded", .format = moment, .width = 19});
   add({.caption = "Edited By", .field = "EditedBy", .width = 14});

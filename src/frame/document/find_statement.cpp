@@ -15,11 +15,13 @@ std::string foundRows(const FindType& type, int tranType, int fyid, std::string_
   std::string documents = "(Transactions LEFT JOIN Employees ON Transactions.EmpID = Employees.EmpID)";
   if (type.location == FindLocation::Joined)
     documents = "(" + documents + " INNER JOIN StockLocation ON Transactions.LocationFrom = StockLocation.LocationID)";
+  if (!type.joined.empty()) documents = "(" + documents + " " + std::string(type.joined) + ")";
+  const std::string ofYear =
+      type.belongsTo == BelongsTo::NoYear ? std::string() : " And ((Transactions.FYID) = " + std::to_string(fyid) + ")";
   return " FROM (" + documents +
          " INNER JOIN Users ON Transactions.UserAdded = Users.UserID) INNER JOIN Users AS Users_1 ON "
          "Transactions.UserEdited = Users_1.UserID Where (((Transactions.TranType) = " +
-         std::to_string(tranType) + ") And ((Transactions.FYID) = " + std::to_string(fyid) + ")" +
-         std::string(condition) + ")";
+         std::to_string(tranType) + ")" + ofYear + std::string(condition) + ")";
 }
 
 std::string likeAnyOf(std::string_view column, const std::set<std::string>& texts) {

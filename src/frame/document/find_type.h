@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "forms/recordset_model.h"
+#include "frame/posting/document_number.h"
 
 namespace velmo::frame {
 
@@ -25,6 +26,8 @@ struct FindColumn {
 
 // Whether the documents looked for stand at a stock location.
 enum class FindLocation { Joined, None };
+// Whether some of them are cancelled.
+enum class FindStatus { Shown, None };
 
 // A Find screen: data only. Its name and right are those of the form.
 struct FindType {
@@ -33,6 +36,8 @@ struct FindType {
   std::vector<FindColumn> columns;
   std::vector<forms::TableColumn> result;
   FindLocation location = FindLocation::Joined;
+  BelongsTo belongsTo = BelongsTo::Year;
+  std::string_view joined = {};                   // a further table with its condition: "LEFT JOIN AccLevel3 ON ..."
   std::vector<std::string_view> pickedDays = {};  // fields of `result`: texts of dates that were picked
 };
 

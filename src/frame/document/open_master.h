@@ -14,4 +14,7 @@ class CommandBar;
 void addMasterCommand(CommandBar& commands, QPushButton& button, const MasterCommand& command,
                       session::Workplace& workplace);
 
+// The command `CI`, which opens the list of items to add one.
+void addNewItemCommand(CommandBar& commands, session::Workplace& workplace);
+
 }  // namespace velmo::frame

@@ -60,12 +60,21 @@ ReferencesCard::ReferencesCard(const DocumentType& type, OwnFields& fields, sess
     grid->addWidget(list, row, 1, 1, 3);
     return list;
   };
+  if (type.locationChoice == LocationChoice::FromAndTo) {
+    locations_ = addList("LocationList1", tr("Transfer From Location"));
+    locationsTo_ = addList("LocationList2", tr("Transfer To Location"));
+  }
+  if (type.jobChoice == JobChoice::FromAndTo) {
+    jobs_ = addList("JobList1", tr("Transfer From Job No."));
+    jobsTo_ = addList("JobList2", tr("Transfer To Job No."));
+  }
   if (type.jobChoice == JobChoice::Shown) jobs_ = addList("JobList", tr("Job No && Description"));
   if (type.employeeChoice == EmployeeChoice::Shown) employees_ = addList("EmpList", tr("Employee Reference"));
   if (type.locationChoice == LocationChoice::Shown) locations_ = addList("LocationList", tr("Inventory Location"));
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(3, 1);
   grid->setRowStretch(row + 1, 1);
+  if (row < 0) hide();
 
   for (const DateLookup& lookup : type.dateLookups)
     if (auto* from = findChild<QLineEdit*>(forms::shownText(lookup.from)))
@@ -88,35 +97,45 @@ void ReferencesCard::loadLists() {
   const auto rows = [&](const char* statement) {
     return store::Recordset(connection, statement, store::LockType::ReadOnly);
   };
-  if (jobs_)
-    jobs_->setSource(
-        rows("select Jobid, (JobNo & ' (' & JobDesc &')') as Job from jobs where status=no order by jobno"), "Job",
-        "Jobid");
+  for (forms::DropCombo* jobs : {jobs_, jobsTo_})
+    if (jobs)
+      jobs->setSource(
+          rows("select Jobid, (JobNo & ' (' & JobDesc &')') as Job from jobs where status=no order by jobno"), "Job",
+          "Jobid");
   if (employees_)
     employees_->setSource(rows("Select Empid, EmpName from Employees where status=no order by empname"), "EmpName",
                           "Empid");
-  if (locations_)
-    locations_->setSource(rows("Select Locationid, LocationName from StockLocation order by LocationName"),
-                          "LocationName", "Locationid");
+  for (forms::DropCombo* locations : {locations_, locationsTo_})
+    if (locations)
+      locations->setSource(rows("Select Locationid, LocationName from StockLocation order by LocationName"),
+                           "LocationName", "Locationid");
 }
 
-void ReferencesCard::setJob(std::int64_t id) {
+void ReferencesCard::setJobs(std::int64_t id, std::int64_t to) {
   showEntry(jobs_, id);
+  showEntry(jobsTo_, to);
 }
 void ReferencesCard::setEmployee(std::int64_t id) {
   showEntry(employees_, id);
 }
-void ReferencesCard::setLocation(std::int64_t id) {
+void ReferencesCard::setLocations(std::int64_t id, std::int64_t to) {
   showEntry(locations_, id);
+  showEntry(locationsTo_, to);
 }
 ListChoice ReferencesCard::job() const {
   return choiceOf(jobs_);
+}
+ListChoice ReferencesCard::jobTo() const {
+  return choiceOf(jobsTo_);
 }
 ListChoice ReferencesCard::employee() const {
   return choiceOf(employees_);
 }
 ListChoice ReferencesCard::location() const {
   return choiceOf(locations_);
+}
+ListChoice ReferencesCard::locationTo() const {
+  return choiceOf(locationsTo_);
 }
 
 void ReferencesCard::lookUpDate(const DateLookup& lookup) {

@@ -11,7 +11,7 @@ class DropCombo;
 
 namespace velmo::frame {
 
-// What a document refers to: its own reference fields, job, employee, stock location. A typed
+// What a document refers to: its own reference fields, jobs, employee, stock locations. A typed
 // reference finds the date of the document it names when the focus leaves it.
 class ReferencesCard : public QFrame {
   Q_OBJECT
@@ -20,14 +20,17 @@ class ReferencesCard : public QFrame {
   ReferencesCard(const DocumentType& type, OwnFields& fields, session::Workplace& workplace, QWidget* parent);
   ~ReferencesCard() override;
 
-  // Reads the three lists from the store; their texts become empty.
+  // Reads the lists from the store; their texts become empty.
   void loadLists();
-  void setJob(std::int64_t id);
+  // The second one is where goods arrive, of documents that have two places.
+  void setJobs(std::int64_t id, std::int64_t to);
   void setEmployee(std::int64_t id);
-  void setLocation(std::int64_t id);
+  void setLocations(std::int64_t id, std::int64_t to);
   ListChoice job() const;
+  ListChoice jobTo() const;
   ListChoice employee() const;
   ListChoice location() const;
+  ListChoice locationTo() const;
 
  private:
   forms::DropCombo* makeList(const char* name);
@@ -37,8 +40,10 @@ class ReferencesCard : public QFrame {
   session::Workplace& workplace_;
   // Those that the type has.
   forms::DropCombo* jobs_ = nullptr;
+  forms::DropCombo* jobsTo_ = nullptr;
   forms::DropCombo* employees_ = nullptr;
   forms::DropCombo* locations_ = nullptr;
+  forms::DropCombo* locationsTo_ = nullptr;
 };
 
 }  // namespace velmo::frame

@@ -14,7 +14,7 @@ namespace velmo::frame {
 
 ItemGrid::ItemGrid(ItemGridKind kind, session::Workplace& workplace, QWidget* overlay, QWidget* parent)
     : SheetGrid(parent), sheet_(std::move(kind), workplace), rows_(sheet_) {
-  build(rows_, "Grid", "Item lines");
+  build(rows_, QString::fromStdString(sheet_.kind().name), QString::fromStdString(sheet_.kind().accessibleName));
   StockBox_ = new StockPanel(sheet_.kind(), workplace.context, overlay);
   setList(static_cast<int>(GridColumn::ItemCode), *new StockCellList(*StockBox_, this));
   if (sheet_.kind().serialNumbers == SerialNumbers::Kept) buildSerials(overlay);
@@ -29,7 +29,7 @@ ItemGrid::ItemGrid(ItemGridKind kind, session::Workplace& workplace, QWidget* ov
 ItemGrid::~ItemGrid() = default;
 
 void ItemGrid::buildSerials(QWidget* overlay) {
-  SerialTxt_ = new SerialPanel(overlay);
+  SerialTxt_ = new SerialPanel(QString::fromStdString(sheet_.kind().serialName), overlay);
   connect(SerialTxt_, &SerialPanel::entered, this, [this](const QString& serials) {
     if (isBound() && serialRow_ >= 0) sheet_.setProductSerials(serialRow_, serials.toStdString());
   });

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "frame/items/item_rules.h"
 #include "schema/document_kinds.h"
 
 namespace velmo::frame {
@@ -19,6 +20,9 @@ enum class ScannedAgain { RaiseQuantity, NewLine };
 
 // In what the item grids of the screens differ.
 struct ItemGridKind {
+  std::string name = "Grid";
+  std::string accessibleName = "Item lines";
+  std::string serialName = {};  // behind the names of the serial box, where a screen has more than one: "2"
   std::string quantityField = "StockOut";
   std::string priceField = "SellingPrice";  // of StockLevel3: the rate that an item brings along
   std::string priceCaption = "Selling Price";
@@ -32,6 +36,7 @@ struct ItemGridKind {
   ItemHistory history = ItemHistory::LastLines;
   F4Key f4 = F4Key::SerialBox;
   ScanRule scan = ScanRule::ToNextCell;
+  LineRules rules = {};
 };
 
 }  // namespace velmo::frame

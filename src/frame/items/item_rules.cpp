@@ -1,13 +1,14 @@
 #include "frame/items/item_rules.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "text/number.h"
 
 namespace velmo::frame {
 namespace {
 
-constexpr double figureLimit = 99999999;  // itself refused
+constexpr double figureLimit = 99999999;
 constexpr double percentLimit = 100;      // itself refused
 constexpr std::size_t longestText = 250;  // characters
 
@@ -36,6 +37,12 @@ std::size_t characters(std::string_view text) {
       std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
 }
 
+bool isWithin(std::string_view text, FigureRange range) {
+  const auto number = text::numberFrom(text);
+  if (!number) return false;
+  return range == FigureRange::BelowLimit ? *number < figureLimit : std::abs(*number) <= figureLimit;
+}
+
 bool isNumberBelow(std::string_view text, double limit) {
   const auto number = text::numberFrom(text);
   return number && *number < limit;
@@ -52,10 +59,11 @@ bool isFigure(GridColumn column) {
   return column == GridColumn::Quantity || (column >= GridColumn::Rate && column <= GridColumn::NetAmount);
 }
 
-EntryVerdict beforeEdit(GridColumn column, const LineCells& line) {
+EntryVerdict beforeEdit(GridColumn column, const LineCells& line, const LineRules& rules) {
   if (isReadOnly(column)) return {.refused = true};
   EntryVerdict verdict;
   if (const auto name = entryName(column); !name.empty() && line.itemCode.empty()) {
+    verdict.refused = rules.codes == LineCodes::ItemsOnly;
     verdict.messages.push_back({.title = "Select Inventory Item",
                                 .text = "Select inventory item before entering " + std::string(name) +
                                         ". If you want to enter a service, then give 'Service' in Item Code Column."});
@@ -70,7 +78,7 @@ EntryVerdict beforeEdit(GridColumn column, const LineCells& line) {
   return verdict;
 }
 
-bool acceptsEntry(GridColumn column, std::string_view typed, const LineCells& line) {
+bool acceptsEntry(GridColumn column, std::string_view typed, const LineCells& line, const LineRules& rules) {
   switch (column) {
     case GridColumn::ItemCode:
       return true;
@@ -79,7 +87,7 @@ bool acceptsEntry(GridColumn column, std::string_view typed, const LineCells& li
       return characters(typed) <= longestText;
     case GridColumn::Quantity:
     case GridColumn::Rate:
-      return isNumberBelow(typed, figureLimit);
+      return isWithin(typed, rules.figures);
     case GridColumn::DiscountRate:
       return typed.empty() || isNumberBelow(typed, percentLimit);
     case GridColumn::Discount: {

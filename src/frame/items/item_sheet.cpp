@@ -68,7 +68,7 @@ LineFigures ItemSheet::figures(int row) const {
 }
 
 bool ItemSheet::mayEdit(int row, GridColumn column) {
-  const EntryVerdict verdict = beforeEdit(column, cells(row));
+  const EntryVerdict verdict = beforeEdit(column, cells(row), kind_.rules);
   for (const session::Prompt& message : verdict.messages) workplace_.prompts.ask(message);
   return !verdict.refused;
 }
@@ -77,7 +77,7 @@ bool ItemSheet::enter(int row, GridColumn column, std::string_view typed) {
   std::string text = withoutNul(typed);
   if (column == GridColumn::ItemCode) text = text::trimmed(text);
   const LineCells line = cells(row);
-  if (!acceptsEntry(column, text, line)) return false;
+  if (!acceptsEntry(column, text, line, kind_.rules)) return false;
 
   LineFigures after = figures(row);
   if (column == GridColumn::Quantity) after.quantity = text;
@@ -95,7 +95,7 @@ bool ItemSheet::enter(int row, GridColumn column, std::string_view typed) {
       return true;
     }
     if (column == GridColumn::ItemCode) {
-      enterItemCode(row, text);
+      if (!enterItemCode(row, text)) return false;
     } else if (column == GridColumn::Discount) {
       write(row, column, moneyOf(figureOrNull(text)));
     } else {
@@ -109,12 +109,14 @@ bool ItemSheet::enter(int row, GridColumn column, std::string_view typed) {
   return true;
 }
 
-void ItemSheet::enterItemCode(int row, std::string_view typed) {
+bool ItemSheet::enterItemCode(int row, std::string_view typed) {
   if (const auto item = findItem(typed)) {
     fillFromItem(row, *item);
   } else {
+    if (kind_.rules.codes == LineCodes::ItemsOnly) return false;
     write(row, GridColumn::ItemCode, textOrNull(std::string(typed)));
   }
+  return true;
 }
 
 void ItemSheet::clearLine(int row) {

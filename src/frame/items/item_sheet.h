@@ -59,7 +59,7 @@ class ItemSheet {
   LineFigures figures(int row) const;
   store::Value valueAt(int row, GridColumn column) const;
   void write(int row, GridColumn column, store::Value value);
-  void enterItemCode(int row, std::string_view typed);
+  bool enterItemCode(int row, std::string_view typed);  // false when the text may not stand there
   void clearLine(int row);
   void fillFromItem(int row, const ListedItem& item);
   std::optional<ListedItem> findItem(std::string_view typed) const;

@@ -10,8 +10,8 @@
 
 namespace velmo::frame {
 
-SerialPanel::SerialPanel(QWidget* parent) : QFrame(parent) {
-  setObjectName("SerialTxt");
+SerialPanel::SerialPanel(const QString& number, QWidget* parent) : QFrame(parent) {
+  setObjectName("SerialTxt" + number);
   setAccessibleName("Product serials");
   setAutoFillBackground(true);
   setFrameShape(QFrame::StyledPanel);
@@ -21,7 +21,7 @@ SerialPanel::SerialPanel(QWidget* parent) : QFrame(parent) {
   auto* caption = new QLabel("Product serials (F4 closes)");
   forms::makeCaption(*caption);
   SerialBox_ = new QPlainTextEdit;
-  SerialBox_->setObjectName("SerialBox");
+  SerialBox_->setObjectName("SerialBox" + number);
   SerialBox_->setAccessibleName("Product serials");
   SerialBox_->setTabChangesFocus(true);
   SerialBox_->installEventFilter(this);

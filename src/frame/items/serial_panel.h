@@ -12,7 +12,8 @@ class SerialPanel : public QFrame {
   Q_OBJECT
 
  public:
-  explicit SerialPanel(QWidget* parent);
+  // `number` stands behind the names of panel and box, where a screen has more than one.
+  SerialPanel(const QString& number, QWidget* parent);
 
   void open(const QString& serials);
   void finish();  // closes; hands the text over when it was changed

@@ -117,7 +117,7 @@ QWidget* StockPanel::buildDetails() {
       QString::fromStdString(kind_.priceCaption + (context_.ccode.empty() ? "" : " " + context_.ccode) + ":");
   place(StockBalance_, "StockBalance", "In stock:", 0, 0);
   QLabel* PriceLbl =
-      place(price_, kind_.priceField == "PurchasePrice" ? "purchaseprice" : "sellingprice", priceCaption, 0, 2);
+      place(price_, QString::fromStdString(kind_.priceField).toLower().toLatin1().constData(), priceCaption, 0, 2);
   PriceLbl->setObjectName("PriceLbl");
   place(ItemUnit_, "ItemUnit", "Unit:", 1, 0);
   place(ItemCategory_, "ItemCategory", "Category:", 1, 2);

@@ -2,11 +2,15 @@
 
 namespace velmo::frame {
 
+std::string yearCondition(BelongsTo belongsTo, std::int64_t FYID) {
+  return belongsTo == BelongsTo::NoYear ? std::string() : " and fyid = " + std::to_string(FYID);
+}
+
 bool isTaken(store::Connection& connection, const DocumentNumber& number) {
   const store::Recordset found(connection,
                                "Select docno from transactions where docno = " + std::to_string(number.DocNo) +
                                    " and trantype = " + std::to_string(number.TranType) +
-                                   " and fyid = " + std::to_string(number.FYID),
+                                   yearCondition(number.belongsTo, number.FYID),
                                store::LockType::ReadOnly);
   return !found.isEmpty();
 }

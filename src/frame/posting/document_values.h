@@ -43,6 +43,9 @@ struct DocumentValues {
   ListChoice JobList;
   ListChoice EmpList;
   ListChoice LocationList;
+  // Where goods arrive, of documents that have two places: then JobList and LocationList are those they leave.
+  ListChoice JobListTo = {};
+  ListChoice LocationListTo = {};
 
   std::map<std::string, std::string, std::less<>> fields;  // the document's own, by control name
   DocumentTotals totals;

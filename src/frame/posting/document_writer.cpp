@@ -1,6 +1,5 @@
 #include "frame/posting/document_writer.h"
 
-#include "frame/posting/document_number.h"
 #include "store/recordset/add_row.h"
 
 namespace velmo::frame {
@@ -10,7 +9,10 @@ namespace {
 // A document keeps the number that it has, whoever else has it in an old file.
 void demandFreeNumber(store::Connection& connection, const DocumentWrite& document, const store::Recordset& tran) {
   const auto column = [&](std::string_view name) { return store::integerOf(document.header.value(name)); };
-  const DocumentNumber number{.DocNo = column("DocNo"), .TranType = column("TranType"), .FYID = column("FYID")};
+  const DocumentNumber number{.DocNo = column("DocNo"),
+                              .TranType = column("TranType"),
+                              .FYID = column("FYID"),
+                              .belongsTo = document.belongsTo};
   if (document.mode == HeaderWrite::Update && tran.integer("docno") == number.DocNo) return;
   if (isTaken(connection, number)) throw DocNoTaken();
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "frame/posting/aging.h"
+#include "frame/posting/document_number.h"
 #include "frame/posting/header_row.h"
 #include "frame/posting/item_lines.h"
 #include "frame/posting/posting_table.h"
@@ -24,6 +25,7 @@ enum class HeaderWrite {
 struct DocumentWrite {
   HeaderWrite mode = HeaderWrite::Add;
   HeaderRow header;
+  BelongsTo belongsTo = BelongsTo::Year;
   std::vector<std::string_view> keptColumns = {};  // that a further save leaves alone
   std::int64_t locationId = 0;
   std::int64_t jobId = 0;

@@ -4,13 +4,13 @@
 
 namespace velmo::frame {
 
-void openSheet(store::Connection& connection, store::Recordset& sheet, std::int64_t tranNo) {
+void openSheet(store::Connection& connection, store::Recordset& sheet, std::int64_t tranNo, const SheetShows& shows) {
   if (sheet.isOpen()) sheet.close();
-  sheet.open(connection,
-             tranNo == 0 ? "Select * from stockflow where tranno = 0"
-                         : "Select * from stockflow where tranno = " + std::to_string(tranNo) + " order by serial",
-             store::LockType::BatchOptimistic);
-  fillSheet(sheet);
+  std::string statement = "Select * from stockflow where tranno = " + std::to_string(tranNo);
+  if (tranNo != 0 && !shows.condition.empty()) statement += " and " + std::string(shows.condition);
+  if (tranNo != 0) statement += " order by serial";
+  sheet.open(connection, statement, store::LockType::BatchOptimistic);
+  fillSheet(sheet, shows.rows);
 }
 
 void fillSheet(store::Recordset& sheet, std::int64_t rows) {

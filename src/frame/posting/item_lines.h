@@ -11,9 +11,16 @@ namespace velmo::frame {
 // The sheet of item lines of a document: rows of `StockFlow`, batch-updated, filled up with blank rows.
 inline constexpr std::int64_t sheetRows = 500;
 
-// Reads the lines of a document (0: a new one) in their order and fills the sheet up to sheetRows; a document of more
-// lines keeps them all. The cursor stands on the first row.
-void openSheet(store::Connection& connection, store::Recordset& sheet, std::int64_t tranNo);
+// Which lines of a document a sheet shows, and how many rows it has at least.
+struct SheetShows {
+  std::string_view condition = {};  // "stockout is not null"; "" for all
+  std::int64_t rows = sheetRows;
+};
+
+// Reads the lines of a document (0: a new one) in their order and fills the sheet up; a document of more lines keeps
+// them all. The cursor stands on the first row.
+void openSheet(store::Connection& connection, store::Recordset& sheet, std::int64_t tranNo,
+               const SheetShows& shows = {});
 // Adds blank rows to any sheet until it has that many, and stands on its first.
 void fillSheet(store::Recordset& sheet, std::int64_t rows = sheetRows);
 

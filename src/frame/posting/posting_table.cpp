@@ -47,6 +47,8 @@ std::optional<double> amountOf(const std::optional<PostedAmount>& amount, const 
 
 double figureOf(const DocumentTotals& totals, Figure figure) {
   switch (figure) {
+    case Figure::GrTot:
+      return text::amountFrom(totals.GrTot);
     case Figure::TExc:
       return text::amountFrom(totals.TExc);
     case Figure::GTotal:
@@ -65,7 +67,8 @@ double figureOf(const DocumentTotals& totals, Figure figure) {
 
 tl::expected<std::vector<LedgerLine>, std::string> ledgerLines(const PostingTable& table, const DocumentValues& values,
                                                                std::string_view lineNarrations) {
-  const std::string ofDocument = values.PartyNameTxt + " - " + table.documentName(values);
+  const std::string ofDocument =
+      table.documentName ? values.PartyNameTxt + " - " + table.documentName(values) : std::string();
   const std::string ofLines = values.PartyNameTxt + " - " + std::string(lineNarrations);
   std::vector<LedgerLine> lines;
   for (const PostingRow& row : table.rows) {

@@ -15,7 +15,7 @@
 namespace velmo::frame {
 
 // A figure of the totals column, read back from its shown text.
-enum class Figure { TExc, GTotal, Carriage, NetTotal, Received, Balance };
+enum class Figure { GrTot, TExc, GTotal, Carriage, NetTotal, Received, Balance };
 
 double figureOf(const DocumentTotals& totals, Figure figure);
 
@@ -66,7 +66,8 @@ struct PostingRow {
 };
 
 struct PostingTable {
-  // What stands behind the party's name in a narration of the document: "Invoice No 12".
+  // What stands behind the party's name in a narration of the document: "Invoice No 12". None where every row has one
+  // of its own.
   std::function<std::string(const DocumentValues&)> documentName;
   std::vector<PostingRow> rows;
   // The narration of every row, where a kind of document has one of its own.

@@ -25,6 +25,12 @@ bool exceedsCreditLimit(const DocumentValues& values, const SaveSituation& situa
   return text::roundHalfEven(text::sumOf({values.PartyBalance, added, -values.CreditLimit}), 2) > 0;
 }
 
+ValidationStep numberIsSerial() {
+  return {.fails = [](const DocumentValues& v, const SaveSituation&) { return !isSerialNumber(v.DocNo); },
+          .text = "Serial number must be a numeric figure.",
+          .control = "DocNo"};
+}
+
 }  // namespace
 
 const std::vector<ValidationStep>& documentSteps() {
@@ -35,9 +41,12 @@ const std::vector<ValidationStep>& documentSteps() {
       {.fails = [](const DocumentValues& v, const SaveSituation& s) { return v.TrDate > s.yearEnd; },
        .text = "Transaction date cannot be after ending date of financial year.",
        .control = "TrDate"},
-      {.fails = [](const DocumentValues& v, const SaveSituation&) { return !isSerialNumber(v.DocNo); },
-       .text = "Serial number must be a numeric figure.",
-       .control = "DocNo"}};
+      numberIsSerial()};
+  return steps;
+}
+
+const std::vector<ValidationStep>& undatedSteps() {
+  static const std::vector<ValidationStep> steps{numberIsSerial()};
   return steps;
 }
 

@@ -34,6 +34,8 @@ struct ValidationStep {
 
 // The date within the financial year, both ends included, and a serial number of digits.
 const std::vector<ValidationStep>& documentSteps();
+// The same of a document whose date nobody gives.
+const std::vector<ValidationStep>& undatedSteps();
 
 ValidationStep locationIsListed();
 ValidationStep jobIsListedOrBlank();

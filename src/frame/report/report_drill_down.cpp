@@ -2,7 +2,8 @@
 
 namespace velmo::frame {
 
-void openDocument(session::Workplace& workplace, int tranType, std::int64_t tranNo, schema::LedFrom reports) {
+void openDocument(session::Workplace& workplace, int tranType, std::int64_t tranNo, schema::LedFrom reports,
+                  const std::function<void()>& leave) {
   const schema::DocumentForm* form = schema::formFromReport(tranType, reports);
   if (!form || !workplace.rights().demand(form->viewRight)) return;
   if (!workplace.screens.hasScreen(form->screen)) {
@@ -10,6 +11,7 @@ void openDocument(session::Workplace& workplace, int tranType, std::int64_t tran
         "Cannot Open", "The screen of this document, " + std::string(form->screen) + ", is not part of this program.");
     return;
   }
+  if (leave) leave();
   if (tranType != schema::tran_type::OpeningBalance) {
     workplace.context.OpenTranNo = tranNo;
     workplace.context.OpenTranFlag = true;

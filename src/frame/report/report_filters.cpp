@@ -158,6 +158,7 @@ QWidget* ReportFilters::lead(const ReportFilter& filter) {
                                [&](const ReportAccount& account) -> QWidget* { return caption(account.caption); },
                                [&](const ReportItem& item) -> QWidget* { return caption(item.caption); },
                                [&](const ReportList& list) -> QWidget* { return caption(list.caption); },
+                               [&](const ReportText& text) -> QWidget* { return caption(text.caption); },
                                [&](const ReportDigits& digits) -> QWidget* { return caption(digits.caption); },
                                [](const ReportOptions&) -> QWidget* { return nullptr; },
                                [](const ReportEntryBoxes&) -> QWidget* { return nullptr; }},
@@ -171,6 +172,14 @@ void ReportFilters::addControls(const ReportFilter& filter, QWidget* leading, QH
                         [&](const ReportItem& item) { addItem(item, row); },
                         [&](const ReportList& list) { addList(list, row); },
                         [&](const ReportEntryBoxes& boxes) { addEntryBoxes(boxes, row); },
+                        [&](const ReportText& text) {
+                          auto* box = new QLineEdit(this);
+                          box->setClearButtonEnabled(true);
+                          box->setMinimumWidth(box->fontMetrics().averageCharWidth() * text.width);
+                          box->installEventFilter(this);
+                          name(*box, text.name, text.caption);
+                          row.addWidget(box);
+                        },
                         [&](const ReportDigits& digits) {
                           auto* box = new forms::DigitsBox(this, digits.longest);
                           box->setFixedWidth(box->fontMetrics().averageCharWidth() * (digits.longest + 4));

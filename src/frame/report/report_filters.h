@@ -54,7 +54,7 @@ class ReportFilters : public QWidget {
   void focus(std::string_view name);
 
  Q_SIGNALS:
-  void confirmed();  // Enter in a date
+  void confirmed();  // Enter in a date or a text
   void optionChosen(const std::string& name);
 
  protected:

@@ -139,7 +139,7 @@ void ReportScreen::setRunning(bool running) {
     std::exchange(hadFocus_, nullptr)->setFocus(Qt::OtherFocusReason);
 }
 
-// Enter in a date: as the first command's button.
+// Enter in a date or a text: as the first command's button.
 void ReportScreen::confirm() {
   if (!commands_.empty()) commands_.front()->click();
 }

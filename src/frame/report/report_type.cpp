@@ -11,6 +11,7 @@ struct ControlsOf {
   std::vector<std::string> operator()(const ReportItem& item) const { return {item.code, item.name}; }
   std::vector<std::string> operator()(const ReportList& list) const { return {list.name}; }
   std::vector<std::string> operator()(const ReportEntryBoxes&) const { return {}; }
+  std::vector<std::string> operator()(const ReportText& text) const { return {text.name}; }
   std::vector<std::string> operator()(const ReportDigits& digits) const { return {digits.name}; }
 };
 

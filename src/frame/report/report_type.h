@@ -80,6 +80,13 @@ struct ReportEntryBoxes {
   int columns = 3;
 };
 
+// A text as it is typed.
+struct ReportText {
+  std::string name;
+  std::string caption;
+  int width = 40;  // in average characters
+};
+
 // Digits, all of them selected when the focus comes.
 struct ReportDigits {
   std::string name;
@@ -88,7 +95,7 @@ struct ReportDigits {
 };
 
 using ReportFilter = std::variant<ReportOption, ReportOptions, ReportPeriodBoxes, ReportAccount, ReportItem, ReportList,
-                                  ReportEntryBoxes, ReportDigits>;
+                                  ReportEntryBoxes, ReportText, ReportDigits>;
 
 // The names of the controls that a filter asks with beside its own button or check box; the first is the one that its
 // caption stands for.
@@ -180,7 +187,7 @@ struct ReportType {
   std::vector<ReportFigure> totals = {};  // sums are those of the first grid
   ReportDetail detail = {};
 
-  ReportCommand view = {};   // F5, and Enter in a date
+  ReportCommand view = {};   // F5, and Enter in a date or a text
   ReportCommand print = {};  // Ctrl+P
   ReportCommand sheet = {};  // Ctrl+E
   std::vector<ReportCommand> others = {};

@@ -86,6 +86,11 @@ std::string takenName(const ImportDescriptor& kind, const std::string& subType, 
 
 ImportBooks readBooks(store::Connection& connection, const ImportDescriptor& kind) {
   ImportBooks books;
+  if (kind.kind == ImportKind::Counts) {
+    books.goods =
+        NameLookup(readRows(connection, "select itemcode, itemname from stocklevel3 where catid not like 'Service'"));
+    return books;
+  }
   if (kind.kind == ImportKind::Items) {
     readCatalogue(connection, books);
     return books;

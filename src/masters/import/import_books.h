@@ -63,6 +63,7 @@ struct ImportBooks {
   NameLookup subRegions;
   NameLookup sectors;
   NameLookup employees;
+  NameLookup goods;  // items that are kept in stock, by code and name
   std::map<std::string, std::string>
       lastCodes;                          // by sub type the highest account, by category the highest sub category
   std::unordered_set<std::string> taken;  // item codes, or names of accounts as takenName() gives them

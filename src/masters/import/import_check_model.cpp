@@ -66,10 +66,8 @@ QVariant ImportCheckModel::headerData(int section, Qt::Orientation orientation, 
   if (orientation != Qt::Horizontal) return {};
   if (role == Qt::TextAlignmentRole) return int(Qt::AlignVCenter) | (section == Line ? Qt::AlignRight : Qt::AlignLeft);
   if (role != Qt::DisplayRole) return {};
-  const bool items = kind_.kind == ImportKind::Items;
-  const QString captions[] = {QStringLiteral("Row"), QStringLiteral("New code"), QStringLiteral("Name"),
-                              items ? QStringLiteral("Sub category") : QStringLiteral("Sub account type"),
-                              QStringLiteral("Problem")};
+  const QString captions[] = {QStringLiteral("Row"), QString::fromStdString(kind_.codeCaption), QStringLiteral("Name"),
+                              QString::fromStdString(kind_.placeCaption), QStringLiteral("Problem")};
   return section < columnsInAll ? captions[section] : QString();
 }
 

@@ -96,9 +96,9 @@ QString ImportCheckPage::hindrance() const {
 }
 
 QString ImportCheckPage::summary() const {
-  const QString one = QStringLiteral("new ") + QString::fromStdString(kind_.one);
-  const QString many = QStringLiteral("new ") + QString::fromStdString(kind_.many);
-  QString words = counted(plan_.good(), one, many) + QStringLiteral(" can be made");
+  const QString one = QString::fromStdString(kind_.fresh + kind_.one);
+  const QString many = QString::fromStdString(kind_.fresh + kind_.many);
+  QString words = counted(plan_.good(), one, many) + QString::fromStdString(kind_.possible);
   if (!plan_.newBrands.empty())
     words += QStringLiteral(", with ") +
              counted(plan_.newBrands.size(), QStringLiteral("new brand"), QStringLiteral("new brands"));

@@ -19,10 +19,11 @@ constexpr const char* cannotImport = "Cannot Import";
 
 class ImportDialog : public QDialog {
  public:
-  ImportDialog(const ImportDescriptor& kind, session::Workplace& workplace, QWidget* parent)
+  ImportDialog(const ImportDescriptor& kind, session::Workplace& workplace, QWidget* parent, TakePlan take)
       : QDialog(parent),
         kind_(kind),
         workplace_(workplace),
+        take_(std::move(take)),
         steps_(new QLabel),
         reason_(new QLabel),
         pages_(new QStackedWidget),
@@ -152,8 +153,7 @@ class ImportDialog : public QDialog {
     {
       forms::WorkProgress progress(this, QStringLiteral("Writing the rows ..."),
                                    static_cast<std::int64_t>(plan.good()));
-      written = writeImport(workplace_.context.KORDconn, plan,
-                            [&progress](std::int64_t rows) { return progress.report(rows); });
+      written = take_(plan, [&progress](std::int64_t rows) { return progress.report(rows); });
     }
     if (!written) return;
     const QString words =
@@ -166,6 +166,7 @@ class ImportDialog : public QDialog {
 
   const ImportDescriptor& kind_;
   session::Workplace& workplace_;
+  TakePlan take_;
   QLabel* steps_;
   QLabel* reason_;  // why the next step cannot be taken
   QStackedWidget* pages_;
@@ -179,7 +180,13 @@ class ImportDialog : public QDialog {
 }  // namespace
 
 QDialog* makeImport(ImportKind kind, session::Workplace& workplace, QWidget* parent) {
-  return new ImportDialog(importDescriptor(kind), workplace, parent);
+  return makeImport(kind, workplace, parent, [&workplace](const ImportPlan& plan, const ImportProgress& progress) {
+    return writeImport(workplace.context.KORDconn, plan, progress);
+  });
+}
+
+QDialog* makeImport(ImportKind kind, session::Workplace& workplace, QWidget* parent, TakePlan take) {
+  return new ImportDialog(importDescriptor(kind), workplace, parent, std::move(take));
 }
 
 }  // namespace velmo::masters

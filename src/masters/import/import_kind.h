@@ -7,7 +7,13 @@
 // What can be brought in from a file, as data.
 namespace velmo::masters {
 
-enum class ImportKind { Accounts, Customers, Vendors, Items };
+enum class ImportKind {
+  Accounts,
+  Customers,
+  Vendors,
+  Items,
+  Counts  // counted quantities of items: no rows of the books, a count sheet takes them
+};
 
 // What a field takes, and how its text is understood.
 enum class ImportValue {
@@ -42,11 +48,15 @@ struct ImportDescriptor {
   ImportKind kind;
   std::string screen;  // "ImportCustomers"
   std::string title;
-  std::string one;    // "customer": as the messages name it
-  std::string many;   // "customers"
-  std::string type;   // the account type that all rows stand under, "" for any
-  std::string full;   // no code is left in the sub type
-  std::string taken;  // the name, of an item the code, is in the books
+  std::string one;                        // "customer": as the messages name it
+  std::string many;                       // "customers"
+  std::string type;                       // the account type that all rows stand under, "" for any
+  std::string full;                       // no code is left in the sub type
+  std::string taken;                      // the name, of an item the code, is in the books
+  std::string fresh = "new ";             // before what is brought in, where the check tells how much
+  std::string possible = " can be made";  // and behind it
+  std::string codeCaption = "New code";   // of the columns of the check
+  std::string placeCaption = "Sub account type";
   std::vector<ImportField> fields;
 
   std::optional<std::size_t> field(const std::string& name) const;

@@ -204,7 +204,35 @@ ImportDescriptor items() {
           .type = "",
           .full = "You have added maximum number of sub categories in the selected main category.",
           .taken = "An item is already present with the same item code. Give a different item code.",
+          .placeCaption = "Sub category",
           .fields = itemFields()};
+}
+
+ImportDescriptor counts() {
+  return {.kind = ImportKind::Counts,
+          .screen = "ImportCounts",
+          .title = "Bring In Counts",
+          .one = "count",
+          .many = "counts",
+          .type = "",
+          .full = "",
+          .taken = "The item is counted in another row.",
+          .fresh = "",
+          .possible = " can be brought in",
+          .codeCaption = "Item code",
+          .placeCaption = "Counted",
+          .fields = {{.name = "ItemCode",
+                      .caption = "Item code",
+                      .need = Required,
+                      .refusal = "No item that is kept in stock has this code.",
+                      .words = {"code", "item", "sku", "bar code", "barcode", "product code", "article no", "article",
+                                "part no", "upc", "ean"}},
+                     {.name = "Counted",
+                      .caption = "Counted quantity",
+                      .value = Amount,
+                      .need = Required,
+                      .refusal = "Give the counted quantity as a number, 0 or more.",
+                      .words = {"counted", "count", "quantity", "qty", "pieces", "stock"}}}};
 }
 
 }  // namespace
@@ -216,7 +244,7 @@ std::optional<std::size_t> ImportDescriptor::field(const std::string& fieldName)
 }
 
 const ImportDescriptor& importDescriptor(ImportKind kind) {
-  static const ImportDescriptor descriptors[] = {accounts(), customers(), vendors(), items()};
+  static const ImportDescriptor descriptors[] = {accounts(), customers(), vendors(), items(), counts()};
   return descriptors[static_cast<std::size_t>(kind)];
 }
 

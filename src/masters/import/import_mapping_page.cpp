@@ -171,7 +171,7 @@ QWidget* ImportMappingPage::makeOptions() {
   allowSameNames_ = new QCheckBox(QStringLiteral("Allow names that are &already there"));
   allowSameNames_->setObjectName(QStringLiteral("AllowSameNames"));
   makeMissing_->setVisible(kind_.kind == ImportKind::Items);
-  allowSameNames_->setVisible(kind_.kind != ImportKind::Items);
+  allowSameNames_->setVisible(kind_.kind != ImportKind::Items && kind_.kind != ImportKind::Counts);
   row->addWidget(makeMissing_);
   row->addWidget(allowSameNames_);
   row->addStretch(1);

@@ -39,6 +39,8 @@ const std::vector<std::string>& writtenColumns(ImportKind kind) {
       "ItemCode",       "ItemName",       "Description",   "BrandID", "Rack",  "PurchasePrice",
       "SellingPrice",   "SellingPrice2",  "SellingPrice3", "PackPcs", "Unit",  "ReorderLevel",
       "ValuationCost1", "ValuationCost2", "ValuationType", "Status",  "CatID", "SubCatID"};
+  static const std::vector<std::string> counts = {"ItemCode", "Counted"};
+  if (kind == ImportKind::Counts) return counts;
   return kind == ImportKind::Items ? items : accounts;
 }
 
@@ -47,8 +49,9 @@ std::optional<ImportPlan> planImport(const ImportDescriptor& kind, const spreads
                                      const ImportBooks& books, const ImportProgress& progress) {
   constexpr std::size_t rowsBetweenReports = 256;
   ImportPlan plan{.kind = kind.kind};
-  const auto planner = kind.kind == ImportKind::Items ? makeItemPlanner(kind, options, books, plan)
-                                                      : makeAccountPlanner(kind, options, books);
+  const auto planner = kind.kind == ImportKind::Items    ? makeItemPlanner(kind, options, books, plan)
+                       : kind.kind == ImportKind::Counts ? makeCountPlanner(kind, books)
+                                                         : makeAccountPlanner(kind, options, books);
   ImportRow row(kind, sheet, mapping);
   for (std::size_t at = mapping.firstRow(); at < sheet.rows.size(); ++at) {
     if (progress && at % rowsBetweenReports == 0 && !progress(static_cast<std::int64_t>(at))) return std::nullopt;

@@ -42,7 +42,7 @@ struct ImportPlan {
   std::size_t good() const { return rows.size() - problems; }
 };
 
-// The columns of AccLevel3 or StockLevel3 that a row is written with, in their order.
+// The columns of AccLevel3 or StockLevel3 that a row is written with, or what a count tells, in their order.
 const std::vector<std::string>& writtenColumns(ImportKind kind);
 
 // Called every few hundred rows with the number of rows done; false stops the work.

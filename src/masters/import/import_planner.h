@@ -34,6 +34,8 @@ std::unique_ptr<ImportPlanner> makeAccountPlanner(const ImportDescriptor& kind, 
 std::unique_ptr<ImportPlanner> makeItemPlanner(const ImportDescriptor& kind, const ImportOptions& options,
                                                const ImportBooks& books, ImportPlan& plan);
 
+std::unique_ptr<ImportPlanner> makeCountPlanner(const ImportDescriptor& kind, const ImportBooks& books);
+
 // "12001  Trade Customers".
 std::string shownPlace(const NamedRow& row);
 

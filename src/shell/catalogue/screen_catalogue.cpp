@@ -1,8 +1,11 @@
 #include "shell/catalogue/screen_catalogue.h"
 
+#include "documents/count/count_screen.h"
 #include "documents/invoices/sale_invoice.h"
 #include "documents/invoices/trade_screens.h"
 #include "documents/orders/order_screens.h"
+#include "documents/production/production_screens.h"
+#include "documents/stock/stock_screens.h"
 #include "masters/accounts/modify_accounts.h"
 #include "masters/accounts/modify_parties.h"
 #include "masters/catalogue/inv_below_reorder.h"
@@ -11,6 +14,7 @@
 #include "masters/catalogue/modify_inventory.h"
 #include "masters/catalogue/modify_services.h"
 #include "masters/catalogue/search_item.h"
+#include "masters/import/read_counts.h"
 #include "masters/lists/simple_lists.h"
 #include "masters/people/employees.h"
 #include "masters/people/jobs.h"
@@ -25,6 +29,7 @@
 #include "reports/ledgers/print_ledgers.h"
 #include "reports/ledgers/print_vouchers.h"
 #include "reports/ledgers/unbalanced_documents.h"
+#include "reports/serials/product_serial.h"
 #include "shell/catalogue/about.h"
 #include "shell/catalogue/document_voucher.h"
 #include "shell/catalogue/help_form.h"
@@ -45,6 +50,10 @@ QWidget* makePrintVouchers(session::Workplace& workplace, QWidget* parent) {
                                     {.voucher1 = vouchers::voucher1Print, .voucher2 = vouchers::voucher2Print});
 }
 
+QWidget* makeCountSheet(session::Workplace& workplace, QWidget* parent) {
+  return new documents::CountScreen(workplace, masters::readCounts, parent);
+}
+
 constexpr ScreenEntry screens[] = {
     {"Navigation", ScreenKind::ChildWindow, makeNavigation, HelpTopic::FirstSteps},
     {"SaleInvoicesSimple", ScreenKind::ChildWindow, documents::makeSaleInvoicesSimple},
@@ -58,6 +67,12 @@ constexpr ScreenEntry screens[] = {
     {"GatePassesOut", ScreenKind::ChildWindow, documents::makeGatePassesOut},
     {"PurchaseOrders", ScreenKind::ChildWindow, documents::makePurchaseOrders},
     {"GatePassesIn", ScreenKind::ChildWindow, documents::makeGatePassesIn},
+    {"BillofMaterial", ScreenKind::ChildWindow, documents::makeBillofMaterial},
+    {"Production", ScreenKind::ChildWindow, documents::makeProduction},
+    {"AddInventory", ScreenKind::ChildWindow, documents::makeAddInventory},
+    {"ReduceInventory", ScreenKind::ChildWindow, documents::makeReduceInventory},
+    {"InventoryTransfers", ScreenKind::ChildWindow, documents::makeInventoryTransfers},
+    {"CountSheet", ScreenKind::ChildWindow, makeCountSheet},
     {"CashReceipts", ScreenKind::ChildWindow, vouchers::makeCashReceipts},
     {"BankReceipts", ScreenKind::ChildWindow, vouchers::makeBankReceipts},
     {"CashPayments", ScreenKind::ChildWindow, vouchers::makeCashPayments},
@@ -94,6 +109,7 @@ constexpr ScreenEntry screens[] = {
     {"CashBalances", ScreenKind::ChildWindow, reports::makeCashBalances, HelpTopic::PaperWidth},
     {"JobLedgers", ScreenKind::ChildWindow, reports::makeJobLedgers, HelpTopic::PaperWidth},
     {"UnbalancedDocuments", ScreenKind::ChildWindow, reports::makeUnbalancedDocuments, HelpTopic::PaperWidth},
+    {"ProductSerial", ScreenKind::Dialog, reports::makeProductSerial},
     {"CompanyInfo", ScreenKind::Dialog, makeCompanyInfo, HelpTopic::FirstSteps},
     {"LogoSetting", ScreenKind::Dialog, makeLogoSetting, HelpTopic::FirstSteps},
     {"CurrencySettings", ScreenKind::Dialog, makeCurrencySettings, HelpTopic::FirstSteps},

@@ -100,6 +100,7 @@ constexpr MenuEntry adjustments[] = {
     {50},
     documents(60, "&Add Inventory Adjustments", "AddInventory"),
     documents(70, "&Reduce Inventory Adjustments", "ReduceInventory"),
+    {80, "&Count Sheet", MenuCommand::OpenScreen, "CountSheet", right(142)},
 };
 
 constexpr MenuEntry reports[] = {

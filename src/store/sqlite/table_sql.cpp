@@ -103,7 +103,8 @@ std::vector<std::string> createIndexSql(const Table& table) {
   std::vector<std::string> statements;
   for (const Index& index : table.indexes) {
     statements.push_back(std::string("CREATE ") + (index.unique ? "UNIQUE " : "") + "INDEX " + quotedName(index.name) +
-                         " ON " + quotedName(table.name) + " (" + nameList(index.columns) + ")");
+                         " ON " + quotedName(table.name) + " (" + nameList(index.columns) + ")" +
+                         (index.filled.empty() ? "" : " WHERE " + quotedName(index.filled) + " IS NOT NULL"));
   }
   return statements;
 }

@@ -25,6 +25,7 @@ struct Index {
   std::string name;
   std::vector<std::string> columns;
   bool unique = false;
+  std::string filled = {};  // a column: the index holds the rows alone in which it is not null
 };
 
 struct Table {

@@ -290,5 +290,30 @@ TEST_F(PlannedImport, RefusesItemCodesThatAreLikeOthers) {
                           "of the file.)"));
 }
 
+TEST_F(PlannedImport, TakesCountsOfGoodsAndNamesWhatIsWrongBesideItsRow) {
+  books.goods = NameLookup({{"H1", "Hammer"}, {"N1", "Nail"}, {"P1", "Pin"}});
+  const ImportPlan made = plan(ImportKind::Counts, {{"Code", "Qty"},
+                                                    {"h1", "97"},
+                                                    {"N1", 0.0},
+                                                    {"Work", "1"},
+                                                    {"X9", "1"},
+                                                    {"H1", "3"},
+                                                    {"P1", "two"},
+                                                    {"P1", ""},
+                                                    {"P1", "-1"},
+                                                    {"P1", 1e308},
+                                                    {"P1", "2.5"}});
+  std::vector<std::string> rows;
+  for (const PlannedRow& row : made.rows) rows.push_back(row.code + " " + row.place + " " + row.problem);
+  EXPECT_THAT(rows, ElementsAre("H1 97.00 ", "N1 0.00 ", "Work  \"Work\": No item that is kept in stock has this code.",
+                                "X9  \"X9\": No item that is kept in stock has this code.",
+                                "H1  The item is counted in another row. (Row 2 of the file.)",
+                                "P1  \"two\": Give the counted quantity as a number, 0 or more.",
+                                "P1  Give the counted quantity as a number, 0 or more.",
+                                "P1  \"-1\": Give the counted quantity as a number, 0 or more.",
+                                testing::StartsWith("P1  \""), "P1 2.50 "));
+  EXPECT_EQ(made.good(), 3u);
+}
+
 }  // namespace
 }  // namespace velmo::masters

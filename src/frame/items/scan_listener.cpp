@@ -1,4 +1,4 @@
-#include "documents/trade/scan_listener.h"
+#include "frame/items/scan_listener.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -6,7 +6,7 @@
 #include <QScopeGuard>
 #include <algorithm>
 
-namespace velmo::documents {
+namespace velmo::frame {
 
 namespace {
 
@@ -137,4 +137,4 @@ void ScanListener::serve() {
   Q_EMIT scanned(waiting_.takeFirst());
 }
 
-}  // namespace velmo::documents
+}  // namespace velmo::frame

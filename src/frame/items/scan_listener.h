@@ -10,7 +10,7 @@
 class QKeyEvent;
 class QWidget;
 
-namespace velmo::documents {
+namespace velmo::frame {
 
 // Hears a scanner wherever the focus of a screen is: keys that follow each other faster than a person types, and Enter
 // behind them. Keys are held until it is plain who types: a person's go on to where they were meant a moment later, a
@@ -52,4 +52,4 @@ class ScanListener : public QObject {
   bool serving_ = false;
 };
 
-}  // namespace velmo::documents
+}  // namespace velmo::frame
