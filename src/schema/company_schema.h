@@ -8,6 +8,6 @@ namespace velmo::schema {
 const store::Catalog& companyCatalog();
 
 // The version this program writes; stored in the file, raised by each upgrade step.
-inline constexpr int schemaVersion = 5;
+inline constexpr int schemaVersion = 6;
 
 }  // namespace velmo::schema

@@ -3,7 +3,9 @@
 #include <sqlite3.h>
 
 #include "schema/company_schema.h"
+#include "schema/company_tables.h"
 #include "store/connection/connection.h"
+#include "store/sqlite/kept_balances.h"
 #include "store/sqlite/kept_totals.h"
 #include "store/sqlite/sqlite_error.h"
 #include "store/sqlite/table_sql.h"
@@ -17,13 +19,17 @@ void run(store::Connection& connection, const std::string& sql) {
   if (code != SQLITE_OK) throw store::sqliteError(file, code, sqlite3_db_filename(file, "main"));
 }
 
+void makeIndexes(store::Connection& connection, const char* name) {
+  const store::Table& table = *companyCatalog().find(name);
+  for (const store::Index& index : table.indexes)
+    run(connection, "DROP INDEX IF EXISTS " + store::quotedName(index.name));
+  for (const std::string& sql : store::createIndexSql(table)) run(connection, sql);
+}
+
 // Settings got a table, and the items of a sub category an index in the order of their codes.
 void toVersion2(store::Connection& connection) {
   run(connection, store::createTableSql(*companyCatalog().find("Settings")));
-  const store::Table& items = *companyCatalog().find("StockLevel3");
-  for (const store::Index& index : items.indexes)
-    run(connection, "DROP INDEX IF EXISTS " + store::quotedName(index.name));
-  for (const std::string& sql : store::createIndexSql(items)) run(connection, sql);
+  makeIndexes(connection, "StockLevel3");
 }
 
 // The totals of accounts and items by day and month, which came with version 3, became whole numbers with version 4.
@@ -32,10 +38,18 @@ void toVersion5(store::Connection& connection) {
   for (const store::KeptTotals& kept : companyCatalog().keptTotals()) store::makeKeptTotals(connection.handle(), kept);
 }
 
+// The totals of places and of kinds of documents came, what is open of invoices and bills, and indexes for reports.
+void toVersion6(store::Connection& connection) {
+  for (const char* table : {"Transactions", "AgingDr", "AgingCr"}) makeIndexes(connection, table);
+  for (const store::KeptTotals& kept : {placeTotals(), kindTotals()}) store::makeKeptTotals(connection.handle(), kept);
+  for (const store::KeptBalances& kept : companyCatalog().keptBalances())
+    store::makeKeptBalances(connection.handle(), kept);
+}
+
 }  // namespace
 
 std::vector<store::UpgradeStep> upgrades() {
-  return {{.version = 2, .run = toVersion2}, {.version = 5, .run = toVersion5}};
+  return {{.version = 2, .run = toVersion2}, {.version = 5, .run = toVersion5}, {.version = 6, .run = toVersion6}};
 }
 
 }  // namespace velmo::schema

@@ -68,7 +68,7 @@ TEST_F(StartingTogether, BringsAnOlderCompanyUpToDateOnce) {
                            "SELECT user_version || (SELECT ' ' || count(*) FROM Settings) || (SELECT ' ' "
                            "|| integrity_check FROM pragma_integrity_check) FROM pragma_user_version"),
               "5 0 ok");
-    EXPECT_EQ(namesThere(), (std::vector<std::string>{"Uninstall.MDB", "Uninstall.MDB before version 5"}));
+    EXPECT_EQ(namesThere(), (std::vector<std::string>{"Uninstall.MDB", "Uninstall.MDB before version 6"}));
   }
 }
 

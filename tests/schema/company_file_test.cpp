@@ -64,7 +64,14 @@ TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
       {"Account", withoutAccounts +
                       "; DROP TABLE Settings; DROP INDEX StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON "
                       "StockLevel3 (SubCatID); PRAGMA user_version = 1"},
-      {"", asVersion4}};
+      {"", asVersion4},
+      {"",
+       "DROP TABLE PlaceDays; DROP TABLE PlaceMonths; DROP TABLE PlaceYears; DROP TABLE PlacePending; DROP TABLE "
+       "PlaceAdded; DROP TABLE KindDays; DROP TABLE KindMonths; DROP TABLE KindYears; DROP TABLE KindPending; DROP "
+       "TABLE KindAdded; DROP TABLE OpenInvoices; DROP TABLE OpenBills; DROP INDEX StockFlow_ApartKind; DROP INDEX "
+       "OpenInvoices_Groupless; DROP INDEX OpenBills_Groupless; DROP INDEX Transactions_PartyCode2; DROP INDEX "
+       "AgingDr_TranDate; DROP INDEX AgingCr_PartyCode; CREATE INDEX AgingCr_PartyCode ON AgingCr (PartyCode, DocNo); "
+       "PRAGMA user_version = 5"}};
   for (const auto& [triggersOf, sql] : earlier) {
     test::NewCompany company;
     company.connection.execute("INSERT INTO Transactions (TranNo, TranDate, FYID) VALUES (900, #11-22-2026#, 1)");
@@ -82,7 +89,7 @@ TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
     prepareCompanyFile(connectionStringFor(file), today);
     EXPECT_EQ(layoutOf(file), current);
     EXPECT_EQ(test::past(file, "SELECT Debit FROM AccountDays WHERE AccCode = 10001001"), "50000");
-    EXPECT_TRUE(fs::exists(file.string() + " before version 5"));
+    EXPECT_TRUE(fs::exists(file.string() + " before version 6"));
     prepareCompanyFile(connectionStringFor(file), today);  // nothing is left to do
     EXPECT_EQ(layoutOf(file), current);
   }
@@ -103,7 +110,7 @@ TEST(CompanyFile, OfTheFirstVersionIsRefusedAsItIsWhenATableIsMissing) {
       EXPECT_NE(std::string(failure.what()).find(table), std::string::npos) << failure.what();
     }
     EXPECT_EQ(layoutOf(company.file), before);
-    EXPECT_FALSE(fs::exists(company.file.string() + " before version 5"));
+    EXPECT_FALSE(fs::exists(company.file.string() + " before version 6"));
   }
 }
 
