@@ -63,13 +63,15 @@ store::Table transactions() {
                   {"InvLedger", YesNo}},
       .key = {"TranNo"},
       // The first serves the screens, which walk one kind of document of one year by its number; the second serves
-      // reports and the welcome screen, which take a period of the year; the third has all that is asked of a party's
-      // sales and purchases, in the order in which they are summed up.
+      // reports and the welcome screen, which take a period of the year. The third has all that reports on the lines of
+      // some kinds ask of the documents, and the fourth all that is asked of a party's sales and purchases of a year,
+      // in the order in which they are summed up. It has no day: lines that are read in the order of parties take long.
       .indexes = {{"Transactions_TranType", {"TranType", "FYID", "DocNo"}},
                   {"Transactions_TranDate", {"FYID", "TranDate"}},
+                  {"Transactions_Cancel", {"TranType", "FYID", "Cancel", "DocNo", "PartyCode2", "EmpID"}},
                   {"Transactions_PartyCode2",
                    {"FYID", "PartyCode2", "Text1", "Text2", "Text4", "Text5", "TranType", "Cancel", "EmpID", "TrAmount",
-                    "Carriage", "Discount", "DocNo", "TranDate"}}},
+                    "Carriage", "Discount", "DocNo"}}},
   };
 }
 

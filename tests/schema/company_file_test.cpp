@@ -70,6 +70,7 @@ TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
        "PlaceAdded; DROP TABLE KindDays; DROP TABLE KindMonths; DROP TABLE KindYears; DROP TABLE KindPending; DROP "
        "TABLE KindAdded; DROP TABLE OpenInvoices; DROP TABLE OpenBills; DROP INDEX StockFlow_ApartKind; DROP INDEX "
        "OpenInvoices_Groupless; DROP INDEX OpenBills_Groupless; DROP INDEX Transactions_PartyCode2; DROP INDEX "
+       "Transactions_TranType; CREATE INDEX Transactions_TranType ON Transactions (TranType, FYID, DocNo); DROP INDEX "
        "AgingDr_TranDate; DROP INDEX AgingCr_PartyCode; CREATE INDEX AgingCr_PartyCode ON AgingCr (PartyCode, DocNo); "
        "PRAGMA user_version = 5"}};
   for (const auto& [triggersOf, sql] : earlier) {
