@@ -10,7 +10,9 @@ const store::Catalog& companyCatalog() {
     // Parents stand before their children.
     for (auto group : {accountTables(), documentTables(), inventoryTables(), peopleTables(), settingTables()})
       for (store::Table& table : group) tables.push_back(std::move(table));
-    return store::Catalog(std::move(tables), {accountTotals(), stockTotals(), receiptTotals()});
+    return store::Catalog(std::move(tables),
+                          {accountTotals(), stockTotals(), receiptTotals(), placeTotals(), kindTotals()},
+                          {openInvoices(), openBills()});
   }();
   return catalog;
 }

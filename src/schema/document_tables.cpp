@@ -63,9 +63,15 @@ store::Table transactions() {
                   {"InvLedger", YesNo}},
       .key = {"TranNo"},
       // The first serves the screens, which walk one kind of document of one year by its number; the second serves
-      // reports and the welcome screen, which take a period of the year.
+      // reports and the welcome screen, which take a period of the year. The third has all that reports on the lines of
+      // some kinds ask of the documents, and the fourth all that is asked of a party's sales and purchases of a year,
+      // in the order in which they are summed up. It has no day: lines that are read in the order of parties take long.
       .indexes = {{"Transactions_TranType", {"TranType", "FYID", "DocNo"}},
-                  {"Transactions_TranDate", {"FYID", "TranDate"}}},
+                  {"Transactions_TranDate", {"FYID", "TranDate"}},
+                  {"Transactions_Cancel", {"TranType", "FYID", "Cancel", "DocNo", "PartyCode2", "EmpID"}},
+                  {"Transactions_PartyCode2",
+                   {"FYID", "PartyCode2", "Text1", "Text2", "Text4", "Text5", "TranType", "Cancel", "EmpID", "TrAmount",
+                    "Carriage", "Discount", "DocNo"}}},
   };
 }
 
@@ -144,7 +150,12 @@ store::Table aging(const std::string& name, const std::vector<store::Column>& ow
       .columns = std::move(columns),
       .key = {"Serial"},
       .relations = {ofDocument},
-      .indexes = {{name + "_TranNo", {"TranNo"}}, {name + "_PartyCode", {"PartyCode", "DocNo"}}},
+      // Of a party all that is asked of its invoices.
+      .indexes = {{name + "_TranNo", {"TranNo"}},
+                  {name + "_TranDate", {"TranDate"}},
+                  {name + "_PartyCode",
+                   {"PartyCode", "DocNo", "TranDate", "TranDate2", "FYID", "TranNo", "TrAmount", "Return", "Payment",
+                    "WHTax", "Discount", "AdvAdj", "TotPayment"}}},
   };
 }
 
@@ -181,6 +192,25 @@ store::KeptTotals stockTotals() {
           .adds = store::KeptTotals::Adds::Later};
 }
 
+// The balances of one place.
+store::KeptTotals placeTotals() {
+  store::KeptTotals totals = stockTotals();
+  totals.name = "Place";
+  totals.place = "LocationID";
+  return totals;
+}
+
+// Sold and bought is by the kind of document, whether or not it moves stock itself.
+store::KeptTotals kindTotals() {
+  store::KeptTotals totals = stockTotals();
+  totals.name = "Kind";
+  totals.excluded = {"Cancel"};
+  totals.kind = "TranType";
+  totals.amounts = {"StockIn", "StockOut", "ItemValue"};
+  totals.nulls = store::KeptTotals::Nulls::AreTold;
+  return totals;
+}
+
 // The costs of items are the averages of what they were received for, by the kind of document.
 store::KeptTotals receiptTotals() {
   return {.name = "Receipt",
@@ -198,6 +228,35 @@ store::KeptTotals receiptTotals() {
           .amounts = {"StockIn", "ItemValue"},
           .counted = "StockIn",
           .adds = store::KeptTotals::Adds::Later};
+}
+
+namespace {
+
+// What belongs to one invoice or bill, and what was paid on it.
+store::KeptBalances openItems(const std::string& name, const std::string& lines, std::vector<store::Column> groups) {
+  return {.name = name,
+          .documents = "Transactions",
+          .key = "TranNo",
+          .excluded = {"Cancel"},
+          .lines = lines,
+          .lineKey = "Serial",
+          .link = "TranNo",
+          .groups = std::move(groups),
+          .due = "TrAmount",
+          .settled = "TotPayment"};
+}
+
+}  // namespace
+
+store::KeptBalances openInvoices() {
+  return openItems("OpenInvoices", "AgingDr",
+                   {{"FYID", Integer}, {"PartyCode", Long}, {"DocNo", Long}, {"TranDate", Date}});
+}
+
+store::KeptBalances openBills() {
+  return openItems(
+      "OpenBills", "AgingCr",
+      {{"FYID", Integer}, {"PartyCode", Long}, {"DocNo", Long}, {"VendorInvNo", Text}, {"TranDate", Date}});
 }
 
 std::vector<store::Table> documentTables() {

@@ -67,8 +67,8 @@ TEST_F(StartingTogether, BringsAnOlderCompanyUpToDateOnce) {
     EXPECT_EQ(test::answer(companyFile,
                            "SELECT user_version || (SELECT ' ' || count(*) FROM Settings) || (SELECT ' ' "
                            "|| integrity_check FROM pragma_integrity_check) FROM pragma_user_version"),
-              "5 0 ok");
-    EXPECT_EQ(namesThere(), (std::vector<std::string>{"Uninstall.MDB", "Uninstall.MDB before version 5"}));
+              "6 0 ok");
+    EXPECT_EQ(namesThere(), (std::vector<std::string>{"Uninstall.MDB", "Uninstall.MDB before version 6"}));
   }
 }
 

@@ -64,7 +64,15 @@ TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
       {"Account", withoutAccounts +
                       "; DROP TABLE Settings; DROP INDEX StockFlow_Serials; DROP INDEX StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON "
                       "StockLevel3 (SubCatID); PRAGMA user_version = 1"},
-      {"", asVersion4}};
+      {"", asVersion4},
+      {"",
+       "DROP TABLE PlaceDays; DROP TABLE PlaceMonths; DROP TABLE PlaceYears; DROP TABLE PlacePending; DROP TABLE "
+       "PlaceAdded; DROP TABLE KindDays; DROP TABLE KindMonths; DROP TABLE KindYears; DROP TABLE KindPending; DROP "
+       "TABLE KindAdded; DROP TABLE OpenInvoices; DROP TABLE OpenBills; DROP INDEX StockFlow_ApartKind; DROP INDEX "
+       "OpenInvoices_Groupless; DROP INDEX OpenBills_Groupless; DROP INDEX Transactions_PartyCode2; DROP INDEX "
+       "Transactions_TranType; CREATE INDEX Transactions_TranType ON Transactions (TranType, FYID, DocNo); DROP INDEX "
+       "AgingDr_TranDate; DROP INDEX AgingCr_PartyCode; CREATE INDEX AgingCr_PartyCode ON AgingCr (PartyCode, DocNo); "
+       "PRAGMA user_version = 5"}};
   for (const auto& [triggersOf, sql] : earlier) {
     test::NewCompany company;
     company.connection.execute("INSERT INTO Transactions (TranNo, TranDate, FYID) VALUES (900, #11-22-2026#, 1)");

@@ -3,9 +3,7 @@
 #include <gmock/gmock.h>
 #include <sqlite3.h>
 
-#include <random>
-
-#include "schema/new_company.h"
+#include "schema/random_books.h"
 #include "store/sql/compile.h"
 #include "store/upkeep/database_file.h"
 
@@ -21,159 +19,7 @@ bool readsTotals(const std::string& statement) {
              [&](const char* table) { return compiled->sql.find(table) != std::string::npos; });
 }
 
-// Writes documents and lines past the program, as any SQLite program could.
-class KeptTotals : public testing::Test {
- protected:
-  KeptTotals() {
-    run("INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) SELECT 12001100 + value, 'Customer ' || value, "
-        "120, "
-        "12001 FROM (WITH RECURSIVE n(value) AS (SELECT 1 UNION ALL SELECT value + 1 FROM n WHERE value < 6) SELECT * "
-        "FROM n)");
-  }
-
-  void run(const std::string& sql) {
-    char* message = nullptr;
-    ASSERT_EQ(SQLITE_OK, sqlite3_exec(company.connection.handle(), sql.c_str(), nullptr, nullptr, &message))
-        << sql << ": " << message;
-  }
-
-  int between(int low, int high) { return std::uniform_int_distribution(low, high)(random); }
-  std::string oneOf(const std::vector<std::string>& choice) {
-    return choice[static_cast<std::size_t>(between(0, static_cast<int>(choice.size()) - 1))];
-  }
-  std::string anyDay() {
-    return between(0, 30) == 0 ? "NULL" : "date('2025-12-29', '+" + std::to_string(between(0, 200)) + " days')";
-  }
-  std::string anyYear() { return oneOf({"1", "1", "1", "1", "2", "NULL"}); }
-  std::string anyType() { return oneOf({"22", "32", "22", "11", "35", "NULL"}); }
-  std::string anyAccount() { return between(0, 30) == 0 ? "NULL" : std::to_string(12001101 + between(0, 5)); }
-  std::string anyItem() { return oneOf({"NULL", "'A1'", "'B2'", "'C3'", "'Ö9'", "'A1'"}); }
-  // Some fit no whole number of ten-thousandths, some are not quite what they show, and large ones may have any fifteen
-  // digits.
-  std::string anyAmount() {
-    if (large && between(0, 3) == 0)
-      return oneOf({"0.333333333333333", "123456789012.34", "-99999999999.9999", "100000000000", "999999999999999",
-                    "5901234123457"});
-    if (between(0, 2) == 0)
-      return oneOf({"NULL", "0", "0.1", "12.35", "-7.5", "1000000.01", "99.995", "0.1 + 0.2", "1e-7", "'none'"});
-    static constexpr std::array<std::int64_t, 5> limits{999, 99'999, 99'999'999, 99'999'999'999, 999'999'999'999'999};
-    const std::int64_t limit = limits[static_cast<std::size_t>(between(0, large ? 4 : 3))];
-    const std::string digits = std::to_string(std::uniform_int_distribution<std::int64_t>(-limit, limit)(random));
-    return digits + "e-" + std::to_string(between(0, 4));
-  }
-  // Any row of a table by its key.
-  std::string anyOf(const std::string& table, const std::string& key) {
-    return "(SELECT " + key + " FROM " + table + " ORDER BY (" + key + " * 7919 + " + std::to_string(between(0, 9999)) +
-           ") % 104729 LIMIT 1)";
-  }
-  std::string anyDocument() { return anyOf("Transactions", "TranNo"); }
-  std::string anyLedgerLine() { return anyOf("SubTransactions", "Serial"); }
-  std::string anyItemLine() { return anyOf("StockFlow", "FlowId"); }
-  std::string anyFlag() { return oneOf({"0", "0", "0", "-1"}); }
-
-  void addDocument() {
-    run("INSERT INTO Transactions (TranType, TranDate, FYID, Cancel, InvLedger) VALUES (" + anyType() + ", " +
-        anyDay() + ", " + anyYear() + ", " + anyFlag() + ", " + anyFlag() + ")");
-    for (int line = between(0, 5); line > 0; --line) addLines("(SELECT max(TranNo) FROM Transactions)");
-  }
-  void addLines(const std::string& document) {
-    run("INSERT INTO SubTransactions (TranNo, AccCode, Debit, Credit) VALUES (" + document + ", " + anyAccount() +
-        ", " + anyAmount() + ", " + anyAmount() +
-        "); INSERT INTO StockFlow (TranNo, ItemCode, StockIn, StockOut, ItemValue) "
-        "VALUES (" +
-        document + ", " + anyItem() + ", " + anyAmount() + ", " + anyAmount() + ", " + anyAmount() + ")");
-  }
-
-  void changeAnything() {
-    switch (between(0, 13)) {
-      case 0:
-        return run("DELETE FROM Transactions WHERE TranNo = " + anyDocument());
-      case 1:
-        return run("DELETE FROM SubTransactions WHERE Serial = " + anyLedgerLine() +
-                   "; DELETE FROM StockFlow WHERE FlowId = " + anyItemLine());
-      case 2:
-        return run("UPDATE Transactions SET Cancel = -1 - Cancel WHERE TranNo = " + anyDocument());
-      case 3:
-        return run("UPDATE Transactions SET InvLedger = -1 - InvLedger WHERE TranNo = " + anyDocument());
-      case 4:
-        return run("UPDATE Transactions SET TranDate = " + anyDay() + ", FYID = " + anyYear() +
-                   ", TranType = " + anyType() + ", \"Desc\" = 'moved' WHERE TranNo = " + anyDocument());
-      case 5:
-        return run("UPDATE SubTransactions SET Debit = " + anyAmount() + ", AccCode = " + anyAccount() +
-                   " WHERE Serial = " + anyLedgerLine());
-      case 6:
-        return run("UPDATE StockFlow SET StockIn = " + anyAmount() + ", ItemValue = " + anyAmount() +
-                   ", ItemCode = " + anyItem() + " WHERE FlowId = " + anyItemLine());
-      case 7:
-        return run("UPDATE SubTransactions SET TranNo = " + anyDocument() + " WHERE Serial = " + anyLedgerLine() +
-                   "; UPDATE StockFlow SET TranNo = " + anyDocument() + " WHERE FlowId = " + anyItemLine());
-      case 8:
-        return run("UPDATE SubTransactions SET Balance = 5, Credit = Credit WHERE TranNo = " + anyDocument());
-      case 9:
-        return run("UPDATE OR IGNORE StockFlow SET FlowId = FlowId + 100000 WHERE FlowId = " + anyItemLine());
-      case 10:
-        // A line with a key of its own choice, below those that are added already.
-        return run("INSERT OR IGNORE INTO StockFlow (FlowId, TranNo, ItemCode, StockIn) VALUES (" +
-                   std::to_string(between(1, 400)) + ", " + anyDocument() + ", 'A1', 3)");
-      case 11:
-        return addLines(anyDocument());
-      default:
-        return addDocument();
-    }
-  }
-
-  // Part of the items is in the totals, the rest is to be added.
-  void makeBooks() {
-    for (int i = 0; i < 70; ++i) addDocument();
-    addLater();
-    for (int i = 0; i < 50; ++i) addDocument();
-  }
-  void addLater(std::int64_t atMost = 1000) {
-    run("BEGIN");
-    for (const store::KeptTotals& totals : companyCatalog().keptTotals())
-      store::addLaterLines(company.connection.handle(), totals, atMost);
-    run("COMMIT");
-  }
-
-  bool areRight() {
-    return std::ranges::all_of(companyCatalog().keptTotals(), [this](const store::KeptTotals& totals) {
-      return store::areRight(company.connection.handle(), totals);
-    });
-  }
-  bool areKept() {
-    return std::ranges::all_of(companyCatalog().keptTotals(), [this](const store::KeptTotals& totals) {
-      return store::areKept(company.connection.handle(), totals);
-    });
-  }
-
-  using Rows = std::vector<std::string>;
-  static Rows rowsOf(store::Connection& connection, const std::string& statement) {
-    const store::Recordset found(connection, statement, store::LockType::ReadOnly);
-    Rows rows;
-    for (std::int64_t row = 0; row < found.recordCount(); ++row) {
-      std::string line;
-      for (int field = 0; field < static_cast<int>(found.fields().size()); ++field) {
-        const store::Value value = found.valueAt(row, field);
-        line += store::textOf(value) + "|";
-      }
-      rows.push_back(line);
-    }
-    return rows;
-  }
-
-  void expectSameAsOfLines(const std::string& statement) {
-    store::Connection plain{plainCatalog};
-    plain.open(connectionStringFor(company.file));
-    const Rows ofLines = rowsOf(plain, statement);
-    EXPECT_EQ(rowsOf(company.connection, statement), ofLines) << statement;
-    EXPECT_FALSE(ofLines.empty()) << statement;
-  }
-
-  std::mt19937 random{20261123};
-  bool large = false;
-  test::NewCompany company;
-  store::Catalog plainCatalog{companyCatalog().tables()};
-};
+class KeptTotals : public RandomBooks {};
 
 const std::string debits = "Sum(IIf(IsNull([debit]),0,[debit]))";
 const std::string credits = "Sum(IIf(IsNull([credit]),0,[credit]))";
@@ -244,6 +90,7 @@ const std::string ofItems =
     "StockFlow.TranNo WHERE ((Transactions.FYID)=1) AND ((Transactions.Cancel)=No) AND ((Transactions.InvLedger)=No)";
 
 TEST_F(KeptTotals, AnswerForItemsAsTheLinesDo) {
+  limitOfSmall = 1;  // of products of more digits than are shown, the last depends on where they are rounded
   run("INSERT INTO StockLevel1 (CatID, CatName) VALUES ('GDS', 'Goods'); INSERT INTO StockLevel2 (SubCatID, "
       "SubCatName, CatID) VALUES ('GDS01', 'Goods', 'GDS'); INSERT INTO StockLevel3 (ItemCode, ItemName, CatID, "
       "SubCatID, ValuationCost2) VALUES ('A1', 'Anchor', 'GDS', 'GDS01', 2.5), ('B2', 'Bolt', 'GDS', 'GDS01', NULL), "
@@ -415,17 +262,8 @@ TEST_F(KeptTotals, FindTheLinesThatStandApart) {
        {items + " GROUP BY StockLevel3.ItemCode", "StockFlow"},
        {items + " WHERE Q.ItemCode = 'A1' GROUP BY StockLevel3.ItemCode", "StockFlow"}}};
   for (const auto& [statement, lines] : statements) {
-    const auto compiled = store::sql::compile(statement, companyCatalog());
-    ASSERT_TRUE(compiled.has_value()) << statement;
-    std::string plan;
-    sqlite3_exec(
-        company.connection.handle(), ("EXPLAIN QUERY PLAN " + compiled->sql).c_str(),
-        [](void* steps, int, char** texts, char**) {
-          *static_cast<std::string*>(steps) += std::string(texts[3]) + "\n";
-          return 0;
-        },
-        &plan, nullptr);
-    EXPECT_THAT(plan, testing::HasSubstr(lines + " USING COVERING INDEX " + lines + "_Apart")) << statement;
+    EXPECT_THAT(planOf(statement), testing::HasSubstr(lines + " USING COVERING INDEX " + lines + "_Apart"))
+        << statement;
   }
 }
 
@@ -442,6 +280,9 @@ TEST_F(KeptTotals, AreSetRightWhenTheFileIsPrepared) {
       "DROP INDEX AccountDays_AccCode",
       "DROP TABLE StockAdded",
       "UPDATE StockMonths SET StockOut = 7 WHERE ItemCode = 'B2'",
+      "UPDATE OpenInvoices SET TrAmount = TrAmount + 1",
+      "DROP TRIGGER OpenBillsLineAdded",
+      "DROP INDEX OpenInvoices_Open",
   };
   for (const std::string& damage : damages) {
     run(damage);

@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* readFolder = "read";
-constexpr std::int64_t versionWithTotals = 4;
+constexpr std::int64_t versionWithTotals = 6;
 
 void readRows(sqlite3* file, const std::string& table, const std::string& statement, Reading& reading) {
   PlainRows rows(file, statement);

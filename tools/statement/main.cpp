@@ -14,6 +14,7 @@
 #include "store/connection/connection.h"
 #include "store/sql/bind/bind.h"
 #include "store/sql/bind/kept_select.h"
+#include "store/sql/bind/pushed_tests.h"
 #include "store/sql/emit/emit.h"
 #include "store/sql/parse/parse.h"
 
@@ -55,8 +56,9 @@ int follow(const std::string& statement, const fs::path& file) {
   say("bound tree", wordsOf(*bound));
   if (auto* select = std::get_if<store::sql::BoundSelect>(&*bound)) {
     const std::string before = wordsOf(*bound);
+    store::sql::pushTests(*select);
     store::sql::readKeptTotals(*select, *tokens, catalog);
-    if (wordsOf(*bound) != before) say("bound tree with kept totals", wordsOf(*bound));
+    if (wordsOf(*bound) != before) say("bound tree with tests in derived tables and kept totals", wordsOf(*bound));
   }
   const store::sql::CompiledStatement compiled = store::sql::emit(*bound, *tokens);
   say("SQL", compiled.sql);

@@ -77,7 +77,9 @@ class Outline {
   }
   void bound(int depth, const BoundSelect& select) {
     for (const BoundSource& source : select.sources) {
-      const std::string kept = source.kept ? ", read as the kept totals " + source.kept->totals->name : "";
+      const std::string kept = source.kept     ? ", read as the kept totals " + source.kept->totals->name
+                               : source.groups ? ", read as the kept balances " + source.groups->balances->name
+                                               : "";
       line(depth, "source " + source.name + kept);
       if (source.derived) bound(depth + 1, *source.derived);
     }

@@ -9,7 +9,12 @@ namespace {
 constexpr int atOnce = 20;
 constexpr int patience = 5;
 
-constexpr std::int64_t fewLines = 20000;  // of all ledgers: no sum over them takes long
+constexpr std::int64_t fewLines = 20000;  // of all ledgers, or of all items: no sum over them takes long
+
+bool hasManyLines(store::Connection& books, const std::string& key, const std::string& table) {
+  const store::Recordset last(books, "SELECT Max(" + key + ") AS Lines FROM " + table, store::LockType::ReadOnly);
+  return last.integer("Lines") > fewLines;
+}
 
 }  // namespace
 
@@ -41,8 +46,8 @@ store::Value RowsOnTheWay::value(std::int64_t row, int field) const {
 }
 
 std::shared_ptr<ReportRows> readReport(store::Connection& books, const std::string& statement) {
-  const store::Recordset last(books, "SELECT Max(Serial) AS Lines FROM SubTransactions", store::LockType::ReadOnly);
-  if (last.integer("Lines") > fewLines) return std::make_shared<RowsOnTheWay>(books, statement);
+  if (hasManyLines(books, "Serial", "SubTransactions") || hasManyLines(books, "FlowId", "StockFlow"))
+    return std::make_shared<RowsOnTheWay>(books, statement);
   return std::make_shared<RecordsetRows>(store::Recordset(books, statement, store::LockType::ReadOnly));
 }
 

@@ -12,6 +12,7 @@
 #include "store/checks/check_round.h"
 #include "store/checks/declaration_faults.h"
 #include "store/connection/connection_impl.h"
+#include "store/sqlite/kept_balances.h"
 #include "store/sqlite/kept_totals.h"
 #include "store/sqlite/table_sql.h"
 
@@ -73,12 +74,8 @@ std::vector<Finding> placed(Connection& connection, const std::string& fault) {
   return faults;
 }
 
-std::vector<Finding> totalsThatAreNot(bool (*fine)(sqlite3*, const KeptTotals&), Connection& connection) {
-  std::vector<Finding> faults;
-  for (const KeptTotals& kept : connection.catalog().keptTotals())
-    if (!fine(connection.handle(), kept))
-      faults.push_back({.kind = Finding::Kind::Total, .words = "the totals of \"" + kept.lines + "\""});
-  return faults;
+Finding wrongTotals(const std::string& lines) {
+  return {.kind = Finding::Kind::Total, .words = "the totals of \"" + lines + "\""};
 }
 
 // Demands a halt after a time, unless it goes before.
@@ -132,11 +129,19 @@ std::vector<Finding> relationFaults(Connection& connection) {
 }
 
 std::vector<Finding> totalFaults(Connection& connection) {
-  return totalsThatAreNot(areRight, connection);
+  std::vector<Finding> faults;
+  for (const KeptTotals& kept : connection.catalog().keptTotals())
+    if (!areRight(connection.handle(), kept)) faults.push_back(wrongTotals(kept.lines));
+  for (const KeptBalances& kept : connection.catalog().keptBalances())
+    if (!areRight(connection.handle(), kept)) faults.push_back(wrongTotals(kept.lines));
+  return faults;
 }
 
 std::vector<Finding> totalSumFaults(Connection& connection) {
-  return totalsThatAreNot(haveOneSum, connection);
+  std::vector<Finding> faults;
+  for (const KeptTotals& kept : connection.catalog().keptTotals())
+    if (!haveOneSum(connection.handle(), kept)) faults.push_back(wrongTotals(kept.lines));
+  return faults;
 }
 
 std::optional<std::vector<Finding>> quickCheck(Connection& connection, std::chrono::milliseconds within) {

@@ -2,6 +2,7 @@
 
 #include "store/sql/bind/bind.h"
 #include "store/sql/bind/kept_select.h"
+#include "store/sql/bind/pushed_tests.h"
 #include "store/sql/emit/emit.h"
 #include "store/sql/parse/parse.h"
 #include "store/sql/parse/parser_depth.h"
@@ -21,7 +22,10 @@ tl::expected<CompiledStatement, CompileError> compile(std::string_view statement
   if (!tree) return tl::unexpected(tree.error());
   auto bound = bind(*tree, *tokens, catalog);
   if (!bound) return tl::unexpected(bound.error());
-  if (auto* select = std::get_if<BoundSelect>(&*bound)) readKeptTotals(*select, *tokens, catalog);
+  if (auto* select = std::get_if<BoundSelect>(&*bound)) {
+    pushTests(*select);
+    readKeptTotals(*select, *tokens, catalog);
+  }
   CompiledStatement compiled = emit(*bound, *tokens);
   if (parserDepth(compiled.sql) > deepestParser) {
     return tl::unexpected(CompileError{.clause = "", .length = statement.size(), .message = tooDeep});

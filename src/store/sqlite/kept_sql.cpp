@@ -8,23 +8,7 @@ namespace {
 
 constexpr int latestDays = 3;  // that staleDays() sums up again
 
-constexpr const char* parts = KeptSql::parts;
-
 using Names = KeptSql::Names;
-
-std::string inParts(const std::string& amount) {
-  return "CAST(round(coalesce(" + amount + ", 0) * " + parts + ") AS INTEGER)";
-}
-
-// The sum of whole numbers, and a double where it outgrows them: sum() alone would fail then.
-std::string wholeSum(const std::string& number) {
-  return "sum(" + number + " / " + parts + ") * " + parts + " + sum(" + number + " % " + parts + ")";
-}
-
-std::string differs(const Names& columns) {
-  return listed(formed(columns, [](const std::string& column) { return "old." + column + " IS NOT new." + column; }),
-                " OR ");
-}
 
 }  // namespace
 
@@ -38,7 +22,12 @@ KeptSql::KeptSql(const KeptTotals& kept)
       day_(quotedName(kept.day)),
       kind_(kept.kind.empty() ? std::string() : quotedName(kept.kind)),
       subject_(quotedName(kept.subject)),
-      amounts_(formed(kept.amounts, quotedName)) {}
+      place_(kept.place.empty() ? std::string() : quotedName(kept.place)),
+      amounts_(formed(kept.amounts, quotedName)),
+      sums_(amounts_) {
+  if (!kept.tellsNulls()) return;
+  for (const std::string& amount : kept.amounts) sums_.push_back(quotedName(givenColumnOf(amount)));
+}
 
 std::vector<KeptSql::Object> KeptSql::objects() const {
   std::vector<Object> all;
@@ -75,13 +64,14 @@ Names KeptSql::keyOf(const Span& span) const {
   Names names = {group_, subject_};
   if (!span.time.empty()) names.insert(names.begin() + (span.time == day_ ? 1 : 2), span.time);
   if (!kind_.empty()) names.push_back(kind_);
+  if (!place_.empty()) names.push_back(place_);
   return names;
 }
 
 Names KeptSql::columnsOf(const Span& span) const {
   Names names = keyOf(span);
   names.emplace_back("Lines");
-  names.insert(names.end(), amounts_.begin(), amounts_.end());
+  names.insert(names.end(), sums_.begin(), sums_.end());
   return names;
 }
 
@@ -94,6 +84,7 @@ Names KeptSql::documentColumns() const {
 
 Names KeptSql::lineColumns() const {
   Names names = {quotedName(kept_.lineKey), quotedName(kept_.link), subject_};
+  if (!place_.empty()) names.push_back(place_);
   names.insert(names.end(), amounts_.begin(), amounts_.end());
   return names;
 }
@@ -101,7 +92,7 @@ Names KeptSql::lineColumns() const {
 std::string KeptSql::keysOf(const Span& span, const std::string& day, const std::string& documents) const {
   return listed(formed(keyOf(span), [&](const std::string& column) {
     if (column == span.time) return timeOf(span, day) + " AS " + column;
-    return column == subject_ || documents.empty() ? column : documents + "." + column;
+    return column == subject_ || column == place_ || documents.empty() ? column : documents + "." + column;
   }));
 }
 
@@ -113,7 +104,14 @@ std::string KeptSql::groups(const Span& span) const {
 
 std::string KeptSql::sums() const {
   return "sum(Lines) AS Lines, " +
-         listed(formed(amounts_, [](const std::string& amount) { return wholeSum(amount) + " AS " + amount; }));
+         listed(formed(sums_, [](const std::string& sum) { return wholeSum(sum) + " AS " + sum; }));
+}
+
+KeptSql::Names KeptSql::partsOf(const std::string& line) const {
+  Names parts = formed(amounts_, [&](const std::string& amount) { return inParts(line + amount); });
+  if (kept_.tellsNulls())
+    for (const std::string& amount : amounts_) parts.push_back("(" + line + amount + " IS NOT NULL)");
+  return parts;
 }
 
 std::string KeptSql::state() const {
@@ -126,7 +124,10 @@ std::string KeptSql::dayOf(const std::string& row) const {
   return "coalesce(" + row + "." + day_ + ", " + noDay + ")";
 }
 
-// Of a line: that it belongs into the totals, by its amounts.
+// Of a line: that it belongs into the totals, by what it is summed up by, and by its amounts.
+std::string KeptSql::hasSubject(const std::string& line) const {
+  return line + subject_ + " IS NOT NULL" + (place_.empty() ? "" : " AND " + line + place_ + " IS NOT NULL");
+}
 std::string KeptSql::isCounted(const std::string& row) const {
   const std::string counted = passedOverTest(kept_, row);
   return (counted.empty() ? counted : counted + " AND ") + "(" + apartTest(kept_, row) + ") IS NOT 1";
@@ -138,12 +139,12 @@ std::string KeptSql::isAdded(const std::string& row) const {
 
 // The lines summed up; `where` begins with AND.
 std::string KeptSql::ofLines(const Span& span, const std::string& where) const {
-  return "SELECT " + keysOf(span, dayOf(documents_), documents_) + ", count(*) AS Lines, " +
-         listed(
-             formed(amounts_, [](const std::string& amount) { return wholeSum(inParts(amount)) + " AS " + amount; })) +
-         " FROM " + documents_ + " JOIN " + lines_ + " ON " + documents_ + "." + quotedName(kept_.key) + " = " +
-         lines_ + "." + quotedName(kept_.link) + " WHERE " + countTest(kept_, documents_) + " AND " + subject_ +
-         " IS NOT NULL AND " + isCounted(lines_) + where + groups(span);
+  Names sums = partsOf({});
+  for (std::size_t i = 0; i < sums.size(); ++i) sums[i] = wholeSum(sums[i]) + " AS " + sums_[i];
+  return "SELECT " + keysOf(span, dayOf(documents_), documents_) + ", count(*) AS Lines, " + listed(sums) + " FROM " +
+         documents_ + " JOIN " + lines_ + " ON " + documents_ + "." + quotedName(kept_.key) + " = " + lines_ + "." +
+         quotedName(kept_.link) + " WHERE " + countTest(kept_, documents_) + " AND " + hasSubject("") + " AND " +
+         isCounted(lines_) + where + groups(span);
 }
 std::string KeptSql::addedLines(const std::string& where) const {
   return ofLines(days(), where + (later_ ? " AND " + additionTest(kept_, lines_, Added::Already) : std::string()));
@@ -162,7 +163,7 @@ std::string KeptSql::allDays(const std::string& where) const {
   const auto sum = [](const std::string& amount) {
     return "iif(count(*) = 1, min(" + amount + "), " + wholeSum(amount) + ") AS " + amount;
   };
-  return "(SELECT " + listed(keyOf(days())) + ", sum(Lines) AS Lines, " + listed(formed(amounts_, sum)) +
+  return "(SELECT " + listed(keyOf(days())) + ", sum(Lines) AS Lines, " + listed(formed(sums_, sum)) +
          " FROM (SELECT " + columns + " FROM " + days().table + chosen + " UNION ALL SELECT " + columns + " FROM " +
          pending_ + chosen + ")" + groups(days()) + " HAVING sum(Lines) <> 0 OR count(*) = 1)";
 }
@@ -227,21 +228,16 @@ Names KeptSql::wrongTotals() const {
   return all;
 }
 
-// Rows that one side has and the other has not, or with other sums: by one pass over both. The table comes first,
-// since its columns say how texts are compared.
 std::string KeptSql::differences(const std::string& lines, const std::string& table, const Span& span) const {
-  const std::string columns = listed(columnsOf(span));
   Names sums = {"Lines"};
-  sums.insert(sums.end(), amounts_.begin(), amounts_.end());
-  const Names unequal = formed(sums, [](const std::string& sum) { return "min(" + sum + ") IS NOT max(" + sum + ")"; });
-  return "SELECT 1 FROM (SELECT " + columns + " FROM " + table + " UNION ALL SELECT " + columns + " FROM " + lines +
-         ") GROUP BY " + listed(keyOf(span)) + " HAVING count(*) <> 2 OR " + listed(unequal, " OR ") + " LIMIT 1";
+  sums.insert(sums.end(), sums_.begin(), sums_.end());
+  return store::differences(table, lines, keyOf(span), sums);
 }
 
 // All of one table against all of another in one sum, which takes no sorting.
 std::string KeptSql::unequal(const Span& one, const Span& other) const {
   Names tests = {"one.Lines IS NOT other.Lines"};
-  for (const std::string& amount : amounts_) tests.push_back("one." + amount + " IS NOT other." + amount);
+  for (const std::string& sum : sums_) tests.push_back("one." + sum + " IS NOT other." + sum);
   return "SELECT 1 FROM (SELECT " + sums() + " FROM " + one.table + ") AS one, (SELECT " + sums() + " FROM " +
          other.table + ") AS other WHERE " + listed(tests, " OR ");
 }
@@ -276,7 +272,7 @@ std::string KeptSql::typeOf(const std::string& column) const {
 
 // For the lines that are read beside the totals: few, so that the index holds all that is asked for.
 KeptSql::Object KeptSql::apartIndex() const {
-  const std::string name = kept_.lines + "_Apart" + kept_.counted;
+  const std::string name = kept_.lines + "_Apart" + (kept_.tellsNulls() ? kept_.name : kept_.counted);
   Names columns = {subject_, quotedName(kept_.link)};
   columns.insert(columns.end(), amounts_.begin(), amounts_.end());
   return {"index", name,
@@ -298,8 +294,7 @@ std::string KeptSql::insertionOfPending() const {
   return " INSERT INTO " + pending_ + " (" + listed(columnsOf(days())) + ") ";
 }
 std::string KeptSql::upsert(const Span& span) const {
-  const Names updates =
-      formed(amounts_, [](const std::string& amount) { return amount + " = " + amount + " + excluded." + amount; });
+  const Names updates = formed(sums_, [](const std::string& sum) { return sum + " = " + sum + " + excluded." + sum; });
   return " ON CONFLICT (" + listed(keyOf(span)) + ") DO UPDATE SET Lines = Lines + excluded.Lines, " + listed(updates);
 }
 
@@ -307,16 +302,16 @@ std::string KeptSql::upsert(const Span& span) const {
 // is in the totals.
 std::string KeptSql::ofLine(const std::string& row, bool isTested) const {
   return " FROM " + documents_ + " WHERE " + quotedName(kept_.key) + " = " + row + "." + quotedName(kept_.link) +
-         " AND " + countTest(kept_, documents_) + " AND " + row + "." + subject_ + " IS NOT NULL" +
+         " AND " + countTest(kept_, documents_) + " AND " + hasSubject(row + ".") +
          (isTested ? std::string() : " AND " + isAdded(row));
 }
 
-std::string KeptSql::values(const Span& span, const std::string& document, const std::string& subject,
+std::string KeptSql::values(const Span& span, const std::string& document, const std::string& line,
                             const Names& amounts, Sign sign) const {
   const bool takes = sign == Sign::Minus;
   Names all = formed(keyOf(span), [&](const std::string& column) {
     if (column == span.time) return timeOf(span, dayOf(document));
-    return column == subject_ ? subject : document + "." + column;
+    return column == subject_ || column == place_ ? line + column : document + "." + column;
   });
   all.emplace_back(takes ? "-1" : "1");
   for (const std::string& amount : amounts) all.push_back(takes ? "-" + amount : amount);
@@ -325,25 +320,24 @@ std::string KeptSql::values(const Span& span, const std::string& document, const
 
 // A new line, added to its totals at once.
 std::string KeptSql::additionOf(const std::string& line) const {
-  const Names amounts = formed(amounts_, [&](const std::string& amount) { return inParts(line + "." + amount); });
+  const Names amounts = partsOf(line + ".");
   std::string sql;
   for (const Span& span : spans())
-    sql += " " + insertion(span) + values(span, documents_, line + "." + subject_, amounts, Sign::Plus) +
-           ofLine(line, true) + upsert(span) + ";";
+    sql += " " + insertion(span) + values(span, documents_, line + ".", amounts, Sign::Plus) + ofLine(line, true) +
+           upsert(span) + ";";
   return sql;
 }
 
 std::string KeptSql::noteOfLine(const std::string& line, Sign sign, bool isTested) const {
-  const Names amounts = formed(amounts_, [&](const std::string& amount) { return inParts(line + "." + amount); });
-  return insertionOfPending() + values(days(), documents_, line + "." + subject_, amounts, sign) +
+  return insertionOfPending() + values(days(), documents_, line + ".", partsOf(line + "."), sign) +
          ofLine(line, isTested) + ";";
 }
 
 // All lines of a document by the values that `row` has, itself being new or old.
 std::string KeptSql::noteOfDocument(const std::string& row, Sign sign) const {
-  return insertionOfPending() + values(days(), row, subject_, formed(amounts_, inParts), sign) + " FROM " + lines_ +
-         " WHERE " + quotedName(kept_.link) + " = " + row + "." + quotedName(kept_.key) + " AND " +
-         countTest(kept_, row) + " AND " + subject_ + " IS NOT NULL AND " + isAdded(lines_) + ";";
+  return insertionOfPending() + values(days(), row, {}, partsOf({}), sign) + " FROM " + lines_ + " WHERE " +
+         quotedName(kept_.link) + " = " + row + "." + quotedName(kept_.key) + " AND " + countTest(kept_, row) +
+         " AND " + hasSubject("") + " AND " + isAdded(lines_) + ";";
 }
 
 std::vector<KeptSql::Object> KeptSql::triggers() const {
@@ -351,11 +345,11 @@ std::vector<KeptSql::Object> KeptSql::triggers() const {
       trigger(kept_.lines, "Added", "AFTER INSERT", isAdded("new"),
               later_ ? noteOfLine("new", Sign::Plus, true) : additionOf("new")),
       trigger(kept_.lines, "Removed", "AFTER DELETE", isAdded("old"), noteOfLine("old", Sign::Minus, true)),
-      trigger(kept_.lines, "Changed", "AFTER UPDATE OF " + listed(lineColumns()), differs(lineColumns()),
+      trigger(kept_.lines, "Changed", "AFTER UPDATE OF " + listed(lineColumns()), anyDiffers(lineColumns()),
               noteOfLine("old", Sign::Minus, false) + noteOfLine("new", Sign::Plus, false)),
       // What hangs on a document goes when it is gone, and its day with it.
       trigger(kept_.documents, "Deleted", "BEFORE DELETE", countTest(kept_, "old"), noteOfDocument("old", Sign::Minus)),
-      trigger(kept_.documents, "Moved", "AFTER UPDATE OF " + listed(documentColumns()), differs(documentColumns()),
+      trigger(kept_.documents, "Moved", "AFTER UPDATE OF " + listed(documentColumns()), anyDiffers(documentColumns()),
               noteOfDocument("old", Sign::Minus) + noteOfDocument("new", Sign::Plus))};
 }
 

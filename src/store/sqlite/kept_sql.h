@@ -1,29 +1,19 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "store/sqlite/kept_objects.h"
 #include "store/values/catalog.h"
 
 namespace velmo::store {
-
-// "a, b, c", and a form of each of them.
-std::string listed(const std::vector<std::string>& items, const char* separator = ", ");
-std::vector<std::string> formed(const std::vector<std::string>& items,
-                                const std::function<std::string(const std::string&)>& form);
 
 // The pieces of SQL behind one description of kept totals.
 class KeptSql {
  public:
   using Names = std::vector<std::string>;
-  static constexpr const char* parts = "10000";  // of a unit
-  struct Object {
-    std::string type;
-    std::string name;
-    std::string sql;
-  };
+  using Object = KeptObject;
 
   explicit KeptSql(const KeptTotals& kept);
 
@@ -59,10 +49,13 @@ class KeptSql {
   std::string keysOf(const Span& span, const std::string& day, const std::string& documents) const;
   std::string groups(const Span& span) const;
   std::string sums() const;
+  // What a line, "new.", "old." or "", adds to each of them.
+  Names partsOf(const std::string& line) const;
 
   std::string state() const;
   std::string lastLine() const;
   std::string dayOf(const std::string& row) const;
+  std::string hasSubject(const std::string& line) const;
   std::string isCounted(const std::string& row) const;
   std::string isAdded(const std::string& row) const;
 
@@ -82,7 +75,8 @@ class KeptSql {
 
   enum class Sign { Plus, Minus };
   std::string ofLine(const std::string& row, bool isTested) const;
-  std::string values(const Span& span, const std::string& document, const std::string& subject, const Names& amounts,
+  // `line` is "new.", "old." or "".
+  std::string values(const Span& span, const std::string& document, const std::string& line, const Names& amounts,
                      Sign sign) const;
   std::string additionOf(const std::string& line) const;
   std::string noteOfLine(const std::string& line, Sign sign, bool isTested) const;
@@ -99,8 +93,9 @@ class KeptSql {
 
   const KeptTotals& kept_;
   const bool later_;
-  std::string pending_, documents_, lines_, group_, day_, kind_, subject_;
+  std::string pending_, documents_, lines_, group_, day_, kind_, subject_, place_;
   Names amounts_;
+  Names sums_;  // the columns that are summed up: the amounts, and how many lines have each
 };
 
 }  // namespace velmo::store

@@ -1,4 +1,4 @@
-#include "store/sqlite/kept_sql.h"
+#include "store/sqlite/kept_objects.h"
 #include "store/sqlite/kept_totals.h"
 #include "store/sqlite/table_sql.h"
 
@@ -6,32 +6,11 @@
 namespace velmo::store {
 namespace {
 
-constexpr const char* beyondTotals = "100000000000";  // amounts below it are known by as many digits as a double keeps
-
-// Tells nothing of an amount that is null.
-std::string isApart(const std::string& amount) {
-  return "abs(" + amount + ") >= " + beyondTotals + " OR " + amount + " <> round(" + amount + " * " + KeptSql::parts +
-         ") / " + KeptSql::parts;
-}
-
 std::string sourceOf(std::string_view table) {
   return table.empty() ? std::string() : std::string(table) + ".";
 }
 
 }  // namespace
-
-std::string listed(const std::vector<std::string>& items, const char* separator) {
-  std::string text;
-  for (const std::string& item : items) text += (text.empty() ? "" : separator) + item;
-  return text;
-}
-
-std::vector<std::string> formed(const std::vector<std::string>& items,
-                                const std::function<std::string(const std::string&)>& form) {
-  std::vector<std::string> all;
-  for (const std::string& item : items) all.push_back(form(item));
-  return all;
-}
 
 std::string daysTableOf(const KeptTotals& kept) {
   return kept.name + "Days";
@@ -81,6 +60,10 @@ std::string countTest(const KeptTotals& kept, std::string_view documents) {
   if (!kept.kind.empty()) test += " AND " + row + quotedName(kept.kind) + " IS NOT NULL";
   for (const std::string& excluded : kept.excluded) test += " AND " + row + quotedName(excluded) + " = 0";
   return test;
+}
+
+std::string givenColumnOf(std::string_view amount) {
+  return std::string(amount) + "Given";
 }
 
 std::string monthOf(std::string_view dayExpression) {

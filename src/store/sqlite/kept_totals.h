@@ -31,6 +31,9 @@ std::string passedOverTest(const KeptTotals& kept, std::string_view lines);
 // A condition for documents under that name: not excluded, of a group and of a kind.
 std::string countTest(const KeptTotals& kept, std::string_view documents);
 
+// The column that says how many lines have an amount, where nulls are told.
+std::string givenColumnOf(std::string_view amount);
+
 // An expression for the month of a day, which is less than any day of that month and greater than any before.
 std::string monthOf(std::string_view dayExpression);
 

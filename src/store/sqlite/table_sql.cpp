@@ -3,11 +3,6 @@
 #include <stdexcept>
 
 namespace velmo::store {
-namespace {
-
-bool isWholeNumber(ColumnType type) {
-  return type == ColumnType::Byte || type == ColumnType::Integer || type == ColumnType::Long;
-}
 
 std::string declaredType(const Column& column) {
   switch (column.type) {
@@ -26,6 +21,12 @@ std::string declaredType(const Column& column) {
       return "YESNO NOT NULL DEFAULT 0 CHECK (" + quotedName(column.name) + " IN (-1, 0))";
   }
   throw std::invalid_argument("unknown column type");
+}
+
+namespace {
+
+bool isWholeNumber(ColumnType type) {
+  return type == ColumnType::Byte || type == ColumnType::Integer || type == ColumnType::Long;
 }
 
 std::string nameList(const std::vector<std::string>& names) {

@@ -8,6 +8,7 @@
 #include "store/file/file_check.h"
 #include "store/file/file_mark.h"
 #include "store/file/work_file.h"
+#include "store/sqlite/kept_balances.h"
 #include "store/sqlite/kept_totals.h"
 #include "store/sqlite/sqlite_error.h"
 #include "store/sqlite/table_sql.h"
@@ -31,6 +32,21 @@ void makeTables(Connection::Impl& connection) {
     for (const std::string& index : createIndexSql(table)) connection.run(index.c_str());
   }
   for (const KeptTotals& kept : connection.catalog.keptTotals()) makeKeptTotals(connection.database, kept);
+  for (const KeptBalances& kept : connection.catalog.keptBalances()) makeKeptBalances(connection.database, kept);
+}
+
+// Makes what is kept anew where it is not fine; whether that was so.
+bool mend(Connection& connection, const std::function<bool(sqlite3*)>& areFine,
+          const std::function<void(sqlite3*)>& makeAnew) {
+  Connection::Impl& impl = *connection.impl();
+  if (areFine(impl.database)) return false;
+  Connection::Transaction transaction(connection);
+  if (areFine(impl.database)) return false;  // another program wrote while they were compared
+  // What a damaged file says is free may hold rows of others.
+  if (!structureFaults(connection).empty()) throw damagedFile(impl.fileName);
+  makeAnew(impl.database);
+  transaction.commit();
+  return true;
 }
 
 }  // namespace
@@ -58,20 +74,19 @@ bool createDatabaseFile(const fs::path& file, const Catalog& catalog, std::strin
 }
 
 bool mendKeptTotals(Connection& connection, TotalsCheck check, std::chrono::steady_clock::time_point until) {
-  Connection::Impl& impl = *connection.impl();
-  const auto areFine = [&](sqlite3* database, const KeptTotals& kept) {
-    return check == TotalsCheck::Latest ? areKept(database, kept, until) : areRight(database, kept);
-  };
+  const Catalog& catalog = connection.catalog();
   bool mended = false;
-  for (const KeptTotals& kept : impl.catalog.keptTotals()) {
-    if (areFine(impl.database, kept)) continue;
-    Connection::Transaction transaction(connection);
-    if (areFine(impl.database, kept)) continue;  // another program wrote while they were compared
-    // What a damaged file says is free may hold rows of others.
-    if (!structureFaults(connection).empty()) throw damagedFile(impl.fileName);
-    makeKeptTotals(impl.database, kept);
-    transaction.commit();
-    mended = true;
+  for (const KeptTotals& kept : catalog.keptTotals()) {
+    const auto areFine = [&](sqlite3* database) {
+      return check == TotalsCheck::Latest ? areKept(database, kept, until) : areRight(database, kept);
+    };
+    mended |= mend(connection, areFine, [&](sqlite3* database) { makeKeptTotals(database, kept); });
+  }
+  for (const KeptBalances& kept : catalog.keptBalances()) {
+    const auto areFine = [&](sqlite3* database) {
+      return check == TotalsCheck::Latest ? areKept(database, kept) : areRight(database, kept);
+    };
+    mended |= mend(connection, areFine, [&](sqlite3* database) { makeKeptBalances(database, kept); });
   }
   return mended;
 }

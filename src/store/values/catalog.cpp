@@ -13,8 +13,8 @@ const Column* Table::find(std::string_view columnName) const {
   return nullptr;
 }
 
-Catalog::Catalog(std::vector<Table> tables, std::vector<KeptTotals> keptTotals)
-    : tables_(std::move(tables)), keptTotals_(std::move(keptTotals)) {}
+Catalog::Catalog(std::vector<Table> tables, std::vector<KeptTotals> keptTotals, std::vector<KeptBalances> keptBalances)
+    : tables_(std::move(tables)), keptTotals_(std::move(keptTotals)), keptBalances_(std::move(keptBalances)) {}
 
 const Table* Catalog::find(std::string_view tableName) const {
   for (const Table& table : tables_) {

@@ -12,10 +12,10 @@ namespace velmo::test {
 namespace {
 
 const std::set<std::string_view> words = {
-    "SELECT", "DISTINCT", "FROM",    "WHERE",  "GROUP", "BY",    "HAVING", "ORDER",   "DESC",         "LIMIT",
-    "AS",     "AND",      "OR",      "NOT",    "IS",    "NULL",  "IN",     "BETWEEN", "INNER",        "LEFT",
-    "JOIN",   "ON",       "COLLATE", "NOCASE", "UNION", "CROSS", "ALL",    "OVER",    "UPDATE",       "SET",
-    "DELETE", "INSERT",   "INTO",    "VALUES", "rowid", "Line",  "value",  "WITH",    "MATERIALIZED", "Lines"};
+    "SELECT",  "DISTINCT", "FROM",  "WHERE", "GROUP", "BY",           "HAVING",  "ORDER", "DESC",   "LIMIT",  "AS",
+    "AND",     "OR",       "NOT",   "IS",    "NULL",  "IN",           "BETWEEN", "INNER", "LEFT",   "JOIN",   "ON",
+    "COLLATE", "NOCASE",   "UNION", "CROSS", "ALL",   "OVER",         "UPDATE",  "SET",   "DELETE", "INSERT", "INTO",
+    "VALUES",  "rowid",    "Line",  "value", "WITH",  "MATERIALIZED", "Lines",   "Apart"};
 const std::set<std::string_view> functions = {"abs",
                                               "round",
                                               "sign",
@@ -67,7 +67,8 @@ const std::set<std::string_view> functions = {"abs",
                                               "json_each",
                                               "velmo_yes_no",
                                               "substr"};
-const std::set<std::string_view> namesOfTheEmitter = {"row order", "row rank", "row", "changed", "document", "beside"};
+const std::set<std::string_view> namesOfTheEmitter = {"row order", "row rank", "row",  "changed",
+                                                      "document",  "beside",   "apart"};
 
 std::string lower(std::string_view text) {
   std::string all(text);
@@ -78,9 +79,12 @@ std::string lower(std::string_view text) {
 bool isOfTheCatalogue(std::string_view name) {
   static const auto names = [] {
     std::set<std::string, std::less<>> all;
-    for (const auto& kept : schema::companyCatalog().keptTotals())
+    for (const auto& kept : schema::companyCatalog().keptTotals()) {
+      for (const auto& amount : kept.amounts) all.insert(store::givenColumnOf(amount));
       all.insert({store::daysTableOf(kept), store::monthsTableOf(kept), store::yearsTableOf(kept),
                   store::pendingTableOf(kept), store::stateTableOf(kept), "Month"});
+    }
+    for (const auto& kept : schema::companyCatalog().keptBalances()) all.insert(kept.name);
     for (const auto& table : schema::companyCatalog().tables()) {
       all.insert(table.name);
       for (const auto& column : table.columns) all.insert(column.name);

@@ -6,6 +6,7 @@
 
 #include "schema/company_schema.h"
 #include "store/sql/functions/functions.h"
+#include "store/sqlite/kept_balances.h"
 #include "store/sqlite/kept_totals.h"
 #include "store/sqlite/table_sql.h"
 #include "text/number.h"
@@ -232,6 +233,7 @@ SmallCompany::SmallCompany() {
   }
   require(handle_, "PRAGMA foreign_keys = ON");
   for (const auto& kept : schema::companyCatalog().keptTotals()) store::makeKeptTotals(handle_, kept);
+  for (const auto& kept : schema::companyCatalog().keptBalances()) store::makeKeptBalances(handle_, kept);
   require(handle_, rows);
 }
 

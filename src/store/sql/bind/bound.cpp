@@ -49,6 +49,15 @@ bool namesOnly(const Bound& bound, int source) {
   return std::ranges::all_of(bound.operands, [source](const BoundPtr& operand) { return namesOnly(*operand, source); });
 }
 
+BoundPtr withColumns(const BoundPtr& bound, int source, const std::function<BoundPtr(const Bound&)>& other) {
+  if (bound->meaning == Meaning::Column) return bound->source == source ? other(*bound) : bound;
+  if (!names(*bound, source)) return bound;
+  auto changed = std::make_shared<Bound>(*bound);
+  for (BoundPtr& operand : changed->operands)
+    if (operand = withColumns(operand, source, other); !operand) return nullptr;
+  return changed;
+}
+
 BoundPtr ofOneRow(const BoundPtr& expression) {
   if (!expression->aggregated) return expression;
   auto alone = std::make_shared<Bound>(*expression);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -53,6 +54,8 @@ struct Bound {
 bool isCondition(const Bound& bound);
 // True of a number that can be calculated with.
 bool isNumeric(Domain domain);
+// The same with each column of one source that `other` gives another for; null where it has one that it gives none for.
+BoundPtr withColumns(const BoundPtr& bound, int source, const std::function<BoundPtr(const Bound&)>& other);
 // The same columns, literals and operations.
 bool sameMeaning(const Bound& a, const Bound& b);
 // Whether it names any column of a source, or no column of another.
@@ -69,7 +72,7 @@ struct SourceColumn {
 struct BoundSelect;
 
 // Stands for the lines of KeptTotals under their source's name: their sums by subject, of one group, of some kinds and
-// of the days between two literals.
+// of the days between two literals. Where nulls are told, the sums are by kind, too, which is one more column then.
 struct KeptRange {
   struct End {
     BoundPtr day = {};  // a literal; none leaves this side open
@@ -80,14 +83,22 @@ struct KeptRange {
   std::vector<BoundPtr> kinds = {};  // literals; one of them, where the totals are kept by kind
   End from = {};
   End to = {};
-  std::vector<BoundPtr> tests = {};  // of subjects; all hold
+  std::vector<BoundPtr> tests = {};  // of subjects and places; all hold
+};
+
+// Stands for the lines of KeptBalances under their source's name: their sums by group, one row of each.
+struct KeptGroups {
+  const KeptBalances* balances = nullptr;
+  std::vector<BoundPtr> tests = {};  // of columns of the groups; all hold
+  bool openOnly = false;             // what is not open may be left out
 };
 
 struct BoundSource {
-  std::string name;                            // alias, or the table's name
-  const Table* table = nullptr;                // of a base table
-  std::shared_ptr<BoundSelect> derived;        // of a derived table
-  std::shared_ptr<const KeptRange> kept = {};  // where a table's rows are read from instead
+  std::string name;                               // alias, or the table's name
+  const Table* table = nullptr;                   // of a base table
+  std::shared_ptr<BoundSelect> derived;           // of a derived table
+  std::shared_ptr<const KeptRange> kept = {};     // where a table's rows are read from instead
+  std::shared_ptr<const KeptGroups> groups = {};  // likewise
   std::vector<SourceColumn> columns;
   Place place = {};
 };

@@ -107,7 +107,7 @@ void ExpressionWriter::caseless(const Bound& bound) {
 bool ExpressionWriter::isTextColumn(const Bound& bound) const {
   if (bound.meaning != Meaning::Column || bound.domain != Domain::Text) return false;
   const BoundSource& source = select_.sources[static_cast<std::size_t>(bound.source)];
-  return source.table != nullptr && !source.kept;
+  return source.table != nullptr && !source.kept && !source.groups;
 }
 
 void ExpressionWriter::operation(const Bound& bound) {

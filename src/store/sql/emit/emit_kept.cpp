@@ -12,6 +12,8 @@ constexpr const char* documentsName = "\"document\"";
 constexpr const char* besideName = "\"beside\"";
 constexpr const char* unionAll = " UNION ALL ";
 
+constexpr const char* fewMonths = "4";  // whose days are read faster than all months of a group
+
 class KeptWriter {
  public:
   KeptWriter(const BoundSelect& select, int source, std::string& sql)
@@ -23,7 +25,8 @@ class KeptWriter {
     writeName(source_.name, lines_);
   }
 
-  // Where there is a first day, days alone. Otherwise whole groups, and whole months up to the one in which the last
+  // Where there is a first day, days, and where many months lie between its month and that of the last day, those.
+  // Otherwise whole groups, and whole months up to the one in which the last
   // day lies with the days of that one; or, when that is the latest month of the group, the whole group without the
   // days behind the last one. Beside them what is pending, and the lines that are not added yet, or stand apart.
   void write() {
@@ -54,8 +57,9 @@ class KeptWriter {
     std::string table;
     std::string condition = {};  // without which nothing of the group is read
     const char* sign = "";
-    bool grouped = false;     // by subject
+    bool grouped = false;     // by subject, and by kind where it is told
     bool countsLines = true;  // where it matters whether any are left
+    bool isWhole = false;     // nothing is added to it any more
   };
 
   bool isAddedLater() const { return totals_.adds == KeptTotals::Adds::Later; }
@@ -64,19 +68,23 @@ class KeptWriter {
   // Sums of what `parts` writes, where any lines are left.
   void writeGroups(const std::function<void()>& parts) {
     const std::string subject = nameOf(totals_.subject);
-    sql_ += "SELECT " + subject + ", sum(Lines) AS Lines";
-    writeAmounts("velmo_sum_exactly", "");
+    sql_ += "SELECT " + subject + toldKind("") + ", sum(Lines) AS Lines";
+    for (const std::string& amount : totals_.amounts) {
+      const std::string sum = "velmo_sum_exactly(" + nameOf(amount) + ")";
+      sql_ += ", " + (totals_.tellsNulls() ? "iif(sum(" + givenOf(amount, "") + ") > 0, " + sum + ", NULL)" : sum) +
+              " AS " + nameOf(amount);
+    }
     sql_ += " FROM (";
     parts();
     sql_ += ") GROUP BY " + subject;
     if (totals_.subjectType == KeptTotals::Subject::Text) sql_ += " COLLATE NOCASE";
-    sql_ += " HAVING sum(Lines) > 0";
+    sql_ += toldKind("") + " HAVING sum(Lines) > 0";
   }
 
   // All but whole groups.
   void writeBeside() {
     if (kept_.from.day) {
-      writeDays({.table = daysTableOf(totals_)});
+      writeFromDay();
     } else if (kept_.to.day) {
       writeUpToDay();
     } else if (!isAddedLater()) {
@@ -85,6 +93,32 @@ class KeptWriter {
     writePending();
     if (isAddedLater()) writeLines(besideTest());
     writeLines(apartLines());
+  }
+
+  // Months stand in the order of subjects: all of a group are read to find some.
+  void writeFromDay() {
+    const std::string first = monthOf(textOf(kept_.from.day));
+    const std::string last = kept_.to.day ? monthOf(textOf(kept_.to.day)) : monthOf(edgeDay(" DESC"));
+    const std::string far = "iif(" + monthNumber(last) + " - " + monthNumber(first) + " > " + fewMonths + ", 1, 0)";
+    writeTotals({.table = daysTableOf(totals_), .condition = "NOT " + far});
+    writeRange(column(lines_, totals_.day));
+    sql_ += unionAll;
+    const auto outside = [&](const std::string& test) {
+      writeTotals({.table = daysTableOf(totals_), .condition = far});
+      sql_ += " AND " + column(lines_, totals_.day) + test;
+      writeRange(column(lines_, totals_.day));
+      sql_ += unionAll;
+    };
+    outside(" < " + first + " || " + noDay);
+    outside(" >= " + last);
+    writeTotals({.table = monthsTableOf(totals_), .condition = far, .grouped = true});
+    const std::string month = column(lines_, "Month");
+    sql_ += " AND " + month + " > " + first + " AND " + month + " < " + last;
+    writeGroupBy();
+    sql_ += unionAll;
+  }
+  static std::string monthNumber(const std::string& month) {
+    return "(substr(" + month + ", 1, 4) * 12 + substr(" + month + ", 6, 2))";
   }
 
   void writeUpToDay() {
@@ -99,13 +133,14 @@ class KeptWriter {
   }
 
   void writeYears(const std::string& chosen, bool countsLines) {
-    const bool grouped = !totals_.kind.empty();
+    const bool grouped = (!totals_.kind.empty() && !totals_.tellsNulls()) || !totals_.place.empty();
     writeTotals({.table = yearsTableOf(totals_),
                  .condition = kept_.to.day ? isLate() : "",
                  .grouped = grouped,
-                 .countsLines = countsLines});
+                 .countsLines = countsLines,
+                 .isWhole = !countsLines});
     sql_ += chosen;
-    if (grouped) sql_ += " GROUP BY " + column(lines_, totals_.subject);
+    if (grouped) writeGroupBy();
     sql_ += unionAll;
   }
 
@@ -132,24 +167,35 @@ class KeptWriter {
     return isAddedLater() ? apart + " AND " + additionTest(totals_, lines_, Added::Already) : apart;
   }
 
-  void writeAmounts(std::string_view function, const std::string& source) {
+  void writeAmounts(const Part& part) {
+    const std::string source = part.sign + lines_ + ".";
     for (const std::string& amount : totals_.amounts) {
-      const std::string name = nameOf(amount);
-      sql_ += ", ";
-      sql_ += function;
-      sql_ += "(" + source + name + ") AS " + name;
+      const std::string sum =
+          std::string(part.grouped ? "velmo_sum_kept" : "velmo_kept") + "(" + source + nameOf(amount) + ")";
+      const std::string given = totals_.tellsNulls() ? givenOf(amount, source) : std::string();
+      sql_ += ", " + (part.isWhole && !given.empty() ? "iif(" + given + " > 0, " + sum + ", NULL)" : sum) + " AS " +
+              nameOf(amount);
+      if (!given.empty() && !part.isWhole)
+        sql_ += ", " + (part.grouped ? "sum(" + given + ")" : given) + " AS " + givenOf(amount, "");
     }
   }
+  static std::string givenOf(const std::string& amount, const std::string& source) {
+    return source + nameOf(givenColumnOf(amount));
+  }
+  std::string toldKind(const std::string& source) const {
+    return totals_.tellsNulls() ? ", " + source + nameOf(totals_.kind) : std::string();
+  }
+  void writeGroupBy() { sql_ += " GROUP BY " + column(lines_, totals_.subject) + toldKind(lines_ + "."); }
 
   // What months hold stands in the order of subjects, and so is summed up as it is read.
   void writeTotals(const Part& part) {
     const std::string count = lines_ + ".Lines";
-    sql_ += "SELECT " + column(lines_, totals_.subject) + ", " +
+    sql_ += "SELECT " + column(lines_, totals_.subject) + toldKind(lines_ + ".") + ", " +
             (!part.countsLines ? "1"
              : part.grouped    ? "sum(" + count + ")"
                                : part.sign + count) +
             " AS Lines";
-    writeAmounts(part.grouped ? "velmo_sum_kept" : "velmo_kept", part.sign + lines_ + ".");
+    writeAmounts(part);
     sql_ += " FROM ";
     writeName(part.table, sql_);
     sql_ += " AS " + lines_ + " WHERE " + column(lines_, totals_.group) + " = ";
@@ -178,7 +224,8 @@ class KeptWriter {
     if (kept_.to.day) condition += (condition.empty() ? "" : " AND ") + last + " > " + monthOf(edgeDay(""));
     writeTotals({.table = monthsTableOf(totals_), .condition = std::move(condition), .grouped = true});
     if (kept_.to.day) sql_ += " AND " + column(lines_, "Month") + " < " + last;
-    sql_ += " GROUP BY " + column(lines_, totals_.subject) + unionAll;
+    writeGroupBy();
+    sql_ += unionAll;
   }
 
   void writeDays(const Part& part) {
@@ -207,8 +254,11 @@ class KeptWriter {
   // The few lines are read first and their documents by key.
   void writeLines(const std::string& chosen) {
     sql_ += unionAll;
-    sql_ += "SELECT " + column(lines_, totals_.subject) + ", 1";
-    for (const std::string& amount : totals_.amounts) sql_ += ", " + column(lines_, amount);
+    sql_ += "SELECT " + column(lines_, totals_.subject) + toldKind(std::string(documentsName) + ".") + ", 1";
+    for (const std::string& amount : totals_.amounts) {
+      sql_ += ", " + column(lines_, amount);
+      if (totals_.tellsNulls()) sql_ += ", (" + column(lines_, amount) + " IS NOT NULL)";
+    }
     sql_ += " FROM ";
     writeName(totals_.lines, sql_);
     sql_ += " AS " + lines_ + " CROSS JOIN ";

@@ -32,6 +32,8 @@ void writeSource(const BoundSelect& select, int index, RowOrder rowOrder, std::s
   const BoundSource& source = select.sources[static_cast<std::size_t>(index)];
   if (source.kept) {
     writeKept(select, index, sql);
+  } else if (source.groups) {
+    writeKeptGroups(select, index, sql);
   } else if (source.table == nullptr) {
     sql += '(';
     writeSelect(*source.derived, rowOrder, sql);

@@ -62,4 +62,7 @@ void writeName(std::string_view name, std::string& sql);
 // emit_kept.cpp
 void writeKept(const BoundSelect& select, int source, std::string& sql);
 
+// emit_kept_groups.cpp
+void writeKeptGroups(const BoundSelect& select, int source, std::string& sql);
+
 }  // namespace velmo::store::sql
