@@ -1,10 +1,9 @@
 #include <benchmark/benchmark.h>
-#include <sqlite3.h>
 
-#include <cstdlib>
 #include <optional>
 #include <stdexcept>
 
+#include "by_hand.h"
 #include "documents/invoices/sale_invoice_type.h"
 #include "frame/document/compose_document.h"
 #include "frame/posting/document_number.h"
@@ -85,37 +84,6 @@ class ProgramPosting {
   frame::DocumentValues values_;
 };
 
-// A prepared statement bound from left to right, without a copy of any text.
-class HandStatement {
- public:
-  HandStatement(sqlite3* database, const char* sql) : database_(database) {
-    if (sqlite3_prepare_v2(database, sql, -1, &statement_, nullptr) != SQLITE_OK) fail();
-  }
-  ~HandStatement() { sqlite3_finalize(statement_); }
-  HandStatement(const HandStatement&) = delete;
-  HandStatement& operator=(const HandStatement&) = delete;
-
-  template <class... Values>
-  void run(const Values&... values) {
-    int index = 0;
-    (bind(++index, values), ...);
-    if (sqlite3_step(statement_) != SQLITE_DONE) fail();
-    sqlite3_reset(statement_);
-  }
-
- private:
-  void bind(int index, std::int64_t number) { sqlite3_bind_int64(statement_, index, number); }
-  void bind(int index, double number) { sqlite3_bind_double(statement_, index, number); }
-  void bind(int index, std::nullptr_t) { sqlite3_bind_null(statement_, index); }
-  void bind(int index, std::string_view text) {
-    sqlite3_bind_text(statement_, index, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
-  }
-  [[noreturn]] void fail() const { throw std::runtime_error(sqlite3_errmsg(database_)); }
-
-  sqlite3* database_;
-  sqlite3_stmt* statement_ = nullptr;
-};
-
 // What a hand-written program would hold of an invoice: the values that change from one to the next.
 struct HandInvoice {
   struct Line {
@@ -191,28 +159,6 @@ class HandPosting {
   std::optional<HandStatement> begin_, commit_, header_, line_, ledger_, aging_;
 };
 
-// Throws unless the two files hold the same rows, keys included, in every table that a sale invoice writes.
-void requireSameRows(sqlite3* ours, const std::filesystem::path& theirs) {
-  const auto run = [&](const std::string& sql, int* result) {
-    const auto take = [](void* place, int, char** values, char**) {
-      *static_cast<int*>(place) = std::atoi(values[0]);
-      return 0;
-    };
-    if (sqlite3_exec(ours, sql.c_str(), take, result, nullptr) != SQLITE_OK)
-      throw std::runtime_error(sqlite3_errmsg(ours));
-  };
-  int differences = 0;
-  run("attach '" + theirs.string() + "' as hand", nullptr);
-  for (const std::string table : {"Transactions", "StockFlow", "SubTransactions", "AgingDr"}) {
-    const std::string here = "select * from main." + table, there = "select * from hand." + table;
-    run("select count(*) from (select * from (" + here + " except " + there + ") union all select * from (" + there +
-            " except " + here + "))",
-        &differences);
-    if (differences != 0) throw std::logic_error("the two ways differ in " + table);
-  }
-  run("detach hand", nullptr);
-}
-
 // Commits per second of the program, as a share of those by hand; turn by turn, each in a copy of the same company, so
 // that the disk treats both alike. How near to 1 the share comes depends on how long the disk takes to make a commit
 // durable; the processor's times do not.
@@ -237,7 +183,8 @@ void PostInvoiceOfTwentyLines(benchmark::State& state) {
       hand.checkpoint();
     }
   }
-  requireSameRows(program.handle(), handFolder / "Uninstall" / "Uninstall.MDB");
+  requireSameRows(program.handle(), handFolder / "Uninstall" / "Uninstall.MDB",
+                  {"Transactions", "StockFlow", "SubTransactions", "AgingDr"});
   state.counters["share_of_hand_written"] = theirs.percentile(0.5) / ours.percentile(0.5);
   state.counters["share_of_mean"] = theirs.mean() / ours.mean();
   state.counters["commits_per_second"] = 1 / ours.mean();
