@@ -1,13 +1,12 @@
 #include <benchmark/benchmark.h>
-#include <sqlite3.h>
 
 #include <optional>
 #include <stdexcept>
 
+#include "by_hand.h"
 #include "documents/invoices/sale_invoice_type.h"
 #include "frame/document/compose_document.h"
 #include "frame/posting/document_number.h"
-#include "hand_written.h"
 #include "kept_triggers.h"
 #include "large_company_folder.h"
 #include "schema/company_file.h"
@@ -184,8 +183,8 @@ void PostInvoiceOfTwentyLines(benchmark::State& state) {
       hand.checkpoint();
     }
   }
-  requireSameRows(program.handle(), {"Transactions", "StockFlow", "SubTransactions", "AgingDr"},
-                  handFolder / "Uninstall" / "Uninstall.MDB");
+  requireSameRows(program.handle(), handFolder / "Uninstall" / "Uninstall.MDB",
+                  {"Transactions", "StockFlow", "SubTransactions", "AgingDr"});
   state.counters["share_of_hand_written"] = theirs.percentile(0.5) / ours.percentile(0.5);
   state.counters["share_of_mean"] = theirs.mean() / ours.mean();
   state.counters["commits_per_second"] = 1 / ours.mean();

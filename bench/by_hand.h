@@ -2,15 +2,14 @@
 
 #include <sqlite3.h>
 
-#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
+#include <initializer_list>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <vector>
 
-// What a program by hand would do with SQLite, for comparison.
+// What a program without a store of its own would do, to measure ours beside it.
 namespace velmo::bench {
 
 // A prepared statement bound from left to right, without a copy of any text.
@@ -44,9 +43,9 @@ class HandStatement {
   sqlite3_stmt* statement_ = nullptr;
 };
 
-// Throws unless the two files hold the same rows, keys included, in the tables.
-inline void requireSameRows(sqlite3* ours, const std::vector<std::string>& tables,
-                            const std::filesystem::path& theirs) {
+// Throws unless the two files hold the same rows, keys included, in every one of the tables.
+inline void requireSameRows(sqlite3* ours, const std::filesystem::path& theirs,
+                            std::initializer_list<const char*> tables) {
   const auto run = [&](const std::string& sql, int* result) {
     const auto take = [](void* place, int, char** values, char**) {
       *static_cast<int*>(place) = std::atoi(values[0]);
@@ -57,7 +56,7 @@ inline void requireSameRows(sqlite3* ours, const std::vector<std::string>& table
   };
   int differences = 0;
   run("attach '" + theirs.string() + "' as hand", nullptr);
-  for (const std::string& table : tables) {
+  for (const std::string table : tables) {
     const std::string here = "select * from main." + table, there = "select * from hand." + table;
     run("select count(*) from (select * from (" + here + " except " + there + ") union all select * from (" + there +
             " except " + here + "))",
