@@ -67,9 +67,13 @@ TEST_F(DemonstrationCompany, HasWhatAWholesalerHas) {
       {"TranType=43 and LocationTo=1", 3},
       {"TranType=45 and TrAmount>0", 5},
       {"TranType=47 and TrAmount>0", 5},
+      {"TranType=95", 4},
+      {"TranType=42 and TrAmount>0", 20},
+      {"TranType=42 and Balance>0", 3},
   };
   for (const auto& [kind, least] : documents)
     EXPECT_GT(figure(std::string("select count(*) from Transactions where ") + kind), least) << kind;
+  EXPECT_GT(figure("select count(*) from StockFlow where ProductSerials is not null and StockOut > 0"), 20);
   std::set<double> refusals;
   for (const char* user : {"Operator1", "Operator2", "Operator3"})
     refusals.insert(figure(std::string("select sum(") + user + ") from UserRights"));

@@ -1,6 +1,7 @@
 #include "demo/own_books.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace velmo::test {
 namespace {
@@ -80,6 +81,8 @@ class Clerk {
         return document_.nature == "Petty Receipt" ? postPetty(-1) : postReceived();
       case 51:
         return postStock();
+      case 42:
+        return postMade();
       case 45:
         return postAdjusted(50001002, 50001005);
       case 47:
@@ -91,6 +94,7 @@ class Clerk {
       case 92:
       case 93:
       case 94:
+      case 95:
         return;  // papers without a ledger
       default:
         odd("is of type " + std::to_string(document_.type));
@@ -124,6 +128,19 @@ class Clerk {
         plainSums(company_, "SELECT GrossAmt FROM StockFlow WHERE TranNo = " + std::to_string(document_.tranNo))[0];
     post(debit, gross);
     post(credit, -gross);
+  }
+  // What comes out against what went in, labour, overhead, and the party that did a part of the work.
+  void postMade() {
+    const auto lines = [this](const char* side) {
+      return plainSums(company_, "SELECT GrossAmt FROM StockFlow" + ofDocument() + " AND " + side + " IS NOT NULL")[0];
+    };
+    const std::int64_t made = lines("StockIn"), materials = lines("StockOut");
+    if (document_.amount != made || document_.discount != materials) odd("was made for other amounts");
+    post(document_.partyCode2, made);
+    post(document_.partyCode, -materials);
+    post(50002001, -document_.carriage);
+    post(50003001, -document_.received);
+    post(std::stoll(plainTexts(company_, "SELECT Text3 FROM Transactions" + ofDocument()).front()), -document_.balance);
   }
   void postAtCounter() {
     const auto [gross, net] = billed();
@@ -175,13 +192,14 @@ class Clerk {
   // Goods in hand at the end of the entry's day, at their cost.
   void postStock() {
     if (!stockCounted_) return;
-    std::int64_t value = 0;
+    long double worth = 0;
     PlainRows rows(company_,
                    "SELECT coalesce(StockIn, 0) - coalesce(StockOut, 0), ValuationCost2 FROM StockFlow JOIN "
                    "Transactions USING (TranNo) JOIN StockLevel3 USING (ItemCode) WHERE FYID = 1 AND Cancel = 0 AND "
                    "InvLedger = 0 AND CatID <> 'Service' AND " +
                        dayOf + " <= " + std::to_string(document_.day));
-    while (rows.next()) value += rows.integer(0) * rows.cents(1);
+    while (rows.next()) worth += static_cast<long double>(rows.number(0)) * rows.number(1);
+    const std::int64_t value = std::llroundl(worth * 100);
     post(13001001, value);
     post(50001006, -value);
   }

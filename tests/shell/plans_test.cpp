@@ -12,6 +12,7 @@
 #include "masters/catalogue/catalogue_levels.h"
 #include "masters/labels/bar_code_labels.h"
 #include "reports/ledgers/ledger_statements.h"
+#include "reports/serials/serial_statements.h"
 #include "valuation/closing_stock.h"
 #include "vouchers/journal/find_journals.h"
 #include "vouchers/settlement/find_settlements.h"
@@ -113,6 +114,15 @@ TEST_F(Plans, StatementsOfScreensReadNoBigTableWhole) {
   EXPECT_GT(listener.count(), 40U);
   EXPECT_THAT(listener.scansOfBigTables(), testing::ElementsAre(testing::HasSubstr("ValuationCost2")))
       << "all items have a cost in the closing stock";
+}
+
+TEST_F(Plans, SerialNumbersAreLookedForAmongTheLinesThatHaveSome) {
+  Listener listener(books());
+  for (const auto hits : {reports::SerialHits::Few, reports::SerialHits::Many})
+    run(reports::serialStatement(1, "7", hits));
+  EXPECT_EQ(reports::serialHits(books(), "7"), reports::SerialHits::Few);
+  EXPECT_THAT(listener.scansOfBigTables(),
+              testing::AllOf(testing::SizeIs(2), testing::Each(testing::HasSubstr("INDEX StockFlow_Serials"))));
 }
 
 TEST_F(Plans, ComposedInScreensReadNoBigTableWhole) {
