@@ -58,12 +58,13 @@ TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
   const std::string asVersion4 =
       "DROP TABLE AccountPending; DROP TABLE StockPending; DROP TABLE StockYears; DROP TABLE ReceiptPending; DROP "
       "TABLE ReceiptDays; DROP TABLE ReceiptMonths; DROP TABLE ReceiptYears; DROP TABLE ReceiptAdded; DROP INDEX "
-      "StockFlow_ApartStockIn; DROP INDEX StockFlow_Serials; CREATE TRIGGER AccountTotalsTransactionsMoved AFTER UPDATE OF Cancel ON Transactions "
+      "StockFlow_ApartStockIn; DROP INDEX StockFlow_Serials; CREATE TRIGGER AccountTotalsTransactionsMoved AFTER "
+      "UPDATE OF Cancel ON Transactions "
       "BEGIN UPDATE AccountDays SET Debit = 0; END; PRAGMA user_version = 4";
   const std::pair<const char*, std::string> earlier[] = {
-      {"Account", withoutAccounts +
-                      "; DROP TABLE Settings; DROP INDEX StockFlow_Serials; DROP INDEX StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON "
-                      "StockLevel3 (SubCatID); PRAGMA user_version = 1"},
+      {"Account", withoutAccounts + "; DROP TABLE Settings; DROP INDEX StockFlow_Serials; DROP INDEX "
+                                    "StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON "
+                                    "StockLevel3 (SubCatID); PRAGMA user_version = 1"},
       {"", asVersion4}};
   for (const auto& [triggersOf, sql] : earlier) {
     test::NewCompany company;
