@@ -58,17 +58,19 @@ TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
   const std::string asVersion4 =
       "DROP TABLE AccountPending; DROP TABLE StockPending; DROP TABLE StockYears; DROP TABLE ReceiptPending; DROP "
       "TABLE ReceiptDays; DROP TABLE ReceiptMonths; DROP TABLE ReceiptYears; DROP TABLE ReceiptAdded; DROP INDEX "
-      "StockFlow_ApartStockIn; DROP INDEX StockFlow_Serials; CREATE TRIGGER AccountTotalsTransactionsMoved AFTER UPDATE OF Cancel ON Transactions "
+      "StockFlow_ApartStockIn; DROP INDEX StockFlow_Serials; CREATE TRIGGER AccountTotalsTransactionsMoved AFTER "
+      "UPDATE OF Cancel ON Transactions "
       "BEGIN UPDATE AccountDays SET Debit = 0; END; PRAGMA user_version = 4";
   const std::pair<const char*, std::string> earlier[] = {
-      {"Account", withoutAccounts +
-                      "; DROP TABLE Settings; DROP INDEX StockFlow_Serials; DROP INDEX StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON "
-                      "StockLevel3 (SubCatID); PRAGMA user_version = 1"},
+      {"Account", withoutAccounts + "; DROP TABLE Settings; DROP INDEX StockFlow_Serials; DROP INDEX "
+                                    "StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON "
+                                    "StockLevel3 (SubCatID); PRAGMA user_version = 1"},
       {"", asVersion4},
       {"",
        "DROP TABLE PlaceDays; DROP TABLE PlaceMonths; DROP TABLE PlaceYears; DROP TABLE PlacePending; DROP TABLE "
        "PlaceAdded; DROP TABLE KindDays; DROP TABLE KindMonths; DROP TABLE KindYears; DROP TABLE KindPending; DROP "
        "TABLE KindAdded; DROP TABLE OpenInvoices; DROP TABLE OpenBills; DROP INDEX StockFlow_ApartKind; DROP INDEX "
+       "StockFlow_Serials; DROP INDEX "
        "OpenInvoices_Groupless; DROP INDEX OpenBills_Groupless; DROP INDEX Transactions_PartyCode2; DROP INDEX "
        "Transactions_TranType; CREATE INDEX Transactions_TranType ON Transactions (TranType, FYID, DocNo); DROP INDEX "
        "AgingDr_TranDate; DROP INDEX AgingCr_PartyCode; CREATE INDEX AgingCr_PartyCode ON AgingCr (PartyCode, DocNo); "

@@ -64,7 +64,7 @@ void visitProduction(Guide& guide, shell::MainShell& shell) {
   guide.picture(shell, "production");
   guide.control<QPushButton>(screen, "PrintBill_0").click();
   printing::PreviewWindow& preview = guide.preview();
-  guide.paper(preview.pages().report(), "paper-ProdAssembly");
+  guide.paper(preview.pages(), "paper-ProdAssembly");
   preview.close();
   guide.rest(20);
   findDocuments(guide, screen, "find-production");
