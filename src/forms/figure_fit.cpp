@@ -63,8 +63,12 @@ class FigureFit : public QObject {
 QFont fittedFigureFont(const QFont& own, const QString& figure, int room) {
   const int needed = QFontMetrics(own).horizontalAdvance(figure);
   QFont font = own;
-  if (room > 0 && needed > room)
-    font.setPointSizeF(std::floor(4 * own.pointSizeF() * std::max(smallest, double(room) / needed)) / 4);
+  if (room <= 0 || needed <= room) return font;
+  constexpr double step = 0.25;  // points; what a size is wide is not told by its number alone
+  const double least = std::floor(own.pointSizeF() * smallest / step) * step;
+  font.setPointSizeF(std::floor(own.pointSizeF() * std::max(smallest, double(room) / needed) / step) * step);
+  while (font.pointSizeF() > least && QFontMetrics(font).horizontalAdvance(figure) > room)
+    font.setPointSizeF(font.pointSizeF() - step);
   return font;
 }
 
