@@ -151,6 +151,7 @@ CountDifferences::CountDifferences(const std::vector<CountDocument>& documents, 
   column->addLayout(row);
   connect(save, &QPushButton::clicked, this, &QDialog::accept);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  save->setFocus();  // Enter saves; in the lines it would do nothing
   resize(900, 560);
 }
 

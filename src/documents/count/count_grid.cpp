@@ -88,7 +88,12 @@ CountGrid::CountGrid(CountSheet& sheet, QWidget* parent) : SheetGrid(parent), ro
 void CountGrid::setNotCounted(NotCounted notCounted) {
   cancelEdit();
   rows_.setNotCounted(notCounted);
+  showItems();
+}
+
+void CountGrid::showItems() {
   showRows();
+  if (rows_.rowCount() > 0) setCurrentCell(0, Counted);
 }
 
 void CountGrid::showCount(std::size_t listed) {

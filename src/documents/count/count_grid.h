@@ -38,6 +38,8 @@ class CountGrid : public frame::SheetGrid {
   explicit CountGrid(CountSheet& sheet, QWidget* parent = nullptr);
 
   void setNotCounted(NotCounted notCounted);
+  // The items that are listed now, the first count being the current cell.
+  void showItems();
   // The item's line becomes the current one and shows its count.
   void showCount(std::size_t listed);
 

@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTimeEdit>
 
 #include "documents/count/count_differences.h"
@@ -16,7 +17,7 @@
 #include "forms/wait_cursor.h"
 #include "frame/items/scan_listener.h"
 #include "printing/preview_window.h"
-#include "text/format.h"
+#include "text/number.h"
 
 // What the count sheet does; how it looks is in count_screen_layout.cpp.
 namespace velmo::documents {
@@ -32,7 +33,7 @@ CountScreen::CountScreen(session::Workplace& workplace, ReadCounts readCounts, Q
   workplace_.context.Costs.arm();
   takeMoment(workplace_.clock.now());
   connectAll();
-  grid_->focusFirstCell();
+  grid_->focusCurrentCell();
 }
 
 CountScreen::~CountScreen() {
@@ -74,6 +75,11 @@ void CountScreen::connectAll() {
   connect(bringIn_, &QPushButton::clicked, this, &CountScreen::bringIn);
   connect(differences_, &QPushButton::clicked, this, &CountScreen::showDifferences);
   connect(clear_, &QPushButton::clicked, this, &CountScreen::clear);
+  for (const auto& [keys, button] : {std::pair{Qt::Key_S, differences_}, std::pair{Qt::Key_P, print_}}) {
+    auto* shortcut = new QShortcut(Qt::CTRL | keys, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
+  }
   auto* scanner = new frame::ScanListener(*this, [](const QWidget&) { return true; });
   connect(scanner, &frame::ScanListener::scanned, this, &CountScreen::scan);
 }
@@ -97,7 +103,7 @@ void CountScreen::readBookNow() {
     const forms::WaitCursor wait;
     grid_->cancelEdit();
     sheet_.setBook(readBook(workplace_.context.KORDconn, place()));
-    grid_->showRows();
+    grid_->showItems();
     later_->setText(laterWords());
     later_->setVisible(!later_->text().isEmpty());
     countChanged();
@@ -121,7 +127,7 @@ QString CountScreen::laterWords() const {
 void CountScreen::listCategory() {
   grid_->cancelEdit();
   sheet_.list(store::textOf(categories_->boundValue()));
-  grid_->showRows();
+  grid_->showItems();
   countChanged();
 }
 
@@ -150,12 +156,12 @@ void CountScreen::scan(const QString& code) {
     QApplication::beep();
     return tell(tr("No item that is kept in stock has the code %1.").arg(wanted));
   }
-  if (sheet_.size() != before) grid_->showRows();
+  if (sheet_.size() != before) grid_->showItems();
   grid_->showCount(*place);
   const CountSheet::Line& line = sheet_.line(*place);
   tell(tr("%1  %2: %3 counted")
            .arg(QString::fromStdString(line.goods.code), QString::fromStdString(line.goods.name),
-                QString::fromStdString(text::formatNumber(*line.counted, "#,##0.##"))));
+                QString::fromStdString(text::numberText(*line.counted))));
   countChanged();
 }
 
@@ -175,7 +181,7 @@ void CountScreen::bringIn() {
   const std::map<std::string, double> counts = readCounts_(workplace_, this);
   if (counts.empty()) return;
   const std::size_t taken = sheet_.countAll(counts);
-  grid_->showRows();
+  grid_->showItems();
   tell(tr("%L1 counts were brought in.").arg(taken));
   countChanged();
 }

@@ -56,6 +56,7 @@ QWidget* CountScreen::buildPlace() {
   day_ = new forms::DatePicker;
   day_->setObjectName("TrDate");
   row->addWidget(forms::captionFor(*day_, tr("Book Quantity As At")));
+  day_->setMinimumWidth(day_->sizeHint().width());
   row->addWidget(day_);
   time_ = new QTimeEdit;
   time_->setObjectName("TrTime");
@@ -106,7 +107,6 @@ QHBoxLayout* CountScreen::buildCommands() {
   row->addWidget(nil_);
   row->addSpacing(forms::spacing::Section);
   print_ = button("PrintBttn", tr("&Print Sheet"), tr("Prints the listed items with room for the counts (Ctrl+P)"));
-  print_->setShortcut(Qt::CTRL | Qt::Key_P);
   bookOnPaper_ = new QCheckBox(tr("&With book quantity"));
   bookOnPaper_->setObjectName("BookOption");
   bookOnPaper_->setChecked(true);
