@@ -13,16 +13,16 @@ namespace {
 // A word behind @ stands for a colour or a picture. Every field has the same outline of 1 px, 2 px with the focus; the
 // padding gives way so that nothing moves.
 constexpr const char* sheet = R"(
-QLineEdit, QPlainTextEdit, QTextEdit, QComboBox, QDateEdit, QSpinBox {
+QLineEdit, QPlainTextEdit, QTextEdit, QComboBox, QDateEdit, QTimeEdit, QSpinBox {
   border: 1px solid @border; border-radius: 5px; padding: 4px 6px; background: @base; color: @text;
   selection-background-color: @accent; selection-color: @onAccent; }
 QComboBox, QDateEdit { padding-right: 2px; }
-QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QComboBox:focus, QComboBox:on, QDateEdit:focus, QSpinBox:focus {
+QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QComboBox:focus, QComboBox:on, QDateEdit:focus, QTimeEdit:focus, QSpinBox:focus {
   border: 2px solid @accent; padding: 3px 5px; }
 QComboBox:focus, QComboBox:on, QDateEdit:focus { padding-right: 1px; }
 QLineEdit:read-only, QLineEdit:disabled, QComboBox:disabled, QDateEdit:disabled {
   background: @window; color: @readOnlyText; }
-QComboBox QLineEdit, QDateEdit QLineEdit, QSpinBox QLineEdit { border: none; padding: 0; background: transparent; }
+QComboBox QLineEdit, QDateEdit QLineEdit, QTimeEdit QLineEdit, QSpinBox QLineEdit { border: none; padding: 0; background: transparent; }
 QComboBox::drop-down, QDateEdit::drop-down { border: none; width: 22px; subcontrol-origin: padding; subcontrol-position: center right; }
 QComboBox::down-arrow, QDateEdit::down-arrow { image: url(@chevron); width: 12px; height: 12px; }
 QComboBox QAbstractItemView { border: 1px solid @border; background: @base; outline: 0; padding: 2px; }

@@ -96,9 +96,10 @@ QString summaryOf(const std::vector<CountDocument>& documents) {
     }
     if (count > 0)
       words << QStringLiteral("%1 with %L2 %3 and a value of %4")
-                   .arg(count == 1
-                            ? (added ? QStringLiteral("One document adds") : QStringLiteral("One document reduces"))
-                            : QStringLiteral("%L1 documents %2").arg(count).arg(added ? "add" : "reduce"))
+                   .arg(count == 1 ? QStringLiteral("%1 document %2")
+                                         .arg(words.isEmpty() ? QStringLiteral("One") : QStringLiteral("one"))
+                                         .arg(added ? QStringLiteral("adds") : QStringLiteral("reduces"))
+                                   : QStringLiteral("%L1 documents %2").arg(count).arg(added ? "add" : "reduce"))
                    .arg(lines)
                    .arg(lines == 1 ? QStringLiteral("line") : QStringLiteral("lines"), figure(total));
   }

@@ -56,12 +56,15 @@ QWidget* CountScreen::buildPlace() {
   day_ = new forms::DatePicker;
   day_->setObjectName("TrDate");
   row->addWidget(forms::captionFor(*day_, tr("Book Quantity As At")));
-  day_->setMinimumWidth(day_->sizeHint().width());
+  constexpr int aroundDate = 52;  // frame, padding and arrow
+  day_->ensurePolished();
+  day_->setMinimumWidth(day_->fontMetrics().horizontalAdvance(QStringLiteral("00-00-0000")) + aroundDate);
   row->addWidget(day_);
   time_ = new QTimeEdit;
   time_->setObjectName("TrTime");
   time_->setAccessibleName(tr("Time of the book quantity"));
   time_->setDisplayFormat(QStringLiteral("HH:mm:ss"));
+  time_->setButtonSymbols(QAbstractSpinBox::NoButtons);
   row->addWidget(time_);
   take_ = new QPushButton(tr("Now"));
   take_->setObjectName("TakeBttn");

@@ -104,7 +104,7 @@ TEST_F(CountDesk, BringsTheBooksToWhatWasCountedAndLeavesTheRest) {
   EXPECT_EQ(shown(), (Rows{"H1|100.00|97.00|(3.00)|", "N1|20.00|||", "P1|0.00|2.00|2.00|"}));
   showDifferences([this](QDialog& dialog) {
     EXPECT_EQ(dialog.findChild<QLabel*>("SummaryLbl")->text().toStdString(),
-              "One document adds with 1 line and a value of 0.00; One document reduces with 1 line and a value of "
+              "One document adds with 1 line and a value of 0.00; one document reduces with 1 line and a value of "
               "300.00.");
     EXPECT_EQ(saved(), Rows{}) << "shown before it is saved";
   });
