@@ -36,8 +36,7 @@ class InvoiceCompany {
         "INSERT INTO StockLevel3 (ItemCode, ItemName, Description, SellingPrice, PurchasePrice, Unit, Status, CatID, "
         "SubCatID) VALUES ('N1', 'Nail', '', 0.335, 0.1, 'Pcs', No, 'TOO', 'TOO01')",
         "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, D1, UserAdded, UserEdited) "
-        "VALUES "
-        "(1, #10-05-2026#, 93, 1, No, Yes, 'PO-9', 1, 1)",
+        "VALUES (1, #10-05-2026#, 93, 1, No, Yes, 'PO-9', 1, 1)",
         "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, UserEdited) VALUES "
         "(1, #01-01-2026#, 45, 1, No, No, 1, 1)",
         "INSERT INTO Users (UserID, UserName) VALUES (2, 'Clerk')",

@@ -39,16 +39,15 @@ void workWithoutEnd(unsigned seed) {
 std::vector<std::string> torn(test::PlainFile& file) {
   return test::plainTexts(
       file,
-      "with doc as (select t.TranNo, t.TranType, t.TrAmount, "
-      "(select coalesce(sum(GrossAmt), 0) from StockFlow s where s.TranNo = t.TranNo and (t.TranType <> 43 or StockOut "
-      "is not null)) as Gross, (select count(*) from StockFlow s where s.TranNo = t.TranNo and StockOut is not null) "
-      "as "
-      "Outs, (select count(*) from StockFlow s where s.TranNo = t.TranNo and StockIn is not null) as Ins, (select "
-      "count(*) from SubTransactions l where l.TranNo = t.TranNo) as Ledger, (select coalesce(sum(Debit), 0) from "
-      "SubTransactions l where l.TranNo = t.TranNo) as Debits, (select coalesce(sum(Credit), 0) from SubTransactions l "
-      "where l.TranNo = t.TranNo) as Credits from Transactions t where t.TranType in (43, 45, 47)) select * from doc "
-      "where abs(TrAmount - Gross) > 0.001 or (TranType = 43 and (Outs <> Ins or Ledger <> 0)) or (TranType <> 43 and "
-      "(Ledger <> 2 or abs(Debits - TrAmount) > 0.001 or abs(Credits - TrAmount) > 0.001)) or Outs + Ins = 0");
+      "with doc as (select t.TranNo, t.TranType, t.TrAmount, (select coalesce(sum(GrossAmt), 0) from StockFlow s where "
+      "s.TranNo = t.TranNo and (t.TranType <> 43 or StockOut is not null)) as Gross, (select count(*) from StockFlow s "
+      "where s.TranNo = t.TranNo and StockOut is not null) as Outs, (select count(*) from StockFlow s where s.TranNo = "
+      "t.TranNo and StockIn is not null) as Ins, (select count(*) from SubTransactions l where l.TranNo = t.TranNo) as "
+      "Ledger, (select coalesce(sum(Debit), 0) from SubTransactions l where l.TranNo = t.TranNo) as Debits, (select "
+      "coalesce(sum(Credit), 0) from SubTransactions l where l.TranNo = t.TranNo) as Credits from Transactions t where "
+      "t.TranType in (43, 45, 47)) select * from doc where abs(TrAmount - Gross) > 0.001 or (TranType = 43 and (Outs "
+      "<> Ins or Ledger <> 0)) or (TranType <> 43 and (Ledger <> 2 or abs(Debits - TrAmount) > 0.001 or abs(Credits - "
+      "TrAmount) > 0.001)) or Outs + Ins = 0");
 }
 
 TEST(StockAfterKill, EveryDocumentIsThereWholeOrNotAtAll) {

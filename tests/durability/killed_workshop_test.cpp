@@ -103,15 +103,13 @@ std::vector<std::string> torn(test::PlainFile& file) {
       file,
       "with doc as (select t.TranNo, t.TranType, t.TrAmount, t.Discount, t.Cancel, (select coalesce(sum(GrossAmt), 0) "
       "from StockFlow s where s.TranNo = t.TranNo and StockOut is not null) as Material, (select "
-      "coalesce(sum(GrossAmt), "
-      "0) from StockFlow s where s.TranNo = t.TranNo and StockIn is not null) as Made, (select coalesce(sum(Debit), 0) "
-      "from SubTransactions l where l.TranNo = t.TranNo) as Debits, (select coalesce(sum(Credit), 0) from "
-      "SubTransactions l where l.TranNo = t.TranNo) as Credits from Transactions t where t.TranType in (42, 95)) "
-      "select "
-      "* from doc where abs(Discount - Material) > 0.001 or (TranType = 95 and (Debits + Credits <> 0 or Cancel = 0 or "
-      "abs(TrAmount - Material - 8) > 0.001)) or (TranType = 42 and (abs(TrAmount - Made) > 0.001 or abs(Debits - "
-      "Made) "
-      "> 0.001 or abs(Credits - Made) > 0.001 or abs(Made - Material - 16) > 0.001))");
+      "coalesce(sum(GrossAmt), 0) from StockFlow s where s.TranNo = t.TranNo and StockIn is not null) as Made, (select "
+      "coalesce(sum(Debit), 0) from SubTransactions l where l.TranNo = t.TranNo) as Debits, (select "
+      "coalesce(sum(Credit), 0) from SubTransactions l where l.TranNo = t.TranNo) as Credits from Transactions t where "
+      "t.TranType in (42, 95)) select * from doc where abs(Discount - Material) > 0.001 or (TranType = 95 and (Debits "
+      "+ Credits <> 0 or Cancel = 0 or abs(TrAmount - Material - 8) > 0.001)) or (TranType = 42 and (abs(TrAmount - "
+      "Made) > 0.001 or abs(Debits - Made) > 0.001 or abs(Credits - Made) > 0.001 or abs(Made - Material - 16) > "
+      "0.001))");
 }
 
 TEST(WorkshopAfterKill, EveryDocumentIsThereWholeOrNotAtAll) {

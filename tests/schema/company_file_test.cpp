@@ -59,22 +59,20 @@ TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
       "DROP TABLE AccountPending; DROP TABLE StockPending; DROP TABLE StockYears; DROP TABLE ReceiptPending; DROP "
       "TABLE ReceiptDays; DROP TABLE ReceiptMonths; DROP TABLE ReceiptYears; DROP TABLE ReceiptAdded; DROP INDEX "
       "StockFlow_ApartStockIn; DROP INDEX StockFlow_Serials; CREATE TRIGGER AccountTotalsTransactionsMoved AFTER "
-      "UPDATE OF Cancel ON Transactions "
-      "BEGIN UPDATE AccountDays SET Debit = 0; END; PRAGMA user_version = 4";
+      "UPDATE OF Cancel ON Transactions BEGIN UPDATE AccountDays SET Debit = 0; END; PRAGMA user_version = 4";
   const std::pair<const char*, std::string> earlier[] = {
-      {"Account", withoutAccounts + "; DROP TABLE Settings; DROP INDEX StockFlow_Serials; DROP INDEX "
-                                    "StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON "
-                                    "StockLevel3 (SubCatID); PRAGMA user_version = 1"},
+      {"Account",
+       withoutAccounts + "; DROP TABLE Settings; DROP INDEX StockFlow_Serials; DROP INDEX StockLevel3_SubCatID; CREATE "
+                         "INDEX StockLevel3_SubCatID ON StockLevel3 (SubCatID); PRAGMA user_version = 1"},
       {"", asVersion4},
       {"",
        "DROP TABLE PlaceDays; DROP TABLE PlaceMonths; DROP TABLE PlaceYears; DROP TABLE PlacePending; DROP TABLE "
        "PlaceAdded; DROP TABLE KindDays; DROP TABLE KindMonths; DROP TABLE KindYears; DROP TABLE KindPending; DROP "
        "TABLE KindAdded; DROP TABLE OpenInvoices; DROP TABLE OpenBills; DROP INDEX StockFlow_ApartKind; DROP INDEX "
-       "StockFlow_Serials; DROP INDEX "
-       "OpenInvoices_Groupless; DROP INDEX OpenBills_Groupless; DROP INDEX Transactions_PartyCode2; DROP INDEX "
-       "Transactions_TranType; CREATE INDEX Transactions_TranType ON Transactions (TranType, FYID, DocNo); DROP INDEX "
-       "AgingDr_TranDate; DROP INDEX AgingCr_PartyCode; CREATE INDEX AgingCr_PartyCode ON AgingCr (PartyCode, DocNo); "
-       "PRAGMA user_version = 5"}};
+       "StockFlow_Serials; DROP INDEX OpenInvoices_Groupless; DROP INDEX OpenBills_Groupless; DROP INDEX "
+       "Transactions_PartyCode2; DROP INDEX Transactions_TranType; CREATE INDEX Transactions_TranType ON Transactions "
+       "(TranType, FYID, DocNo); DROP INDEX AgingDr_TranDate; DROP INDEX AgingCr_PartyCode; CREATE INDEX "
+       "AgingCr_PartyCode ON AgingCr (PartyCode, DocNo); PRAGMA user_version = 5"}};
   for (const auto& [triggersOf, sql] : earlier) {
     test::NewCompany company;
     company.connection.execute("INSERT INTO Transactions (TranNo, TranDate, FYID) VALUES (900, #11-22-2026#, 1)");
@@ -84,8 +82,7 @@ TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
     const std::vector<std::string> current = layoutOf(file);
     const std::string triggers = test::past(
         file,
-        "SELECT group_concat('DROP TRIGGER ' || name, '; ') FROM sqlite_schema WHERE type = 'trigger' AND name "
-        "LIKE '" +
+        "SELECT group_concat('DROP TRIGGER ' || name, '; ') FROM sqlite_schema WHERE type = 'trigger' AND name LIKE '" +
             std::string(triggersOf) + "%'");
     test::past(file, triggers + "; " + sql);
     ASSERT_NE(layoutOf(file), current);

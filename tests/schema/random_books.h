@@ -21,9 +21,8 @@ class RandomBooks : public testing::Test {
  protected:
   RandomBooks() {
     run("INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) SELECT 12001100 + value, 'Customer ' || value, "
-        "120, "
-        "12001 FROM (WITH RECURSIVE n(value) AS (SELECT 1 UNION ALL SELECT value + 1 FROM n WHERE value < 6) SELECT * "
-        "FROM n)");
+        "120, 12001 FROM (WITH RECURSIVE n(value) AS (SELECT 1 UNION ALL SELECT value + 1 FROM n WHERE value < 6) "
+        "SELECT * FROM n)");
   }
 
   void run(const std::string& sql) {
@@ -81,10 +80,8 @@ class RandomBooks : public testing::Test {
   void addLines(const std::string& document) {
     run("INSERT INTO SubTransactions (TranNo, AccCode, Debit, Credit) VALUES (" + document + ", " + anyAccount() +
         ", " + anyAmount() + ", " + anyAmount() +
-        "); INSERT INTO StockFlow (TranNo, LocationID, ItemCode, StockIn, StockOut, "
-        "ItemValue) VALUES (" +
-        document + ", " + anyPlace() + ", " + anyItem() + ", " + anyQuantity() + ", " + anyQuantity() + ", " +
-        anyAmount() + ")");
+        "); INSERT INTO StockFlow (TranNo, LocationID, ItemCode, StockIn, StockOut, ItemValue) VALUES (" + document +
+        ", " + anyPlace() + ", " + anyItem() + ", " + anyQuantity() + ", " + anyQuantity() + ", " + anyAmount() + ")");
     for (const char* table : {"AgingDr", "AgingCr"}) addOpenItem(table, document);
   }
   void addOpenItem(const std::string& table, const std::string& document) {

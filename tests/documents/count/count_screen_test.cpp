@@ -86,9 +86,9 @@ class CountDesk : public testing::Test {
   }
   Rows saved() {
     return office.rows(
-        "select trantype, docno, trandate, stockin, stockout, rate, itemvalue, itemcode, locationid from "
-        "transactions inner join stockflow on transactions.tranno = stockflow.tranno where trantype = "
-        "45 or trantype = 47 order by trantype, docno, serial");
+        "select trantype, docno, trandate, stockin, stockout, rate, itemvalue, itemcode, locationid from transactions "
+        "inner join stockflow on transactions.tranno = stockflow.tranno where trantype = 45 or trantype = 47 order by "
+        "trantype, docno, serial");
   }
 
   StockCompany office;
@@ -103,9 +103,9 @@ TEST_F(CountDesk, BringsTheBooksToWhatWasCountedAndLeavesTheRest) {
   scan("P1");
   EXPECT_EQ(shown(), (Rows{"H1|100.00|97.00|(3.00)|", "N1|20.00|||", "P1|0.00|2.00|2.00|"}));
   showDifferences([this](QDialog& dialog) {
-    EXPECT_EQ(dialog.findChild<QLabel*>("SummaryLbl")->text().toStdString(),
-              "One document adds with 1 line and a value of 0.00; One document reduces with 1 line and a value of "
-              "300.00.");
+    EXPECT_EQ(
+        dialog.findChild<QLabel*>("SummaryLbl")->text().toStdString(),
+        "One document adds with 1 line and a value of 0.00; One document reduces with 1 line and a value of 300.00.");
     EXPECT_EQ(saved(), Rows{}) << "shown before it is saved";
   });
   EXPECT_EQ(saved(), Rows{}) << "and given up";
@@ -135,9 +135,8 @@ TEST_F(CountDesk, TakesWhatWasNotCountedAsNilOnlyWhenTold) {
 
 TEST_F(CountDesk, TellsWhatMovedLaterAndKeepsItApart) {
   NewCompany::run(
-      {"INSERT INTO Transactions (TranNo, DocNo, TranDate, TranType, FYID, Cancel, InvLedger, TimeAdded, "
-       "TimeEdited) VALUES (901, 17, #11-22-2026#, 32, 1, No, No, #11-22-2026 11:00:00#, #11-22-2026 "
-       "11:00:00#)",
+      {"INSERT INTO Transactions (TranNo, DocNo, TranDate, TranType, FYID, Cancel, InvLedger, TimeAdded, TimeEdited) "
+       "VALUES (901, 17, #11-22-2026#, 32, 1, No, No, #11-22-2026 11:00:00#, #11-22-2026 11:00:00#)",
        "INSERT INTO StockFlow (TranNo, ItemCode, StockOut, LocationID) VALUES (901, 'H1', 5, 1)"});
   count(0, "98");
   showDifferences([](QDialog& dialog) {
@@ -200,8 +199,7 @@ TEST(CountDocuments, HoldFiveHundredLinesEachAndAreThereTogether) {
     store::Connection::Transaction transaction(office.context.KORDconn);
     for (int item = 0; item < items; ++item)
       office.context.KORDconn.execute(
-          "INSERT INTO StockLevel3 (ItemCode, ItemName, Status, CatID, SubCatID, "
-          "ValuationCost2) VALUES ('C" +
+          "INSERT INTO StockLevel3 (ItemCode, ItemName, Status, CatID, SubCatID, ValuationCost2) VALUES ('C" +
           std::to_string(10000 + item) + "', 'Many', No, 'TOO', 'TOO01', 1)");
     transaction.commit();
   }

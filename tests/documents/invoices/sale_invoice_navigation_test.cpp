@@ -26,14 +26,12 @@ void post(InvoiceCompany& shop, int docNo, const std::string& customer, int quan
                     name = store::quoted(customer), day = "#05-" + std::to_string(20 - docNo) + "-2026#";
   const auto run = [&shop](const std::string& statement) { shop.context.KORDconn.execute(statement); };
   run("INSERT INTO Transactions (TranNo, DocNo, DocNo2, TranDate, TranType, FYID, PartyCode, PartyCode2, Text1, "
-      "Text12, "
-      "LocationFrom, TrAmount, Balance, UserAdded, UserEdited) VALUES (" +
+      "Text12, LocationFrom, TrAmount, Balance, UserAdded, UserEdited) VALUES (" +
       key + ", " + no + ", " + no + ", " + day + ", 32, 1, 40001001, 12001003, " + name + ", '1', 1, " + total + ", " +
       total + ", 1, 1)");
   for (int serial = 1; serial <= lines; ++serial)
     run("INSERT INTO StockFlow (TranNo, Serial, ItemCode, ItemName, StockOut, Unit, Rate, GrossAmt, DiscAmt, "
-        "ItemValue, "
-        "LocationID) VALUES (" +
+        "ItemValue, LocationID) VALUES (" +
         key + ", " + std::to_string(serial) + ", 'H1', 'Hammer', " + std::to_string(quantity) + ", 'Pcs', 50, " + each +
         ", 0, " + each + ", 1)");
   run("INSERT INTO SubTransactions (TranNo, AccCode, AccName, Debit) VALUES (" + key + ", 12001003, " + name + ", " +

@@ -227,8 +227,7 @@ TEST(Counter, RemembersHowItWorksAndASlipWhosePrinterIsGoneIsShown) {
   counter.press("PrintBill_0");
   shop.prompts.expect(
       "Cannot Print",
-      "The printer \"Till 'printer'\" is not there any more. The invoice is saved, and its slip is shown "
-      "instead.");
+      "The printer \"Till 'printer'\" is not there any more. The invoice is saved, and its slip is shown instead.");
   counter.pay("5");
   EXPECT_EQ(shop.one("select tramount from transactions where trantype=32"), "3.35");
   int previews = 0;

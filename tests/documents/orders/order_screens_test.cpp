@@ -206,10 +206,10 @@ TEST(OrderPapers, FindVehicleAndDriverInPlaceOfAnAmount) {
 TEST(OrderPapers, ReferencesBringTheirDatesAndQuotationsTheSalesOfBothKinds) {
   Office office;
   NewCompany::run(
-      {"INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, D1, UserAdded, "
-       "UserEdited) VALUES (3, #10-05-2026#, 93, 1, No, Yes, 'PO-9', 1, 1)",
-       "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, "
-       "UserEdited) VALUES (3, #10-06-2026#, 92, 1, No, Yes, 1, 1)",
+      {"INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, D1, UserAdded, UserEdited) "
+       "VALUES (3, #10-05-2026#, 93, 1, No, Yes, 'PO-9', 1, 1)",
+       "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, UserEdited) VALUES "
+       "(3, #10-06-2026#, 92, 1, No, Yes, 1, 1)",
        "INSERT INTO Transactions (TranNo, DocNo, TranDate, TranType, FYID, Cancel, InvLedger) VALUES (900, 1, "
        "#10-06-2026#, 31, 1, No, No)",
        "INSERT INTO StockFlow (TranNo, ItemCode, StockOut, Rate) VALUES (900, 'H1', 1, 49)"});
@@ -343,9 +343,8 @@ TEST_F(Chain, TakesNoLinesFullSheetsTheLastDayAndADayOutsideTheYear) {
   const std::string full = office.tranNo(93, 2);
   for (int serial = 2; serial <= 500; ++serial)
     office.context.KORDconn.execute(
-        "INSERT INTO StockFlow (TranNo, Serial, ItemCode, ItemName, StockOut, ItemValue) "
-        "VALUES (" +
-        full + ", " + std::to_string(serial) + ", 'N1', 'Nail', 1, 0.01)");
+        "INSERT INTO StockFlow (TranNo, Serial, ItemCode, ItemName, StockOut, ItemValue) VALUES (" + full + ", " +
+        std::to_string(serial) + ", 'N1', 'Nail', 1, 0.01)");
   office.clock.moment = office.context.FinancialYearEnd;
   office.show(order, full);
   EXPECT_EQ(converted(), "DeliveryChallans");
@@ -402,9 +401,9 @@ TEST_F(Chain, TheChallanOfAnInvoiceIsItsSecondReference) {
   EXPECT_EQ(office.screens.opened, "");
   invoice.press("SaveBttn");
   office.show(invoice, office.tranNo(32));
-  office.prompts.expect("Record Not Found",
-                        "Delivery Challan No. 17 is not there any more. It may have been deleted, or "
-                        "its number changed.");
+  office.prompts.expect(
+      "Record Not Found",
+      "Delivery Challan No. 17 is not there any more. It may have been deleted, or its number changed.");
   arrow.trigger();
 }
 

@@ -52,9 +52,8 @@ class Workshop {
     for (const std::string& row : shop_.rows(
              "select T.docno, T.tramount, Sum(IIf(IsNull(S.debit),0,S.debit)) as Debits, "
              "Sum(IIf(IsNull(S.credit),0,S.credit)) as Credits, T.discount+T.carriage+T.received+T.balance as Cost "
-             "from "
-             "transactions as T inner join subtransactions as S on T.tranno = S.tranno where T.trantype=42 group by "
-             "T.tranno, T.docno, T.tramount, T.discount, T.carriage, T.received, T.balance")) {
+             "from transactions as T inner join subtransactions as S on T.tranno = S.tranno where T.trantype=42 group "
+             "by T.tranno, T.docno, T.tramount, T.discount, T.carriage, T.received, T.balance")) {
       std::vector<std::string> fields;
       std::stringstream stream(row);
       for (std::string field; std::getline(stream, field, '|');) fields.push_back(field);
@@ -83,12 +82,11 @@ class Workshop {
   // Every line is looked at by itself, and no total that the file keeps.
   void checkItem(const std::string& item) {
     test::ExactDecimal in, out, quantity, value;
-    store::Recordset lines(
-        shop_.context.KORDconn,
-        "select T.trantype, T.cancel, T.invledger, S.stockin, S.stockout, S.itemvalue from stockflow as "
-        "S inner join transactions as T on S.tranno = T.tranno where S.itemcode = '" +
-            item + "'",
-        store::LockType::ReadOnly);
+    store::Recordset lines(shop_.context.KORDconn,
+                           "select T.trantype, T.cancel, T.invledger, S.stockin, S.stockout, S.itemvalue from "
+                           "stockflow as S inner join transactions as T on S.tranno = T.tranno where S.itemcode = '" +
+                               item + "'",
+                           store::LockType::ReadOnly);
     for (; !lines.eof(); lines.moveNext()) {
       const std::int64_t type = lines.integer("trantype");
       if (lines.yes("cancel") || type == 95) continue;

@@ -30,15 +30,14 @@ class ProductionScreen : public testing::Test {
   }
   std::vector<std::string> lines(const char* docNo = "1") {
     return shop.rows(
-        "select S.serial, S.itemcode, S.stockin, S.stockout, S.rate, S.grossamt, S.itemvalue, S.jobid from "
-        "stockflow as S inner join transactions as T on S.tranno = T.tranno where T.trantype=42 and "
-        "T.docno=" +
+        "select S.serial, S.itemcode, S.stockin, S.stockout, S.rate, S.grossamt, S.itemvalue, S.jobid from stockflow "
+        "as S inner join transactions as T on S.tranno = T.tranno where T.trantype=42 and T.docno=" +
         std::string(docNo) + " order by S.stockin, S.serial");
   }
   std::vector<std::string> ledger(const char* docNo = "1") {
     return shop.rows(
-        "select S.acccode, S.accname, S.desc, S.debit, S.credit from subtransactions as S inner join "
-        "transactions as T on S.tranno = T.tranno where T.trantype=42 and T.docno=" +
+        "select S.acccode, S.accname, S.desc, S.debit, S.credit from subtransactions as S inner join transactions as T "
+        "on S.tranno = T.tranno where T.trantype=42 and T.docno=" +
         std::string(docNo) + " order by S.serial");
   }
   test::WorkshopCompany shop;

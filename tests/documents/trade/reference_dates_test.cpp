@@ -87,9 +87,7 @@ TEST(ReferenceDates, AreFoundInBothFormsAndShownInOne) {
     const std::string tranNo = saveReturn(shop, screen, kind.number, kind.day);
     for (const char* stored : {"10/3/2026", "03-10-2026"}) {
       bare(shop, "update Transactions set " + std::string(kind.column) + " = '" + stored +
-                     "', TimeAdded = '2026-10-03 "
-                     "14:07:09' where TranNo = " +
-                     tranNo);
+                     "', TimeAdded = '2026-10-03 14:07:09' where TranNo = " + tranNo);
       screen.withFind(kind.screen, [&](QDialog& find) {
         auto& columns = *find.findChild<QComboBox*>("ColList");
         columns.setCurrentIndex(columns.findText(kind.searched));

@@ -196,8 +196,7 @@ class Desk {
     Rows all;
     for (const std::string& statement :
          {"select DocNo, TranDate, Nature, D1, D2, PartyCode, PartyCode2, Text1, Text4, Text7, Text12, Discount, "
-          "Carriage, "
-          "TrAmount, Received, Balance, WordsAmt, Cancel, InvLedger from Transactions" +
+          "Carriage, TrAmount, Received, Balance, WordsAmt, Cancel, InvLedger from Transactions" +
               of,
           "select Serial, ItemCode, StockIn, StockOut, Rate, GrossAmt, DiscRate, DiscAmt, ItemValue from StockFlow" +
               of + " order by FlowID",

@@ -52,14 +52,13 @@ class AccBalPrint : public testing::Test, protected test::BalancesCompany {
 
 TEST_F(AccBalPrint, SixColumnsStandUnderTheirTypes) {
   run("update AccLevel3 set AccName='A name that is so long that it takes two lines of the print-out, although there "
-      "is "
-      "room for more than one hundred characters in a line of it' where AccCode=12002001");
+      "is room for more than one hundred characters in a line of it' where AccCode=12002001");
   EXPECT_EQ(body(accBalRpt, hierarchy(sixColumnHierarchy(period, AccountsOfType{120})), "AccBalRpt"),
             (Lines{"= 120|Customers|2,835.50|Debit", "- 12001|Trade Customers|780.50|Debit",
                    "12001002|O'Brien & Sons|1,080.50|Debit|0.00|300.00|780.50|Debit",
                    "- 12002|Export Customers|2,055.00|Debit",
-                   "12002001|A name that is so long that it takes two lines of the print-out, although there is|"
-                   "0.00|Debit|2,000.00|0.00|2,000.00|Debit",
+                   "12002001|A name that is so long that it takes two lines of the print-out, although there "
+                   "is|0.00|Debit|2,000.00|0.00|2,000.00|Debit",
                    "room for more than one hundred characters in a line of it",
                    "12002002|Nobody's|0.00|Debit|55.00|0.00|55.00|Debit",
                    "- Totals Rs.|0.00|Debit|2,055.00|300.00|1,012.34|Credit"}))

@@ -200,8 +200,7 @@ std::string ordersWithLines(Recordset orders) {
 
 constexpr const char* linesOfOrders =
     "SHAPE {SELECT OrderNo FROM Orders ORDER BY OrderNo} APPEND ({SELECT * FROM Lines WHERE Qty < 90 ORDER BY Qty "
-    "DESC} "
-    "RELATE OrderNo TO OrderNo) AS L";
+    "DESC} RELATE OrderNo TO OrderNo) AS L";
 
 // The store finds the lines of an order by index: they are read when they are asked for, and no others.
 TEST(Hierarchy, RowsThatAnIndexFindsAreReadParentByParentAndStandAsAtTheOpening) {

@@ -36,15 +36,14 @@ class PendingItems : public testing::Test {
     const std::string tranNo = company_.one("select tranno from transactions where trantype=" + type +
                                             " and docno=" + std::to_string(written_));
     const bool bill = !isReceipt(kind);
-    company_.context.KORDconn.execute(
-        std::string("INSERT INTO ") + (bill ? "AgingCr" : "AgingDr") + " (TranNo, DocNo, DocNo2, " +
-        (bill ? "VendorInvNo, " : "") +
-        "TranDate, TranDate2, PartyCode, TranType, TrAmount, [Return], Payment, WHTax, AdvAdj, Discount, TotPayment, "
-        "FYID) VALUES (" +
-        tranNo + ", " + std::to_string(against.docNo) + ", " + std::to_string(written_) + ", " +
-        (bill ? "'" + std::string(against.number) + "', " : "") + "#" + against.day + "#, #05-01-2026#, " +
-        std::to_string(against.party) + ", " + type + ", 0, " + against.amounts + ", " + std::to_string(against.year) +
-        ")");
+    company_.context.KORDconn.execute(std::string("INSERT INTO ") + (bill ? "AgingCr" : "AgingDr") +
+                                      " (TranNo, DocNo, DocNo2, " + (bill ? "VendorInvNo, " : "") +
+                                      "TranDate, TranDate2, PartyCode, TranType, TrAmount, [Return], Payment, WHTax, "
+                                      "AdvAdj, Discount, TotPayment, FYID) VALUES (" +
+                                      tranNo + ", " + std::to_string(against.docNo) + ", " + std::to_string(written_) +
+                                      ", " + (bill ? "'" + std::string(against.number) + "', " : "") + "#" +
+                                      against.day + "#, #05-01-2026#, " + std::to_string(against.party) + ", " + type +
+                                      ", 0, " + against.amounts + ", " + std::to_string(against.year) + ")");
   }
 
   Rows pending(const SettlementKind& kind, std::int64_t party) {

@@ -61,9 +61,7 @@ TEST(SettlementScreen, AStoredAmountIsShownAndSavedAsOneOfMoney) {
   clerk.press("SaveBttn");
   const std::string tranNo = tranNoOf(company, 39);
   company.context.KORDconn.execute(
-      "UPDATE AgingDr SET TotPayment = 700.0049, WHTax = 33.335, Payment = 666.6699 WHERE "
-      "TranNo = " +
-      tranNo);
+      "UPDATE AgingDr SET TotPayment = 700.0049, WHTax = 33.335, Payment = 666.6699 WHERE TranNo = " + tranNo);
   clerk.show(tranNo);
   EXPECT_EQ(clerk.text("Amt"), "666.66");
   EXPECT_EQ(clerk.text("WHTax"), "33.34");

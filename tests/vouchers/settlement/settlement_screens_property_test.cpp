@@ -263,10 +263,9 @@ class Desk {
 
   Rows rowsOf(const std::string& tranNo) {
     const std::string of = " where TranNo = " + tranNo;
-    Rows all = bareRows(company_,
-                        "select Nature, DocNo, Cancel, PartyCode, PartyCode2, TrAmount, Received, Balance from "
-                        "Transactions" +
-                            of);
+    Rows all = bareRows(
+        company_,
+        "select Nature, DocNo, Cancel, PartyCode, PartyCode2, TrAmount, Received, Balance from Transactions" + of);
     for (const std::string& statement :
          {"select AccCode, Debit, Credit from SubTransactions" + of + " order by Serial",
           "select DocNo, DocNo2, TranDate, PartyCode, Payment, WHTaxRt, WHTax, AdvAdj, Discount, TotPayment from " +
