@@ -285,8 +285,8 @@ TEST_F(KeptTotals, AreSetRightWhenTheFileIsPrepared) {
     run(damage);
     EXPECT_FALSE(areKept()) << damage;
     company.connection.close();
-    prepareCompanyFile(connectionStringFor(company.file), text::DateTime::fromCalendar(2026, 11, 23));
-    company.connection.open(connectionStringFor(company.file));
+    prepareCompanyFile(connectionStringFor(company.file()), text::DateTime::fromCalendar(2026, 11, 23));
+    company.connection.open(connectionStringFor(company.file()));
     EXPECT_TRUE(areRight()) << damage;
   }
 }
@@ -300,8 +300,8 @@ TEST_F(KeptTotals, OfAnOlderFileAreRightAgain) {
       "INSERT INTO AccountMonths SELECT FYID, substr(TranDate, 1, 7), AccCode, sum(Lines), sum(Debit) / 10000.0 + "
       "0.005, sum(Credit) / 10000.0 FROM AccountDays GROUP BY 1, 2, 3; PRAGMA user_version = 3");
   company.connection.close();
-  prepareCompanyFile(connectionStringFor(company.file), text::DateTime::fromCalendar(2026, 11, 23));
-  company.connection.open(connectionStringFor(company.file));
+  prepareCompanyFile(connectionStringFor(company.file()), text::DateTime::fromCalendar(2026, 11, 23));
+  company.connection.open(connectionStringFor(company.file()));
   EXPECT_TRUE(areRight());
   EXPECT_TRUE(areKept());
 }
@@ -317,8 +317,8 @@ TEST_F(KeptTotals, SurviveWhatOutgrowsThem) {
   ASSERT_TRUE(readsTotals(balance));
   EXPECT_NEAR(company.figure(balance), 999999999999900, 100);
   company.connection.close();
-  prepareCompanyFile(connectionStringFor(company.file), text::DateTime::fromCalendar(2026, 11, 23));
-  company.connection.open(connectionStringFor(company.file));
+  prepareCompanyFile(connectionStringFor(company.file()), text::DateTime::fromCalendar(2026, 11, 23));
+  company.connection.open(connectionStringFor(company.file()));
   store::mendKeptTotals(company.connection, store::TotalsCheck::All);
   EXPECT_NEAR(company.figure(balance), 999999999999900, 100);
   run("DELETE FROM SubTransactions WHERE Serial % 2 = 0; DELETE FROM Transactions WHERE TranNo = 9000");
@@ -327,7 +327,7 @@ TEST_F(KeptTotals, SurviveWhatOutgrowsThem) {
 
 TEST_F(KeptTotals, TellWhenTheyCannotBeSetRight) {
   makeBooks();
-  const std::string target = connectionStringFor(company.file);
+  const std::string target = connectionStringFor(company.file());
   const auto now = text::DateTime::fromCalendar(2026, 11, 23);
   const auto isSound = [&] {
     company.connection.open(target);
@@ -336,7 +336,7 @@ TEST_F(KeptTotals, TellWhenTheyCannotBeSetRight) {
     return sound;
   };
   sqlite3* other = nullptr;
-  ASSERT_EQ(SQLITE_OK, sqlite3_open(company.file.c_str(), &other));
+  ASSERT_EQ(SQLITE_OK, sqlite3_open(company.file().c_str(), &other));
   const auto inOther = [&](const char* sql) { return sqlite3_exec(other, sql, nullptr, nullptr, nullptr); };
   company.connection.close();
   ASSERT_EQ(SQLITE_OK, inOther("BEGIN IMMEDIATE"));

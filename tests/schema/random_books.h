@@ -8,7 +8,7 @@
 
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "schema/new_company.h"
+#include "schema/open_company.h"
 #include "store/recordset/recordset.h"
 #include "store/sql/compile.h"
 #include "store/sqlite/kept_balances.h"
@@ -200,7 +200,7 @@ class RandomBooks : public testing::Test {
 
   void expectSameAsOfLines(const std::string& statement) {
     store::Connection plain{plainCatalog};
-    plain.open(connectionStringFor(company.file));
+    plain.open(connectionStringFor(company.file()));
     const Rows ofLines = rowsOf(plain, statement);
     EXPECT_EQ(rowsOf(company.connection, statement), ofLines) << statement;
     EXPECT_FALSE(ofLines.empty()) << statement;
@@ -209,7 +209,7 @@ class RandomBooks : public testing::Test {
   std::mt19937 random{20261123};
   bool large = false;
   int limitOfSmall = 3;  // which of the limits amounts keep to otherwise
-  test::NewCompany company;
+  test::OpenCompany company;
   store::Catalog plainCatalog{companyCatalog().tables()};
 };
 

@@ -122,7 +122,7 @@ class EveryConversion : public testing::TestWithParam<Expected> {};
 TEST_P(EveryConversion, WritesTheRowsOfItsKind) {
   const Expected& expected = GetParam();
   Books books;
-  books.context.KORDconn.execute("delete from transactions where trantype=93 and fyid=1");
+  books.run("delete from transactions where trantype=93 and fyid=1");
   const std::int64_t source = books.save(expected.from);
   const std::string before = books.of(source, "*");
   const std::int64_t made = books.convert(way(expected.from, expected.to), source);
@@ -160,7 +160,7 @@ TEST_P(EveryConversion, WritesTheRowsOfItsKind) {
       EXPECT_EQ(row, "1|1|11/22/2026|11/22/2026|12001002|0|0|0|1");
 
   EXPECT_EQ(books.of(source, "D2, D2Date, Text9, Text10, Text11"), expected.trace);
-  books.context.KORDconn.execute(
+  books.run(
       "update transactions set D2='R-2', D2Date='02-11-2026', Text9='t9', Text10='t10', Text11='t11' where tranno=" +
       std::to_string(source));
   EXPECT_EQ(books.of(source, "*"), before) << "nothing else of it moves";
@@ -190,9 +190,9 @@ TEST(Conversion, IsWholeOrNothing) {
   Books books;
   const std::int64_t order = books.save(93);
   const std::int64_t bill = books.save(20);
-  books.context.KORDconn.execute("update transactions set partycode2 = 12009999 where tranno=" + std::to_string(bill));
+  books.run("update transactions set partycode2 = 12009999 where tranno=" + std::to_string(bill));
   const std::int64_t cancelled = books.save(94);
-  books.context.KORDconn.execute("update transactions set cancel = Yes where tranno=" + std::to_string(cancelled));
+  books.run("update transactions set cancel = Yes where tranno=" + std::to_string(cancelled));
   const std::string before = books.everything();
   const auto refusal = [&](int from, int to, std::int64_t tranNo) -> std::string {
     try {

@@ -198,9 +198,8 @@ TEST(CountDocuments, HoldFiveHundredLinesEachAndAreThereTogether) {
   {
     store::Connection::Transaction transaction(office.context.KORDconn);
     for (int item = 0; item < items; ++item)
-      office.context.KORDconn.execute(
-          "INSERT INTO StockLevel3 (ItemCode, ItemName, Status, CatID, SubCatID, ValuationCost2) VALUES ('C" +
-          std::to_string(10000 + item) + "', 'Many', No, 'TOO', 'TOO01', 1)");
+      office.run("INSERT INTO StockLevel3 (ItemCode, ItemName, Status, CatID, SubCatID, ValuationCost2) VALUES ('C" +
+                 std::to_string(10000 + item) + "', 'Many', No, 'TOO', 'TOO01', 1)");
     transaction.commit();
   }
   const documents::CountSave save{.place = {.FYID = 1, .locationId = 1, .moment = office.clock.now()},
@@ -214,11 +213,10 @@ TEST(CountDocuments, HoldFiveHundredLinesEachAndAreThereTogether) {
   EXPECT_EQ(documents.back().lines.size(), 201u);
 
   const std::string before = office.one("select count(*) as n from transactions");
-  office.context.KORDconn.execute("delete from acclevel3 where acccode = 50001005");
+  office.run("delete from acclevel3 where acccode = 50001005");
   EXPECT_THROW(saveCount(office.context, documents, save), store::StoreError);
   EXPECT_EQ(office.one("select count(*) as n from transactions"), before);
-  office.context.KORDconn.execute(
-      "INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (50001005, 'Adjusted', 500, 50001)");
+  office.run("INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (50001005, 'Adjusted', 500, 50001)");
   EXPECT_EQ(saveCount(office.context, documents, save),
             (Rows{"Inventory Added No. 1", "Inventory Added No. 2", "Inventory Added No. 3"}));
   EXPECT_EQ(office.rows("select tramount from transactions where trantype = 45 order by docno"),

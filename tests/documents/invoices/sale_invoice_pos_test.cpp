@@ -174,7 +174,7 @@ TEST(Counter, EscapeLeadsBackToALiveFormAndLessThanTheTotalStillSaves) {
   EXPECT_EQ(shop.one("select tramount, received, balance from transactions where trantype=32"), "45|45|0");
   EXPECT_EQ(shop.rows(ledger("acccode, debit, credit")), (Rows{"10001001|45|", "40001001||50", "60001001|5|"}));
   // Shown again it is as it was saved, and saved again it keeps what the other screen may have written.
-  shop.context.KORDconn.execute("update transactions set d1 = 'PO-1', text10 = 'mark' where trantype=32");
+  shop.run("update transactions set d1 = 'PO-1', text10 = 'mark' where trantype=32");
   counter.press("PrevBttn");
   EXPECT_EQ(counter.text("Acc"), "Cash in Hand");
   counter.press("SaveBttn");

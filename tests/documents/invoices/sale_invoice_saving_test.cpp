@@ -102,7 +102,7 @@ TEST(SaleInvoiceSaving, SavingAgainRebuildsEverythingButAuthorAndMarks) {
   InvoiceCompany shop;
   InvoiceScreen screen(shop);
   screen.saveInvoice("12001002", "40");
-  shop.context.KORDconn.execute("update transactions set text10 = 'O.G.P. No. 5' where trantype=32");
+  shop.run("update transactions set text10 = 'O.G.P. No. 5' where trantype=32");
   const Rows oldLedger = shop.rows("select serial from subtransactions where acccode=40001001 order by serial");
   shop.clock.moment = text::DateTime::fromCalendar(2026, 11, 23, 9, 0, 0);
   shop.context.UserID = 1;

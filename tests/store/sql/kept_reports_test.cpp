@@ -57,7 +57,7 @@ class KeptReports : public RandomBooks {
   // The order of what an order leaves open is nobody's.
   void expectSameRowsAsOfLines(const std::string& name, const std::string& statement) {
     store::Connection lines{plainCatalog};
-    lines.open(connectionStringFor(company.file));
+    lines.open(connectionStringFor(company.file()));
     Rows ofLines = rowsOf(lines, statement), found = rowsOf(company.connection, statement);
     std::ranges::sort(ofLines);
     std::ranges::sort(found);
