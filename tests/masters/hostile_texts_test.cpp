@@ -29,10 +29,11 @@ const std::vector<QString>& hostileTexts() {
                                 QString::fromUtf8("😀").repeated(5000),
                                 QString(10000, QLatin1Char('%')),
                                 QString(10000, QLatin1Char('['))};
-    for (const std::string_view text :
-         test::parted("'|''; DROP TABLE AccLevel3; --|\" & [x] & \"|[|]|[a|[!a-]|%|_|#11-22-2026#|;|((((|{select} }|%p "
-                      "%P %d|a\tb\nc\r\nd|  blanks  |😀👨‍👩‍👧 emoji|شركة الميناء \u202Egnp.exe|e\u0301 ﷽ "
-                      "ẞß|1e308|-0|(5.00)|1,2,3|&HFF|NaN|null"))
+    for (const std::string_view text : test::parted(
+             "'|''; DROP TABLE AccLevel3; --|\" & [x] & \"|[|]|[a|[!a-]|%|_|#11-22-2026#|;|((((|{select} }|%p "
+             "%P %d|a\tb\nc\r\nd|  blanks  |😀👨‍👩‍👧 emoji|شركة الميناء \u202Egnp.exe|e\u0301 "
+             "﷽ "
+             "ẞß|1e308|-0|(5.00)|1,2,3|&HFF|NaN|null"))
       all.push_back(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
     return all;
   }();
