@@ -71,8 +71,10 @@ void DatePicker::keyPressEvent(QKeyEvent* event) {
     const bool atNextPart = currentSectionIndex() > 0 && lineEdit()->selectedText() == sectionText(currentSection());
     if (isSeparator(*event) && atNextPart) return;
     if (isDigit(*event) && isMarkedWhole(*lineEdit())) setSelectedSection(DaySection);
+    isTyped_ = isDigit(*event) ? isTyped_ || isAtBeginning() : isTyped_ && isSeparator(*event);
     QKeyEvent separator(QEvent::KeyPress, Qt::Key_Minus, Qt::NoModifier, QStringLiteral("-"));
     QDateEdit::keyPressEvent(isSeparator(*event) ? &separator : event);
+    noteTyped(*event);
     return;
   }
   QStyleOptionComboBox option;
@@ -82,6 +84,37 @@ void DatePicker::keyPressEvent(QKeyEvent* event) {
   QMouseEvent press(QEvent::MouseButtonPress, arrow.center(), mapToGlobal(arrow.center()), Qt::LeftButton,
                     Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(this, &press);
+}
+
+// The day of a month with more days than the one on show would be cut to that before the month is typed.
+void DatePicker::noteTyped(const QKeyEvent& key) {
+  if (!isTyped_) return typed_.clear();
+  if (isDigit(key))
+    typed_ += key.text();
+  else if (typed_.size() == 1 || typed_.size() == 3)
+    typed_.insert(typed_.size() - 1, u'0');
+  if (typed_.size() != 4 && typed_.size() != 8) return;
+  const int year = typed_.size() == 8 ? typed_.mid(4).toInt() : date().year();
+  const QDate typed(year, typed_.mid(2, 2).toInt(), typed_.left(2).toInt());
+  if (!typed.isValid() || typed == date()) return;
+  const Section section = currentSection();
+  setDate(typed);
+  setSelectedSection(section);
+}
+
+bool DatePicker::isAtBeginning() const {
+  return currentSection() == DaySection &&
+         (lineEdit()->selectedText() == sectionText(DaySection) || isMarkedWhole(*lineEdit()));
+}
+
+void DatePicker::focusInEvent(QFocusEvent* event) {
+  isTyped_ = false;
+  QDateEdit::focusInEvent(event);
+}
+
+void DatePicker::mousePressEvent(QMouseEvent* event) {
+  isTyped_ = false;
+  QDateEdit::mousePressEvent(event);
 }
 
 // Scrolling a screen past the box must not change its date.

@@ -20,6 +20,15 @@ class DatePicker : public QDateEdit {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+ private:
+  bool isAtBeginning() const;
+  void noteTyped(const QKeyEvent& key);
+
+  QString typed_;         // the digits of a date that is typed from its beginning: ddMMyyyy
+  bool isTyped_ = false;  // it is
 };
 
 QDate toQDate(const text::DateTime& day);

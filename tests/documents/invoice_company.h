@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "documents/invoices/sale_invoice.h"
+#include "frame/document/document_screen.h"
 #include "frame/items/item_grid.h"
 #include "session/login.h"
 #include "support/new_company.h"
@@ -36,8 +38,7 @@ class InvoiceCompany {
         "INSERT INTO StockLevel3 (ItemCode, ItemName, Description, SellingPrice, PurchasePrice, Unit, Status, CatID, "
         "SubCatID) VALUES ('N1', 'Nail', '', 0.335, 0.1, 'Pcs', No, 'TOO', 'TOO01')",
         "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, D1, UserAdded, UserEdited) "
-        "VALUES "
-        "(1, #10-05-2026#, 93, 1, No, Yes, 'PO-9', 1, 1)",
+        "VALUES (1, #10-05-2026#, 93, 1, No, Yes, 'PO-9', 1, 1)",
         "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, UserEdited) VALUES "
         "(1, #01-01-2026#, 45, 1, No, No, 1, 1)",
         "INSERT INTO Users (UserID, UserName) VALUES (2, 'Clerk')",
@@ -73,6 +74,11 @@ class InvoiceCompany {
     const std::vector<std::string> all = rows(statement);
     return all.size() == 1 ? all.front() : std::to_string(all.size()) + " rows";
   }
+  std::string tranNo(int tranType, int docNo = 1) {
+    return one("select tranno from transactions where trantype=" + std::to_string(tranType) +
+               " and docno=" + std::to_string(docNo));
+  }
+  void run(const std::string& statement) { context.KORDconn.execute(statement); }
 
   NewCompany company;
   session::LoginContext context{schema::companyCatalog()};
@@ -83,6 +89,9 @@ class InvoiceCompany {
   session::Workplace workplace{context, clock, prompts, files, screens};
 };
 
+// Screens have the command, and nothing comes of it.
+inline const frame::PrintOuts noVoucher{.voucher = [](session::Workplace&, std::int64_t, QWidget*) {}};
+
 // A document screen, of sale invoices unless told otherwise, under a person's hands.
 class InvoiceScreen {
  public:
@@ -90,7 +99,7 @@ class InvoiceScreen {
 
   explicit InvoiceScreen(InvoiceCompany& shop, frame::PrintOuts printOuts = {},
                          Make make = documents::makeSaleInvoicesSimple)
-      : screen_(make(shop.workplace, nullptr, std::move(printOuts))) {
+      : shop_(shop), screen_(make(shop.workplace, nullptr, std::move(printOuts))) {
     screen_->resize(1280, 800);
     screen_->show();
     QApplication::setActiveWindow(screen_.get());
@@ -102,6 +111,11 @@ class InvoiceScreen {
     Widget* found = screen_->findChild<Widget*>(name);
     if (!found) throw std::runtime_error(std::string("no control ") + name);
     return *found;
+  }
+  static std::string entries(const QComboBox& list) {
+    QStringList all;
+    for (int i = 0; i < list.count(); ++i) all << list.itemText(i);
+    return all.join(u'|').toStdString();
   }
   QLineEdit& box(const char* name) { return find<QLineEdit>(name); }
   std::string text(const char* name) { return box(name).text().toStdString(); }
@@ -128,6 +142,12 @@ class InvoiceScreen {
     typeCell(row, frame::GridColumn::Quantity, quantity);
     if (!rate.isEmpty()) typeCell(row, frame::GridColumn::Rate, rate);
   }
+  // A document of its kind, as from another screen.
+  void show(std::int64_t tranNo) {
+    shop_.context.OpenTranNo = tranNo;
+    static_cast<frame::DocumentScreen&>(*screen_).ShowRecord();
+  }
+  void show(const std::string& tranNo) { show(std::stoll(tranNo)); }
   // From the lines, by keyboard.
   void save() { test::press(find<QTableView>("Grid"), Qt::Key_S, Qt::ControlModifier); }
 
@@ -150,6 +170,7 @@ class InvoiceScreen {
   }
 
  private:
+  InvoiceCompany& shop_;
   std::unique_ptr<QWidget> screen_;
 };
 

@@ -42,6 +42,22 @@ TEST(DatePicker, TakesADateThatIsTypedAsItIsWritten) {
   }
 }
 
+TEST(DatePicker, TakesADayThatTheMonthOnShowHasNot) {
+  DatePicker picker;
+  test::focus(picker);
+  const struct {
+    const char* typed;
+    text::DateTime taken;
+  } cases[] = {{"31122026", day(2026, 12, 31)}, {"31-12-2025", day(2025, 12, 31)}, {"3112", day(2026, 12, 31)},
+               {"29022028", day(2028, 2, 29)},  {"31-1-2027", day(2027, 1, 31)},   {"30022026", day(2026, 2, 28)}};
+  for (const auto& [typed, taken] : cases) {
+    picker.setDay(day(2026, 11, 24));
+    test::press(picker, Qt::Key_Home);
+    test::type(picker, QString::fromLatin1(typed));
+    EXPECT_EQ(picker.day().iso(), taken.iso()) << typed;
+  }
+}
+
 TEST(DatePicker, DropsTheTimeOfDayAndKeepsEveryDay) {
   DatePicker picker;
   for (const text::DateTime& moment : {day(1899, 12, 30), day(2024, 2, 29), day(9999, 12, 31)}) {

@@ -26,17 +26,16 @@ class Shop : public testing::Test {
     NewCompany::run(
         context.KORDconn,
         {"INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID, Address, Phone, CreditTerms, CreditLimit, "
-         "EmpID) "
-         "VALUES (12001900, 'Zed & O''Brien', 120, 12001, '1 Dock Road', '555', '30 days', 5000, 1)",
+         "EmpID) VALUES (12001900, 'Zed & O''Brien', 120, 12001, '1 Dock Road', '555', '30 days', 5000, 1)",
          "INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (12001901, 'Yard', 120, 12001)",
          "INSERT INTO Transactions (TranNo, TranType, DocNo, TranDate, FYID, Cancel, InvLedger, partycode2, Text1) "
          "VALUES (9001, 22, 1, #11-01-2026#, 1, No, No, 0, 'Vendor')",
-         "INSERT INTO StockFlow (TranNo, Serial, ItemCode, ItemName, StockIn, Unit, Rate) "
-         "VALUES (9001, 1, '100', 'Claw Hammer', 10, 'Pcs', 100)",
+         "INSERT INTO StockFlow (TranNo, Serial, ItemCode, ItemName, StockIn, Unit, Rate) VALUES (9001, 1, '100', "
+         "'Claw Hammer', 10, 'Pcs', 100)",
          "INSERT INTO Transactions (TranNo, TranType, DocNo, TranDate, FYID, Cancel, InvLedger, partycode2, Text1) "
          "VALUES (9002, 32, 7, #11-02-2026#, 1, No, No, 12001900, 'Zed')",
-         "INSERT INTO StockFlow (TranNo, Serial, ItemCode, ItemName, StockOut, Unit, Rate, GrossAmt) "
-         "VALUES (9002, 1, '100', 'Claw Hammer', 4, 'Pcs', 140, 560)"});
+         "INSERT INTO StockFlow (TranNo, Serial, ItemCode, ItemName, StockOut, Unit, Rate, GrossAmt) VALUES (9002, 1, "
+         "'100', 'Claw Hammer', 4, 'Pcs', 140, 560)"});
     context.ItemsRS.open(context.KORDconn, "SELECT * FROM StockLevel3 ORDER BY ItemCode");
     context.AccountsRS.open(context.KORDconn, "SELECT * from AccLevel3 order by acccode");
   }

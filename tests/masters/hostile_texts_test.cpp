@@ -10,6 +10,7 @@
 #include "masters/master_company.h"
 #include "masters/people/employees.h"
 #include "masters/people/user_logins.h"
+#include "support/parted.h"
 #include "text/blanks.h"
 #include "text/number.h"
 
@@ -21,40 +22,21 @@ using frame::MasterPanel;
 
 // What people paste, scan and mistype.
 const std::vector<QString>& hostileTexts() {
-  static const std::vector<QString> texts = {
-      QStringLiteral("'"),
-      QStringLiteral("''; DROP TABLE AccLevel3; --"),
-      QStringLiteral("\" & [x] & \""),
-      QStringLiteral("["),
-      QStringLiteral("]"),
-      QStringLiteral("[a"),
-      QStringLiteral("[!a-]"),
-      QStringLiteral("%"),
-      QStringLiteral("_"),
-      QStringLiteral("#11-22-2026#"),
-      QStringLiteral(";"),
-      QStringLiteral("(((("),
-      QStringLiteral("{select} }"),
-      QStringLiteral("%p %P %d"),
-      QStringLiteral("a\tb\nc\r\nd"),
-      QStringLiteral("  blanks  "),
-      QString::fromUtf8("😀👨‍👩‍👧 emoji"),
-      QString::fromUtf8("شركة الميناء \u202Egnp.exe"),
-      QString::fromUtf8("e\u0301 ﷽ ẞß"),
-      QString::fromUtf8("nul") + QChar(u'\0') + QStringLiteral("after"),
-      QString(QChar(0xD800)) + QStringLiteral("half"),
-      QStringLiteral("1e308"),
-      QStringLiteral("-0"),
-      QStringLiteral("(5.00)"),
-      QStringLiteral("1,2,3"),
-      QStringLiteral("&HFF"),
-      QStringLiteral("NaN"),
-      QStringLiteral("null"),
-      QString(10000, QLatin1Char('x')),
-      QString::fromUtf8("😀").repeated(5000),
-      QString(10000, QLatin1Char('%')),
-      QString(10000, QLatin1Char('[')),
-  };
+  static const std::vector<QString> texts = [] {
+    std::vector<QString> all = {QString::fromUtf8("nul") + QChar(u'\0') + QStringLiteral("after"),
+                                QString(QChar(0xD800)) + QStringLiteral("half"),
+                                QString(10000, QLatin1Char('x')),
+                                QString::fromUtf8("😀").repeated(5000),
+                                QString(10000, QLatin1Char('%')),
+                                QString(10000, QLatin1Char('['))};
+    for (const std::string_view text : test::parted(
+             "'|''; DROP TABLE AccLevel3; --|\" & [x] & \"|[|]|[a|[!a-]|%|_|#11-22-2026#|;|((((|{select} }|%p "
+             "%P %d|a\tb\nc\r\nd|  blanks  |😀👨‍👩‍👧 emoji|شركة الميناء \u202Egnp.exe|e\u0301 "
+             "﷽ "
+             "ẞß|1e308|-0|(5.00)|1,2,3|&HFF|NaN|null"))
+      all.push_back(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    return all;
+  }();
   return texts;
 }
 

@@ -23,4 +23,12 @@ inline void leavePictures(const std::string& name, const std::vector<Page>& page
   }
 }
 
+// The pages of a print-out, on which nothing overlaps, left as pictures.
+inline std::vector<Page> cleanPages(const Report& report, const std::string& picture) {
+  std::vector<Page> pages = pagesOf(report);
+  for (const Page& page : pages) expectNothingOverlaps(page, report.design);
+  leavePictures(picture, pages);
+  return pages;
+}
+
 }  // namespace velmo::printing::test

@@ -168,10 +168,8 @@ TEST(Paginator, FunctionsCountTheirOwnRows) {
   blank.fields["amount"] = store::Null{};
   const Report report = reportOf(
       design, {parent("A", {row("a1", 10.10), row("a2", -4.05), blank}), parent("B", {}), parent("C", {row("c", 1)})});
-  EXPECT_EQ(textsOf(report), Texts{"6.05 3.03 (4.05) 10.10 3 2 "
-                                   "0.00 0 0 "
-                                   "1.00 1.00 1.00 1.00 1 1 "
-                                   "7.05 2.35 (4.05) 10.10 4 3"});
+  EXPECT_EQ(textsOf(report),
+            Texts{"6.05 3.03 (4.05) 10.10 3 2 0.00 0 0 1.00 1.00 1.00 1.00 1 1 7.05 2.35 (4.05) 10.10 4 3"});
   design.detail = footer(0);
   EXPECT_THROW(pagesOf(reportOf(design, {})), std::logic_error);
 }

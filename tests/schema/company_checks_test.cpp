@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "schema/company_tables.h"
-#include "schema/new_company.h"
+#include "schema/open_company.h"
 #include "store/checks/check_round.h"
 #include "store/sqlite/kept_totals.h"
 #include "store/upkeep/database_file.h"
@@ -50,15 +50,15 @@ class CompanyChecks : public testing::Test {
     return all;
   }
 
-  test::NewCompany company;
+  test::OpenCompany company;
 };
 
 TEST_F(CompanyChecks, FindAnIndexThatIsNotOfItsTable) {
   company.connection.close();
-  test::changeBesideIndex(company.file, "Transactions_TranDate",
+  test::changeBesideIndex(company.file(), "Transactions_TranDate",
                           "DELETE FROM AccountDays WHERE 0; "
                           "UPDATE Transactions SET TranDate = '2026-11-23' WHERE TranNo = 900");
-  company.connection.open(connectionStringFor(company.file));
+  company.connection.open(connectionStringFor(company.file()));
   const auto damage = found();
   ASSERT_EQ(damage.size(), 1U);
   EXPECT_THAT(damage.front(), testing::StartsWith("D the table \"Transactions\" ("));
@@ -72,19 +72,19 @@ TEST_F(CompanyChecks, FindWhatIsListedOtherwiseThanDeclared) {
         {"type = 'Trigger' WHERE name = 'AccountTotalsSubTransactionsAdded'", "as \"AccountTotals"},
         {"tbl_name = 'AccountDayz' WHERE name = 'AccountDays'", "as \"AccountDays"},
         {"tbl_name = 'Transaction' WHERE name = 'Transactions_TranDate'", "as \"Transactions_TranDate"}}) {
-    test::NewCompany spoilt;
+    test::OpenCompany spoilt;
     spoilt.connection.close();
-    test::past(spoilt.file, "PRAGMA writable_schema = ON; UPDATE sqlite_schema SET " + std::string(change) +
-                                "; PRAGMA wal_checkpoint(TRUNCATE)");
-    const std::string before = test::bytesOf(spoilt.file);
+    test::past(spoilt.file(), "PRAGMA writable_schema = ON; UPDATE sqlite_schema SET " + std::string(change) +
+                                  "; PRAGMA wal_checkpoint(TRUNCATE)");
+    const std::string before = test::bytesOf(spoilt.file());
     try {
-      prepareCompanyFile(connectionStringFor(spoilt.file), text::DateTime::fromCalendar(2026, 11, 24));
+      prepareCompanyFile(connectionStringFor(spoilt.file()), text::DateTime::fromCalendar(2026, 11, 24));
     } catch (const store::StoreError& refusal) {
       EXPECT_EQ(refusal.kind(), store::ErrorKind::Damaged) << change << ": " << refusal.what();
-      EXPECT_TRUE(test::bytesOf(spoilt.file) == before) << change;
+      EXPECT_TRUE(test::bytesOf(spoilt.file()) == before) << change;
       continue;
     }
-    spoilt.connection.open(connectionStringFor(spoilt.file));
+    spoilt.connection.open(connectionStringFor(spoilt.file()));
     store::CheckRound round(spoilt.connection.snapshot(), companyChecks());
     const auto findings = *round.run();
     ASSERT_EQ(findings.size(), 1U) << change;
@@ -94,7 +94,7 @@ TEST_F(CompanyChecks, FindWhatIsListedOtherwiseThanDeclared) {
 }
 
 TEST_F(CompanyChecks, FindRecordsWithoutWhatTheyReferTo) {
-  test::past(company.file, "INSERT INTO SubTransactions (TranNo, AccCode, Debit) VALUES (12345, 10001001, 5)");
+  test::past(company.file(), "INSERT INTO SubTransactions (TranNo, AccCode, Debit) VALUES (12345, 10001001, 5)");
   EXPECT_THAT(found(), ElementsAre("D the table \"SubTransactions\" (1 record refers to what is not there in "
                                    "\"Transactions\")"));
 }
@@ -106,7 +106,7 @@ TEST_F(CompanyChecks, FindTotalsThatAreNotTheirLinesAndMendThem) {
         {"UPDATE StockAdded SET Line = 99; DELETE FROM StockDays; INSERT INTO StockDays VALUES (1, '2026-11-22', 'A', "
          "1, 4, 0)",
          "T the totals of \"StockFlow\""}}) {
-    test::past(company.file, sql);
+    test::past(company.file(), sql);
     EXPECT_THAT(found(), ElementsAre(total)) << sql;
     store::mendKeptTotals(company.connection, store::TotalsCheck::All);
     EXPECT_THAT(found(), IsEmpty()) << sql;
@@ -116,9 +116,9 @@ TEST_F(CompanyChecks, FindTotalsThatAreNotTheirLinesAndMendThem) {
 // What a comparison of the latest days and of the whole sums does not see.
 TEST_F(CompanyChecks, FindOldTotalsThatMakeUpForEachOther) {
   post(901, 32, 0, {{7, 0}, {0, 7}});
-  test::past(company.file, "UPDATE Transactions SET TranDate = '2026-10-01' WHERE TranNo = 901");
+  test::past(company.file(), "UPDATE Transactions SET TranDate = '2026-10-01' WHERE TranNo = 901");
   store::addLaterLines(company.connection.handle(), accountTotals(), 1000);
-  test::past(company.file,
+  test::past(company.file(),
              "INSERT INTO Transactions (TranNo, TranDate, FYID) VALUES (902, '2026-11-23', 1), (903, '2026-11-24', 1),"
              "(904, '2026-11-25', 1);"
              "UPDATE AccountDays SET Debit = Debit + iif(TranDate < '2026-11-01', 1, -1) WHERE Debit > 0");
@@ -129,7 +129,7 @@ TEST_F(CompanyChecks, FindOldTotalsThatMakeUpForEachOther) {
 }
 
 TEST_F(CompanyChecks, CompareSumsLaterWhereTheStartHadNoTime) {
-  test::past(company.file, "UPDATE AccountMonths SET Debit = Debit + 1");
+  test::past(company.file(), "UPDATE AccountMonths SET Debit = Debit + 1");
   EXPECT_FALSE(store::mendKeptTotals(company.connection, store::TotalsCheck::Latest, std::chrono::steady_clock::now()));
   EXPECT_THAT(found(startChecks()), ElementsAre("T the totals of \"SubTransactions\""));
   EXPECT_TRUE(store::mendKeptTotals(company.connection));

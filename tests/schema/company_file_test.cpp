@@ -8,7 +8,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "schema/new_company.h"
+#include "schema/open_company.h"
 #include "store/connection/connection_string.h"
 #include "store/values/error.h"
 #include "support/damage.h"
@@ -59,33 +59,30 @@ TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
       "DROP TABLE AccountPending; DROP TABLE StockPending; DROP TABLE StockYears; DROP TABLE ReceiptPending; DROP "
       "TABLE ReceiptDays; DROP TABLE ReceiptMonths; DROP TABLE ReceiptYears; DROP TABLE ReceiptAdded; DROP INDEX "
       "StockFlow_ApartStockIn; DROP INDEX StockFlow_Serials; CREATE TRIGGER AccountTotalsTransactionsMoved AFTER "
-      "UPDATE OF Cancel ON Transactions "
-      "BEGIN UPDATE AccountDays SET Debit = 0; END; PRAGMA user_version = 4";
+      "UPDATE OF Cancel ON Transactions BEGIN UPDATE AccountDays SET Debit = 0; END; PRAGMA user_version = 4";
   const std::pair<const char*, std::string> earlier[] = {
-      {"Account", withoutAccounts + "; DROP TABLE Settings; DROP INDEX StockFlow_Serials; DROP INDEX "
-                                    "StockLevel3_SubCatID; CREATE INDEX StockLevel3_SubCatID ON "
-                                    "StockLevel3 (SubCatID); PRAGMA user_version = 1"},
+      {"Account", withoutAccounts +
+                      "; DROP TABLE Settings; DROP INDEX StockFlow_Serials; DROP INDEX StockLevel3_SubCatID; CREATE "
+                      "INDEX StockLevel3_SubCatID ON StockLevel3 (SubCatID); PRAGMA user_version = 1"},
       {"", asVersion4},
       {"",
        "DROP TABLE PlaceDays; DROP TABLE PlaceMonths; DROP TABLE PlaceYears; DROP TABLE PlacePending; DROP TABLE "
        "PlaceAdded; DROP TABLE KindDays; DROP TABLE KindMonths; DROP TABLE KindYears; DROP TABLE KindPending; DROP "
        "TABLE KindAdded; DROP TABLE OpenInvoices; DROP TABLE OpenBills; DROP INDEX StockFlow_ApartKind; DROP INDEX "
-       "StockFlow_Serials; DROP INDEX "
-       "OpenInvoices_Groupless; DROP INDEX OpenBills_Groupless; DROP INDEX Transactions_PartyCode2; DROP INDEX "
-       "Transactions_TranType; CREATE INDEX Transactions_TranType ON Transactions (TranType, FYID, DocNo); DROP INDEX "
-       "AgingDr_TranDate; DROP INDEX AgingCr_PartyCode; CREATE INDEX AgingCr_PartyCode ON AgingCr (PartyCode, DocNo); "
-       "PRAGMA user_version = 5"}};
+       "StockFlow_Serials; DROP INDEX OpenInvoices_Groupless; DROP INDEX OpenBills_Groupless; DROP INDEX "
+       "Transactions_PartyCode2; DROP INDEX Transactions_TranType; CREATE INDEX Transactions_TranType ON Transactions "
+       "(TranType, FYID, DocNo); DROP INDEX AgingDr_TranDate; DROP INDEX AgingCr_PartyCode; CREATE INDEX "
+       "AgingCr_PartyCode ON AgingCr (PartyCode, DocNo); PRAGMA user_version = 5"}};
   for (const auto& [triggersOf, sql] : earlier) {
-    test::NewCompany company;
+    test::OpenCompany company;
     company.connection.execute("INSERT INTO Transactions (TranNo, TranDate, FYID) VALUES (900, #11-22-2026#, 1)");
     company.connection.execute("INSERT INTO SubTransactions (TranNo, AccCode, Debit) VALUES (900, 10001001, 5)");
     company.connection.close();
-    const fs::path& file = company.file;
+    const fs::path file = company.file();
     const std::vector<std::string> current = layoutOf(file);
     const std::string triggers = test::past(
         file,
-        "SELECT group_concat('DROP TRIGGER ' || name, '; ') FROM sqlite_schema WHERE type = 'trigger' AND name "
-        "LIKE '" +
+        "SELECT group_concat('DROP TRIGGER ' || name, '; ') FROM sqlite_schema WHERE type = 'trigger' AND name LIKE '" +
             std::string(triggersOf) + "%'");
     test::past(file, triggers + "; " + sql);
     ASSERT_NE(layoutOf(file), current);
@@ -101,61 +98,61 @@ TEST(CompanyFile, OfAnEarlierVersionIsBroughtUpToDate) {
 TEST(CompanyFile, OfTheFirstVersionIsRefusedAsItIsWhenATableIsMissing) {
   for (const char* table : {"StockLevel3", "SubTransactions", "Users"}) {
     SCOPED_TRACE(table);
-    test::NewCompany company;
+    test::OpenCompany company;
     company.connection.close();
-    test::past(company.file, std::string("DROP TABLE Settings; PRAGMA user_version = 1; DROP TABLE ") + table);
-    const std::vector<std::string> before = layoutOf(company.file);
+    test::past(company.file(), std::string("DROP TABLE Settings; PRAGMA user_version = 1; DROP TABLE ") + table);
+    const std::vector<std::string> before = layoutOf(company.file());
     try {
-      prepareCompanyFile(connectionStringFor(company.file), today);
+      prepareCompanyFile(connectionStringFor(company.file()), today);
       ADD_FAILURE();
     } catch (const store::StoreError& failure) {
       EXPECT_EQ(failure.kind(), store::ErrorKind::Damaged);
       EXPECT_NE(std::string(failure.what()).find(table), std::string::npos) << failure.what();
     }
-    EXPECT_EQ(layoutOf(company.file), before);
-    EXPECT_FALSE(fs::exists(company.file.string() + " before version 6"));
+    EXPECT_EQ(layoutOf(company.file()), before);
+    EXPECT_FALSE(fs::exists(company.file().string() + " before version 6"));
   }
 }
 
 TEST(CompanyFile, OfUnsoundStructureGetsNoNewTotals) {
-  test::NewCompany company;
+  test::OpenCompany company;
   company.connection.execute("INSERT INTO Transactions (TranNo, TranDate, FYID) VALUES (900, #11-22-2026#, 1)");
   company.connection.execute("INSERT INTO SubTransactions (TranNo, AccCode, Debit) VALUES (900, 10001001, 5)");
   company.connection.close();
-  test::changeBesideIndex(company.file, "AccountDays_AccCode", "DELETE FROM AccountDays");
-  const FileState state = prepareCompanyFile(connectionStringFor(company.file), today);
+  test::changeBesideIndex(company.file(), "AccountDays_AccCode", "DELETE FROM AccountDays");
+  const FileState state = prepareCompanyFile(connectionStringFor(company.file()), today);
   EXPECT_EQ(state.damage.size(), 1U);
   EXPECT_FALSE(state.totalsMended);
-  EXPECT_EQ(test::past(company.file, "SELECT count(*) FROM AccountDays NOT INDEXED"), "0");
+  EXPECT_EQ(test::past(company.file(), "SELECT count(*) FROM AccountDays NOT INDEXED"), "0");
 }
 
 TEST(CompanyFile, IsForItsOwnerAloneAndForAnySqlite) {
-  test::NewCompany company;
+  test::OpenCompany company;
   struct stat status {};
-  ASSERT_EQ(0, stat(company.file.c_str(), &status));
+  ASSERT_EQ(0, stat(company.file().c_str(), &status));
   EXPECT_EQ(0600, status.st_mode & 0777);
   company.connection.close();
   sqlite3* database = nullptr;
-  ASSERT_EQ(SQLITE_OK, sqlite3_open_v2(company.file.c_str(), &database, SQLITE_OPEN_READONLY, nullptr));
+  ASSERT_EQ(SQLITE_OK, sqlite3_open_v2(company.file().c_str(), &database, SQLITE_OPEN_READONLY, nullptr));
   EXPECT_EQ(SQLITE_OK, sqlite3_exec(database, "SELECT TranDate FROM Transactions WHERE \"Desc\"='Opening Balance'",
                                     nullptr, nullptr, nullptr));
   sqlite3_close(database);
 }
 
 TEST(CompanyFile, StaysAsItIsWhenItIsThere) {
-  test::NewCompany company;
+  test::OpenCompany company;
   company.connection.execute("update BusinessInfo set Name='Kept'");
   company.connection.close();
-  const std::string before = contentOf(company.file);
-  prepareCompanyFile(connectionStringFor(company.file), today);
-  EXPECT_EQ(before, contentOf(company.file));
-  company.connection.open(connectionStringFor(company.file));
+  const std::string before = contentOf(company.file());
+  prepareCompanyFile(connectionStringFor(company.file()), today);
+  EXPECT_EQ(before, contentOf(company.file()));
+  company.connection.open(connectionStringFor(company.file()));
   EXPECT_EQ("Kept", company.rows("select Name from BusinessInfo").text("Name"));
 }
 
 TEST(CompanyFile, LeavesAForeignFileAlone) {
-  test::NewCompany company;
-  const fs::path foreign = company.folder / "notes.txt";
+  test::OpenCompany company;
+  const fs::path foreign = company.folder() / "notes.txt";
   std::ofstream(foreign) << "not a company";
   EXPECT_THROW(prepareCompanyFile(connectionStringFor(foreign), today), store::StoreError);
   EXPECT_EQ("not a company", contentOf(foreign));

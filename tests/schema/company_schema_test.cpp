@@ -2,13 +2,13 @@
 
 #include <gmock/gmock.h>
 
-#include "schema/new_company.h"
+#include "schema/open_company.h"
 #include "store/values/error.h"
 
 namespace velmo::schema {
 namespace {
 
-using test::NewCompany;
+using test::OpenCompany;
 
 TEST(CompanySchema, RelatesColumnsThatExist) {
   for (const store::Table& table : companyCatalog().tables()) {
@@ -25,7 +25,7 @@ TEST(CompanySchema, RelatesColumnsThatExist) {
 }
 
 TEST(CompanySchema, RemovesADocumentWithItsOwnRowsAndNoOther) {
-  NewCompany company;
+  OpenCompany company;
   const auto addRows = [&](int tranNo, int invoice) {
     const std::string no = std::to_string(tranNo), doc = std::to_string(invoice);
     company.connection.execute("insert into Transactions (TranNo, DocNo, TranType, FYID) values (" + no + "," + doc +
@@ -46,7 +46,7 @@ TEST(CompanySchema, RemovesADocumentWithItsOwnRowsAndNoOther) {
 }
 
 TEST(CompanySchema, RefusesRowsThatHangOnNothing) {
-  NewCompany company;
+  OpenCompany company;
   EXPECT_THROW(company.connection.execute("insert into SubTransactions (TranNo, AccCode) values (999,10001001)"),
                store::StoreError);
   EXPECT_THROW(company.connection.execute("delete * from StockLevel1 where CatID='Service'"), store::StoreError);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "schema/new_company.h"
+#include "schema/open_company.h"
 
 namespace velmo::schema {
 namespace {
@@ -15,7 +15,7 @@ std::string withoutVerb(const std::string& words) {
 }
 
 TEST(DocumentKinds, EveryFormIsOfAKindAndItsRightsAreAboutTheSameDocuments) {
-  test::NewCompany company;
+  test::OpenCompany company;
   const auto words = [&](int right) {
     return company.rows("select RightType from UserRights where RightID=" + std::to_string(right)).text("RightType");
   };

@@ -68,9 +68,8 @@ TEST_F(KeptTotals, AnswerAsTheLinesDo) {
           "GROUP BY SubTransactions.AccCode, Transactions.Cancel, Transactions.FYID HAVING "
           "(((SubTransactions.AccCode)=12001103) AND ((Transactions.Cancel)=No) AND ((Transactions.FYID)=1))",
       "SELECT SubTransactions.AccCode, " + debits + " AS Dr" + joined +
-          "Where (((Transactions.TranDate) < #05-11-2026#) "
-          "And ((Transactions.Cancel) = No) And ((Transactions.FYID) = 1)) GROUP BY SubTransactions.AccCode HAVING "
-          "SubTransactions.AccCode=12001104",
+          "Where (((Transactions.TranDate) < #05-11-2026#) And ((Transactions.Cancel) = No) And ((Transactions.FYID) = "
+          "1)) GROUP BY SubTransactions.AccCode HAVING SubTransactions.AccCode=12001104",
   };
   for (const bool withLarge : {false, true}) {
     large = withLarge;
@@ -115,20 +114,18 @@ TEST_F(KeptTotals, AnswerForItemsAsTheLinesDo) {
     EXPECT_TRUE(readsTotals(statement)) << statement;
     expectSameAsOfLines(statement);
   }
-  const std::string fromItems = " FROM " + ofItems +
-                                ") AS Q INNER JOIN StockLevel3 ON Q.ItemCode = StockLevel3.ItemCode "
-                                "GROUP BY StockLevel3.ItemCode";
+  const std::string fromItems =
+      " FROM " + ofItems +
+      ") AS Q INNER JOIN StockLevel3 ON Q.ItemCode = StockLevel3.ItemCode GROUP BY StockLevel3.ItemCode";
   for (const char* items : {"Sum(Q.Bal*Q.Bal)", "Sum(Q.Bal+1)", "Sum(Abs(Q.Bal))", "Max(Q.Bal)", "Count(Q.Bal)",
                             "Sum(Q.Bal)/Count(*)", "Sum(StockLevel3.ValuationCost2)"}) {
     const std::string statement = "SELECT StockLevel3.ItemCode, " + std::string(items) + " AS Figure" + fromItems;
     EXPECT_FALSE(readsTotals(statement)) << statement;
     expectSameAsOfLines(statement);
   }
-  const std::string alone =
-      "SELECT StockFlow.ItemCode, Sum(" + stockIn +
-      ") AS Ins FROM Transactions INNER JOIN StockFlow "
-      "ON Transactions.TranNo = StockFlow.TranNo WHERE StockFlow.ItemCode = 'A1' AND Transactions.FYID = 1 AND "
-      "Transactions.Cancel = No";
+  const std::string alone = "SELECT StockFlow.ItemCode, Sum(" + stockIn +
+                            ") AS Ins FROM Transactions INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo "
+                            "WHERE StockFlow.ItemCode = 'A1' AND Transactions.FYID = 1 AND Transactions.Cancel = No";
   EXPECT_FALSE(readsTotals(alone + " GROUP BY StockFlow.ItemCode"));
   expectSameAsOfLines(alone + " GROUP BY StockFlow.ItemCode");
   EXPECT_FALSE(
@@ -288,8 +285,8 @@ TEST_F(KeptTotals, AreSetRightWhenTheFileIsPrepared) {
     run(damage);
     EXPECT_FALSE(areKept()) << damage;
     company.connection.close();
-    prepareCompanyFile(connectionStringFor(company.file), text::DateTime::fromCalendar(2026, 11, 23));
-    company.connection.open(connectionStringFor(company.file));
+    prepareCompanyFile(connectionStringFor(company.file()), text::DateTime::fromCalendar(2026, 11, 23));
+    company.connection.open(connectionStringFor(company.file()));
     EXPECT_TRUE(areRight()) << damage;
   }
 }
@@ -303,8 +300,8 @@ TEST_F(KeptTotals, OfAnOlderFileAreRightAgain) {
       "INSERT INTO AccountMonths SELECT FYID, substr(TranDate, 1, 7), AccCode, sum(Lines), sum(Debit) / 10000.0 + "
       "0.005, sum(Credit) / 10000.0 FROM AccountDays GROUP BY 1, 2, 3; PRAGMA user_version = 3");
   company.connection.close();
-  prepareCompanyFile(connectionStringFor(company.file), text::DateTime::fromCalendar(2026, 11, 23));
-  company.connection.open(connectionStringFor(company.file));
+  prepareCompanyFile(connectionStringFor(company.file()), text::DateTime::fromCalendar(2026, 11, 23));
+  company.connection.open(connectionStringFor(company.file()));
   EXPECT_TRUE(areRight());
   EXPECT_TRUE(areKept());
 }
@@ -314,15 +311,14 @@ TEST_F(KeptTotals, SurviveWhatOutgrowsThem) {
   run("INSERT INTO Transactions (TranNo, TranType, TranDate, FYID, Cancel) VALUES (9000, 32, '2026-11-22', 1, 0); "
       "INSERT INTO SubTransactions (TranNo, AccCode, Debit) SELECT 9000, 12001101, 99999999999.99 FROM (WITH RECURSIVE "
       "n(value) AS (SELECT 1 UNION ALL SELECT value + 1 FROM n WHERE value < 10000) SELECT * FROM n)");
-  const std::string balance =
-      "SELECT " + debits + " AS Dr" + joined +
-      "WHERE Transactions.FYID = 1 And Transactions.Cancel = No And SubTransactions.AccCode = 12001101 GROUP BY "
-      "SubTransactions.AccCode";
+  const std::string balance = "SELECT " + debits + " AS Dr" + joined +
+                              "WHERE Transactions.FYID = 1 And Transactions.Cancel = No And SubTransactions.AccCode = "
+                              "12001101 GROUP BY SubTransactions.AccCode";
   ASSERT_TRUE(readsTotals(balance));
   EXPECT_NEAR(company.figure(balance), 999999999999900, 100);
   company.connection.close();
-  prepareCompanyFile(connectionStringFor(company.file), text::DateTime::fromCalendar(2026, 11, 23));
-  company.connection.open(connectionStringFor(company.file));
+  prepareCompanyFile(connectionStringFor(company.file()), text::DateTime::fromCalendar(2026, 11, 23));
+  company.connection.open(connectionStringFor(company.file()));
   store::mendKeptTotals(company.connection, store::TotalsCheck::All);
   EXPECT_NEAR(company.figure(balance), 999999999999900, 100);
   run("DELETE FROM SubTransactions WHERE Serial % 2 = 0; DELETE FROM Transactions WHERE TranNo = 9000");
@@ -331,7 +327,7 @@ TEST_F(KeptTotals, SurviveWhatOutgrowsThem) {
 
 TEST_F(KeptTotals, TellWhenTheyCannotBeSetRight) {
   makeBooks();
-  const std::string target = connectionStringFor(company.file);
+  const std::string target = connectionStringFor(company.file());
   const auto now = text::DateTime::fromCalendar(2026, 11, 23);
   const auto isSound = [&] {
     company.connection.open(target);
@@ -340,7 +336,7 @@ TEST_F(KeptTotals, TellWhenTheyCannotBeSetRight) {
     return sound;
   };
   sqlite3* other = nullptr;
-  ASSERT_EQ(SQLITE_OK, sqlite3_open(company.file.c_str(), &other));
+  ASSERT_EQ(SQLITE_OK, sqlite3_open(company.file().c_str(), &other));
   const auto inOther = [&](const char* sql) { return sqlite3_exec(other, sql, nullptr, nullptr, nullptr); };
   company.connection.close();
   ASSERT_EQ(SQLITE_OK, inOther("BEGIN IMMEDIATE"));

@@ -8,7 +8,7 @@
 
 #include "schema/company_file.h"
 #include "schema/company_schema.h"
-#include "schema/new_company.h"
+#include "schema/open_company.h"
 #include "store/recordset/recordset.h"
 #include "store/sql/compile.h"
 #include "store/sqlite/kept_balances.h"
@@ -21,9 +21,8 @@ class RandomBooks : public testing::Test {
  protected:
   RandomBooks() {
     run("INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) SELECT 12001100 + value, 'Customer ' || value, "
-        "120, "
-        "12001 FROM (WITH RECURSIVE n(value) AS (SELECT 1 UNION ALL SELECT value + 1 FROM n WHERE value < 6) SELECT * "
-        "FROM n)");
+        "120, 12001 FROM (WITH RECURSIVE n(value) AS (SELECT 1 UNION ALL SELECT value + 1 FROM n WHERE value < 6) "
+        "SELECT * FROM n)");
   }
 
   void run(const std::string& sql) {
@@ -81,10 +80,8 @@ class RandomBooks : public testing::Test {
   void addLines(const std::string& document) {
     run("INSERT INTO SubTransactions (TranNo, AccCode, Debit, Credit) VALUES (" + document + ", " + anyAccount() +
         ", " + anyAmount() + ", " + anyAmount() +
-        "); INSERT INTO StockFlow (TranNo, LocationID, ItemCode, StockIn, StockOut, "
-        "ItemValue) VALUES (" +
-        document + ", " + anyPlace() + ", " + anyItem() + ", " + anyQuantity() + ", " + anyQuantity() + ", " +
-        anyAmount() + ")");
+        "); INSERT INTO StockFlow (TranNo, LocationID, ItemCode, StockIn, StockOut, ItemValue) VALUES (" + document +
+        ", " + anyPlace() + ", " + anyItem() + ", " + anyQuantity() + ", " + anyQuantity() + ", " + anyAmount() + ")");
     for (const char* table : {"AgingDr", "AgingCr"}) addOpenItem(table, document);
   }
   void addOpenItem(const std::string& table, const std::string& document) {
@@ -203,7 +200,7 @@ class RandomBooks : public testing::Test {
 
   void expectSameAsOfLines(const std::string& statement) {
     store::Connection plain{plainCatalog};
-    plain.open(connectionStringFor(company.file));
+    plain.open(connectionStringFor(company.file()));
     const Rows ofLines = rowsOf(plain, statement);
     EXPECT_EQ(rowsOf(company.connection, statement), ofLines) << statement;
     EXPECT_FALSE(ofLines.empty()) << statement;
@@ -212,7 +209,7 @@ class RandomBooks : public testing::Test {
   std::mt19937 random{20261123};
   bool large = false;
   int limitOfSmall = 3;  // which of the limits amounts keep to otherwise
-  test::NewCompany company;
+  test::OpenCompany company;
   store::Catalog plainCatalog{companyCatalog().tables()};
 };
 

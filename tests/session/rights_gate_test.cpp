@@ -13,10 +13,8 @@ class Rights : public testing::Test {
     company_.run(
         context_.KORDconn,
         {"delete * from userrights where rightid=93 or rightid=94 or rightid=9999",
-         "insert into userrights (RightID, RightType, Operator1, Operator9) values (93, 'sale invoices.', yes, "
-         "no)",
-         "insert into userrights (RightID, RightType, Operator1, Operator9) values (94, 'O''Neil''s.', no, "
-         "yes)"});
+         "insert into userrights (RightID, RightType, Operator1, Operator9) values (93, 'sale invoices.', yes, no)",
+         "insert into userrights (RightID, RightType, Operator1, Operator9) values (94, 'O''Neil''s.', no, yes)"});
   }
 
   test::NewCompany company_;

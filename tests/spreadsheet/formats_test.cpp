@@ -104,11 +104,10 @@ class HostileXml : public test::SheetFiles {
  protected:
   // An .ods file with this between the tags of its one table.
   std::string readTable(const std::string& rows) {
-    return read(zipped("list.ods", {{"mimetype", "application/vnd.oasis.opendocument.spreadsheet"},
-                                    {"content.xml",
-                                     "<d:document-content xmlns:d='d'><d:body><d:spreadsheet>"
-                                     "<d:table d:name='x'>" +
-                                         rows + "</d:table></d:spreadsheet></d:body></d:document-content>"}}));
+    return read(zipped("list.ods",
+                       {{"mimetype", "application/vnd.oasis.opendocument.spreadsheet"},
+                        {"content.xml", "<d:document-content xmlns:d='d'><d:body><d:spreadsheet><d:table d:name='x'>" +
+                                            rows + "</d:table></d:spreadsheet></d:body></d:document-content>"}}));
   }
 };
 
@@ -126,18 +125,17 @@ TEST_F(HostileXml, EndsInASentence) {
   EXPECT_EQ(readTable("<d:table-row d:number-rows-repeated='1048576'><d:table-cell d:number-columns-repeated='16384' "
                       "d:value-type='boolean' d:boolean-value='true'/></d:table-row>"),
             tooMuch);
-  EXPECT_EQ(readTable("<d:table-row d:number-rows-repeated='99999999'><d:table-cell d:value-type='float' d:value='1'/>"
-                      "</d:table-row>"),
+  EXPECT_EQ(readTable("<d:table-row d:number-rows-repeated='99999999'><d:table-cell d:value-type='float' "
+                      "d:value='1'/></d:table-row>"),
             damaged);
   EXPECT_EQ(readTable("<d:table-row d:number-rows-repeated='-5'><d:table-cell d:number-columns-repeated='x' "
                       "d:value-type='float' d:value='1'/></d:table-row>"),
             "1\n");
   EXPECT_EQ(readTable("<d:table-row><d:table-cell d:value-type='float' d:value='1,5'/></d:table-row>"), damaged);
-  EXPECT_EQ(
-      readTable("<d:table-row><d:table-cell d:value-type='string'><d:p>a<d:s d:c='999999999'/>b</d:p></d:table-cell>"
-                "</d:table-row>")
-          .size(),
-      32767U + 3U);
+  EXPECT_EQ(readTable("<d:table-row><d:table-cell d:value-type='string'><d:p>a<d:s "
+                      "d:c='999999999'/>b</d:p></d:table-cell></d:table-row>")
+                .size(),
+            32767U + 3U);
   EXPECT_EQ(readTable("<d:table-row><d:table-cell><d:p>open"), damaged);
 
   // Entities that stand for one another until they fill the memory.

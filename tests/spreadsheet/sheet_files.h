@@ -53,21 +53,18 @@ class SheetFiles : public testing::Test {
                                            relation("r2", "worksheet", "worksheets/../worksheets/sheet2.xml") +
                                            relation("r3", "sharedStrings", "sharedStrings.xml") +
                                            relation("r4", "styles", "styles.xml") + "</Relationships>"},
-        {"xl/workbook.xml",
-         "<workbook xmlns:r=\"" + kinds + "\">" + properties +
-             "<sheets><sheet name=\"Stock &amp; more\" sheetId=\"1\" r:id=\"r1\"/>"
-             "<sheet name=\"Hidden\" sheetId=\"2\" state=\"hidden\" r:id=\"r2\"/></sheets></workbook>"},
+        {"xl/workbook.xml", "<workbook xmlns:r=\"" + kinds + "\">" + properties +
+                                "<sheets><sheet name=\"Stock &amp; more\" sheetId=\"1\" r:id=\"r1\"/><sheet "
+                                "name=\"Hidden\" sheetId=\"2\" state=\"hidden\" r:id=\"r2\"/></sheets></workbook>"},
         {"xl/sharedStrings.xml",
-         "<sst><si><t>first</t></si>"
-         "<si><r><t>rich </t></r><r><rPr><b/></rPr><t>text</t></r><rPh sb=\"0\" eb=\"1\"><t>said</t></rPh></si>"
-         "<si><t>two_x000A_lines</t></si><si><t/></si></sst>"},
+         "<sst><si><t>first</t></si><si><r><t>rich </t></r><r><rPr><b/></rPr><t>text</t></r><rPh sb=\"0\" "
+         "eb=\"1\"><t>said</t></rPh></si><si><t>two_x000A_lines</t></si><si><t/></si></sst>"},
         {"xl/styles.xml",
-         "<styleSheet><numFmts><numFmt numFmtId=\"164\" formatCode=\"[$-409]d\\-mmm\\-yyyy;@\"/>"
-         "<numFmt numFmtId=\"165\" formatCode=\"00000\"/><numFmt numFmtId=\"166\" formatCode=\"0.00&quot;days&quot;\"/>"
-         "<numFmt numFmtId=\"167\" formatCode=\"[h]:mm\"/></numFmts>"
-         "<cellStyleXfs><xf numFmtId=\"14\"/></cellStyleXfs>"
-         "<cellXfs><xf numFmtId=\"0\"/><xf numFmtId=\"14\"/><xf numFmtId=\"164\"/><xf numFmtId=\"165\"/>"
-         "<xf numFmtId=\"166\"/><xf numFmtId=\"167\"/></cellXfs></styleSheet>"},
+         "<styleSheet><numFmts><numFmt numFmtId=\"164\" formatCode=\"[$-409]d\\-mmm\\-yyyy;@\"/><numFmt "
+         "numFmtId=\"165\" formatCode=\"00000\"/><numFmt numFmtId=\"166\" formatCode=\"0.00&quot;days&quot;\"/><numFmt "
+         "numFmtId=\"167\" formatCode=\"[h]:mm\"/></numFmts><cellStyleXfs><xf "
+         "numFmtId=\"14\"/></cellStyleXfs><cellXfs><xf numFmtId=\"0\"/><xf numFmtId=\"14\"/><xf numFmtId=\"164\"/><xf "
+         "numFmtId=\"165\"/><xf numFmtId=\"166\"/><xf numFmtId=\"167\"/></cellXfs></styleSheet>"},
         {"xl/worksheets/sheet1.xml", "<worksheet><sheetViews><sheetView/></sheetViews><sheetData>" + rows +
                                          "</sheetData><mergeCells count=\"0\"/></worksheet>"},
         {"xl/worksheets/sheet2.xml", "<worksheet><sheetData/></worksheet>"},

@@ -31,6 +31,13 @@ class CompanySession : public testing::Test {
   std::string read(const char* box) { return control<QLineEdit>(box).text().toStdString(); }
   void click(const char* button) { control<QAbstractButton>(button).click(); }
   store::Recordset rows(const std::string& statement) { return {context->KORDconn, statement}; }
+  // The first row of a statement, fields parted by "|".
+  std::string line(const std::string& statement) {
+    const store::Recordset found = rows(statement);
+    std::string all;
+    for (const store::FieldInfo& field : found.fields()) all += (all.empty() ? "" : "|") + found.text(field.name);
+    return all;
+  }
 
   NewCompany company;
   QueuedPrompts prompts;

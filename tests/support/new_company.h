@@ -14,12 +14,13 @@ namespace velmo::test {
 // year holds 22 November 2026.
 class NewCompany {
  public:
-  NewCompany() : before_(std::filesystem::current_path()) {
+  explicit NewCompany(const text::DateTime& now = text::DateTime::fromCalendar(2026, 11, 22))
+      : before_(std::filesystem::current_path()) {
     std::string pattern = (std::filesystem::temp_directory_path() / "velmo-company-XXXXXX").string();
     if (!mkdtemp(pattern.data())) throw std::runtime_error("no folder for a test company");
     folder_ = pattern;
     std::filesystem::current_path(folder_);
-    schema::prepareCompanyFile(schema::plainConnectionString, text::DateTime::fromCalendar(2026, 11, 22));
+    schema::prepareCompanyFile(schema::plainConnectionString, now);
   }
   ~NewCompany() {
     std::error_code ignored;
@@ -30,6 +31,7 @@ class NewCompany {
   NewCompany& operator=(const NewCompany&) = delete;
 
   const std::filesystem::path& folder() const { return folder_; }
+  std::filesystem::path file() const { return folder_ / "Uninstall" / "Uninstall.MDB"; }
 
   static void run(store::Connection& connection, std::initializer_list<const char*> statements) {
     for (const char* statement : statements) connection.execute(statement);

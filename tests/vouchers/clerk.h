@@ -2,7 +2,6 @@
 
 #include <QRadioButton>
 
-#include "frame/document/document_screen.h"
 #include "support/plain_rows.h"
 #include "vouchers/settlement/pending_items.h"
 #include "vouchers/settlement/settlement_company.h"
@@ -14,7 +13,7 @@ namespace velmo::test {
 class Clerk : public InvoiceScreen {
  public:
   Clerk(SettlementCompany& company, Make make, frame::PrintOuts printOuts = {})
-      : InvoiceScreen(company, std::move(printOuts), make), company_(company) {}
+      : InvoiceScreen(company, std::move(printOuts), make) {}
 
   void cell(const char* grid, int row, int column, const QString& text) {
     auto& table = find<QTableView>(grid);
@@ -38,19 +37,7 @@ class Clerk : public InvoiceScreen {
     int row = 0;
     for (const char* invoice : invoices) cell("AgingGrid", row++, 0, invoice);
   }
-  void show(const std::string& tranNo) {
-    company_.context.OpenTranNo = std::stoll(tranNo);
-    static_cast<frame::DocumentScreen&>(widget()).ShowRecord();
-  }
-
- private:
-  SettlementCompany& company_;
 };
-
-inline std::string tranNoOf(SettlementCompany& company, int tranType, int docNo = 1) {
-  return company.one("select tranno from transactions where trantype=" + std::to_string(tranType) +
-                     " and docno=" + std::to_string(docNo));
-}
 
 inline std::vector<std::string> ledgerOf(SettlementCompany& company, const std::string& tranNo) {
   return company.rows("select acccode, [desc], debit, credit from subtransactions where tranno=" + tranNo +
@@ -68,7 +55,7 @@ inline std::vector<std::string> pendingOf(SettlementCompany& company, const vouc
 
 // The rows of the company's file as SQLite alone has them, fields parted by "|".
 inline std::vector<std::string> bareRows(const SettlementCompany& company, const std::string& sql) {
-  PlainFile file(company.company.folder() / "Uninstall" / "Uninstall.MDB");
+  PlainFile file(company.company.file());
   return plainTexts(file, sql);
 }
 

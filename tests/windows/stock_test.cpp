@@ -41,8 +41,7 @@ TEST(StockInAWindow, IsMovedAndCountedByKeysAndScansAlone) {
     person.waitUntil("a new document", [] { return shownCell("InventoryTransfers", 0, 0).empty(); });
     const char* const rows =
         "SELECT StockFlow.Serial & '|' & IIf(IsNull(StockOut), '', StockOut) & '|' & IIf(IsNull(StockIn), '', StockIn) "
-        "& "
-        "'|' & LocationID FROM Transactions INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo WHERE "
+        "& '|' & LocationID FROM Transactions INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo WHERE "
         "TranType = 43 ORDER BY StockFlow.FlowID DESC";
     EXPECT_EQ(person.inFile(rows, 1), "1|7||1");
     EXPECT_EQ(person.inFile(rows, 0), "1||7|3");

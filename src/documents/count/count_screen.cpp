@@ -5,7 +5,6 @@
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTimeEdit>
 
 #include "documents/count/count_differences.h"
@@ -75,11 +74,8 @@ void CountScreen::connectAll() {
   connect(bringIn_, &QPushButton::clicked, this, &CountScreen::bringIn);
   connect(differences_, &QPushButton::clicked, this, &CountScreen::showDifferences);
   connect(clear_, &QPushButton::clicked, this, &CountScreen::clear);
-  for (const auto& [keys, button] : {std::pair{Qt::Key_S, differences_}, std::pair{Qt::Key_P, print_}}) {
-    auto* shortcut = new QShortcut(Qt::CTRL | keys, this);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
-  }
+  differences_->setShortcut(Qt::CTRL | Qt::Key_S);
+  print_->setShortcut(Qt::CTRL | Qt::Key_P);
   auto* scanner = new frame::ScanListener(*this, [](const QWidget&) { return true; });
   connect(scanner, &frame::ScanListener::scanned, this, &CountScreen::scan);
 }
@@ -184,6 +180,8 @@ void CountScreen::bringIn() {
   grid_->showItems();
   tell(tr("%L1 counts were brought in.").arg(taken));
   countChanged();
+  window()->activateWindow();
+  grid_->setFocus(Qt::OtherFocusReason);
 }
 
 // Costs and later movements are those of this moment.

@@ -101,7 +101,7 @@ QHBoxLayout* CountScreen::buildCommands() {
     row->addWidget(made);
     return made;
   };
-  differences_ = button("DiffBttn", tr("Show &Differences (Ctrl+S)"),
+  differences_ = button("DiffBttn", tr("Show Differences (Ctrl+S)"),
                         tr("Shows the adjustments that bring the books to what was counted, before they are saved"));
   forms::makePrimary(*differences_);
   nil_ = new QCheckBox(tr("Not counted is &nil"));
@@ -109,13 +109,13 @@ QHBoxLayout* CountScreen::buildCommands() {
   nil_->setToolTip(tr("Listed items without a count are taken as not there; otherwise they stay as they are"));
   row->addWidget(nil_);
   row->addSpacing(forms::spacing::Section);
-  print_ = button("PrintBttn", tr("&Print Sheet"), tr("Prints the listed items with room for the counts (Ctrl+P)"));
+  print_ = button("PrintBttn", tr("Print Sheet"), tr("Prints the listed items with room for the counts (Ctrl+P)"));
   bookOnPaper_ = new QCheckBox(tr("&With book quantity"));
   bookOnPaper_->setObjectName("BookOption");
   bookOnPaper_->setChecked(true);
   row->addWidget(bookOnPaper_);
   row->addSpacing(forms::spacing::Section);
-  bringIn_ = button("ImportBttn", tr("&Bring In Counts..."), tr("Reads codes and counted quantities from a file"));
+  bringIn_ = button("ImportBttn", tr("Br&ing In Counts..."), tr("Reads codes and counted quantities from a file"));
   clear_ = button("CancelBttn", tr("C&lear"), tr("Drops all counts and begins a new sheet"));
   row->addStretch(1);
   return row;

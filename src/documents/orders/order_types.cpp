@@ -14,7 +14,9 @@ using enum frame::FieldPlace;
 frame::DocumentType quotation() {
   frame::DocumentType type =
       orderPaper("Quotations", "QUOTATIONS",
-                 salePaper({.historyTranTypes = {schema::tran_type::SalesTaxInvoice, schema::tran_type::SaleInvoice}}));
+                 salePaper({.historyTranTypes = {schema::tran_type::SalesTaxInvoice, schema::tran_type::SaleInvoice},
+                            .historyNumberCaption = "Inv. No.",
+                            .historyPartyCaption = "Customer"}));
   type.find = findQuotations();
   type.locationChoice = frame::LocationChoice::OfCompany;
   type.jobChoice = frame::JobChoice::None;

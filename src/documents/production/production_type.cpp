@@ -44,7 +44,7 @@ const frame::DocumentType& productionType() {
         return std::make_shared<ProductionBody>(place);
       },
       .costsOnOpening = frame::CostsOnOpening::ToYearEnd,
-      .afterPrint = frame::AfterPrint::StayOnSaved,
+      .afterPrint = frame::AfterPrint::ShowSaved,
       .validation = productionSteps(),
       .header = productionHeader};
   return type;

@@ -267,13 +267,17 @@ void DocumentScreen::afterSave(PrintMode mode, const DocumentValues& values) {
       bindAgain();
       GiveUp();
     });
+  if (mode != PrintMode::Nothing && type_.afterPrint == AfterPrint::ShowSaved) {
+    workplace_.context.OpenTranNo = LastSavedTranNo_;
+    showTran();
+  }
   if (mode == PrintMode::Voucher) {
     PrintTimer_.start();
     return;
   }
   if (mode == PrintMode::Document) {
     printDocument(values);
-    if (type_.afterPrint == AfterPrint::StayOnSaved) return;
+    if (type_.afterPrint != AfterPrint::NewDocument) return;
   }
   ClearForNewRecord();
 }

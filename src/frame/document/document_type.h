@@ -101,7 +101,8 @@ enum class CostsOnOpening {
 
 enum class AfterPrint {
   NewDocument,
-  StayOnSaved  // the screen goes on showing what it printed, as if it were not saved yet
+  StayOnSaved,  // the screen goes on showing what it printed, as if it were not saved yet
+  ShowSaved     // the saved document is shown, and what follows changes it
 };
 
 // Makes a document of another kind from this one, which is saved first.

@@ -31,6 +31,8 @@ struct ItemGridKind {
   std::vector<int> historyTranTypes = {
       schema::tran_type::SaleInvoice};  // whose last four lines are a guide for the rate
   std::string historyQuantityField = "StockOut";
+  std::string historyNumberCaption = "No";
+  std::string historyPartyCaption = "Party";
   StockWarning stockWarning = StockWarning::None;
   SerialNumbers serialNumbers = SerialNumbers::None;
   ItemHistory history = ItemHistory::LastLines;

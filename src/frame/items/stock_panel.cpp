@@ -39,9 +39,12 @@ QLabel* valueLabel(const char* name) {
 std::vector<forms::TableColumn> historyColumns(const ItemGridKind& kind) {
   using forms::ColumnAlignment;
   return {
-      {.caption = "No", .field = "docno", .alignment = ColumnAlignment::Right, .width = 4},
+      {.caption = kind.historyNumberCaption,
+       .field = "docno",
+       .alignment = ColumnAlignment::Right,
+       .width = kind.historyNumberCaption.size() > 4 ? 7 : 4},
       {.caption = "Date", .field = "TranDate", .format = "dd-mm-yyyy", .width = 11},
-      {.caption = "Party", .field = "Text1", .width = 18},
+      {.caption = kind.historyPartyCaption, .field = "Text1", .width = 18},
       {.caption = "Quantity",
        .field = kind.historyQuantityField,
        .format = "0.00;(0.00)",

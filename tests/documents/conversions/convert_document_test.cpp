@@ -39,8 +39,7 @@ class Books : public InvoiceCompany {
          {"1, 'H1', 'Hammer', 'S-1', 1.5, 'Pcs', 50, 75, 10, 7.5, 67.5, 'Box'",
           "2, NULL, 'No item', '', 1, '', 1, 0, NULL, 0, 0, ''", "3, 'N1', 'Nail', '', 7, 'Pcs', 1, 7, NULL, 0, 7, ''"})
       context.KORDconn.execute(
-          "INSERT INTO StockFlow (TranNo, LocationID, Packs, PackPcs, Serial, ItemCode, ItemName, "
-          "ProductSerials, " +
+          "INSERT INTO StockFlow (TranNo, LocationID, Packs, PackPcs, Serial, ItemCode, ItemName, ProductSerials, " +
           quantity + ", Unit, Rate, GrossAmt, DiscRate, DiscAmt, ItemValue, Packing) VALUES (" + tranNo +
           ", 2, 1, 1, " + line + ")");
     return std::stoll(tranNo);
@@ -123,7 +122,7 @@ class EveryConversion : public testing::TestWithParam<Expected> {};
 TEST_P(EveryConversion, WritesTheRowsOfItsKind) {
   const Expected& expected = GetParam();
   Books books;
-  books.context.KORDconn.execute("delete from transactions where trantype=93 and fyid=1");
+  books.run("delete from transactions where trantype=93 and fyid=1");
   const std::int64_t source = books.save(expected.from);
   const std::string before = books.of(source, "*");
   const std::int64_t made = books.convert(way(expected.from, expected.to), source);
@@ -143,14 +142,13 @@ TEST_P(EveryConversion, WritesTheRowsOfItsKind) {
   EXPECT_EQ(books.of(made, "UserAdded, UserEdited, TimeAdded, TimeEdited"),
             "1|1|11/22/2026 10:30:15 AM|11/22/2026 10:30:15 AM");
   const bool inward = expected.to == 20 || expected.to == 22;
-  EXPECT_EQ(
-      books.of(made,
-               inward ? "Serial, ItemCode, ItemName, ProductSerials, Packs, PackPcs, StockIn, StockOut, Unit, Rate, "
-                        "GrossAmt, DiscRate, DiscAmt, ItemValue, Packing, LocationID, JobID"
-                      : "Serial, ItemCode, ItemName, ProductSerials, Packs, PackPcs, StockOut, StockIn, Unit, Rate, "
-                        "GrossAmt, DiscRate, DiscAmt, ItemValue, Packing, LocationID, JobID",
-               "stockflow"),
-      "1|H1|Hammer|S-1|1|1|1.5||Pcs|50|75|10|7.5|67.5||3|7 / 3|N1|Nail||1|1|7||Pcs|1|7||0|7||3|7");
+  EXPECT_EQ(books.of(made,
+                     inward ? "Serial, ItemCode, ItemName, ProductSerials, Packs, PackPcs, StockIn, StockOut, Unit, "
+                              "Rate, GrossAmt, DiscRate, DiscAmt, ItemValue, Packing, LocationID, JobID"
+                            : "Serial, ItemCode, ItemName, ProductSerials, Packs, PackPcs, StockOut, StockIn, Unit, "
+                              "Rate, GrossAmt, DiscRate, DiscAmt, ItemValue, Packing, LocationID, JobID",
+                     "stockflow"),
+            "1|H1|Hammer|S-1|1|1|1.5||Pcs|50|75|10|7.5|67.5||3|7 / 3|N1|Nail||1|1|7||Pcs|1|7||0|7||3|7");
   EXPECT_EQ(books.of(made, "AccCode, AccName, [Desc], Debit, Credit", "subtransactions"), expected.ledger);
   EXPECT_EQ(books.of(made, "TranType, TrAmount", "agingdr"), expected.receivable);
   EXPECT_EQ(books.of(made, "TranType, VendorInvNo, TrAmount", "agingcr"), expected.payable);
@@ -162,9 +160,8 @@ TEST_P(EveryConversion, WritesTheRowsOfItsKind) {
       EXPECT_EQ(row, "1|1|11/22/2026|11/22/2026|12001002|0|0|0|1");
 
   EXPECT_EQ(books.of(source, "D2, D2Date, Text9, Text10, Text11"), expected.trace);
-  books.context.KORDconn.execute(
-      "update transactions set D2='R-2', D2Date='02-11-2026', Text9='t9', Text10='t10', "
-      "Text11='t11' where tranno=" +
+  books.run(
+      "update transactions set D2='R-2', D2Date='02-11-2026', Text9='t9', Text10='t10', Text11='t11' where tranno=" +
       std::to_string(source));
   EXPECT_EQ(books.of(source, "*"), before) << "nothing else of it moves";
 }
@@ -178,10 +175,10 @@ TEST(Conversion, TakesTheNextNumberOfItsKindAndYearAndMaySaysSoAgain) {
   const std::int64_t order = books.save(93);
   const std::int64_t made = books.convert(way(93, 94), order);
   NewCompany::run(
-      {"INSERT INTO Transactions (DocNo, TranType, FYID, TranDate, Cancel, InvLedger) VALUES (5, 94, 1, "
-       "#11-22-2026#, Yes, No)",
-       "INSERT INTO Transactions (DocNo, TranType, FYID, TranDate, Cancel, InvLedger) VALUES (70, 94, 2, "
-       "#11-22-2026#, No, No)"});
+      {"INSERT INTO Transactions (DocNo, TranType, FYID, TranDate, Cancel, InvLedger) VALUES (5, 94, 1, #11-22-2026#, "
+       "Yes, No)",
+       "INSERT INTO Transactions (DocNo, TranType, FYID, TranDate, Cancel, InvLedger) VALUES (70, 94, 2, #11-22-2026#, "
+       "No, No)"});
   const std::int64_t again = books.convert(way(93, 94), order);
   EXPECT_EQ(books.of(made, "docno"), "1");
   EXPECT_EQ(books.of(again, "docno"), "6");
@@ -193,9 +190,9 @@ TEST(Conversion, IsWholeOrNothing) {
   Books books;
   const std::int64_t order = books.save(93);
   const std::int64_t bill = books.save(20);
-  books.context.KORDconn.execute("update transactions set partycode2 = 12009999 where tranno=" + std::to_string(bill));
+  books.run("update transactions set partycode2 = 12009999 where tranno=" + std::to_string(bill));
   const std::int64_t cancelled = books.save(94);
-  books.context.KORDconn.execute("update transactions set cancel = Yes where tranno=" + std::to_string(cancelled));
+  books.run("update transactions set cancel = Yes where tranno=" + std::to_string(cancelled));
   const std::string before = books.everything();
   const auto refusal = [&](int from, int to, std::int64_t tranNo) -> std::string {
     try {

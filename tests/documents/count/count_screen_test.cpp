@@ -86,9 +86,9 @@ class CountDesk : public testing::Test {
   }
   Rows saved() {
     return office.rows(
-        "select trantype, docno, trandate, stockin, stockout, rate, itemvalue, itemcode, locationid from "
-        "transactions inner join stockflow on transactions.tranno = stockflow.tranno where trantype = "
-        "45 or trantype = 47 order by trantype, docno, serial");
+        "select trantype, docno, trandate, stockin, stockout, rate, itemvalue, itemcode, locationid from transactions "
+        "inner join stockflow on transactions.tranno = stockflow.tranno where trantype = 45 or trantype = 47 order by "
+        "trantype, docno, serial");
   }
 
   StockCompany office;
@@ -135,9 +135,8 @@ TEST_F(CountDesk, TakesWhatWasNotCountedAsNilOnlyWhenTold) {
 
 TEST_F(CountDesk, TellsWhatMovedLaterAndKeepsItApart) {
   NewCompany::run(
-      {"INSERT INTO Transactions (TranNo, DocNo, TranDate, TranType, FYID, Cancel, InvLedger, TimeAdded, "
-       "TimeEdited) VALUES (901, 17, #11-22-2026#, 32, 1, No, No, #11-22-2026 11:00:00#, #11-22-2026 "
-       "11:00:00#)",
+      {"INSERT INTO Transactions (TranNo, DocNo, TranDate, TranType, FYID, Cancel, InvLedger, TimeAdded, TimeEdited) "
+       "VALUES (901, 17, #11-22-2026#, 32, 1, No, No, #11-22-2026 11:00:00#, #11-22-2026 11:00:00#)",
        "INSERT INTO StockFlow (TranNo, ItemCode, StockOut, LocationID) VALUES (901, 'H1', 5, 1)"});
   count(0, "98");
   showDifferences([](QDialog& dialog) {
@@ -199,10 +198,8 @@ TEST(CountDocuments, HoldFiveHundredLinesEachAndAreThereTogether) {
   {
     store::Connection::Transaction transaction(office.context.KORDconn);
     for (int item = 0; item < items; ++item)
-      office.context.KORDconn.execute(
-          "INSERT INTO StockLevel3 (ItemCode, ItemName, Status, CatID, SubCatID, "
-          "ValuationCost2) VALUES ('C" +
-          std::to_string(10000 + item) + "', 'Many', No, 'TOO', 'TOO01', 1)");
+      office.run("INSERT INTO StockLevel3 (ItemCode, ItemName, Status, CatID, SubCatID, ValuationCost2) VALUES ('C" +
+                 std::to_string(10000 + item) + "', 'Many', No, 'TOO', 'TOO01', 1)");
     transaction.commit();
   }
   const documents::CountSave save{.place = {.FYID = 1, .locationId = 1, .moment = office.clock.now()},
@@ -216,11 +213,10 @@ TEST(CountDocuments, HoldFiveHundredLinesEachAndAreThereTogether) {
   EXPECT_EQ(documents.back().lines.size(), 201u);
 
   const std::string before = office.one("select count(*) as n from transactions");
-  office.context.KORDconn.execute("delete from acclevel3 where acccode = 50001005");
+  office.run("delete from acclevel3 where acccode = 50001005");
   EXPECT_THROW(saveCount(office.context, documents, save), store::StoreError);
   EXPECT_EQ(office.one("select count(*) as n from transactions"), before);
-  office.context.KORDconn.execute(
-      "INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (50001005, 'Adjusted', 500, 50001)");
+  office.run("INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (50001005, 'Adjusted', 500, 50001)");
   EXPECT_EQ(saveCount(office.context, documents, save),
             (Rows{"Inventory Added No. 1", "Inventory Added No. 2", "Inventory Added No. 3"}));
   EXPECT_EQ(office.rows("select tramount from transactions where trantype = 45 order by docno"),

@@ -16,7 +16,7 @@ using frame::GridColumn;
 using Rows = std::vector<std::string>;
 
 Rows bareRows(const InvoiceCompany& shop, const std::string& sql) {
-  PlainFile file(shop.company.folder() / "Uninstall" / "Uninstall.MDB");
+  PlainFile file(shop.company.file());
   return plainTexts(file, sql);
 }
 

@@ -174,7 +174,7 @@ TEST(Counter, EscapeLeadsBackToALiveFormAndLessThanTheTotalStillSaves) {
   EXPECT_EQ(shop.one("select tramount, received, balance from transactions where trantype=32"), "45|45|0");
   EXPECT_EQ(shop.rows(ledger("acccode, debit, credit")), (Rows{"10001001|45|", "40001001||50", "60001001|5|"}));
   // Shown again it is as it was saved, and saved again it keeps what the other screen may have written.
-  shop.context.KORDconn.execute("update transactions set d1 = 'PO-1', text10 = 'mark' where trantype=32");
+  shop.run("update transactions set d1 = 'PO-1', text10 = 'mark' where trantype=32");
   counter.press("PrevBttn");
   EXPECT_EQ(counter.text("Acc"), "Cash in Hand");
   counter.press("SaveBttn");
@@ -227,8 +227,7 @@ TEST(Counter, RemembersHowItWorksAndASlipWhosePrinterIsGoneIsShown) {
   counter.press("PrintBill_0");
   shop.prompts.expect(
       "Cannot Print",
-      "The printer \"Till 'printer'\" is not there any more. The invoice is saved, and its slip is shown "
-      "instead.");
+      "The printer \"Till 'printer'\" is not there any more. The invoice is saved, and its slip is shown instead.");
   counter.pay("5");
   EXPECT_EQ(shop.one("select tramount from transactions where trantype=32"), "3.35");
   int previews = 0;

@@ -19,8 +19,7 @@ using Rows = std::vector<std::string>;
 const char* const ledger =
     "select subtransactions.acccode, subtransactions.accname, subtransactions.desc, subtransactions.debit, "
     "subtransactions.credit from transactions inner join subtransactions on transactions.tranno = "
-    "subtransactions.tranno "
-    "where transactions.trantype=32 order by subtransactions.serial";
+    "subtransactions.tranno where transactions.trantype=32 order by subtransactions.serial";
 const char* const openItems =
     "select docno, docno2, trandate, partycode, trantype, tramount, payment, totpayment, fyid from agingdr order by "
     "serial";
@@ -47,16 +46,16 @@ TEST(SaleInvoiceSaving, WritesHeaderLinesLedgerAndOpenItem) {
   screen.find<QPlainTextEdit>("Desc").setPlainText("By hand");
   screen.save();
 
-  EXPECT_EQ(shop.one("select docno, docno2, trandate, nature, empid, jobidfrom, desc, d1, d1date, partycode, "
-                     "partycode2, text1, text2, text3, text4, text10, text11, text12 from transactions where "
-                     "trantype=32"),
-            "1|1|11/22/2026|Net 30|1|0|By hand|PO-9|05-10-2026|40001001|12001002|O'Brien & Sons|1 High St|555-1|"
-            "10001001||0|1");
+  EXPECT_EQ(
+      shop.one("select docno, docno2, trandate, nature, empid, jobidfrom, desc, d1, d1date, partycode, partycode2, "
+               "text1, text2, text3, text4, text10, text11, text12 from transactions where trantype=32"),
+      "1|1|11/22/2026|Net 30|1|0|By hand|PO-9|05-10-2026|40001001|12001002|O'Brien & Sons|1 High "
+      "St|555-1|10001001||0|1");
   EXPECT_EQ(
       shop.one("select discount, tax1, carriage, tramount, received, balance, wordsamt, locationfrom, locationto, "
                "fyid, useradded, timeadded, useredited, timeedited from transactions where trantype=32"),
-      "0|0|-3.35|120|50|70|one hundred twenty and 00/100 only.|1|1|1|1|11/22/2026 10:30:15 AM|1|"
-      "11/22/2026 10:30:15 AM");
+      "0|0|-3.35|120|50|70|one hundred twenty and 00/100 only.|1|1|1|1|11/22/2026 10:30:15 AM|1|11/22/2026 10:30:15 "
+      "AM");
   EXPECT_EQ(shop.rows("select serial, itemcode, itemname, stockout, unit, rate, grossamt, discamt, itemvalue, packs, "
                       "packpcs, locationid, jobid from stockflow where stockout is not null order by flowid"),
             (Rows{"1|H1|Hammer|2|Pcs|50|100|0|100|1|1|1|0", "2|N1|Nail|10|Pcs|0.335|3.35|0|3.35|1|1|1|0",
@@ -103,7 +102,7 @@ TEST(SaleInvoiceSaving, SavingAgainRebuildsEverythingButAuthorAndMarks) {
   InvoiceCompany shop;
   InvoiceScreen screen(shop);
   screen.saveInvoice("12001002", "40");
-  shop.context.KORDconn.execute("update transactions set text10 = 'O.G.P. No. 5' where trantype=32");
+  shop.run("update transactions set text10 = 'O.G.P. No. 5' where trantype=32");
   const Rows oldLedger = shop.rows("select serial from subtransactions where acccode=40001001 order by serial");
   shop.clock.moment = text::DateTime::fromCalendar(2026, 11, 23, 9, 0, 0);
   shop.context.UserID = 1;

@@ -2,15 +2,14 @@
 
 #include <QCheckBox>
 #include <map>
-#include <random>
 
 #include "documents/conversions/conversion.h"
 #include "documents/invoice_company.h"
 #include "documents/invoices/trade_screens.h"
 #include "documents/orders/order_screens.h"
-#include "frame/document/document_screen.h"
 #include "frame/items/item_history.h"
 #include "session/stock_movement.h"
+#include "support/dice.h"
 
 // Chains of papers at random, begun, converted, saved again, cancelled, restored and deleted in any order, under every
 // setting of what moves stock.
@@ -30,10 +29,10 @@ struct Paper {
   std::map<std::string, std::string> marks = {};
 };
 
-class ChainDesk {
+class ChainDesk : private Dice {
  public:
-  explicit ChainDesk(int setting) : setting_(setting), random_(static_cast<unsigned>(setting)) {
-    shop_.context.KORDconn.execute("delete from transactions where trantype=93");
+  explicit ChainDesk(int setting) : Dice(static_cast<unsigned>(setting)), setting_(setting) {
+    shop_.run("delete from transactions where trantype=93");
     shop_.screens.known = {"Quotations",     "SaleOrders",   "DeliveryChallans",    "GatePassesOut",
                            "PurchaseOrders", "GatePassesIn", "PurchaseBillsSimple", "SaleInvoicesSimple"};
     others_ = shop_.rows("select tranno from transactions").size();
@@ -78,8 +77,6 @@ class ChainDesk {
   int conversions = 0;
 
  private:
-  int pick(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
-
   // As the setting says it: the tens for what comes in, the units for what goes out.
   bool moves(int tranType) const {
     const std::map<int, int> inward = {{1, 20}, {2, 22}}, outward = {{1, 30}, {2, 94}, {3, 32}};
@@ -100,8 +97,7 @@ class ChainDesk {
   }
   InvoiceScreen& show(std::int64_t tranNo) {
     InvoiceScreen& screen = goTo(papers_.at(tranNo).tranType);
-    shop_.context.OpenTranNo = tranNo;
-    static_cast<frame::DocumentScreen&>(screen.widget()).ShowRecord();
+    screen.show(tranNo);
     return screen;
   }
 
@@ -202,7 +198,6 @@ class ChainDesk {
   }
 
   const int setting_;
-  std::mt19937 random_;
   InvoiceCompany shop_;
   std::size_t others_ = 0;  // documents that the company had before
   std::map<int, std::unique_ptr<InvoiceScreen>> screens_;

@@ -10,7 +10,6 @@
 
 #include "documents/invoice_company.h"
 #include "documents/invoices/trade_screens.h"
-#include "frame/document/document_screen.h"
 #include "frame/items/item_history.h"
 
 namespace {
@@ -31,14 +30,6 @@ class Office : public InvoiceCompany {
     NewCompany::run({"INSERT INTO Jobs (JobNo, JobDesc, Status) VALUES (7, 'Shed', No)",
                      "delete from Transactions where TranType=93"});
     context.stocklocationid = 1;
-  }
-  void show(InvoiceScreen& screen, const std::string& tranNo) {
-    context.OpenTranNo = std::stoll(tranNo);
-    static_cast<frame::DocumentScreen&>(screen.widget()).ShowRecord();
-  }
-  std::string tranNo(int tranType, int docNo = 1) {
-    return one("select tranno from transactions where trantype=" + std::to_string(tranType) +
-               " and docno=" + std::to_string(docNo));
   }
 };
 
@@ -154,7 +145,7 @@ TEST_P(OrderPaper, IsWrittenAsItIsTypedAndPostsNothing) {
   for (const char* table : {"subtransactions", "agingdr", "agingcr"})
     EXPECT_EQ(office.one(std::string("select count(*) as n from ") + table + " where tranno=" + tranNo), "0") << table;
 
-  office.show(screen, tranNo);
+  screen.show(tranNo);
   for (const auto& [box, text] : paper.typed) EXPECT_EQ(screen.text(box), text) << box;
 }
 
@@ -187,9 +178,7 @@ TEST(OrderPapers, FindVehicleAndDriverInPlaceOfAnAmount) {
   }
   screen.withFind("FindDC", [&](QDialog& find) {
     auto& columns = *find.findChild<QComboBox*>("ColList");
-    QStringList captions;
-    for (int i = 0; i < columns.count(); ++i) captions << columns.itemText(i);
-    EXPECT_EQ(captions.join("|").toStdString(), "Serial No.|Date|Purchase Order No.|Customer Name|Vehicle|Driver");
+    EXPECT_EQ(InvoiceScreen::entries(columns), "Serial No.|Date|Purchase Order No.|Customer Name|Vehicle|Driver");
     columns.setCurrentIndex(4);
     office.prompts.expect("Cannot Find", "Give vehicle description to find.");
     find.findChild<QPushButton*>("FindBttn")->click();
@@ -206,10 +195,10 @@ TEST(OrderPapers, FindVehicleAndDriverInPlaceOfAnAmount) {
 TEST(OrderPapers, ReferencesBringTheirDatesAndQuotationsTheSalesOfBothKinds) {
   Office office;
   NewCompany::run(
-      {"INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, D1, UserAdded, "
-       "UserEdited) VALUES (3, #10-05-2026#, 93, 1, No, Yes, 'PO-9', 1, 1)",
-       "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, "
-       "UserEdited) VALUES (3, #10-06-2026#, 92, 1, No, Yes, 1, 1)",
+      {"INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, D1, UserAdded, UserEdited) "
+       "VALUES (3, #10-05-2026#, 93, 1, No, Yes, 'PO-9', 1, 1)",
+       "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, UserEdited) VALUES "
+       "(3, #10-06-2026#, 92, 1, No, Yes, 1, 1)",
        "INSERT INTO Transactions (TranNo, DocNo, TranDate, TranType, FYID, Cancel, InvLedger) VALUES (900, 1, "
        "#10-06-2026#, 31, 1, No, No)",
        "INSERT INTO StockFlow (TranNo, ItemCode, StockOut, Rate) VALUES (900, 'H1', 1, 49)"});
@@ -255,7 +244,7 @@ TEST_F(Chain, SavesTheOrderOpensTheChallanAndLeavesAMarkThatLeadsThere) {
   EXPECT_EQ(challan.text("TExc"), "200.00");
   EXPECT_EQ(challan.text("SupplyTime"), "10:30:15 AM");
 
-  office.show(order, office.tranNo(93));
+  order.show(office.tranNo(93));
   EXPECT_EQ(mark("ConvLbl1").text(), "D.C. No. 1");
   EXPECT_TRUE(mark("ConvLbl2").isHidden());
   office.screens.opened.clear();
@@ -264,7 +253,7 @@ TEST_F(Chain, SavesTheOrderOpensTheChallanAndLeavesAMarkThatLeadsThere) {
   EXPECT_EQ(office.screens.opened, "DeliveryChallans");
   EXPECT_EQ(office.context.OpenTranNo, std::stoll(office.tranNo(94)));
 
-  office.context.KORDconn.execute("update userrights set operator1=yes where rightid=92 or rightid=93");
+  office.run("update userrights set operator1=yes where rightid=92 or rightid=93");
   office.context.UserID = 2;
   const auto words = [&](const char* right) {
     return "You do not have access to " +
@@ -277,8 +266,8 @@ TEST_F(Chain, SavesTheOrderOpensTheChallanAndLeavesAMarkThatLeadsThere) {
   office.context.UserID = 1;
 
   order.press("SaveBttn");
-  office.context.KORDconn.execute("delete from transactions where trantype=94");
-  office.show(order, office.tranNo(93));
+  office.run("delete from transactions where trantype=94");
+  order.show(office.tranNo(93));
   office.prompts.expect("Record Not Found",
                         "D.C. No. 1 is not there any more. It may have been deleted, or its number changed.");
   mark("ConvLbl1").click();
@@ -294,7 +283,7 @@ TEST_F(Chain, ACancelledOneIsRefusedWhoeverCancelledItAndTheScreenKeepsAll) {
   order.press("SaveBttn");
 
   const std::string tranNo = office.tranNo(93);
-  office.show(order, tranNo);
+  order.show(tranNo);
   order.type("D1", "PO-2");
   NewCompany::run({"update Transactions set Cancel = Yes where TranType = 93"});
   office.prompts.expect("Cannot Save", refusal);
@@ -304,11 +293,11 @@ TEST_F(Chain, ACancelledOneIsRefusedWhoeverCancelledItAndTheScreenKeepsAll) {
   EXPECT_EQ(office.one("select D1, Cancel from transactions where trantype=93"), "PO-1|True");
   EXPECT_EQ(office.rows("select docno from transactions where trantype=94"), Rows{});
 
-  office.show(order, tranNo);  // as it is, and set right by hand
+  order.show(tranNo);  // as it is, and set right by hand
   order.find<QCheckBox>("CancelOption").click();
   EXPECT_EQ(converted(), "DeliveryChallans");
 
-  office.show(order, tranNo);
+  order.show(tranNo);
   order.type("D1", "PO-3");
   NewCompany::run({"delete from Transactions where TranType = 93"});
   office.prompts.expect("Cannot Save",
@@ -320,7 +309,7 @@ TEST_F(Chain, ACancelledOneIsRefusedWhoeverCancelledItAndTheScreenKeepsAll) {
 TEST_F(Chain, AFailureLeavesTheSavedOrderOnTheScreen) {
   typeOrder();
   office.prompts.expectTitle("Cannot Save");
-  office.context.KORDconn.execute("delete from acclevel3 where acccode=12001003");
+  office.run("delete from acclevel3 where acccode=12001003");
   EXPECT_EQ(converted("ConvertBttn4"), "");
   EXPECT_EQ(order.text("D1"), "PO-1");
   EXPECT_TRUE(order.find<QPushButton>("SaveBttn").isEnabled());
@@ -342,18 +331,16 @@ TEST_F(Chain, TakesNoLinesFullSheetsTheLastDayAndADayOutsideTheYear) {
   order.press("SaveBttn");
   const std::string full = office.tranNo(93, 2);
   for (int serial = 2; serial <= 500; ++serial)
-    office.context.KORDconn.execute(
-        "INSERT INTO StockFlow (TranNo, Serial, ItemCode, ItemName, StockOut, ItemValue) "
-        "VALUES (" +
-        full + ", " + std::to_string(serial) + ", 'N1', 'Nail', 1, 0.01)");
+    office.run("INSERT INTO StockFlow (TranNo, Serial, ItemCode, ItemName, StockOut, ItemValue) VALUES (" + full +
+               ", " + std::to_string(serial) + ", 'N1', 'Nail', 1, 0.01)");
   office.clock.moment = office.context.FinancialYearEnd;
-  office.show(order, full);
+  order.show(full);
   EXPECT_EQ(converted(), "DeliveryChallans");
   EXPECT_EQ(office.one("select tramount from transactions where trantype=94"), "104.99");
   EXPECT_EQ(office.one("select count(*) as n from stockflow where tranno=" + office.tranNo(94)), "500");
 
   office.clock.moment = office.context.FinancialYearEnd.addDays(1);
-  office.show(order, full);
+  order.show(full);
   EXPECT_EQ(converted(), "DeliveryChallans");
   InvoiceScreen challan(office, {}, documents::makeDeliveryChallans);
   office.prompts.expect("Cannot Save", "Transaction date cannot be after ending date of financial year.");
@@ -366,7 +353,7 @@ TEST_F(Chain, OrdersOfQuotationsAndBillsOfOrdersAskForTheirReferenceFirst) {
   InvoiceScreen quotation(office, {}, documents::makeQuotations);
   quotation.type("PartyCodeTxt", "12001003");
   quotation.press("ConvertBttn");
-  office.show(order, std::to_string(office.context.OpenTranNo));
+  order.show(office.context.OpenTranNo);
   office.prompts.expect("Cannot Save", "Select a correct sale order customer reference no.");
   order.press("SaveBttn");
   InvoiceScreen purchase(office, {}, documents::makePurchaseOrders);
@@ -387,7 +374,7 @@ TEST_F(Chain, TheChallanOfAnInvoiceIsItsSecondReference) {
   invoice.type("PartyCodeTxt", "12001003");
   invoice.line(0, "H1", "2");
   invoice.press("ConvertBttn2");
-  office.show(invoice, office.tranNo(32));
+  invoice.show(office.tranNo(32));
   EXPECT_EQ(invoice.text("D2"), "1");
   EXPECT_EQ(invoice.text("D2Dt"), "22-11-2026");
   office.screens.opened.clear();
@@ -401,10 +388,10 @@ TEST_F(Chain, TheChallanOfAnInvoiceIsItsSecondReference) {
   press(invoice.box("D2"), Qt::Key_Return);
   EXPECT_EQ(office.screens.opened, "");
   invoice.press("SaveBttn");
-  office.show(invoice, office.tranNo(32));
-  office.prompts.expect("Record Not Found",
-                        "Delivery Challan No. 17 is not there any more. It may have been deleted, or "
-                        "its number changed.");
+  invoice.show(office.tranNo(32));
+  office.prompts.expect(
+      "Record Not Found",
+      "Delivery Challan No. 17 is not there any more. It may have been deleted, or its number changed.");
   arrow.trigger();
 }
 

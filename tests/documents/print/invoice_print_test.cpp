@@ -5,6 +5,7 @@
 #include "documents/invoice_company.h"
 #include "documents/print/invoice_design.h"
 #include "documents/print/paper_reading.h"
+#include "support/parted.h"
 
 namespace {
 
@@ -19,64 +20,23 @@ struct Layout {
   const char* name;
   Design design;
   Paper paper;
-  std::vector<const char*> headings;
-  const char* discount;
-  const char* received;
-  const char* net;             // 10250 as the layout writes it
+  const char* words;           // of its own: headings, captions and 10250 as it writes it
   const char* discountAmount;  // 50 on the whole; without a discount column 10 of the lines with it
 };
 
-const std::vector<Layout>& layouts() {
-  static const std::vector<Layout> all{{"Invoice",
-                                        documents::designInvoice,
-                                        A4,
-                                        {"Gross Amount", "Discount", "Net Amount"},
-                                        "Additional Discount  Rs.",
-                                        "Amount Received  Rs.",
-                                        "10,250.00",
-                                        "50.00"},
-                                       {"Invoice0",
-                                        documents::designInvoice0,
-                                        A4,
-                                        {"Quantity", "Rate", "Amount"},
-                                        "Discount  Rs.",
-                                        "Amount Received  Rs.",
-                                        "10,250.00",
-                                        "60.00"},
-                                       {"Invoice01",
-                                        documents::designInvoice01,
-                                        A5Landscape,
-                                        {"Gross Amount", "Discount", "Net Amount"},
-                                        "Additional Discount  Rs.",
-                                        "Amount Received  Rs.",
-                                        "10,250.00",
-                                        "50.00"},
-                                       {"Invoice02",
-                                        documents::designInvoice02,
-                                        A5,
-                                        {"Rate", "Discount", "Net Amount"},
-                                        "Additional Discount  Rs.",
-                                        "Amount Received  Rs.",
-                                        "10,250.00",
-                                        "50.00"},
-                                       {"Invoice6",
-                                        documents::designInvoice6,
-                                        Roll80,
-                                        {"Quantity", "Rate", "Discount", "Amount"},
-                                        "Discount  Rs.",
-                                        "Amount Received  Rs.",
-                                        "10250.00",
-                                        "(50.00)"},
-                                       {"Invoice7",
-                                        documents::designInvoice7,
-                                        Roll80,
-                                        {"Quantity", "Rate", "Amount"},
-                                        "Discount  Rs.",
-                                        "Received  Rs.",
-                                        "10250.00",
-                                        "(60.00)"}};
-  return all;
-}
+const Layout layouts[] = {
+    {"Invoice", documents::designInvoice, A4,
+     "Gross Amount|Discount|Net Amount|Additional Discount  Rs.|Amount Received  Rs.|10,250.00", "50.00"},
+    {"Invoice0", documents::designInvoice0, A4, "Quantity|Rate|Amount|Discount  Rs.|Amount Received  Rs.|10,250.00",
+     "60.00"},
+    {"Invoice01", documents::designInvoice01, A5Landscape,
+     "Gross Amount|Discount|Net Amount|Additional Discount  Rs.|Amount Received  Rs.|10,250.00", "50.00"},
+    {"Invoice02", documents::designInvoice02, A5,
+     "Rate|Discount|Net Amount|Additional Discount  Rs.|Amount Received  Rs.|10,250.00", "50.00"},
+    {"Invoice6", documents::designInvoice6, Roll80,
+     "Quantity|Rate|Discount|Amount|Discount  Rs.|Amount Received  Rs.|10250.00|Velmo Point of Sale", "(50.00)"},
+    {"Invoice7", documents::designInvoice7, Roll80,
+     "Quantity|Rate|Amount|Discount  Rs.|Received  Rs.|10250.00|Velmo Point of Sale", "(60.00)"}};
 
 DataRow line(int number, const std::string& name, double gross = 100, double discount = 10) {
   return {.fields = {{"serial", std::int64_t{number}},
@@ -121,53 +81,33 @@ InvoiceSheet sheet() {
           .request = {.today = text::DateTime::fromCalendar(2026, 11, 23)}};
 }
 
-std::vector<Page> pagesOf(const Layout& layout, const InvoiceSheet& invoice, std::vector<DataRow> data) {
-  return printing::test::pagesOf(layout.design(invoice, std::make_shared<VectorData>(std::move(data))));
+// Nothing on them is over another thing; left as pictures under the layout's name.
+std::vector<Page> pagesOf(const Layout& layout, const InvoiceSheet& invoice, std::vector<DataRow> data,
+                          const std::string& picture) {
+  return cleanPages(layout.design(invoice, std::make_shared<VectorData>(std::move(data))), layout.name + picture);
 }
 
 TEST(InvoicePrint, EveryLayoutSaysWhatAnInvoiceSays) {
   const InFolder noLogo;
-  for (const Layout& layout : layouts()) {
+  for (const Layout& layout : layouts) {
     SCOPED_TRACE(layout.name);
     const Report report = layout.design(sheet(), std::make_shared<VectorData>(lines(3)));
-    const auto pages = printing::test::pagesOf(report);
+    const auto pages = cleanPages(report, std::string(layout.name) + "-3-lines");
     ASSERT_EQ(pages.size(), 1U);
     EXPECT_EQ(report.title, "Sale Invoice");
     EXPECT_EQ(pages[0].width, layout.paper.width);
     if (!layout.paper.endless()) {
       EXPECT_EQ(pages[0].height, layout.paper.height);
     }
-    expectClean(pages, report.design);
-    printing::test::leavePictures(std::string(layout.name) + "-3-lines", pages);
     const std::string text = "\n" + wholeText(pages);
-    std::vector<std::string> expected{"Velmo Traders",
-                                      "12 Canal Road, Lahore",
-                                      "E-Mail: shop@velmo.example",
-                                      "SALE INVOICE",
-                                      "Invoice No.",
-                                      "4711",
-                                      "22-11-2026",
-                                      "O'Brien & Sons",
-                                      "1 High Street, Lahore",
-                                      "Tel: 555-1",
-                                      "Net 30",
-                                      "PO-9",
-                                      "20-11-2026",
-                                      "17",
-                                      "21-11-2026",
-                                      "Description",
-                                      "Totals  Rs.",
-                                      layout.discount,
-                                      "Gross Total  Rs.",
-                                      "Carriage & Freight  Rs.",
-                                      "Net Total  Rs.",
-                                      layout.received,
-                                      "Balance  Rs.",
-                                      layout.net,
-                                      "Prepared By: Ayesha"};
-    expected.insert(expected.end(), layout.headings.begin(), layout.headings.end());
-    if (layout.paper.endless()) expected.emplace_back("Velmo Point of Sale");
-    for (const std::string& words : expected) EXPECT_NE(text.find("\n" + words + "\n"), std::string::npos) << words;
+    for (const char* list :
+         {"Velmo Traders|12 Canal Road, Lahore|E-Mail: shop@velmo.example|SALE INVOICE|Invoice "
+          "No.|4711|22-11-2026|O'Brien & Sons|1 High Street, Lahore|Tel: 555-1|Net "
+          "30|PO-9|20-11-2026|17|21-11-2026|Description|Totals  Rs.|Gross Total  Rs.|Carriage & Freight  Rs.|Net Total "
+          " Rs.|Balance  Rs.|Prepared By: Ayesha|Page  1  of  1|Date 23-11-2026",
+          layout.words})
+      for (const std::string_view words : velmo::test::parted(list))
+        EXPECT_NE(text.find("\n" + std::string(words) + "\n"), std::string::npos) << words;
     EXPECT_NE(solid(text).find(solid(sheet().words)), std::string::npos);
     EXPECT_EQ(text.find("CANCELLED"), std::string::npos);
     EXPECT_EQ(report.variables.at("DiscountAmt"), layout.discountAmount);
@@ -176,15 +116,14 @@ TEST(InvoicePrint, EveryLayoutSaysWhatAnInvoiceSays) {
 
 TEST(InvoicePrint, ServiceCancelledAndNegative) {
   const InFolder noLogo;
-  for (const Layout& layout : layouts()) {
+  for (const Layout& layout : layouts) {
     SCOPED_TRACE(layout.name);
     InvoiceSheet invoice = sheet();
     invoice.request.kind = documents::InvoiceKind::Service;
     invoice.request.state = documents::DocumentState::Cancelled;
     invoice.carriage = -5;
     invoice.partytel = invoice.nature = invoice.d1txt = invoice.d1dttxt = invoice.d2txt = invoice.d2dttxt = "";
-    const auto pages = pagesOf(layout, invoice, lines(1));
-    printing::test::leavePictures(std::string(layout.name) + "-service", pages);
+    const auto pages = pagesOf(layout, invoice, lines(1), "-service");
     const std::string text = "\n" + wholeText(pages);
     for (const char* words :
          {"SERVICE INVOICE", "Service Invoice No.", "Description of Service", "CANCELLED", " (5.00)"})
@@ -195,7 +134,7 @@ TEST(InvoicePrint, ServiceCancelledAndNegative) {
 }
 
 TEST(InvoicePrint, OwnLetterheadBeginsAtItsMarginWithoutTheCompany) {
-  for (const Layout& layout : layouts())
+  for (const Layout& layout : layouts)
     for (const Twips margin : {200, 4000})
       for (const int count : {0, 60}) {
         SCOPED_TRACE(std::string(layout.name) + " " + std::to_string(margin));
@@ -203,10 +142,7 @@ TEST(InvoicePrint, OwnLetterheadBeginsAtItsMarginWithoutTheCompany) {
         invoice.headStyle = HeadStyle::OwnLetterhead;
         invoice.topMargin = margin;
         invoice.partyadd = std::string(250, 'W');
-        const Report report = layout.design(invoice, std::make_shared<VectorData>(lines(count)));
-        const auto pages = printing::test::pagesOf(report);
-        expectClean(pages, report.design);
-        printing::test::leavePictures(std::string(layout.name) + "-letterhead-" + std::to_string(margin), pages);
+        const auto pages = pagesOf(layout, invoice, lines(count), "-letterhead-" + std::to_string(margin));
         EXPECT_EQ(wholeText(pages).find("Velmo Traders"), std::string::npos);
         Twips highest = pages[0].height;
         for (const TextRun& run : pages[0].drawing.texts) highest = std::min(highest, run.at.top);
@@ -225,7 +161,7 @@ TEST(InvoicePrint, NothingOverlapsOrIsCutWhateverItHolds) {
                                                                 {"500-lines", lines(500)},
                                                                 {"250-wide", {line(1, std::string(250, 'W'))}},
                                                                 {"extremes", extremes}};
-  for (const Layout& layout : layouts())
+  for (const Layout& layout : layouts)
     for (const auto& [name, data] : cases) {
       SCOPED_TRACE(std::string(layout.name) + " " + name);
       InvoiceSheet invoice = sheet();
@@ -239,10 +175,7 @@ TEST(InvoicePrint, NothingOverlapsOrIsCutWhateverItHolds) {
             "Rupees Nine Billion Nine Hundred Ninety Nine Million Nine Hundred Ninety Nine Thousand Nine "
             "Hundred Ninety Nine and Paisas Ninety Nine only.";
       }
-      const Report report = layout.design(invoice, std::make_shared<VectorData>(data));
-      const auto pages = printing::test::pagesOf(report);
-      expectClean(pages, report.design);
-      printing::test::leavePictures(std::string(layout.name) + "-" + name, pages);
+      const auto pages = pagesOf(layout, invoice, data, std::string("-") + name);
       const std::string text = solid(wholeText(pages));
       for (const DataRow& row : data)
         EXPECT_NE(text.find(solid(store::textOf(row.fields.at("itemname")))), std::string::npos);
@@ -276,14 +209,13 @@ TEST(InvoicePrint, NothingOverlapsOrIsCutWhateverItHolds) {
 // The count of lines at which the totals find no room below them any more.
 TEST(InvoicePrint, TotalsAloneOverleafHaveNoEmptyTableAboveThem) {
   const InFolder noLogo;
-  for (const Layout& layout : layouts()) {
+  for (const Layout& layout : layouts) {
     if (layout.paper.endless()) continue;
     SCOPED_TRACE(layout.name);
     int count = 1;
     std::vector<Page> pages;
-    while (pages.size() < 2 && count < 200) pages = pagesOf(layout, sheet(), lines(count++));
+    while (pages.size() < 2 && count < 200) pages = pagesOf(layout, sheet(), lines(count++), "-totals-overleaf");
     ASSERT_EQ(pages.size(), 2U);
-    printing::test::leavePictures(std::string(layout.name) + "-totals-overleaf", pages);
     const std::string overleaf = printing::test::textsOf(pages[1], 2);
     ASSERT_EQ(overleaf.find("Claw hammer"), std::string::npos);
     EXPECT_EQ(overleaf.find("Description"), std::string::npos);
@@ -291,27 +223,15 @@ TEST(InvoicePrint, TotalsAloneOverleafHaveNoEmptyTableAboveThem) {
   }
 }
 
-TEST(InvoicePrint, SlipsCountTheirPages) {
-  const InFolder noLogo;
-  for (const Layout& layout : layouts()) {
-    const std::string text = printing::test::textsOf(pagesOf(layout, sheet(), lines(3)).front(), 1);
-    EXPECT_NE(text.find("Page  1  of  1"), std::string::npos) << layout.name;
-    EXPECT_NE(text.find("Date 23-11-2026"), std::string::npos) << layout.name;
-    EXPECT_NE(text.find("Prepared By: Ayesha"), std::string::npos) << layout.name;
-  }
-}
-
 TEST(InvoicePrint, CodesStandOnOneLine) {
   const InFolder noLogo;
-  for (const Layout& layout : layouts()) {
+  for (const Layout& layout : layouts) {
     SCOPED_TRACE(layout.name);
     std::vector<DataRow> data = lines(6);
     for (DataRow& row : data) row.fields["itemcode"] = std::string("2000000013985");
     data[0].fields["itemcode"] = std::string("HH-2026/MAHOGANY-99");
     data[1].fields["itemcode"] = std::string("a code of words");
-    const Report report = layout.design(sheet(), std::make_shared<VectorData>(data));
-    const auto pages = printing::test::pagesOf(report);
-    expectClean(pages, report.design);
+    const auto pages = pagesOf(layout, sheet(), data, "-codes");
     EXPECT_EQ(pages.size(), 1U);
     const std::string text = "\n" + wholeText(pages);
     if (text.find("Item Code") == std::string::npos) continue;
@@ -334,7 +254,7 @@ TEST(InvoicePrint, AnyLogoIsShownWholeOrLeftOut) {
   };
   for (const Case& logo : {Case{"fit", {640, 400}, "jpg", true}, Case{"wide", {3000, 60}, "jpg", true},
                            Case{"tall", {60, 3000}, "jpg", true}, Case{"huge", {12000, 9000}, "jpg", true},
-                           Case{"a PNG", {300, 300}, "png", true}, Case{"broken", {}, "", false}}) {
+                           Case{"PNG", {300, 300}, "png", true}, Case{"broken", {}, "", false}}) {
     const InFolder folder;
     if (logo.size.isEmpty()) {
       QFile file("mylogo.jpg");
@@ -342,13 +262,9 @@ TEST(InvoicePrint, AnyLogoIsShownWholeOrLeftOut) {
     } else {
       ASSERT_TRUE(picture.scaled(logo.size).save("mylogo.jpg", logo.format));
     }
-    for (const Layout& layout : layouts()) {
+    for (const Layout& layout : layouts) {
       SCOPED_TRACE(std::string(layout.name) + " " + logo.name);
-      const Report report = layout.design(sheet(), std::make_shared<VectorData>(lines(2)));
-      const auto pages = printing::test::pagesOf(report);
-      expectClean(pages, report.design);
-      printing::test::leavePictures(std::string(layout.name) + "-logo-" + QString(logo.name).remove(' ').toStdString(),
-                                    pages);
+      const auto pages = pagesOf(layout, sheet(), lines(2), std::string("-logo-") + logo.name);
       ASSERT_EQ(pages[0].drawing.pictures.size(), logo.shown ? 1U : 0U);
       if (!logo.shown) continue;
       const PlacedPicture& placed = pages[0].drawing.pictures[0];

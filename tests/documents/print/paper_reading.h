@@ -49,6 +49,14 @@ inline void expectClean(const std::vector<printing::Page>& pages, const printing
   }
 }
 
+// The pages of a print-out, clean and left as pictures.
+inline std::vector<printing::Page> cleanPages(const printing::Report& report, const std::string& picture) {
+  std::vector<printing::Page> pages = printing::test::pagesOf(report);
+  expectClean(pages, report.design);
+  printing::test::leavePictures(picture, pages);
+  return pages;
+}
+
 // A folder of its own to be in, as the logo is looked for in the current one.
 class InFolder {
  public:

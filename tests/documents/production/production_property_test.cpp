@@ -3,10 +3,11 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <map>
-#include <random>
 
 #include "documents/production/workshop_desk.h"
+#include "support/dice.h"
 #include "support/exact_decimal.h"
+#include "support/parted.h"
 #include "text/format.h"
 #include "text/number.h"
 
@@ -20,10 +21,10 @@ using frame::GridColumn;
 
 constexpr const char* items[] = {"H1", "N1", "P1"};
 
-class Workshop {
+class Workshop : private test::Dice {
  public:
   explicit Workshop(unsigned seed)
-      : random_(seed), production_(shop_, makeProduction), recipes_(shop_, makeBillofMaterial) {
+      : Dice(seed), production_(shop_, makeProduction), recipes_(shop_, makeBillofMaterial) {
     shop_.prompts.listen();
   }
 
@@ -52,12 +53,9 @@ class Workshop {
     for (const std::string& row : shop_.rows(
              "select T.docno, T.tramount, Sum(IIf(IsNull(S.debit),0,S.debit)) as Debits, "
              "Sum(IIf(IsNull(S.credit),0,S.credit)) as Credits, T.discount+T.carriage+T.received+T.balance as Cost "
-             "from "
-             "transactions as T inner join subtransactions as S on T.tranno = S.tranno where T.trantype=42 group by "
-             "T.tranno, T.docno, T.tramount, T.discount, T.carriage, T.received, T.balance")) {
-      std::vector<std::string> fields;
-      std::stringstream stream(row);
-      for (std::string field; std::getline(stream, field, '|');) fields.push_back(field);
+             "from transactions as T inner join subtransactions as S on T.tranno = S.tranno where T.trantype=42 group "
+             "by T.tranno, T.docno, T.tramount, T.discount, T.carriage, T.received, T.balance")) {
+      const std::vector<std::string_view> fields = test::parted(row);
       EXPECT_EQ(fields[1], fields[2]) << row;
       EXPECT_EQ(fields[2], fields[3]) << row;
       EXPECT_EQ(fields[3], fields[4]) << row;
@@ -75,7 +73,6 @@ class Workshop {
   int productions = 0;
 
  private:
-  int pick(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
   QString figure(int whole, int decimals) {
     return QString::number(1 + pick(whole)) + "." + QString::number(pick(decimals)).rightJustified(3, '0');
   }
@@ -83,12 +80,11 @@ class Workshop {
   // Every line is looked at by itself, and no total that the file keeps.
   void checkItem(const std::string& item) {
     test::ExactDecimal in, out, quantity, value;
-    store::Recordset lines(
-        shop_.context.KORDconn,
-        "select T.trantype, T.cancel, T.invledger, S.stockin, S.stockout, S.itemvalue from stockflow as "
-        "S inner join transactions as T on S.tranno = T.tranno where S.itemcode = '" +
-            item + "'",
-        store::LockType::ReadOnly);
+    store::Recordset lines(shop_.context.KORDconn,
+                           "select T.trantype, T.cancel, T.invledger, S.stockin, S.stockout, S.itemvalue from "
+                           "stockflow as S inner join transactions as T on S.tranno = T.tranno where S.itemcode = '" +
+                               item + "'",
+                           store::LockType::ReadOnly);
     for (; !lines.eof(); lines.moveNext()) {
       const std::int64_t type = lines.integer("trantype");
       if (lines.yes("cancel") || type == 95) continue;
@@ -172,7 +168,6 @@ class Workshop {
     }
   }
 
-  std::mt19937 random_;
   test::WorkshopCompany shop_;
   test::WorkshopScreen production_;
   test::WorkshopScreen recipes_;

@@ -44,9 +44,8 @@ TEST_F(RecipeScreen, IsKeptBesideTheBooksAndFoundInEveryYear) {
               ElementsAre("1|P1|Hammer Box|Set|1|26|5|3|34|True|True|0|0|thirty-four and 00/100 only."));
   EXPECT_EQ(shop.rows("select tranno from transactions where trantype=95 and trandate=#11-22-2026#").size(), 1U);
   const std::string lines =
-      "select S.serial, S.itemcode, S.stockout, S.rate, S.grossamt, S.locationid, S.jobid, S.packs "
-      "from stockflow as S inner join transactions as T on S.tranno = T.tranno where "
-      "T.trantype=95 order by S.serial";
+      "select S.serial, S.itemcode, S.stockout, S.rate, S.grossamt, S.locationid, S.jobid, S.packs from stockflow as S "
+      "inner join transactions as T on S.tranno = T.tranno where T.trantype=95 order by S.serial";
   EXPECT_THAT(shop.rows(lines), ElementsAre("1|H1|2|10|20|1|0|1", "2|N1|30|0.2|6|1|0|1"));
   EXPECT_THAT(shop.rows("select S.serial from subtransactions as S inner join transactions as T on S.tranno = T.tranno "
                         "where T.trantype=95"),

@@ -15,7 +15,6 @@ class WorkshopCompany : public InvoiceCompany {
     run("UPDATE StockLevel3 SET ValuationCost2 = 0.1, ValuationType = Yes WHERE ItemCode = 'N1'");
     context.ItemsRS.requery();
   }
-  void run(const std::string& statement) { context.KORDconn.execute(statement); }
 
   struct Component {
     std::string code;
@@ -58,8 +57,7 @@ class WorkshopCompany : public InvoiceCompany {
 // A screen with one or two grids under a person's hands.
 class WorkshopScreen : public InvoiceScreen {
  public:
-  WorkshopScreen(WorkshopCompany& company, Make make)
-      : InvoiceScreen(company, {.voucher = [](session::Workplace&, std::int64_t, QWidget*) {}}, make) {}
+  WorkshopScreen(WorkshopCompany& company, Make make) : InvoiceScreen(company, noVoucher, make) {}
 
   frame::ItemGrid& grid(const char* name) {
     QWidget* widget = &find<QTableView>(name);

@@ -3,7 +3,6 @@
 #include "documents/invoice_company.h"
 #include "documents/stock/stock_screens.h"
 #include "forms/drop_combo.h"
-#include "frame/document/document_screen.h"
 
 namespace velmo::test {
 
@@ -19,10 +18,6 @@ class StockCompany : public InvoiceCompany {
     context.stocklocationid = 1;
     context.ItemsRS.requery();
   }
-  std::string tranNo(int tranType, int docNo = 1) {
-    return one("select tranno from transactions where trantype=" + std::to_string(tranType) +
-               " and docno=" + std::to_string(docNo));
-  }
   // The goods of a place, or of a job, of documents that count.
   std::string balance(const std::string& condition) {
     return one(
@@ -32,11 +27,6 @@ class StockCompany : public InvoiceCompany {
         condition);
   }
 };
-
-inline void showDocument(StockCompany& company, InvoiceScreen& screen, const std::string& tranNo) {
-  company.context.OpenTranNo = std::stoll(tranNo);
-  static_cast<frame::DocumentScreen&>(screen.widget()).ShowRecord();
-}
 
 inline void choose(InvoiceScreen& screen, const char* list, std::int64_t id) {
   screen.find<forms::DropCombo>(list).setBoundValue(id);

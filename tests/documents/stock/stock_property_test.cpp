@@ -1,9 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "documents/stock/stock_company.h"
 #include "documents/stock/stock_desk.h"
+#include "support/dice.h"
 #include "support/exact_decimal.h"
 #include "support/plain_rows.h"
 #include "text/number.h"
@@ -26,9 +25,9 @@ struct Posted {
   std::vector<StockLine> lines = {};
 };
 
-class Storehouse {
+class Storehouse : private Dice {
  public:
-  Storehouse() {
+  Storehouse() : Dice(45) {
     NewCompany::run({"delete from Transactions",
                      "INSERT INTO StockLocation (LocationID, LocationName) VALUES (3, 'Van')",
                      "INSERT INTO StockLevel3 (ItemCode, ItemName, Status, CatID, SubCatID) VALUES ('P1', 'Pin', No, "
@@ -111,8 +110,6 @@ class Storehouse {
   }
 
  private:
-  int pick(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
-
   Posted anything(int tranType) {
     Posted document{.tranType = tranType,
                     .cancelled = pick(5) == 0,
@@ -158,7 +155,7 @@ class Storehouse {
 
   void remove(std::int64_t tranNo) {
     if (posted_[tranNo].tranType == 22)
-      office_.context.KORDconn.execute("delete from transactions where tranno = " + std::to_string(tranNo));
+      office_.run("delete from transactions where tranno = " + std::to_string(tranNo));
     else
       deskOf(posted_[tranNo].tranType).remove(tranNo);
     posted_.erase(tranNo);
@@ -171,8 +168,7 @@ class Storehouse {
   }
 
   StockCompany office_;
-  PlainFile file_{office_.company.folder() / "Uninstall" / "Uninstall.MDB"};
-  std::mt19937 random_{45};
+  PlainFile file_{office_.company.file()};
   StockDesk transfers_{office_.context, documents::inventoryTransfersType()};
   StockDesk added_{office_.context, documents::addInventoryType()};
   StockDesk reduced_{office_.context, documents::reduceInventoryType()};

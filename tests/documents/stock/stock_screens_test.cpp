@@ -39,7 +39,7 @@ const Adjustment adjustments[] = {
 class AdjustmentScreens : public testing::TestWithParam<Adjustment> {
  protected:
   StockCompany office;
-  InvoiceScreen screen{office, {.voucher = [](session::Workplace&, std::int64_t, QWidget*) {}}, GetParam().make};
+  InvoiceScreen screen{office, noVoucher, GetParam().make};
 };
 
 TEST_P(AdjustmentScreens, PostTheWholeAmountWhileADiscountLowersTheValue) {
@@ -65,7 +65,7 @@ TEST_P(AdjustmentScreens, PostTheWholeAmountWhileADiscountLowersTheValue) {
             GetParam().ledger);
   EXPECT_EQ(office.rows("select [desc] from subtransactions" + ofIt), (Rows{"Found", "Found"}));
 
-  showDocument(office, screen, tranNo);
+  screen.show(tranNo);
   screen.typeCell(0, GridColumn::Quantity, "3");
   screen.press("SaveBttn");
   EXPECT_EQ(office.rows("select accname, debit, credit from subtransactions" + ofIt + " order by serial").back(),
@@ -134,9 +134,7 @@ TEST_P(AdjustmentScreens, AreFoundByTheirRemarksAndPrintWhatIsOnTheScreen) {
   }
   screen.withFind(GetParam().findScreen, [&](QDialog& find) {
     auto& columns = *find.findChild<QComboBox*>("ColList");
-    QStringList captions;
-    for (int i = 0; i < columns.count(); ++i) captions << columns.itemText(i);
-    EXPECT_EQ(captions.join("|").toStdString(), "Serial No.|Date|Remarks|Amount");
+    EXPECT_EQ(InvoiceScreen::entries(columns), "Serial No.|Date|Remarks|Amount");
     columns.setCurrentIndex(2);
     office.prompts.expect("Cannot Find", "Give remarks to find.");
     find.findChild<QPushButton*>("FindBttn")->click();
@@ -190,7 +188,7 @@ TEST_F(Transfers, WriteEachLineTwiceAndAgainAtEverySave) {
             "150.2|1|2|1|2|False");
   EXPECT_EQ(office.one("select count(*) as n from subtransactions where tranno=" + tranNo), "0");
 
-  showDocument(office, screen, tranNo);
+  screen.show(tranNo);
   auto& grid = *screen.widget().findChild<frame::ItemGrid*>();
   EXPECT_EQ(grid.sheet().plainText(2, GridColumn::ItemCode), "") << "those that arrive are not shown";
   EXPECT_EQ(screen.find<forms::DropCombo>("LocationList2").currentText(), "Yard");
@@ -209,7 +207,7 @@ TEST_F(Transfers, MoveThePlaceOrTheJobAloneAndNothingWhenCancelled) {
   EXPECT_EQ(office.balance("locationid=1"), "0") << "within one place";
   EXPECT_EQ(office.balance("jobid=1"), "-5");
   EXPECT_EQ(office.balance("jobid=2"), "5");
-  showDocument(office, screen, office.tranNo(43));
+  screen.show(office.tranNo(43));
   screen.find<QCheckBox>("CancelOption").setChecked(true);
   screen.press("SaveBttn");
   EXPECT_EQ(office.balance("jobid=1"), "0");

@@ -121,10 +121,10 @@ TEST(KeptDocNo, OfAShownDocumentIsNoHindranceEvenWhereAnOldFileHasItTwice) {
 
 TEST(KeptDocNo, IsFreeInAnotherYearAndForAnotherKind) {
   InvoiceCompany shop;
-  shop.context.KORDconn.execute(
+  shop.run(
       "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger) VALUES "
       "(1, #11-22-2026#, 36, 1, No, No)");
-  shop.context.KORDconn.execute(
+  shop.run(
       "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger) VALUES "
       "(1, #11-22-2025#, 32, 2, No, No)");
   InvoiceScreen screen(shop);

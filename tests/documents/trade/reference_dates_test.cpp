@@ -6,7 +6,6 @@
 #include "documents/invoices/trade_screens.h"
 #include "documents/print/invoice_print.h"
 #include "forms/date_picker.h"
-#include "frame/document/document_screen.h"
 #include "printing/page_pictures.h"
 #include "support/damage.h"
 
@@ -17,12 +16,7 @@ using namespace velmo;
 using namespace velmo::test;
 
 std::string bare(const InvoiceCompany& shop, const std::string& sql) {
-  return past(shop.company.folder() / "Uninstall" / "Uninstall.MDB", sql);
-}
-
-void show(InvoiceCompany& shop, InvoiceScreen& screen, const std::string& tranNo) {
-  shop.context.OpenTranNo = std::stoll(tranNo);
-  static_cast<frame::DocumentScreen&>(screen.widget()).ShowRecord();
+  return past(shop.company.file(), sql);
 }
 
 // A return of two hammers against the number 12 of 3 October.
@@ -65,7 +59,7 @@ TEST(ReferenceDates, AReturnOfAnOlderFileIsSavedAgainWithTheSameOpenItem) {
     EXPECT_EQ(bare(shop, item), "12 2026-10-03");
     for (const char* older : {"10/3/2026", "2026-10-03", "03-10-2026"}) {
       bare(shop, "update Transactions set " + std::string(kind.column) + " = '" + older + "' where TranNo = " + tranNo);
-      show(shop, screen, tranNo);
+      screen.show(tranNo);
       EXPECT_EQ(screen.find<forms::DatePicker>(kind.day).day(), text::DateTime::fromCalendar(2026, 10, 3)) << older;
       screen.press("SaveBttn");
       EXPECT_EQ(bare(shop, text), "03-10-2026") << older;
@@ -74,7 +68,7 @@ TEST(ReferenceDates, AReturnOfAnOlderFileIsSavedAgainWithTheSameOpenItem) {
     // What nobody can read does not take the day of the document that was shown before.
     bare(shop, "update Transactions set " + std::string(kind.column) + " = 'soon' where TranNo = " + tranNo);
     screen.find<forms::DatePicker>(kind.day).setDay(text::DateTime::fromCalendar(2026, 1, 1));
-    show(shop, screen, tranNo);
+    screen.show(tranNo);
     EXPECT_EQ(screen.find<forms::DatePicker>(kind.day).day(), shop.clock.today());
   }
 }
@@ -87,9 +81,7 @@ TEST(ReferenceDates, AreFoundInBothFormsAndShownInOne) {
     const std::string tranNo = saveReturn(shop, screen, kind.number, kind.day);
     for (const char* stored : {"10/3/2026", "03-10-2026"}) {
       bare(shop, "update Transactions set " + std::string(kind.column) + " = '" + stored +
-                     "', TimeAdded = '2026-10-03 "
-                     "14:07:09' where TranNo = " +
-                     tranNo);
+                     "', TimeAdded = '2026-10-03 14:07:09' where TranNo = " + tranNo);
       screen.withFind(kind.screen, [&](QDialog& find) {
         auto& columns = *find.findChild<QComboBox*>("ColList");
         columns.setCurrentIndex(columns.findText(kind.searched));
@@ -124,7 +116,7 @@ TEST(ReferenceDates, WhatWasTypedIsNeverRewritten) {
   const std::string tranNo = bare(shop, "select TranNo from Transactions where TranType = 32");
   for (int again = 0; again < 2; ++again) {
     EXPECT_EQ(bare(shop, "select D1Date || ', ' || D2Date from Transactions where TranType = 32"), "10/3/2026, 15.11");
-    show(shop, screen, tranNo);
+    screen.show(tranNo);
     EXPECT_EQ(screen.text("D1Dt"), "10/3/2026");
     screen.press("SaveBttn");
   }

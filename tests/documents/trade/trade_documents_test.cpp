@@ -221,7 +221,7 @@ const char* const lineQuantities =
 
 TEST(TradeSaving, ABillEntersStockAtThePurchasePriceAndOpensAnItem) {
   TradingCompany shop;
-  shop.context.KORDconn.execute(
+  shop.run(
       "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, UserEdited) VALUES "
       "(4, #09-03-2026#, 92, 1, No, Yes, 1, 1)");
   InvoiceScreen screen(shop, {}, documents::makePurchaseBillsSimple);

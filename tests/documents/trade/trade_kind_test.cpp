@@ -50,7 +50,7 @@ TEST(TradeKind, MarksOfConversionsAreShownAndKept) {
   test::InvoiceCompany shop;
   test::InvoiceScreen screen(shop, {}, makeHandOvers);
   screen.saveInvoice("12001002");
-  shop.context.KORDconn.execute("update transactions set text10 = 'Invoice No. 8' where trantype = 94");
+  shop.run("update transactions set text10 = 'Invoice No. 8' where trantype = 94");
   const auto shown = [&] {
     std::string all;
     if (const auto& label = screen.find<QLabel>("ConvLbl"); !label.isHidden()) all += label.text().toStdString() + "|";
@@ -62,7 +62,7 @@ TEST(TradeKind, MarksOfConversionsAreShownAndKept) {
   EXPECT_EQ(shown(), "");
   screen.press("PrevBttn");
   EXPECT_EQ(shown(), "Converted To:|Invoice No. 8|");
-  shop.context.KORDconn.execute("update transactions set text9 = 'O.G.P. No. 3' where trantype = 94");
+  shop.run("update transactions set text9 = 'O.G.P. No. 3' where trantype = 94");
   screen.press("SaveBttn");
   EXPECT_EQ(shown(), "");
   EXPECT_EQ(shop.one("select text9, text10 from transactions where trantype = 94"), "O.G.P. No. 3|Invoice No. 8");

@@ -3,11 +3,10 @@
 #include <QCheckBox>
 #include <QTableView>
 #include <map>
-#include <random>
 
 #include "documents/invoice_company.h"
 #include "documents/invoices/trade_screens.h"
-#include "frame/document/document_screen.h"
+#include "support/dice.h"
 #include "support/plain_rows.h"
 #include "text/number.h"
 
@@ -36,12 +35,10 @@ const Kind kinds[] = {{32, documents::makeSaleInvoicesSimple, "StockIn", "AgingD
                       {22, documents::makePurchaseBillsSimple, "StockOut", "AgingCr", "TrAmount", 50001004},
                       {25, documents::makePurchaseReturns, "StockIn", "AgingCr", "[Return]", 50001004}};
 
-class Desk {
+class Desk : private Dice {
  public:
   explicit Desk(const Kind& kind)
-      : kind_(kind),
-        random_(static_cast<unsigned>(kind.tranType)),
-        screen_(shop_, {.voucher = [](session::Workplace&, std::int64_t, QWidget*) {}}, kind.make) {
+      : Dice(static_cast<unsigned>(kind.tranType)), kind_(kind), screen_(shop_, noVoucher, kind.make) {
     shop_.prompts.listen();
   }
 
@@ -79,7 +76,6 @@ class Desk {
   std::map<std::string, int> refusals;  // by how they begin
 
  private:
-  int pick(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
   void type(const char* box, const std::string& text) { screen_.type(box, QString::fromStdString(text)); }
 
   static void typeInto(QLineEdit& box, const std::string& text) {
@@ -87,13 +83,8 @@ class Desk {
     test::type(box, QString::fromStdString(text));
   }
 
-  // Up to so many digits before the point, and up to three behind it.
-  std::string amount(int digits) {
-    std::string text = "0";
-    for (int left = pick(3) ? 1 + pick(digits) : digits; left > 0; --left) text += std::to_string(pick(10));
-    if (pick(4) != 0) text += '.' + std::to_string(pick(10)) + std::to_string(pick(10)) + std::to_string(pick(10));
-    return text;
-  }
+  // With a zero in front, which the boxes take.
+  std::string amount(int digits) { return "0" + Dice::amount(digits); }
 
   std::string shown(int row, GridColumn column) {
     return screen_.find<QTableView>("Grid")
@@ -129,8 +120,7 @@ class Desk {
   void show() {
     if (documents_.empty()) return;
     const auto document = std::next(documents_.begin(), pick(static_cast<int>(documents_.size())));
-    shop_.context.OpenTranNo = std::stoll(document->second.tranNo);
-    static_cast<frame::DocumentScreen&>(screen_.widget()).ShowRecord();
+    screen_.show(document->second.tranNo);
     shown_ = document->first;
     EXPECT_EQ(std::llround(text::amountFrom(screen_.text("NetTotal")) * 100), document->second.total);
   }
@@ -196,8 +186,7 @@ class Desk {
     Rows all;
     for (const std::string& statement :
          {"select DocNo, TranDate, Nature, D1, D2, PartyCode, PartyCode2, Text1, Text4, Text7, Text12, Discount, "
-          "Carriage, "
-          "TrAmount, Received, Balance, WordsAmt, Cancel, InvLedger from Transactions" +
+          "Carriage, TrAmount, Received, Balance, WordsAmt, Cancel, InvLedger from Transactions" +
               of,
           "select Serial, ItemCode, StockIn, StockOut, Rate, GrossAmt, DiscRate, DiscAmt, ItemValue from StockFlow" +
               of + " order by FlowID",
@@ -256,8 +245,7 @@ class Desk {
 
   const Kind& kind_;
   InvoiceCompany shop_;
-  PlainFile file_{shop_.company.folder() / "Uninstall" / "Uninstall.MDB"};
-  std::mt19937 random_;
+  PlainFile file_{shop_.company.file()};
   InvoiceScreen screen_;
   std::map<int, Document> documents_;                                    // by number
   int shown_ = 0;                                                        // 0: the next save adds a document

@@ -20,8 +20,8 @@ const frame::FindType type{
     .title = "FIND",
     .select =
         "Transactions.TranNo, Transactions.DocNo, Transactions.TranDate, Transactions.Text1, Employees.EmpName, "
-        "iif(Transactions.Cancel=0, '', 'CANCELLED') AS CStatus, Users.UserName AS AddedBy, "
-        "Transactions.TimeAdded, Users_1.UserName AS EditedBy, Transactions.TimeEdited",
+        "iif(Transactions.Cancel=0, '', 'CANCELLED') AS CStatus, Users.UserName AS AddedBy, Transactions.TimeAdded, "
+        "Users_1.UserName AS EditedBy, Transactions.TimeEdited",
     .columns = {{"Serial No.", "Transactions.DocNo", frame::FindCondition::Number, "Give a number."},
                 {"Name", "Transactions.Text1", frame::FindCondition::Contains, "Give a name."}},
     .result = frame::findColumns({{.caption = "Name", .field = "Text1"}}),
@@ -30,11 +30,10 @@ const frame::FindType type{
 class FindScreenTest : public test::Shop {
  protected:
   FindScreenTest() {
-    test::NewCompany::run(
-        context.KORDconn,
-        {"UPDATE Transactions SET UserAdded = 1, UserEdited = 1, FYID = 1 WHERE TranType = 32",
-         "INSERT INTO Transactions (TranNo, TranType, DocNo, TranDate, FYID, Cancel, Text1, UserAdded, "
-         "UserEdited) VALUES (9003, 32, 8, #10-30-2026#, 1, Yes, 'Yard', 1, 1)"});
+    test::NewCompany::run(context.KORDconn,
+                          {"UPDATE Transactions SET UserAdded = 1, UserEdited = 1, FYID = 1 WHERE TranType = 32",
+                           "INSERT INTO Transactions (TranNo, TranType, DocNo, TranDate, FYID, Cancel, Text1, "
+                           "UserAdded, UserEdited) VALUES (9003, 32, 8, #10-30-2026#, 1, Yes, 'Yard', 1, 1)"});
     context.UserID = 1;
     find = std::make_unique<frame::FindScreen>(
         type, schema::documentForm("SaleInvoicesSimple"), workplace, [this] { ++shown; }, nullptr);

@@ -3,6 +3,7 @@
 #include "frame/items/item_rules.h"
 #include "frame/items/item_sheet.h"
 #include "frame/shop_fixture.h"
+#include "support/parted.h"
 
 namespace velmo::frame {
 namespace {
@@ -144,26 +145,10 @@ TEST_F(ItemGridSheet, WarnsOfShortStockAndCountsASavedLineOnce) {
 }
 
 TEST_F(ItemGridSheet, HostileTextsAreRefusedOrKept) {
-  const std::string hostile[] = {"'",
-                                 "\"",
-                                 "';--",
-                                 "[",
-                                 "[a",
-                                 "]",
-                                 "%",
-                                 "_",
-                                 "#",
-                                 "a;b",
-                                 std::string(10000, 'q'),
-                                 "\xF0\x9F\x94\xA8",
-                                 "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D",
-                                 std::string("a\0b", 3),
-                                 "1e308",
-                                 "-1e308",
-                                 "-0",
-                                 "(5.00)",
-                                 "1,2,3",
-                                 "&HFF"};
+  std::vector<std::string> hostile = {std::string(10000, 'q'), std::string("a\0b", 3)};
+  for (const std::string_view text : test::parted("'|\"|';--|[|[a|]|%|_|#|a;b|\xF0\x9F\x94\xA8|"
+                                                  "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D|1e308|-1e308|-0|(5.00)|1,2,3|&HFF"))
+    hostile.emplace_back(text);
   ItemSheet quiet({}, workplace);
   quiet.bind(lines(0, 30));
   int row = 0;

@@ -13,11 +13,10 @@ using test::type;
 class ItemCodeBoxes : public test::Shop {
  protected:
   ItemCodeBoxes() {
-    test::NewCompany::run(
-        context.KORDconn,
-        {"INSERT INTO StockLevel2 (SubCatID, SubCatName, CatID) VALUES ('SRV09', 'Work', 'SERVICE')",
-         "INSERT INTO StockLevel3 (ItemCode, ItemName, CatID, SubCatID, Status) VALUES ('S-1', 'Hammering', 'SERVICE', "
-         "'SRV09', No)"});
+    test::NewCompany::run(context.KORDconn,
+                          {"INSERT INTO StockLevel2 (SubCatID, SubCatName, CatID) VALUES ('SRV09', 'Work', 'SERVICE')",
+                           "INSERT INTO StockLevel3 (ItemCode, ItemName, CatID, SubCatID, Status) VALUES ('S-1', "
+                           "'Hammering', 'SERVICE', 'SRV09', No)"});
     context.ItemsRS.requery();
     screen.resize(800, 600);
     auto* column = new QVBoxLayout(&screen);

@@ -7,6 +7,7 @@
 #include "frame/items/item_history.h"
 #include "frame/picking/pick_list_model.h"
 #include "frame/shop_fixture.h"
+#include "support/parted.h"
 
 namespace velmo::frame {
 namespace {
@@ -35,29 +36,8 @@ class PickListOfItems : public test::Shop {
 
 TEST_F(PickListOfItems, GivesTheRowsOfTheStatementForAnyText) {
   std::mt19937 random(20261122);
-  const std::vector<std::string> pieces = {"a",
-                                           "B",
-                                           "e",
-                                           "1",
-                                           "0",
-                                           " ",
-                                           "'",
-                                           "(",
-                                           ")",
-                                           "-",
-                                           "Ä",
-                                           "ß",
-                                           "ş",
-                                           "É",
-                                           "%",
-                                           "_",
-                                           "[",
-                                           "]",
-                                           "[a-e]",
-                                           "[!x]",
-                                           "[%]",
-                                           "ham",
-                                           "\xF0\x9F\x94\xA8"};
+  const std::vector<std::string_view> pieces =
+      test::parted("a|B|e|1|0| |'|(|)|-|Ä|ß|ş|É|%|_|[|]|[a-e]|[!x]|[%]|ham|\xF0\x9F\x94\xA8");
   const auto text = [&](std::size_t most) {
     std::string made;
     for (std::size_t n = random() % (most + 1); n > 0; --n) made += pieces[random() % pieces.size()];

@@ -241,6 +241,13 @@ class Stock : public ItemGrid {
     run({"update stocklevel3 set reorderlevel=0 where itemcode='E1'",
          "insert into transactions (tranno, docno, fyid, trantype) values (7, 1, 1, 45)",
          "insert into transactions (tranno, docno, fyid, trantype) values (8, 1, 2, 45)",
+         "insert into transactions (tranno, docno, fyid, trantype, cancel) values (9, 2, 1, 45, yes)",
+         "insert into transactions (tranno, docno, fyid, trantype, invledger) values (10, 3, 1, 22, yes)",
+         "insert into stockflow (tranno, itemcode, stockin) values (9, 'A1', 50)",
+         "insert into stockflow (tranno, itemcode, stockin) values (10, 'A1', 50)",
+         "insert into stocklevel3 (itemcode, itemname, reorderlevel, status, catid, subcatid) values ('XX', "
+         "'Blocked', 10, yes, 'HND', 'HND01')",
+         "insert into stockflow (tranno, itemcode, stockin) values (7, 'XX', 1)",
          "insert into stockflow (tranno, itemcode, stockin) values (7, 'a1', 7.5)",
          "insert into stockflow (tranno, itemcode, stockout) values (7, 'A1', 3)",
          "insert into stockflow (tranno, itemcode, stockin) values (7, 'B1', 6)",
@@ -262,6 +269,7 @@ class Stock : public ItemGrid {
 
 TEST_F(Stock, ItemsBelowTheirReorderLevelAreListedAndPrintedAsChosen) {
   addMovements();
+  run({"insert into stockflow (tranno, itemcode, stockout) values (7, 'SRV001', 5)"});
   open(makeInvBelowReorder);
   EXPECT_TRUE(isOn("AllBttn"));
   EXPECT_THAT(column(0, "DetailGrid"), ElementsAre("A1", "C1", "E1"));

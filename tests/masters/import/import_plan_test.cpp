@@ -66,8 +66,7 @@ TEST_F(PlannedImport, NumbersCustomersInTheOrderOfTheFile) {
                   "8 !\"12009\": Select correct sub account type.", "9 !Select correct sub account type.",
                   "10 12002999 Nine @12002  Other",
                   "11 !You have added maximum number of customers in the selected sub account type.",
-                  "12 !\"Other\": Select correct sub account type. There are several of this name; give the "
-                  "code."));
+                  "12 !\"Other\": Select correct sub account type. There are several of this name; give the code."));
   EXPECT_EQ(made.problems, 7U);
   EXPECT_EQ(test::valueOf(made, 0, "Phone"), "5551234");
   for (const auto& [column, value] : std::map<std::string, std::string>{{"AccCode", "12001042"},
@@ -100,13 +99,13 @@ TEST_F(PlannedImport, ClassifiesCustomersAsTheirDialogDoes) {
                               {"Comma", "12001", "", "", "", "", "12,50"}});
   EXPECT_THAT(
       test::shownPlan(made),
-      ElementsAre("2 12001042 Hill @12001  Trade Customers", "3 12001043 Port @12001  Trade Customers",
-                  "4 12001044 Both @12001  Trade Customers", "5 !Select correct sub region name.",
-                  "6 !\"Dock\": Select correct sub region name.",
-                  "7 !\"East\": Select correct region name. \"Wholesale\": Select correct sector name. \"Ali\": "
-                  "Select correct account manager name. There are several of this name; give the code. \"-5\": "
-                  "Enter numeric credit limit.",
-                  "8 !\"12,50\": Enter numeric credit limit."));
+      ElementsAre(
+          "2 12001042 Hill @12001  Trade Customers", "3 12001043 Port @12001  Trade Customers",
+          "4 12001044 Both @12001  Trade Customers", "5 !Select correct sub region name.",
+          "6 !\"Dock\": Select correct sub region name.",
+          "7 !\"East\": Select correct region name. \"Wholesale\": Select correct sector name. \"Ali\": Select correct "
+          "account manager name. There are several of this name; give the code. \"-5\": Enter numeric credit limit.",
+          "8 !\"12,50\": Enter numeric credit limit."));
   const auto row = [&made](std::size_t at) {
     std::string values;
     for (const char* column : {"Region1ID", "Region2ID", "SectorID", "EmpID", "CreditLimit"})
@@ -174,8 +173,8 @@ TEST_F(PlannedImport, TestsItemsInTheWordsOfTheirDialog) {
           "\"Nails\": Select correct sub category.",
           "8 !Purchase price: No result.", "9 5901234123457 Bar code @HND01  Hammers",
           "10 !Code: The number has more digits than a spreadsheet keeps. Write it as text.",
-          "11 !Name: The text is longer than 255 characters. \"Saws\": Select correct sub category. There are "
-          "several of this name; give the code.",
+          "11 !Name: The text is longer than 255 characters. \"Saws\": Select correct sub category. There are several "
+          "of this name; give the code.",
           "12 u Two blanks @HND01  Hammers"));
   const auto row = [&made](std::size_t at) {
     std::string values;
@@ -274,20 +273,20 @@ TEST(ImportValues, ReadFiguresWithoutGuessing) {
 // As the dialog refuses them: a code that is like another, and not one that another is like.
 TEST_F(PlannedImport, RefusesItemCodesThatAreLikeOthers) {
   books.taken = {foldedName("B11"), foldedName("C%")};
-  EXPECT_THAT(shown(ImportKind::Items, {{"Code", "Name", "Sub category"},
-                                        {"b_1", "Like one in the books", "HND01"},
-                                        {"A1", "First", "HND01"},
-                                        {"A[1]", "Like the first", "HND01"},
-                                        {"C1", "Not like it", "HND01"},
-                                        {"X_", "Like none", "HND01"},
-                                        {"x_", "Again", "HND01"}}),
-              ElementsAre("2 !An item is already present with the same item code. Give a different item code.",
-                          "3 A1 First @HND01  Hammers",
-                          "4 !An item is already present with the same item code. Give a different item code. (Row 3 "
-                          "of the file.)",
-                          "5 C1 Not like it @HND01  Hammers", "6 X_ Like none @HND01  Hammers",
-                          "7 !An item is already present with the same item code. Give a different item code. (Row 6 "
-                          "of the file.)"));
+  EXPECT_THAT(
+      shown(ImportKind::Items, {{"Code", "Name", "Sub category"},
+                                {"b_1", "Like one in the books", "HND01"},
+                                {"A1", "First", "HND01"},
+                                {"A[1]", "Like the first", "HND01"},
+                                {"C1", "Not like it", "HND01"},
+                                {"X_", "Like none", "HND01"},
+                                {"x_", "Again", "HND01"}}),
+      ElementsAre(
+          "2 !An item is already present with the same item code. Give a different item code.",
+          "3 A1 First @HND01  Hammers",
+          "4 !An item is already present with the same item code. Give a different item code. (Row 3 of the file.)",
+          "5 C1 Not like it @HND01  Hammers", "6 X_ Like none @HND01  Hammers",
+          "7 !An item is already present with the same item code. Give a different item code. (Row 6 of the file.)"));
 }
 
 TEST_F(PlannedImport, TakesCountsOfGoodsAndNamesWhatIsWrongBesideItsRow) {

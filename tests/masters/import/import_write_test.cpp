@@ -57,13 +57,12 @@ TEST_F(WrittenImport, WritesAllColumnsOfAnAccount) {
                                    {"Broken", "12001", "", "", "x"},
                                    {"Zed", "Trade Customers"}});
   ASSERT_TRUE(writeImport(connection, made));
-  EXPECT_EQ(
-      rows("SELECT AccCode, AccName, Level1ID, Level2ID, Contact, Address, Branch, AccountTitle, AccountNo, Phone, "
-           "Mobile, Fax, EMail, Website, SalesTaxRegnNo, NTN, CreditLimit, CreditTerms, Remarks, AccLevel3.Default, "
-           "EmpID, SectorID, Region1ID, Region2ID FROM AccLevel3 WHERE Level2ID = 12001 AND AccCode > 12001001 "
-           "ORDER BY AccCode"),
-      "12001002|O'Brien & Söhne|120|12001||1 Dock Road||||||||||0123|5000|0|=1+1|False|1|1|1|1\n"
-      "12001003|Zed|120|12001|||||||||||||0|0||False|1|1|1|1\n");
+  EXPECT_EQ(rows("SELECT AccCode, AccName, Level1ID, Level2ID, Contact, Address, Branch, AccountTitle, AccountNo, "
+                 "Phone, Mobile, Fax, EMail, Website, SalesTaxRegnNo, NTN, CreditLimit, CreditTerms, Remarks, "
+                 "AccLevel3.Default, EmpID, SectorID, Region1ID, Region2ID FROM AccLevel3 WHERE Level2ID = 12001 AND "
+                 "AccCode > 12001001 ORDER BY AccCode"),
+            "12001002|O'Brien & Söhne|120|12001||1 Dock Road||||||||||0123|5000|0|=1+1|False|1|1|1|1\n"
+            "12001003|Zed|120|12001|||||||||||||0|0||False|1|1|1|1\n");
   EXPECT_EQ(rows("select acccode from acclevel3 where contact is null and level2id = 12001"), "");
   // The next file goes on from there, and knows the names.
   EXPECT_THAT(test::shownPlan(plan(ImportKind::Customers, {{"Name", "Sub type"}, {"zed", "12001"}, {"New", "12001"}})),
@@ -86,14 +85,13 @@ TEST_F(WrittenImport, WritesItemsWithTheBrandsAndSubCategoriesTheyNeed) {
   EXPECT_EQ(rows("select brandname from brands order by brandid"), "General\nBosch\nHilti\n");
   EXPECT_EQ(rows("select subcatid, subcatname from stocklevel2 where catid like 'HND' order by subcatid"),
             "HND01|Hammers\nHND02|Nails\n");
-  EXPECT_EQ(
-      rows("SELECT ItemCode, ItemName, Description, BrandName, Rack, PurchasePrice, SellingPrice, SellingPrice2, "
-           "SellingPrice3, PackPcs, Unit, ReorderLevel, ValuationCost1, ValuationCost2, ValuationType, Status, CatID, "
-           "SubCatID FROM StockLevel3 INNER JOIN Brands ON StockLevel3.BrandID = Brands.BrandID WHERE CatID like "
-           "'HND' ORDER BY ItemName"),
-      "007|Claw||General||0|150.5|0|0|1|Pcs|0|0|0|True|False|HND|HND01\n"
-      "ä-1|Nail||Bosch||0|1|0|0|1|Pcs|0|0.75|0.75|False|False|HND|HND02\n"
-      "9|Screw||Hilti||0|2|0|0|1|Pcs|0|0|0|True|False|HND|HND02\n");
+  EXPECT_EQ(rows("SELECT ItemCode, ItemName, Description, BrandName, Rack, PurchasePrice, SellingPrice, SellingPrice2, "
+                 "SellingPrice3, PackPcs, Unit, ReorderLevel, ValuationCost1, ValuationCost2, ValuationType, Status, "
+                 "CatID, SubCatID FROM StockLevel3 INNER JOIN Brands ON StockLevel3.BrandID = Brands.BrandID WHERE "
+                 "CatID like 'HND' ORDER BY ItemName"),
+            "007|Claw||General||0|150.5|0|0|1|Pcs|0|0|0|True|False|HND|HND01\n"
+            "ä-1|Nail||Bosch||0|1|0|0|1|Pcs|0|0.75|0.75|False|False|HND|HND02\n"
+            "9|Screw||Hilti||0|2|0|0|1|Pcs|0|0|0|True|False|HND|HND02\n");
 }
 
 TEST_F(WrittenImport, KnowsTheBooksByCodesAndNames) {
@@ -142,11 +140,10 @@ TEST_F(WrittenImport, GivesAccountsTheNextCodesWhenOthersTookTheirs) {
       {"INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (12001002, 'Theirs', 120, 12001)",
        "INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (12001003, 'Theirs', 120, 12001)"});
   ASSERT_TRUE(writeImport(connection, made));
-  EXPECT_EQ(
-      rows("select acccode, accname, level2id from acclevel3 where level1id = 120 and acccode > 12001001 order by "
-           "acccode"),
-      "12001002|Theirs|12001\n12001003|Theirs|12001\n12001004|A|12001\n12001005|B|12001\n12001006|C|12001\n"
-      "12002001|Far A|12002\n12002002|Far B|12002\n")
+  EXPECT_EQ(rows("select acccode, accname, level2id from acclevel3 where level1id = 120 and acccode > 12001001 order "
+                 "by acccode"),
+            "12001002|Theirs|12001\n12001003|Theirs|12001\n12001004|A|12001\n12001005|B|12001\n12001006|C|12001\n"
+            "12002001|Far A|12002\n12002002|Far B|12002\n")
       << "in the order of the file, and only where it was in the way";
 }
 
@@ -187,9 +184,9 @@ TEST_F(WrittenImport, WritesAllOrNothing) {
   // The books have changed since the plan was made.
   connection.execute(
       "INSERT INTO StockLevel3 (ItemCode, ItemName, CatID, SubCatID) VALUES ('c250', 'Other', 'HND', 'HND01')");
-  expectRefusal(made,
-                "An item is already present with the same item code. Give a different item code. (C250, row 252 of the "
-                "file.)");
+  expectRefusal(
+      made,
+      "An item is already present with the same item code. Give a different item code. (C250, row 252 of the file.)");
   connection.execute("DELETE FROM StockLevel3 WHERE ItemCode like 'c250'");
   nothing();
   EXPECT_TRUE(writeImport(connection, made));
@@ -200,9 +197,9 @@ TEST_F(WrittenImport, RefusesACodeThatBecameLikeAnotherMeanwhile) {
   const ImportPlan made = plan(ImportKind::Items, {{"Code", "Name", "Sub category"}, {"B_1", "Bolt", "HND01"}});
   connection.execute(
       "insert into stocklevel3 (itemcode, itemname, catid, subcatid) values ('B11', 'Other', 'HND', 'HND01')");
-  expectRefusal(made,
-                "An item is already present with the same item code. Give a different item code. (B_1, row 2 of the "
-                "file.)");
+  expectRefusal(
+      made,
+      "An item is already present with the same item code. Give a different item code. (B_1, row 2 of the file.)");
 }
 
 }  // namespace

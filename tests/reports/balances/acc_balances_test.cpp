@@ -94,7 +94,7 @@ TEST_F(AccBalances, TheSettledAccountsBelowTheTotalsMakeTheColumnsAgree) {
     SCOPED_TRACE(std::string(from) + " to " + to);
     setPeriod(from, to);
     view();
-    test::PlainFile file(company.folder() / "Uninstall" / "Uninstall.MDB");
+    test::PlainFile file(company.file());
     test::PlainRows lines(
         file, std::string("select sum(case when date(TranDate) < '") + from +
                   "' then ifnull(Debit, 0) - ifnull(Credit, 0) else 0 end), sum(case when date(TranDate) >= '" + from +

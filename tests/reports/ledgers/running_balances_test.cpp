@@ -58,9 +58,8 @@ class RunningBalances : public test::LedgerCompany {
     using Place = std::tuple<std::int64_t, text::DateTime, std::int64_t>;  // account, day, line
     ByLine result = stored();
     std::map<Place, std::int64_t> lines;
-    store::Recordset all = rows(
-        "select s.*, t.TranDate, t.FYID, t.Cancel from SubTransactions s, Transactions t where "
-        "s.TranNo=t.TranNo");
+    store::Recordset all =
+        rows("select s.*, t.TranDate, t.FYID, t.Cancel from SubTransactions s, Transactions t where s.TranNo=t.TranNo");
     for (; !all.eof(); all.moveNext()) {
       const auto cents = [&](const char* side) { return std::llround(all.number(side) * 100); };
       if (all.integer("FYID") != context->FYID || all.integer("Cancel") != 0 ||
@@ -147,8 +146,8 @@ TEST_F(RunningBalances, AreRightBesideWhatOthersWrite) {
   sqlite3* other = nullptr;
   ASSERT_EQ(SQLITE_OK, sqlite3_open("Uninstall/Uninstall.MDB", &other));
   const std::string change =
-      "UPDATE SubTransactions SET Debit = 7, Credit = NULL WHERE Serial = (SELECT min(Serial) FROM "
-      "SubTransactions WHERE TranNo > 1000 AND AccCode = " +
+      "UPDATE SubTransactions SET Debit = 7, Credit = NULL WHERE Serial = (SELECT min(Serial) FROM SubTransactions "
+      "WHERE TranNo > 1000 AND AccCode = " +
       std::to_string(accounts[0]) + ")";
   bool changed = false;
   EXPECT_TRUE(writeRunningBalances(

@@ -72,7 +72,7 @@ class IdleShell : public testing::Test {
   }
 
   test::NewCompany company_;
-  const fs::path file_ = company_.folder() / "Uninstall" / "Uninstall.MDB";
+  const fs::path file_ = company_.file();
   test::QueuedPrompts prompts_;
   test::SetClock clock_;
   test::NamedFile files_;

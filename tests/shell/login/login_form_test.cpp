@@ -124,7 +124,7 @@ TEST_F(LoginScreen, SaysWhatAFileLacksForALogin) {
     }
     return "none";
   };
-  const std::filesystem::path file = company_.folder() / "Uninstall" / "Uninstall.MDB";
+  const std::filesystem::path file = company_.file();
   const std::string company = "The company's file is damaged: it lacks ";
   const std::string named = "The file \"Uninstall/Uninstall.MDB\" is damaged: it lacks ";
   for (const auto& [sql, lacks] :
@@ -151,7 +151,7 @@ TEST_F(LoginScreen, EndsWithoutAWordByExitOrEscape) {
 
 TEST_F(LoginScreen, SaysWhyAFileCannotBeOpened) {
   form_.reset();
-  const std::filesystem::path file = company_.folder() / "Uninstall" / "Uninstall.MDB";
+  const std::filesystem::path file = company_.file();
   std::ofstream(file, std::ios::trunc) << "this is no company";
   try {
     reopen();

@@ -112,9 +112,8 @@ TEST_F(InvoiceLayoutChoice, AFormatWithoutALayoutPrintsNothingAndSaysSoInTheStat
   auto& note = button(*shell_, "Panel_3");
   shell_->workplace().context.sif = 5;
   EXPECT_THROW(printed(), std::logic_error);
-  EXPECT_EQ(note.text(),
-            QStringLiteral("The document is saved, but not printed: print format 5 has no layout. Choose another one "
-                           "under Print Settings."));
+  EXPECT_EQ(note.text(), QStringLiteral("The document is saved, but not printed: print format 5 has no layout. Choose "
+                                        "another one under Print Settings."));
   shell_->workplace().context.sif = 1;
   printed();
   EXPECT_EQ(note.text(), QString());

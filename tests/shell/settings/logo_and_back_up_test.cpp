@@ -159,7 +159,7 @@ TEST_F(LogoAndBackUp, AboutSavesAWorkingCopy) {
 
 TEST_F(LogoAndBackUp, AboutSaysWhyABackUpWasNotSaved) {
   open("About");
-  const std::string own = (company.folder() / "Uninstall" / "Uninstall.MDB").string();
+  const std::string own = company.file().string();
   prompts.expect("Back-Up Not Saved",
                  "\"" + own + "\" is the company's own file. Choose another name for the back-up.");
   files.name = own;

@@ -51,10 +51,9 @@ TEST_F(Settings, WhatAnotherProgramChangedMeanwhileIsNotOverwritten) {
   open("CompanyInfo");
   write("Info_1", "mine");
   test::NewCompany::run({"update businessinfo set address='theirs'"});
-  prompts.expect(
-      "Cannot Save",
-      "The record of BusinessInfo was changed or deleted since it was read. Nothing was saved; show it again "
-      "and repeat the change.");
+  prompts.expect("Cannot Save",
+                 "The record of BusinessInfo was changed or deleted since it was read. Nothing was saved; show it "
+                 "again and repeat the change.");
   EXPECT_FALSE(saveCloses());
   EXPECT_EQ(rows("select * from businessinfo").text("address"), "theirs");
 }

@@ -155,9 +155,8 @@ TEST_F(Shell, ReadsTheSharedListsOnceAfterASecond) {
   EXPECT_FALSE(items->isActive());
   shell_->screens().openDialog("ModifyInventory");
   EXPECT_TRUE(items->isActive());
-  company_.run(context().KORDconn,
-               {"insert into acclevel3 (AccCode, AccName, Level1ID, Level2ID) select 99999001, 'New bank', Level1ID, "
-                "Level2ID from acclevel3 where acccode=12001001"});
+  company_.run(context().KORDconn, {"insert into acclevel3 (AccCode, AccName, Level1ID, Level2ID) select 99999001, "
+                                    "'New bank', Level1ID, Level2ID from acclevel3 where acccode=12001001"});
   ASSERT_TRUE(waitFor([&] { return !accounts->isActive(); }));
   context().AccountsRS.moveFirst();
   EXPECT_TRUE(context().AccountsRS.find("AccCode = 99999001"));

@@ -5,6 +5,7 @@
 
 #include "store/hierarchy/parse_shape.h"
 #include "store/small_shop.h"
+#include "support/parted.h"
 
 namespace {
 
@@ -66,32 +67,9 @@ TEST(ShapeText, WhatDoesNotFitIsRefused) {
 TEST(ShapeText, AnyTextOpensOrIsRefused) {
   SmallShop shop;
   shop.addOrders(3);
-  const std::vector<std::string> pieces = {"SHAPE ",
-                                           "APPEND ",
-                                           "RELATE ",
-                                           "TO ",
-                                           "AS ",
-                                           "{SELECT * FROM Orders}",
-                                           "{SELECT Item, OrderNo FROM Lines}",
-                                           "(",
-                                           ")",
-                                           ",",
-                                           "{",
-                                           "}",
-                                           "'",
-                                           "\"",
-                                           "OrderNo ",
-                                           "Year ",
-                                           "[",
-                                           "] ",
-                                           "Lines ",
-                                           "TABLE ",
-                                           "COMPUTE ",
-                                           "\xFF",
-                                           "{} ",
-                                           "'Item' ",
-                                           "\t\n ",
-                                           "nobody "};
+  const std::vector<std::string_view> pieces = parted(
+      "SHAPE |APPEND |RELATE |TO |AS |{SELECT * FROM Orders}|{SELECT Item, OrderNo FROM Lines}|(|)|,|{|}|'|\"|OrderNo "
+      "|Year |[|] |Lines |TABLE |COMPUTE |\xFF|{} |'Item' |\t\n |nobody ");
   const std::string whole =
       "SHAPE {SELECT * FROM Orders} AS O APPEND ({SELECT * FROM Lines} AS L RELATE OrderNo TO OrderNo) AS L";
   std::mt19937 random(20261122);
@@ -100,7 +78,7 @@ TEST(ShapeText, AnyTextOpensOrIsRefused) {
   for (int i = 0; i < 3000; ++i) {
     std::string text = i % 2 == 0 ? whole : "SHAPE ";
     for (std::size_t n = 1 + random() % 4; n > 0; --n) {
-      const std::string& piece = pieces[random() % pieces.size()];
+      const std::string_view piece = pieces[random() % pieces.size()];
       const std::size_t at = random() % (text.size() + 1);
       i % 4 == 0 ? text.erase(at, random() % 12) : text.insert(i % 2 == 0 ? at : text.size(), piece);
     }
@@ -200,8 +178,7 @@ std::string ordersWithLines(Recordset orders) {
 
 constexpr const char* linesOfOrders =
     "SHAPE {SELECT OrderNo FROM Orders ORDER BY OrderNo} APPEND ({SELECT * FROM Lines WHERE Qty < 90 ORDER BY Qty "
-    "DESC} "
-    "RELATE OrderNo TO OrderNo) AS L";
+    "DESC} RELATE OrderNo TO OrderNo) AS L";
 
 // The store finds the lines of an order by index: they are read when they are asked for, and no others.
 TEST(Hierarchy, RowsThatAnIndexFindsAreReadParentByParentAndStandAsAtTheOpening) {

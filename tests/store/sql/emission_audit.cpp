@@ -6,6 +6,7 @@
 
 #include "schema/company_schema.h"
 #include "store/sqlite/kept_totals.h"
+#include "support/parted.h"
 
 namespace velmo::test {
 
@@ -16,57 +17,15 @@ const std::set<std::string_view> words = {
     "AND",     "OR",       "NOT",   "IS",    "NULL",  "IN",           "BETWEEN", "INNER", "LEFT",   "JOIN",   "ON",
     "COLLATE", "NOCASE",   "UNION", "CROSS", "ALL",   "OVER",         "UPDATE",  "SET",   "DELETE", "INSERT", "INTO",
     "VALUES",  "rowid",    "Line",  "value", "WITH",  "MATERIALIZED", "Lines",   "Apart"};
-const std::set<std::string_view> functions = {"abs",
-                                              "round",
-                                              "sign",
-                                              "length",
-                                              "trim",
-                                              "ltrim",
-                                              "rtrim",
-                                              "sum",
-                                              "velmo_sum",
-                                              "velmo_avg",
-                                              "velmo_add",
-                                              "velmo_subtract",
-                                              "velmo_kept",
-                                              "velmo_sum_kept",
-                                              "velmo_sum_exactly",
-                                              "min",
-                                              "max",
-                                              "count",
-                                              "iif",
-                                              "rank",
-                                              "row_number",
-                                              "velmo_int",
-                                              "velmo_fix",
-                                              "velmo_round",
-                                              "velmo_whole",
-                                              "velmo_number",
-                                              "velmo_required_text",
-                                              "velmo_val",
-                                              "velmo_left",
-                                              "velmo_right",
-                                              "velmo_mid",
-                                              "velmo_first",
-                                              "velmo_last",
-                                              "velmo_divide",
-                                              "velmo_whole_divide",
-                                              "velmo_modulo",
-                                              "velmo_power",
-                                              "velmo_concat",
-                                              "velmo_text",
-                                              "velmo_date_text",
-                                              "velmo_date",
-                                              "velmo_add_days",
-                                              "velmo_days_between",
-                                              "velmo_format",
-                                              "velmo_format_date",
-                                              "velmo_like",
-                                              "velmo_plain_text",
-                                              "velmo_spellings",
-                                              "json_each",
-                                              "velmo_yes_no",
-                                              "substr"};
+const std::vector<std::string_view> listed = parted(
+    "abs round sign length trim ltrim rtrim sum velmo_sum velmo_avg velmo_add velmo_subtract velmo_kept velmo_sum_kept "
+    "velmo_sum_exactly min max count iif rank row_number velmo_int velmo_fix velmo_round velmo_whole velmo_number "
+    "velmo_required_text velmo_val velmo_left velmo_right velmo_mid velmo_first velmo_last velmo_divide "
+    "velmo_whole_divide velmo_modulo velmo_power velmo_concat velmo_text velmo_date_text velmo_date velmo_add_days "
+    "velmo_days_between velmo_format velmo_format_date velmo_like velmo_plain_text velmo_spellings json_each "
+    "velmo_yes_no substr",
+    ' ');
+const std::set<std::string_view> functions(listed.begin(), listed.end());
 const std::set<std::string_view> namesOfTheEmitter = {"row order", "row rank", "row",  "changed",
                                                       "document",  "beside",   "apart"};
 

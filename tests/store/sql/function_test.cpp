@@ -2,7 +2,7 @@
 
 #include "store/connection/connection.h"
 #include "store/sql/dialect_store.h"
-#include "store/sql/dice.h"
+#include "support/dice.h"
 #include "text/like.h"
 
 namespace velmo::test {

@@ -57,7 +57,7 @@ class KeptReports : public RandomBooks {
   // The order of what an order leaves open is nobody's.
   void expectSameRowsAsOfLines(const std::string& name, const std::string& statement) {
     store::Connection lines{plainCatalog};
-    lines.open(connectionStringFor(company.file));
+    lines.open(connectionStringFor(company.file()));
     Rows ofLines = rowsOf(lines, statement), found = rowsOf(company.connection, statement);
     std::ranges::sort(ofLines);
     std::ranges::sort(found);
@@ -158,8 +158,7 @@ std::string soldOf(const std::string& items, const std::string& more = "", const
   return "SELECT StockLevel3.ItemCode, Q.Figure FROM StockLevel3 INNER JOIN (SELECT StockFlow.ItemCode, " + items +
          " AS Figure FROM Transactions INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo WHERE "
          "(Transactions.TranType=32 Or Transactions.TranType=35 Or Transactions.TranType=22) AND "
-         "Transactions.Cancel=No "
-         "AND Transactions.FYID=1" +
+         "Transactions.Cancel=No AND Transactions.FYID=1" +
          more + " GROUP BY StockFlow.ItemCode) AS Q ON StockLevel3.ItemCode " + join + " Q.ItemCode";
 }
 
@@ -232,24 +231,22 @@ TEST_F(KeptReports, SumUpLongPeriods) {
   for (int change = 0; change < 40; ++change) changeAnything();
   const std::string lines =
       "SELECT AccLevel3.AccCode, Sum(IIf(IsNull([debit]),0,[debit])) AS Dr FROM Transactions INNER JOIN (AccLevel3 "
-      "INNER "
-      "JOIN SubTransactions ON AccLevel3.AccCode = SubTransactions.AccCode) ON Transactions.TranNo = "
+      "INNER JOIN SubTransactions ON AccLevel3.AccCode = SubTransactions.AccCode) ON Transactions.TranNo = "
       "SubTransactions.TranNo WHERE Transactions.Cancel=No AND Transactions.FYID=1 AND ";
   const std::string goods =
       "SELECT StockLevel3.ItemCode, Sum(Q.I) AS Ins FROM (SELECT StockFlow.ItemCode, "
-      "IIf(IsNull([StockIn]),0,[StockIn]) "
-      "AS I FROM Transactions INNER JOIN StockFlow ON Transactions.TranNo = StockFlow.TranNo WHERE "
-      "StockFlow.LocationID=1 "
-      "AND Transactions.Cancel=No AND Transactions.InvLedger=No AND Transactions.FYID=1 AND ";
+      "IIf(IsNull([StockIn]),0,[StockIn]) AS I FROM Transactions INNER JOIN StockFlow ON Transactions.TranNo = "
+      "StockFlow.TranNo WHERE StockFlow.LocationID=1 AND Transactions.Cancel=No AND Transactions.InvLedger=No AND "
+      "Transactions.FYID=1 AND ";
   for (const char* from : {">=#12-29-2025#", ">#01-01-2026#", ">=#01-31-2026#", ">=#02-28-2026#", ">#03-01-2026#"})
     for (const char* to : {"", "<=#06-30-2026#", "<#07-01-2026#", "<=#07-01-2026#", "<#06-15-2026#", "<=#01-31-2026#",
                            "<=#12-31-2026#"}) {
       const std::string period =
           "Transactions.TranDate" + std::string(from) + (*to ? " AND Transactions.TranDate" : "") + to;
       expectSameRowsAsOfLines("", lines + period + " GROUP BY AccLevel3.AccCode");
-      expectSameRowsAsOfLines("", goods + period +
-                                      ") AS Q INNER JOIN StockLevel3 ON Q.ItemCode = StockLevel3.ItemCode GROUP BY "
-                                      "StockLevel3.ItemCode");
+      expectSameRowsAsOfLines(
+          "", goods + period +
+                  ") AS Q INNER JOIN StockLevel3 ON Q.ItemCode = StockLevel3.ItemCode GROUP BY StockLevel3.ItemCode");
     }
   EXPECT_THAT(sqlOf(lines + "Transactions.TranDate>=#01-02-2026# GROUP BY AccLevel3.AccCode"),
               HasSubstr("\"AccountMonths\""));

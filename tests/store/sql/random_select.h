@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "store/sql/dice.h"
+#include "support/dice.h"
 
 namespace velmo::test {
 

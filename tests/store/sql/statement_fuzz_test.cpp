@@ -6,11 +6,11 @@
 #include <sstream>
 
 #include "schema/company_schema.h"
-#include "store/sql/dice.h"
 #include "store/sql/emission_audit.h"
 #include "store/sql/random_select.h"
 #include "store/sql/small_company.h"
 #include "store/sql/statements.h"
+#include "support/dice.h"
 
 namespace velmo::test {
 namespace {

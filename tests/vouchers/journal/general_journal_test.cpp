@@ -36,7 +36,7 @@ class Bookkeeper : public Clerk {
   }
   std::string label(const char* name) { return find<QLabel>(name).text().toStdString(); }
   void remarks(const char* text) { find<QPlainTextEdit>("Desc").setPlainText(text); }
-  std::string tranNo(int docNo = 1) { return tranNoOf(company_, 41, docNo); }
+  std::string tranNo(int docNo = 1) { return company_.tranNo(41, docNo); }
   Rows ledger(int docNo = 1) {
     return company_.rows("select acccode, accname, [desc], debit, credit from subtransactions where tranno=" +
                          tranNo(docNo) + " order by serial");
@@ -187,7 +187,7 @@ TEST(GeneralJournal, WritesNothingWhenAnAccountIsGone) {
   Bookkeeper keeper(company);
   keeper.line(0, "60001002", Debit, "10");
   keeper.line(1, "12001003", Credit, "10");
-  company.context.KORDconn.execute("DELETE FROM AccLevel3 WHERE AccCode=12001003");
+  company.run("DELETE FROM AccLevel3 WHERE AccCode=12001003");
   company.prompts.expectTitle("Cannot Save");
   keeper.press("SaveBttn");
   EXPECT_EQ(company.one("select count(*) from transactions where trantype=41"), "0");

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <random>
 
+#include "support/dice.h"
 #include "text/format.h"
 #include "text/number.h"
 #include "vouchers/clerk.h"
@@ -18,8 +18,10 @@ using Rows = std::vector<std::string>;
 
 enum Column { Code = 0, Debit = 3, Credit = 4 };
 
-class Desk {
+class Desk : private Dice {
  public:
+  Desk() : Dice(41) {}
+
   void voucher() {
     const bool again = !saved_.empty() && pick(3) == 0;
     const auto shown = again ? std::next(saved_.begin(), pick(static_cast<int>(saved_.size()))) : saved_.end();
@@ -66,16 +68,6 @@ class Desk {
     Rows rows;
   };
 
-  int pick(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
-
-  // At most fourteen characters.
-  std::string amount() {
-    std::string text;
-    for (int digits = 1 + pick(10); digits > 0; --digits) text += std::to_string(pick(10));
-    if (pick(4) != 0) text += '.' + std::to_string(pick(10)) + std::to_string(pick(10)) + std::to_string(pick(10));
-    return text;
-  }
-
   void cell(int row, Column column, const std::string& text) {
     clerk_.cell("Grid", row, column, QString::fromStdString(text));
   }
@@ -101,7 +93,7 @@ class Desk {
       const std::string stored = text::numberText(text::amountFrom(figure));
       typed.push_back(std::string(account) + "|" + (side == Debit ? stored + "|" : "|" + stored));
     };
-    for (int line = 1 + pick(3); line > 0; --line) add(pick(2) ? Debit : Credit, amount());
+    for (int line = 1 + pick(3); line > 0; --line) add(pick(2) ? Debit : Credit, amount(10));
     const double open = text::amountFrom(clerk_.text("DTot")) - text::amountFrom(clerk_.text("CTot"));
     const double nearly = pick(4) ? 0 : pick(2) ? 0.004 : 0.01;
     const std::string rest = text::formatNumber(std::fabs(open) + nearly, "0.000");
@@ -128,10 +120,9 @@ class Desk {
   }
 
   SettlementCompany company_;
-  PlainFile file_{company_.company.folder() / "Uninstall" / "Uninstall.MDB"};
-  std::mt19937 random_{41};
+  PlainFile file_{company_.company.file()};
   std::map<int, Voucher> saved_;  // by number
-  Clerk clerk_{company_, vouchers::makeGeneralJournal, {.voucher = [](session::Workplace&, std::int64_t, QWidget*) {}}};
+  Clerk clerk_{company_, vouchers::makeGeneralJournal, noVoucher};
 };
 
 TEST(JournalScreenProperties, WhatAgreesToTheCentIsSavedToTheLastDigit) {

@@ -15,7 +15,7 @@ using test::SettlementCompany;
 
 // A receipt or payment as the screens write it: at no location of stock.
 void save(SettlementCompany& company, const SettlementKind& kind, int docNo, const char* party = "O'Brien & Sons") {
-  company.context.KORDconn.execute(
+  company.run(
       "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Nature, Text1, Text2, Text4, D1, D1Date, Received, "
       "Carriage, AdditionalTax, Discount, Tax1, TrAmount, Balance, LocationFrom, LocationTo, UserAdded, UserEdited, "
       "Cancel, InvLedger) VALUES (" +
@@ -100,7 +100,7 @@ TEST(FindSettlements, APickAsksForTheRightOfItsKindAndShowsTheDocument) {
     const int editor = static_cast<int>(headings.indexOf("Edited By"));
     EXPECT_EQ(grid.model()->index(1, editor).data().toString().toStdString(), "Clerk");
     grid.selectRow(1);
-    company.context.KORDconn.execute("update userrights set operator1=yes where rightid=" + std::to_string(right));
+    company.run("update userrights set operator1=yes where rightid=" + std::to_string(right));
     company.context.UserID = 2;
     company.prompts.expectTitle("Not Allowed");
     test::press(grid, Qt::Key_Return);

@@ -28,7 +28,7 @@ class PendingItems : public testing::Test {
 
   void settle(const SettlementKind& kind, const Against& against) {
     const std::string type = std::to_string(kind.form.tranType);
-    company_.context.KORDconn.execute(
+    company_.run(
         "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, UserEdited) VALUES "
         "(" +
         std::to_string(++written_) + ", #05-01-2026#, " + type + ", " + std::to_string(against.year) + ", " +
@@ -36,15 +36,14 @@ class PendingItems : public testing::Test {
     const std::string tranNo = company_.one("select tranno from transactions where trantype=" + type +
                                             " and docno=" + std::to_string(written_));
     const bool bill = !isReceipt(kind);
-    company_.context.KORDconn.execute(
-        std::string("INSERT INTO ") + (bill ? "AgingCr" : "AgingDr") + " (TranNo, DocNo, DocNo2, " +
-        (bill ? "VendorInvNo, " : "") +
-        "TranDate, TranDate2, PartyCode, TranType, TrAmount, [Return], Payment, WHTax, AdvAdj, Discount, TotPayment, "
-        "FYID) VALUES (" +
-        tranNo + ", " + std::to_string(against.docNo) + ", " + std::to_string(written_) + ", " +
-        (bill ? "'" + std::string(against.number) + "', " : "") + "#" + against.day + "#, #05-01-2026#, " +
-        std::to_string(against.party) + ", " + type + ", 0, " + against.amounts + ", " + std::to_string(against.year) +
-        ")");
+    company_.run(std::string("INSERT INTO ") + (bill ? "AgingCr" : "AgingDr") + " (TranNo, DocNo, DocNo2, " +
+                 (bill ? "VendorInvNo, " : "") +
+                 "TranDate, TranDate2, PartyCode, TranType, TrAmount, [Return], Payment, WHTax, "
+                 "AdvAdj, Discount, TotPayment, FYID) VALUES (" +
+                 tranNo + ", " + std::to_string(against.docNo) + ", " + std::to_string(written_) + ", " +
+                 (bill ? "'" + std::string(against.number) + "', " : "") + "#" + against.day + "#, #05-01-2026#, " +
+                 std::to_string(against.party) + ", " + type + ", 0, " + against.amounts + ", " +
+                 std::to_string(against.year) + ")");
   }
 
   Rows pending(const SettlementKind& kind, std::int64_t party) {
@@ -84,7 +83,7 @@ TEST_F(PendingItems, AnItemIsOpenWhileSomethingOfThisYearIsLeftOfIt) {
   settle(cash, {.docNo = 12, .day = "01-10-2026", .amounts = "0, 0, 0, 0, 0, 600.01"});
   EXPECT_EQ(pending(cash, SettlementCompany::customer), Rows{"20|20|2/1/2026|80"})
       << "one that is paid too much is settled";
-  company_.context.KORDconn.execute("UPDATE Transactions SET Cancel = Yes WHERE TranType = 32 AND DocNo = 20");
+  company_.run("UPDATE Transactions SET Cancel = Yes WHERE TranType = 32 AND DocNo = 20");
   EXPECT_EQ(pending(cash, SettlementCompany::customer), Rows());
 }
 
@@ -104,9 +103,9 @@ TEST_F(PendingItems, ABillIsTheVendorsNumberDayAndParty) {
 }
 
 TEST_F(PendingItems, AnOpeningBalanceIsOpenAndAReturnIsNot) {
-  company_.context.KORDconn.execute("UPDATE AgingDr SET TranType = 11 WHERE DocNo = 12");
-  company_.context.KORDconn.execute("UPDATE AgingDr SET TranType = 31 WHERE DocNo = 15");
-  company_.context.KORDconn.execute("UPDATE AgingDr SET TranType = 35 WHERE DocNo = 20");
+  company_.run("UPDATE AgingDr SET TranType = 11 WHERE DocNo = 12");
+  company_.run("UPDATE AgingDr SET TranType = 31 WHERE DocNo = 15");
+  company_.run("UPDATE AgingDr SET TranType = 35 WHERE DocNo = 20");
   EXPECT_EQ(pending(cashReceipts(), SettlementCompany::customer),
             (Rows{"12|12|1/10/2026|1000", "15|15|1/12/2026|500.5"}));
 }

@@ -13,8 +13,6 @@ using namespace velmo::test;
 using namespace velmo::vouchers;
 using Rows = std::vector<std::string>;
 
-const frame::PrintOuts noVoucher{.voucher = [](session::Workplace&, std::int64_t, QWidget*) {}};
-
 void printVoucher(Clerk& clerk) {
   clerk.press("PrintBill_1");
   QApplication::processEvents();
@@ -33,7 +31,7 @@ TEST(SettlementAfterPrint, ThePettyLinesOfAPrintedSettlementAreThoseOfItsLedger)
   Clerk clerk(company, makeCashReceipts, noVoucher);
   clerk.settle("10001001", "12001002", {"12", "15"});
   clerk.press("SaveBttn");
-  const std::string tranNo = tranNoOf(company, 39);
+  const std::string tranNo = company.tranNo(39);
   for (const char* total : {"700", "500", "600"}) {
     clerk.show(tranNo);
     clerk.cell("AgingGrid", 0, 7, total);
@@ -67,13 +65,13 @@ TEST(SettlementAfterPrint, ThePettyLinesOfAPrintedSettlementAreThoseOfItsLedger)
 // Balances and open invoices, when they move under the screen.
 
 void receiveBeside(SettlementCompany& company, int docNo, const char* amount) {
-  company.context.KORDconn.execute(
+  company.run(
       "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, UserEdited) VALUES (" +
       std::to_string(docNo) + ", #11-22-2026#, 38, 1, No, No, 1, 1)");
-  const std::string tranNo = tranNoOf(company, 38, docNo);
+  const std::string tranNo = company.tranNo(38, docNo);
   for (const auto& [code, side] : {std::pair("10001001", "Debit"), std::pair("12001002", "Credit")})
-    company.context.KORDconn.execute("INSERT INTO SubTransactions (TranNo, AccCode, AccName, " + std::string(side) +
-                                     ") VALUES (" + tranNo + ", " + code + ", 'x', " + amount + ")");
+    company.run("INSERT INTO SubTransactions (TranNo, AccCode, AccName, " + std::string(side) + ") VALUES (" + tranNo +
+                ", " + code + ", 'x', " + amount + ")");
 }
 
 TEST(SettlementAfterPrint, ADocumentShownAgainShowsTheBalancesOfThisMoment) {
@@ -86,9 +84,9 @@ TEST(SettlementAfterPrint, ADocumentShownAgainShowsTheBalancesOfThisMoment) {
   clerk.settle("10001001", "12001002", {"20"});
   printVoucher(clerk);
   EXPECT_EQ(balances(), "80.00 Dr, 1500.50 Dr") << "with what was saved just now";
-  clerk.show(tranNoOf(company, 39));
+  clerk.show(company.tranNo(39));
   receiveBeside(company, 1, "100");
-  clerk.show(tranNoOf(company, 39));
+  clerk.show(company.tranNo(39));
   EXPECT_EQ(balances(), "180.00 Dr, 1400.50 Dr");
   receiveBeside(company, 2, "1");
   printVoucher(clerk);
@@ -105,10 +103,10 @@ TEST(SettlementAfterPrint, TypedInvoiceNumbersAreThoseThatAreOpenAtThisMoment) {
   clerk.settle("10001001", "12001002", {"12"});
   printVoucher(clerk);
   EXPECT_FALSE(takes(1, "12")) << "settled by what was saved just now";
-  clerk.show(tranNoOf(company, 39));
+  clerk.show(company.tranNo(39));
   company.invoice(30, "02-02-2026", SettlementCompany::customer, "10");
   EXPECT_FALSE(takes(1, "30")) << "the list is that of the moment at which the document was shown";
-  clerk.show(tranNoOf(company, 39));
+  clerk.show(company.tranNo(39));
   EXPECT_TRUE(takes(1, "30"));
 }
 

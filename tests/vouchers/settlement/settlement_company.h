@@ -17,10 +17,8 @@ class SettlementCompany : public InvoiceCompany {
   static constexpr std::int64_t vendor = 21001002;
 
   SettlementCompany() {
-    context.KORDconn.execute(
-        "INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (21001002, 'Mills', 210, 21001)");
-    context.KORDconn.execute(
-        "INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (11001009, 'City Bank', 110, 11001)");
+    run("INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (21001002, 'Mills', 210, 21001)");
+    run("INSERT INTO AccLevel3 (AccCode, AccName, Level1ID, Level2ID) VALUES (11001009, 'City Bank', 110, 11001)");
     invoice(12, "01-10-2026", customer, "1000");
     invoice(15, "01-12-2026", customer, "500.5");
     invoice(16, "01-12-2026", otherCustomer, "300");
@@ -35,8 +33,7 @@ class SettlementCompany : public InvoiceCompany {
     const std::string tranNo = document(docNo, day, 32);
     ledger(tranNo, party, "Debit", amount);
     ledger(tranNo, 40001001, "Credit", amount);
-    context.KORDconn.execute(
-        "INSERT INTO AgingDr (TranNo, DocNo, DocNo2, TranDate, TranDate2, PartyCode, TranType, TrAmount, [Return], "
+    run("INSERT INTO AgingDr (TranNo, DocNo, DocNo2, TranDate, TranDate2, PartyCode, TranType, TrAmount, [Return], "
         "Payment, WHTax, AdvAdj, Discount, TotPayment, FYID) VALUES (" +
         tranNo + ", " + std::to_string(docNo) + ", " + std::to_string(docNo) + ", #" + day + "#, #" + day + "#, " +
         std::to_string(party) + ", 32, " + amount + ", 0, 0, 0, 0, 0, 0, 1)");
@@ -46,8 +43,7 @@ class SettlementCompany : public InvoiceCompany {
     const std::string tranNo = document(docNo, day, 22);
     ledger(tranNo, 50001002, "Debit", amount);
     ledger(tranNo, vendor, "Credit", amount);
-    context.KORDconn.execute(
-        "INSERT INTO AgingCr (TranNo, DocNo, DocNo2, VendorInvNo, TranDate, TranDate2, PartyCode, TranType, TrAmount, "
+    run("INSERT INTO AgingCr (TranNo, DocNo, DocNo2, VendorInvNo, TranDate, TranDate2, PartyCode, TranType, TrAmount, "
         "[Return], Payment, WHTax, AdvAdj, Discount, TotPayment, FYID) VALUES (" +
         tranNo + ", " + std::to_string(docNo) + ", " + std::to_string(docNo) + ", '" + number + "', #" + day + "#, #" +
         day + "#, " + std::to_string(vendor) + ", 22, " + amount + ", 0, 0, 0, 0, 0, 0, 1)");
@@ -55,16 +51,14 @@ class SettlementCompany : public InvoiceCompany {
 
  private:
   std::string document(int docNo, const std::string& day, int tranType) {
-    context.KORDconn.execute(
-        "INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, UserEdited) VALUES "
+    run("INSERT INTO Transactions (DocNo, TranDate, TranType, FYID, Cancel, InvLedger, UserAdded, UserEdited) VALUES "
         "(" +
         std::to_string(docNo) + ", #" + day + "#, " + std::to_string(tranType) + ", 1, No, No, 1, 1)");
-    return one("select tranno from transactions where trantype=" + std::to_string(tranType) +
-               " and docno=" + std::to_string(docNo));
+    return tranNo(tranType, docNo);
   }
   void ledger(const std::string& tranNo, std::int64_t account, const char* side, const std::string& amount) {
-    context.KORDconn.execute("INSERT INTO SubTransactions (TranNo, AccCode, AccName, [Desc], " + std::string(side) +
-                             ") VALUES (" + tranNo + ", " + std::to_string(account) + ", 'x', 'x', " + amount + ")");
+    run("INSERT INTO SubTransactions (TranNo, AccCode, AccName, [Desc], " + std::string(side) + ") VALUES (" + tranNo +
+        ", " + std::to_string(account) + ", 'x', 'x', " + amount + ")");
   }
 };
 

@@ -59,11 +59,8 @@ TEST(SettlementScreen, AStoredAmountIsShownAndSavedAsOneOfMoney) {
   Clerk clerk(company, makeCashReceipts);
   clerk.settle("10001001", "12001002", {"12"});
   clerk.press("SaveBttn");
-  const std::string tranNo = tranNoOf(company, 39);
-  company.context.KORDconn.execute(
-      "UPDATE AgingDr SET TotPayment = 700.0049, WHTax = 33.335, Payment = 666.6699 WHERE "
-      "TranNo = " +
-      tranNo);
+  const std::string tranNo = company.tranNo(39);
+  company.run("UPDATE AgingDr SET TotPayment = 700.0049, WHTax = 33.335, Payment = 666.6699 WHERE TranNo = " + tranNo);
   clerk.show(tranNo);
   EXPECT_EQ(clerk.text("Amt"), "666.66");
   EXPECT_EQ(clerk.text("WHTax"), "33.34");
@@ -94,7 +91,7 @@ TEST(SettlementScreen, TakesAChequeAgainstThreeInvoicesWithTaxDiscountAndAdvance
             "Rupees two thousand, four hundred eighty and 00/100 only.");
   clerk.press("SaveBttn");
 
-  const std::string tranNo = tranNoOf(company, 38);
+  const std::string tranNo = company.tranNo(38);
   EXPECT_EQ(company.one("select nature, d1, text1, text2, text3, text4, text8, discount, additionaltax, carriage, "
                         "tramount, received, balance, partycode, partycode2 from transactions where tranno=" +
                         tranNo),
@@ -123,7 +120,7 @@ TEST(SettlementScreen, ReopensInvoicesWhenAReceiptIsCancelledChangedOrDeleted) {
   clerk.cell("AgingGrid", 1, 7, "600");
   clerk.press("SaveBttn");
   EXPECT_EQ(pendingOf(company, cashReceipts(), SettlementCompany::customer), (Rows{"20 80"})) << "one is settled over";
-  const std::string tranNo = tranNoOf(company, 39);
+  const std::string tranNo = company.tranNo(39);
 
   clerk.show(tranNo);
   EXPECT_EQ(clerk.shown("AgingGrid", 1, 7), "600.00");
@@ -153,7 +150,7 @@ TEST(SettlementScreen, TurnsFromOneModeIntoTheOther) {
   Clerk clerk(company, makeCashPayments);
   clerk.settle("10001001", "21001002", {"A-1"});
   clerk.press("SaveBttn");
-  const std::string tranNo = tranNoOf(company, 29);
+  const std::string tranNo = company.tranNo(29);
 
   clerk.show(tranNo);
   clerk.petty();
@@ -218,13 +215,13 @@ TEST(SettlementScreen, SavesAPrepaymentWithoutInvoicesAndEvenNothing) {
   clerk.settle("10001001", "12001002", {});
   clerk.type("AdvTxt", "1000");
   clerk.press("SaveBttn");
-  EXPECT_EQ(ledgerOf(company, tranNoOf(company, 39)),
+  EXPECT_EQ(ledgerOf(company, company.tranNo(39)),
             (Rows{"10001001|O'Brien & Sons - Invoices|1000|", "12001002|Cash Rcvd - Invoices||1000"}));
   EXPECT_EQ(company.one("select balance from transactions where trantype=39"), "1000");
   EXPECT_EQ(company.one("select count(*) from agingdr where trantype=39"), "0");
   clerk.settle("10001001", "12001002", {});
   clerk.press("SaveBttn");
-  EXPECT_EQ(ledgerOf(company, tranNoOf(company, 39, 2)).size(), 2u);
+  EXPECT_EQ(ledgerOf(company, company.tranNo(39, 2)).size(), 2u);
 }
 
 TEST(SettlementScreen, StaysOnWhatItPrinted) {
@@ -235,7 +232,7 @@ TEST(SettlementScreen, StaysOnWhatItPrinted) {
   clerk.settle("10001001", "12001002", {"12"});
   clerk.press("PrintBill_1");
   QApplication::processEvents();
-  EXPECT_EQ(vouchers, (std::vector<std::int64_t>{std::stoll(tranNoOf(company, 39))}));
+  EXPECT_EQ(vouchers, (std::vector<std::int64_t>{std::stoll(company.tranNo(39))}));
   EXPECT_EQ(clerk.text("PartyCode"), "12001002");
   EXPECT_EQ(clerk.shown("AgingGrid", 0, 0), "12");
   for (const char* command : {"PrintBill_1", "SaveBttn", "PrintBill_0"}) {
@@ -265,7 +262,7 @@ TEST(SettlementScreen, KeepsItsInvoicesWhenAnotherReceiptTakesItsNumberMeanwhile
   clerk.press("SaveBttn");
   EXPECT_EQ(company.rows("select docno, docno2, totpayment from agingdr where trantype=39 order by serial"),
             (Rows{"12|2|1000", "15|2|500.5"}));
-  EXPECT_EQ(ledgerOf(company, tranNoOf(company, 39, 2)).size(), 2u);
+  EXPECT_EQ(ledgerOf(company, company.tranNo(39, 2)).size(), 2u);
 }
 
 TEST(SettlementScreen, LeavesRowsOfAReceiptWhoseInvoiceWasDeleted) {
@@ -273,7 +270,7 @@ TEST(SettlementScreen, LeavesRowsOfAReceiptWhoseInvoiceWasDeleted) {
   Clerk clerk(company, makeCashReceipts);
   clerk.settle("10001001", "12001002", {"20"});
   clerk.press("SaveBttn");
-  company.context.KORDconn.execute("DELETE FROM Transactions WHERE TranType=32 AND DocNo=20");
+  company.run("DELETE FROM Transactions WHERE TranType=32 AND DocNo=20");
   EXPECT_EQ(company.one("select trantype, tramount, totpayment from agingdr where docno=20"), "39|0|80");
   EXPECT_EQ(pendingOf(company, cashReceipts(), SettlementCompany::customer), (Rows{"12 1000", "15 500.5"}));
 }
@@ -285,7 +282,7 @@ TEST(SettlementScreen, WritesNothingWhenAnAccountIsGone) {
   clerk.type("BankCode", "10001001");
   clerk.cell("Grid", 0, 0, "12001003");
   clerk.cell("Grid", 0, 3, "10");
-  company.context.KORDconn.execute("DELETE FROM AccLevel3 WHERE AccCode=12001003");
+  company.run("DELETE FROM AccLevel3 WHERE AccCode=12001003");
   company.prompts.expectTitle("Cannot Save");
   clerk.press("SaveBttn");
   EXPECT_EQ(company.one("select count(*) from transactions where trantype=39"), "0");
@@ -297,8 +294,7 @@ TEST(SettlementScreen, HidesTheBalanceOfTheTillFromWhoHasTheRight) {
   SettlementCompany company;
   const auto hidden = [&](int user, const char* ticked) {
     company.context.UserID = user;
-    company.context.KORDconn.execute("UPDATE UserRights SET Operator1 = " + std::string(ticked) +
-                                     " WHERE RightID = 242");
+    company.run("UPDATE UserRights SET Operator1 = " + std::string(ticked) + " WHERE RightID = 242");
     Clerk clerk(company, makeCashReceipts);
     EXPECT_EQ(clerk.find<QLabel>("CBBalance").isHidden(), clerk.find<QLabel>("BalLbl").isHidden());
     return clerk.find<QLabel>("CBBalance").isHidden();

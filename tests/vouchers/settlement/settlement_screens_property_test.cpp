@@ -2,8 +2,8 @@
 
 #include <QCheckBox>
 #include <map>
-#include <random>
 
+#include "support/dice.h"
 #include "support/exact_decimal.h"
 #include "text/format.h"
 #include "text/number.h"
@@ -34,12 +34,10 @@ const Kind kinds[] = {{38, makeBankReceipts, bankReceipts(), true, "11001009", "
                       {28, makeBankPayments, bankPayments(), false, "11001009", "21001002"},
                       {29, makeCashPayments, cashPayments(), false, "10001001", "21001002"}};
 
-class Desk {
+class Desk : private Dice {
  public:
   explicit Desk(const Kind& kind)
-      : kind_(kind),
-        random_(static_cast<unsigned>(kind.tranType)),
-        clerk_(openItems(), kind.make, {.voucher = [](session::Workplace&, std::int64_t, QWidget*) {}}) {}
+      : Dice(static_cast<unsigned>(kind.tranType)), kind_(kind), clerk_(openItems(), kind.make, noVoucher) {}
 
   void step() {
     switch (pick(13)) {
@@ -90,17 +88,8 @@ class Desk {
     return company_;
   }
 
-  int pick(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
   bool isPetty() { return clerk_.find<QRadioButton>("RecOpt_1").isChecked(); }
   void type(const char* box, const std::string& text) { clerk_.type(box, QString::fromStdString(text)); }
-
-  // Up to so many digits before the point, and up to three behind it.
-  std::string amount(int digits) {
-    std::string text;
-    for (int left = pick(3) ? 1 + pick(digits) : digits; left > 0; --left) text += std::to_string(pick(10));
-    if (pick(4) != 0) text += '.' + std::to_string(pick(10)) + std::to_string(pick(10)) + std::to_string(pick(10));
-    return text;
-  }
 
   void cell(const char* grid, int row, int column, const std::string& text) {
     clerk_.cell(grid, row, column, QString::fromStdString(text));
@@ -263,10 +252,9 @@ class Desk {
 
   Rows rowsOf(const std::string& tranNo) {
     const std::string of = " where TranNo = " + tranNo;
-    Rows all = bareRows(company_,
-                        "select Nature, DocNo, Cancel, PartyCode, PartyCode2, TrAmount, Received, Balance from "
-                        "Transactions" +
-                            of);
+    Rows all = bareRows(
+        company_,
+        "select Nature, DocNo, Cancel, PartyCode, PartyCode2, TrAmount, Received, Balance from Transactions" + of);
     for (const std::string& statement :
          {"select AccCode, Debit, Credit from SubTransactions" + of + " order by Serial",
           "select DocNo, DocNo2, TranDate, PartyCode, Payment, WHTaxRt, WHTax, AdvAdj, Discount, TotPayment from " +
@@ -320,8 +308,7 @@ class Desk {
 
   const Kind& kind_;
   SettlementCompany company_;
-  PlainFile file_{company_.company.folder() / "Uninstall" / "Uninstall.MDB"};
-  std::mt19937 random_;
+  PlainFile file_{company_.company.file()};
   std::map<int, Document> documents_;  // by number
   int shown_ = 0;                      // 0: the next save adds a document
   Clerk clerk_;

@@ -122,22 +122,21 @@ TEST(SettlementSheet, TellsWhyACellIsClosed) {
     const char* receipt;
     const char* payment;
   };
-  const Closed cells[] = {
-      {WHTaxRt, "Select Invoice", "Select invoice no. before entering with-holding tax rate.",
-       "Select invoice no. before entering with-holding tax rate."},
-      {WHTax, "Select Invoice", "Select invoice no. before entering with-holding tax amount.",
-       "Select invoice no. before entering with-holding tax amount."},
-      {AdvAdj, "Select Invoice", "Select invoice no. before entering flood tax rate.",
-       "Select invoice no. before entering advance adjustment."},
-      {Discount, "Select Invoice", "Select invoice no. before entering flood tax amount.",
-       "Select invoice no. before entering discount."},
-      {TotPayment, "Select Invoice", "Select invoice no. before entering amount credited to party.",
-       "Select invoice no. before entering amount debited to party."},
-      {Payment, "Cannot Modify",
-       "You can give amount in last column 'Amount Credited to Party'. This column is calculated automatically after "
-       "adjusting taxes and other deductions.",
-       "You can give amount in last column 'Amount Debited to Party'. This column is calculated automatically after "
-       "adjusting taxes and other deductions."}};
+  const Closed cells[] = {{WHTaxRt, "Select Invoice", "Select invoice no. before entering with-holding tax rate.",
+                           "Select invoice no. before entering with-holding tax rate."},
+                          {WHTax, "Select Invoice", "Select invoice no. before entering with-holding tax amount.",
+                           "Select invoice no. before entering with-holding tax amount."},
+                          {AdvAdj, "Select Invoice", "Select invoice no. before entering flood tax rate.",
+                           "Select invoice no. before entering advance adjustment."},
+                          {Discount, "Select Invoice", "Select invoice no. before entering flood tax amount.",
+                           "Select invoice no. before entering discount."},
+                          {TotPayment, "Select Invoice", "Select invoice no. before entering amount credited to party.",
+                           "Select invoice no. before entering amount debited to party."},
+                          {Payment, "Cannot Modify",
+                           "You can give amount in last column 'Amount Credited to Party'. This column is calculated "
+                           "automatically after adjusting taxes and other deductions.",
+                           "You can give amount in last column 'Amount Debited to Party'. This column is calculated "
+                           "automatically after adjusting taxes and other deductions."}};
   Sheet receipt(cashReceipts());
   Sheet payment(cashPayments());
   for (const Closed& cell : cells) {
