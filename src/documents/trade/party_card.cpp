@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "forms/caption.h"
+#include "forms/figure_fit.h"
 #include "forms/look.h"
 #include "forms/name_box.h"
 #include "frame/posting/party_balance.h"
@@ -57,8 +58,12 @@ PartyCard::PartyCard(const PartyRules& rules, frame::AccountDropList& list, sess
   grid->addWidget(forms::captionFor(*terms_, tr("Terms of Payment")), 3, 0);
   grid->addWidget(terms_, 3, 1, 1, 2);
   grid->addWidget(forms::captionFor(*shownBalance_, tr("Balance")), 4, 0);
-  grid->addWidget(shownBalance_, 4, 1);
-  grid->addWidget(CA_, 4, 2, Qt::AlignRight);
+  // A long balance takes nothing from the name, and widens no screen.
+  shownBalance_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  auto* balance = new QHBoxLayout;
+  balance->addWidget(shownBalance_, 1);
+  balance->addWidget(CA_);
+  grid->addLayout(balance, 4, 1, 1, 2);
   grid->setColumnStretch(2, 1);
   grid->setRowStretch(5, 1);
 
@@ -162,7 +167,11 @@ void PartyCard::ShowPartyBalance() {
     workplace_.prompts.tell("Cannot Show Balance", error.what());
   }
   balance_ = found.amount;
-  shownBalance_->setText(QString::fromStdString(found.shown));
+  const QString shown = QString::fromStdString(found.shown);
+  const int room = shownBalance_->isVisible() ? shownBalance_->width() : 0;  // not known before
+  shownBalance_->setFont(forms::fittedFigureFont(forms::figureFont(), shown, room));
+  shownBalance_->setText(shown);
+  shownBalance_->setToolTip(shown);
 }
 
 }  // namespace velmo::documents
