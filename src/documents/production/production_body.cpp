@@ -1,7 +1,6 @@
 #include "documents/production/production_body.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -10,6 +9,7 @@
 #include "documents/production/production_costs.h"
 #include "documents/production/production_posting.h"
 #include "documents/production/recipe_import.h"
+#include "documents/production/sheet_caption.h"
 #include "documents/stock/stock_lines.h"
 #include "forms/look.h"
 #include "forms/table_view.h"
@@ -26,12 +26,6 @@ namespace velmo::documents {
 namespace {
 
 constexpr const char* noImport = "Components Not Imported";
-
-QLabel* captionOf(const QString& words) {
-  auto* caption = new QLabel(words);
-  forms::makeCaption(*caption);
-  return caption;
-}
 
 }  // namespace
 
@@ -69,7 +63,7 @@ QWidget* ProductionBody::buildSheets() {
   forms::setGrid(*column, 0, forms::spacing::Tight);
   auto* head = new QHBoxLayout;
   forms::setGrid(*head, 0);
-  head->addWidget(captionOf(tr("Product that comes out")));
+  head->addWidget(sheetCaption(tr("Product that comes out")));
   head->addStretch(1);
   ImportBttn_ = new QPushButton(tr("&Import Components"));
   ImportBttn_->setObjectName("ImportBttn");
@@ -82,7 +76,7 @@ QWidget* ProductionBody::buildSheets() {
   GridOut_->setFixedHeight(2 * forms::rowHeight(*GridOut_) + 2 * forms::spacing::Tight);
   GridOut_->findChild<QTableView*>("GridOut")->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   column->addWidget(GridOut_);
-  column->addWidget(captionOf(tr("Items that go in")));
+  column->addWidget(sheetCaption(tr("Items that go in")));
   GridIn_ = buildGrid("GridIn", "Items that go in", "1", "StockOut");
   column->addWidget(GridIn_, 1);
   return whole;

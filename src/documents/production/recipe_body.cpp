@@ -1,7 +1,10 @@
 #include "documents/production/recipe_body.h"
 
+#include <QVBoxLayout>
+
 #include "documents/production/product_card.h"
 #include "documents/production/production_costs.h"
+#include "documents/production/sheet_caption.h"
 #include "documents/stock/stock_lines.h"
 #include "frame/document/compose_document.h"
 #include "frame/document/open_master.h"
@@ -25,7 +28,12 @@ frame::DocumentBody::Parts RecipeBody::build() {
   connect(lines_, &frame::ItemGrid::saveRequested, this, &RecipeBody::saveRequested);
   connect(costs_, &CostPanel::changed, this, &RecipeBody::recalculate);
   frame::dropStrayScans(place_.screen, {lines_});
-  return {.beside = product_, .lines = lines_, .totals = costs_};
+  auto* inputs = new QWidget;
+  auto* column = new QVBoxLayout(inputs);
+  forms::setGrid(*column, 0, forms::spacing::Tight);
+  column->addWidget(sheetCaption(tr("Details of Process Inputs to produce given units of above product.")));
+  column->addWidget(lines_, 1);
+  return {.beside = product_, .lines = inputs, .totals = costs_};
 }
 
 void RecipeBody::addCommands(frame::CommandBar& commands) {

@@ -1,6 +1,7 @@
 #include "frame/sheets/sheet_cell_delegate.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QPainter>
 
 #include "forms/figure_fit.h"
@@ -24,7 +25,9 @@ void SheetCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
   QStyledItemDelegate::paint(painter, plain, index);
   if (current != index) return;
   painter->save();
-  painter->setPen(QPen(view->isActiveWindow() ? forms::colours().accent : forms::colours().border, 2));
+  const QWidget* focused = QApplication::focusWidget();
+  const bool takesKeys = view->isActiveWindow() && (focused == view || view->isAncestorOf(focused));
+  painter->setPen(QPen(takesKeys ? forms::colours().accent : forms::colours().border, 2));
   painter->setBrush(Qt::NoBrush);
   painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
   painter->restore();

@@ -28,12 +28,6 @@ std::string_view symbolOf(Operator operation) {
   }
 }
 
-bool readsTotals(const BoundSelect& select) {
-  return std::ranges::any_of(select.sources, [](const BoundSource& source) {
-    return source.kept || source.groups || (source.derived && readsTotals(*source.derived));
-  });
-}
-
 }  // namespace
 
 void writeName(std::string_view name, std::string& sql) {
@@ -106,20 +100,6 @@ void ExpressionWriter::all(const std::vector<BoundPtr>& conditions) {
 void ExpressionWriter::caseless(const Bound& bound) {
   value(bound);
   if (needsCollation(bound)) sql_ += " COLLATE NOCASE";
-}
-
-// A number that many rows of a table have in common, in a derived table that joins the table with totals. SQLite takes
-// a test of it inside, expects few rows of its index, and walks all totals for each of them.
-bool ExpressionWriter::isBesideTotals(const Bound& bound) const {
-  if (bound.meaning != Meaning::Column || !isNumeric(bound.domain)) return false;
-  const BoundSelect* derived = select_.sources[static_cast<std::size_t>(bound.source)].derived.get();
-  if (derived == nullptr || !readsTotals(*derived)) return false;
-  const Bound& item = *derived->items[static_cast<std::size_t>(bound.column)].expression;
-  if (item.meaning != Meaning::Column) return false;
-  const BoundSource& inside = derived->sources[static_cast<std::size_t>(item.source)];
-  const std::string& name = inside.columns[static_cast<std::size_t>(item.column)].name;
-  return inside.table != nullptr && !inside.kept && !inside.groups &&
-         inside.table->key != std::vector<std::string>{name};
 }
 
 // Columns of base tables carry their own collation. Those of derived tables do so only where SQLite sees a column
@@ -222,7 +202,6 @@ void ExpressionWriter::comparison(const Bound& bound) {
   const bool derivedLeft = left.meaning == Meaning::Column && !isTextColumn(left);
   const bool columnDecides = isTextColumn(left) || (isTextColumn(right) && !derivedLeft);
   sql_ += '(';
-  if (bound.operation == Operator::Equal && isBesideTotals(left)) sql_ += '+';  // without the index
   comparand(left);
   if (text && !columnDecides) sql_ += " COLLATE NOCASE";
   sql_ += symbolOf(bound.operation);

@@ -38,7 +38,6 @@ class ExpressionWriter {
   void decimal(const Bound& bound, std::string_view function);
   void balanced(const std::vector<BoundPtr>& operands, std::size_t from, std::size_t to, std::string_view symbol);
   bool isTextColumn(const Bound& bound) const;
-  bool isBesideTotals(const Bound& bound) const;
   bool needsCollation(const Bound& bound) const { return bound.domain == Domain::Text && !isTextColumn(bound); }
 
   const BoundSelect& select_;
