@@ -46,10 +46,10 @@ TEST(StockInAWindow, IsMovedAndCountedByKeysAndScansAlone) {
     EXPECT_EQ(person.inFile(rows, 1), "1|7||1");
     EXPECT_EQ(person.inFile(rows, 0), "1||7|3");
 
-    person.openScreen("CountSheet");
+    for (const char* screen : {"AddInventory", "BillofMaterial", "Production", "CountSheet"}) person.openScreen(screen);
     person.settle(500);
     for (const char* stop : {"LocationList", "CatList", "TrTime", "NilOption", "CodeTxt"}) {
-      person.look([stop] { Person::control(stop).setFocus(Qt::TabFocusReason); });
+      person.look([stop] { Person::control("CountSheet").findChild<QWidget*>(stop)->setFocus(Qt::TabFocusReason); });
       person.scan(code);
       person.settle();
     }
@@ -57,6 +57,7 @@ TEST(StockInAWindow, IsMovedAndCountedByKeysAndScansAlone) {
     person.scan("0815-4711");
     person.waitUntil("a refusal", [] { return scannedWords().ends_with("0815-4711."); });
     EXPECT_EQ(cell(person, "CountSheet", 2, 5), "5.00");
+    person.look([] { Person::control("BookOption").setFocus(Qt::TabFocusReason); });
     person.press("ctrl+s");
     person.waitUntil("the differences", [] {
       return QApplication::activeModalWidget() &&
