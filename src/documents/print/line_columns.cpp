@@ -4,10 +4,8 @@ namespace velmo::documents {
 
 using namespace printing;
 
-namespace {
-
 Column figureColumn(const std::string& heading, const std::string& dataField, Twips width, const std::string& format,
-                    const std::string& totalName = {}) {
+                    const std::string& totalName) {
   return {.heading = heading,
           .dataField = dataField,
           .width = width,
@@ -15,8 +13,6 @@ Column figureColumn(const std::string& heading, const std::string& dataField, Tw
           .format = format,
           .totalName = totalName};
 }
-
-}  // namespace
 
 Column numberColumn(Twips width) {
   return {.heading = "No.", .dataField = "serial", .width = width, .align = Align::Centre};

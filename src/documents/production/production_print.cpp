@@ -1,6 +1,7 @@
 #include "documents/production/production_print.h"
 
 #include "documents/print/document_print_data.h"
+#include "documents/print/line_columns.h"
 #include "documents/print/paper_title.h"
 #include "documents/print/print_columns.h"
 #include "printing/pieces.h"
@@ -14,33 +15,23 @@ using namespace printing;
 
 namespace {
 
-constexpr const char* amountFormat = "#,##0.00; (#,##0.00)";
 constexpr Twips leastName = mm(26);
 constexpr Twips rowHeight = mm(4.6);  // of a reference
 constexpr Twips captionWidth = mm(34);
 constexpr Twips gap = mm(6);
 
-Column figures(const char* heading, const char* field, Twips width, const char* totalName = "") {
-  return {.heading = heading,
-          .dataField = field,
-          .width = width,
-          .align = Align::Right,
-          .format = amountFormat,
-          .totalName = totalName};
-}
-
 // The amounts of a side are blank in the lines of the other, but for the sums they are 0 there.
 std::vector<Column> tableColumns() {
   return {{.heading = "Item Code", .dataField = "itemcode", .width = mm(20)},
           {.heading = "Item Name", .dataField = "itemname"},
-          figures("Qty In", "Qty", mm(15)),
+          figureColumn("Qty In", "Qty", mm(15)),
           {.heading = "Unit", .dataField = "unit", .width = mm(9)},
-          figures("Rate", "Rate", mm(17)),
-          figures("Amount", "grossamt", mm(21), "valueout"),
-          figures("Qty Out", "Qtyout", mm(15)),
+          figureColumn("Rate", "Rate", mm(17)),
+          figureColumn("Amount", "grossamt", mm(21), AmountFormat, "valueout"),
+          figureColumn("Qty Out", "Qtyout", mm(15)),
           {.heading = "Unit", .dataField = "unitout", .width = mm(9)},
-          figures("Rate", "Rateout", mm(17)),
-          figures("Amount", "grossamtout", mm(21), "valuein")};
+          figureColumn("Rate", "Rateout", mm(17)),
+          figureColumn("Amount", "grossamtout", mm(21), AmountFormat, "valuein")};
 }
 
 Section references(Report& report, const frame::DocumentValues& onScreen, Twips width) {
@@ -75,7 +66,7 @@ void addSums(Section& foot, const std::vector<ColumnPlace>& columns, Twips width
 Section closing(Report& report, const FittedColumns& fitted, const frame::DocumentValues& onScreen, Twips width) {
   Section foot{.name = "Section5"};
   addSums(foot, placeColumns(fitted.columns, width), width, fitted.size);
-  const auto cost = [&onScreen](const char* name) { return text::formatText(onScreen.field(name), amountFormat); };
+  const auto cost = [&onScreen](const char* name) { return text::formatText(onScreen.field(name), AmountFormat); };
   const Twips lowest =
       addTotals(report, foot, foot.height + mm(2), width,
                 {{"matlbl2", "Material Cost  ", "matlbl", cost("TotM")},

@@ -1,6 +1,7 @@
 #include "documents/stock/stock_print.h"
 
 #include "documents/print/document_print_data.h"
+#include "documents/print/line_columns.h"
 #include "documents/print/paper_title.h"
 #include "documents/print/print_columns.h"
 #include "printing/pieces.h"
@@ -14,31 +15,21 @@ using namespace printing;
 
 namespace {
 
-constexpr const char* amountFormat = "#,##0.00; (#,##0.00)";
 constexpr Twips leastDescription = mm(28);
 constexpr Twips rowHeight = mm(4.6);  // of a reference
 constexpr Twips captionWidth = mm(34);
 constexpr Twips gap = mm(6);
 
-Column figures(const char* heading, const std::string& field, Twips width, const char* totalName = "") {
-  return {.heading = heading,
-          .dataField = field,
-          .width = width,
-          .align = Align::Right,
-          .format = amountFormat,
-          .totalName = totalName};
-}
-
 std::vector<Column> columnsOf(const StockPaper& paper) {
   return {{.heading = "No.", .dataField = "serial", .width = mm(9), .align = Align::Centre},
           {.heading = "Item Code", .dataField = "itemcode", .width = mm(24)},
           {.heading = "Description", .dataField = "itemname"},
-          figures("Quantity", paper.quantityField, mm(18)),
+          figureColumn("Quantity", paper.quantityField, mm(18)),
           {.heading = "Unit", .dataField = "unit", .width = mm(11)},
-          figures("Rate", "rate", mm(19)),
-          figures("Amount", "grossamt", mm(23), "GrossSum"),
-          figures("Discount", "discamt", mm(18), "DiscountSum"),
-          figures("Value Excl. Tax", "itemvalue", mm(23), "NetSum")};
+          figureColumn("Rate", "rate", mm(19)),
+          figureColumn("Amount", "grossamt", mm(23), AmountFormat, "GrossSum"),
+          figureColumn("Discount", "discamt", mm(18), AmountFormat, "DiscountSum"),
+          figureColumn("Value Excl. Tax", "itemvalue", mm(23), AmountFormat, "NetSum")};
 }
 
 std::vector<Reference> whichDocument(const frame::DocumentValues& onScreen) {
